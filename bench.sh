@@ -1,0 +1,11 @@
+#!/bin/bash
+# Measures the desk beside the bare engine and prints one table of ratios: both sides in turn, in one run, on this machine.
+#   ./bench.sh
+# The sample shops are made at the first run and kept under build/bench-data.
+cd "$(dirname "${BASH_SOURCE[0]}")"
+. scripts/common.sh
+[ $# = 0 ] || Fail "it takes no words"
+
+InstallPackages
+Build bench karvel-bench karvel-robot karvel_program_folder
+build/bench/bin/karvel-bench build/bench-data "$PWD/build/bench/bin/karvel-robot" || Fail "a figure is over its limit"

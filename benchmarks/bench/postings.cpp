@@ -1,0 +1,137 @@
+#include "bench/postings.h"
+
+#include <fmt/format.h>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+#include "bench/bare_posting.h"
+#include "bench/syncs.h"
+#include "bench/till.h"
+
+namespace karvel::bench {
+
+namespace {
+
+constexpr int kItems = 50;
+constexpr int kWarmUp = 30;
+constexpr int kSlowSyncMs = 5;
+const std::string kCustomer = "M00003";
+
+// One side at work in a copy of a shop: posts one line after another, each of another item.
+struct Side {
+  std::function<void(const std::string& item)> pick;  // not measured
+  std::function<void(const std::string& item)> post;
+  std::vector<std::string> items;
+  std::size_t next = 0;
+
+  // Seconds of one posting.
+  double One() {
+    const std::string& item = items[next++ % items.size()];
+    pick(item);
+    const auto begin = std::chrono::steady_clock::now();
+    post(item);
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+  }
+};
+
+std::vector<std::string> ItemsOf(const std::string& home) {
+  BareShop shop(home);
+  return shop.Sample("stok.StokKartlar", "StokKod", "StokGizle=0", kItems);
+}
+
+std::shared_ptr<Side> DeskSide(const std::string& home) {
+  auto items = ItemsOf(home);
+  const auto till = std::make_shared<Till>(home);
+  till->EnterSale(kCustomer);
+  return std::make_shared<Side>(
+      Side{[till](const std::string& item) { till->PickItem(item, 2); }, [till](const std::string&) { till->Post(); }, std::move(items)});
+}
+
+std::shared_ptr<Side> BareSide(const std::string& home) {
+  auto items = ItemsOf(home);
+  const auto shop = std::make_shared<BareShop>(home);
+  const auto posting = std::make_shared<BarePosting>(*shop);
+  return std::make_shared<Side>(
+      Side{[](const std::string&) {}, [shop, posting](const std::string& item) { posting->Post(kCustomer, item, 2); }, std::move(items)});
+}
+
+// Two sides in turn, line by line: what else the machine does falls on both alike.
+void MeasureInTurn(const std::string& name, const std::shared_ptr<Side>& ours, const std::shared_ptr<Side>& rival, double limit, int slowMs,
+                   RatioTable& table) {
+  struct Times {
+    std::vector<double> ours, rival;
+  };
+  const auto times = std::make_shared<Times>();
+  const auto measure = [=](benchmark::State& state, bool isOurs) {
+    const SlowSyncs slow(slowMs);
+    auto& own = isOurs ? times->ours : times->rival;
+    for (auto unused : state) {
+      // The other side's figure of this turn is kept for its own measurement.
+      if (own.empty()) {
+        times->ours.push_back(ours->One());
+        times->rival.push_back(rival->One());
+      }
+      state.SetIterationTime(own.back());
+      own.pop_back();
+    }
+  };
+  const int iterations = slowMs > 0 ? 5 : 60;
+  for (const bool isOurs : {true, false}) {
+    const std::string full = name + (isOurs ? ", ours" : ", rival");
+    benchmark::RegisterBenchmark(full.c_str(), [=](benchmark::State& state) { measure(state, isOurs); })
+        ->UseManualTime()
+        ->Iterations(iterations);
+  }
+  table.Add(Pair{name, name + ", ours", name + ", rival", limit});
+}
+
+// While it lives, SQLite syncs as it does by itself.
+class PlainSyncs {
+ public:
+  PlainSyncs() : files_(sqlite3_vfs_find("unix")), saving_(files_->xGetSystemCall(files_, kCall)) {
+    files_->xSetSystemCall(files_, kCall, nullptr);
+  }
+  ~PlainSyncs() { files_->xSetSystemCall(files_, kCall, saving_); }
+  PlainSyncs(const PlainSyncs&) = delete;
+  PlainSyncs& operator=(const PlainSyncs&) = delete;
+
+ private:
+  static constexpr const char* kCall = "openDirectory";
+  sqlite3_vfs* files_;
+  sqlite3_syscall_ptr saving_;
+};
+
+long SyncsOfOne(Side& side) {
+  const long before = Syncs::Count();
+  side.One();
+  return Syncs::Count() - before;
+}
+
+void WarmUp(Side& side) {
+  for (int i = 0; i < kWarmUp; ++i) side.One();
+}
+
+}  // namespace
+
+void AddPostings(Shops& shops, RatioTable& table) {
+  const auto small = DeskSide(shops.Copy(Size::Small));
+  const auto smallBare = BareSide(shops.Copy(Size::Small));
+  const auto busy = DeskSide(shops.Copy(Size::Busy));
+  const auto busyBare = BareSide(shops.Copy(Size::Busy));
+  for (const auto& side : {small, smallBare, busy, busyBare}) WarmUp(*side);
+
+  // The times below give the rival the desk's own savings of syncs, so that they show the work alone; here it is as it comes.
+  const auto bareSyncs = [&] {
+    const PlainSyncs plain;
+    return SyncsOfOne(*smallBare);
+  };
+  table.Add(Counts{"syncs of a posted line, desk beside bare", SyncsOfOne(*small), bareSyncs(), 1});
+  MeasureInTurn("line posted, desk beside bare, 1,000 rows", small, smallBare, 1.25, 0, table);
+  MeasureInTurn("line posted, desk beside bare, 1,000,000 rows", busy, busyBare, 1.25, 0, table);
+  MeasureInTurn("line posted, 1,000,000 rows beside 1,000", busy, small, 1.15, 0, table);
+  MeasureInTurn(fmt::format("line posted, {} ms more a sync, desk beside bare", kSlowSyncMs), small, smallBare, 1.25, kSlowSyncMs, table);
+}
+
+}  // namespace karvel::bench

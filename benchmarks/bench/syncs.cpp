@@ -1,0 +1,44 @@
+#include "bench/syncs.h"
+
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <chrono>
+#include <thread>
+
+namespace karvel::bench {
+
+namespace {
+
+std::atomic<long> count = 0;
+std::atomic<int> delayMs = 0;
+
+int Sync(long call, int file) {
+  ++count;
+  if (delayMs > 0) std::this_thread::sleep_for(std::chrono::milliseconds(delayMs));
+  return static_cast<int>(syscall(call, file));
+}
+
+}  // namespace
+
+long Syncs::Count() {
+  return count;
+}
+
+SlowSyncs::SlowSyncs(int milliseconds) {
+  delayMs = milliseconds;
+}
+SlowSyncs::~SlowSyncs() {
+  delayMs = 0;
+}
+
+}  // namespace karvel::bench
+
+// The program's own definitions stand before the C library's for the shared libraries too, the engine's among them.
+extern "C" int fsync(int file) {
+  return karvel::bench::Sync(SYS_fsync, file);
+}
+extern "C" int fdatasync(int file) {
+  return karvel::bench::Sync(SYS_fdatasync, file);
+}

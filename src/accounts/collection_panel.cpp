@@ -1,0 +1,90 @@
+#include "accounts/collection_panel.h"
+
+#include <algorithm>
+#include <array>
+
+#include "desk/refusal.h"
+#include "text/format.h"
+
+namespace karvel {
+namespace {
+
+constexpr int kOk = 1, kCancel = 0;
+// In the order in which a tap on Label3 goes round.
+constexpr std::array<const char*, 4> kInstruments{"Nakit", "Kredi Kartı", "Çek", "Senet"};
+
+void Flip(Element& button, const char* one, const char* other) { button.SetCaption(button.Caption() == one ? other : one); }
+
+}  // namespace
+
+CollectionPanel::CollectionPanel(const DeskParts& parts, MoneyPosting& money) : parts_(parts), money_(money) {
+  Screen& screen = parts_.screen;
+  screen.Command1.click.Connect([this] {
+    if (parts_.screen.Command1.Caption() == "Tahsilat") Open();
+  });
+  screen.Label3.click.Connect([this] { NextInstrument(); });
+  for (int i = 0; i < screen.Command8.Count(); ++i) screen.Command8(i).click.Connect([this, i] { ChooseInstrument(i); });
+  screen.Command9.click.Connect([&screen] {
+    Flip(screen.Command9, "Yazıcı Var", "Yazıcı Yok");
+    screen.Command7(kOk).SetFocus();
+  });
+  screen.NakitCmd.click.Connect([&screen] { Flip(screen.NakitCmd, "Cari Hesap", "Nakit"); });
+  screen.DökNoYaz.click.Connect([this] { PrintSlip(); });
+  screen.Command7(kCancel).click.Connect([&screen] { screen.TahsilatFrame.SetVisible(false); });
+  screen.Command7(kOk).click.Connect([this] { Collect(); });
+}
+
+void CollectionPanel::Open() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  const double balance = cursors.CariData.Number("Bakiye");
+  if (balance == 0) return;
+  screen.Text2(2).SetText(PlainNumber(balance));
+  screen.TahsilatFrame.SetVisible(true);
+  screen.TahsilatFrame.BringToFront();
+  screen.Command7(kOk).SetFocus();
+}
+
+void CollectionPanel::NextInstrument() {
+  Element& label = parts_.screen.Label3;
+  const auto now = std::find(kInstruments.begin(), kInstruments.end(), label.Caption());
+  const bool last = now == kInstruments.end() || now + 1 == kInstruments.end();
+  label.SetCaption(last ? kInstruments.front() : *(now + 1));
+}
+
+void CollectionPanel::ChooseInstrument(int index) {
+  Screen& screen = parts_.screen;
+  for (int i = 0; i < screen.Command8.Count(); ++i) screen.Command8(i).SetColor(i == index ? color::kGreen : color::kYellow);
+  const std::string& instrument = screen.Command8(index).Caption();
+  screen.TahsilatFrame.SetCaption(" " + instrument + " Tahsilat ");
+  screen.Label3.SetCaption(instrument);
+  screen.Command7(kOk).SetFocus();
+}
+
+void CollectionPanel::Collect() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  // Off until it is done: a second tap, which the printing could let in, would post again.
+  screen.Command7(kOk).SetEnabled(false);
+  screen.SetBusy(true);
+  // Nothing is ever paid out here.
+  screen.Label1(5).SetCaption(" Tahsilat");
+  const Status posted = money_.PostMoneyMovement();
+  if (posted.Ok()) {
+    if (screen.Command9.Caption() == "Yazıcı Var") screen.DökNoYaz.Press();
+    screen.Label5.SetCaption(PlainNumber(cursors.CariData.Number("Bakiye")));
+    screen.TahsilatFrame.SetVisible(false);
+  }
+  screen.SetBusy(false);
+  screen.Command7(kOk).SetEnabled(true);
+  ShowRefusal(world, posted);
+}
+
+void CollectionPanel::PrintSlip() {
+  Screen& screen = parts_.screen;
+  // Hidden, it tells the slip's writer that the slip still open is meant; off, that it is at work.
+  screen.DökNoYaz.SetVisible(false);
+  screen.DökNoYaz.SetEnabled(false);
+  screen.Command5(1).Press();
+  screen.DökNoYaz.SetEnabled(true);
+}
+
+}  // namespace karvel

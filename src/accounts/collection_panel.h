@@ -1,0 +1,24 @@
+// TahsilatFrame: the panel in which a sale is collected at once, and the choice of the form of payment in Label3.
+#pragma once
+
+#include "accounts/money_posting.h"
+#include "desk/parts.h"
+
+namespace karvel {
+
+class CollectionPanel {
+ public:
+  CollectionPanel(const DeskParts& parts, MoneyPosting& money);
+
+ private:
+  void Open();                    // Command1 "Tahsilat"
+  void NextInstrument();          // Label3
+  void ChooseInstrument(int index);  // Command8
+  void Collect();                 // Command7(1)
+  void PrintSlip();               // DökNoYaz
+
+  DeskParts parts_;
+  MoneyPosting& money_;
+};
+
+}  // namespace karvel

@@ -1,0 +1,156 @@
+#include "accounts/customer_card.h"
+
+#include <array>
+#include <string_view>
+
+#include "desk/refusal.h"
+#include "desk/steps.h"
+#include "platform/keyboard.h"
+#include "platform/messages.h"
+#include "text/turkish.h"
+
+namespace karvel {
+namespace {
+
+constexpr int kCode = 0, kName = 1, kEmail = 4, kCardNumber = 9;
+constexpr int kCancel = 0, kSave = 1;
+// Where each CariNew is written.
+constexpr std::array<const char*, 10> kFields{"CariKod", "Unvan", "Adres1", "Adres2", "Email", "VergiDa", "VergiNo", "Telefon", "Gsm", "KartNo"};
+const Steps step("CustomerCard");
+
+// Two texts that differ only in the kind of an i are taken for the same.
+std::string AnyI(std::string text) {
+  for (const char* const letter : {"İ", "ı", "i", "I"}) text = ReplaceAll(text, letter, "?");
+  return text;
+}
+
+// A letter in lower case, or 0 where it has none of a single letter.
+char32_t Lower(char32_t letter) {
+  const std::string lower = TurkishLower(LetterToUtf8(letter));
+  if (lower.size() == 1) return static_cast<unsigned char>(lower[0]);
+  if (lower.size() == 2) return ((static_cast<unsigned char>(lower[0]) & 0x1FU) << 6U) | (static_cast<unsigned char>(lower[1]) & 0x3FU);
+  return letter;
+}
+
+}  // namespace
+
+CustomerCard::CustomerCard(const DeskParts& parts) : parts_(parts) {
+  Screen& screen = parts_.screen;
+  for (int i = 0; i < screen.CariNew.Count(); ++i) {
+    Element& box = screen.CariNew(i);
+    box.changed.Connect([this] { Changed(); });
+    box.gotFocus.Connect([this, i] { Focused(i); });
+    box.click.Connect([&screen, &box] { screen.Text5.SetText(box.Text()); });
+    box.character.Connect([this, i](CharacterEvent& event) { Character(i, event); });
+  }
+  Changed();
+  screen.CariNewCmd(kCancel).click.Connect([this] { Cancel(); });
+  screen.CariNewCmd(kSave).click.Connect([this] { Save(); });
+}
+
+void CustomerCard::Changed() {
+  Screen& screen = parts_.screen;
+  screen.CariNewCmd(kSave).SetEnabled(!screen.CariNew(kCode).Text().empty() && !screen.CariNew(kName).Text().empty());
+}
+
+void CustomerCard::Focused(int index) {
+  parts_.screen.CariNew(index).SelectAll();
+  parts_.form.ActiveFieldCode = static_cast<float>(index);
+}
+
+void CustomerCard::Character(int index, CharacterEvent& event) {
+  if (event.character == key::kEnter) {
+    event.character = 0;
+    parts_.world.keyboard.Send(key::kTab);
+    return;
+  }
+  const bool searched = index == kCode || index == kName;
+  // They would stand for any letter in the searches.
+  if (searched && (event.character == '*' || event.character == '?' || event.character == '!')) {
+    event.character = 0;
+  } else if (event.character >= ' ') {
+    event.character = Lower(event.character);
+  }
+}
+
+void CustomerCard::Cancel() {
+  CloseKeyboard();
+  Close();
+}
+
+void CustomerCard::Save() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  CloseKeyboard();
+  // Off until the next change of a field; a refused card is not tried again as it is.
+  screen.CariNewCmd(kSave).SetEnabled(false);
+  form.RepositionGuard = 555;
+  if (!IsNew()) return;
+  const Status added = AddCard();
+  screen.CariNewCmd(kSave).SetEnabled(true);
+  if (!added.Ok()) {
+    ShowRefusal(world, added);
+    return;
+  }
+  step("refresh customers", cursors.CariData.Refresh());
+  Close();
+}
+
+bool CustomerCard::IsNew() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  Cursor& customers = cursors.CariData;
+  const auto field = [&screen](int index) -> Element& { return screen.CariNew(index); };
+  // 1.
+  if (field(kCode).Text().empty()) field(kCode).SetFocus();
+  if (field(kName).Text().empty()) field(kName).SetFocus();
+  // 2.
+  step("find code", customers.FindFirst("CariKod Like '" + AnyI(field(kCode).Text()) + "'"));
+  if (!customers.NoMatch()) return Refuse("Dikkat Bu Cari Kodu Kayıtlı..!", field(kCode));
+  // 3.
+  step("find name", customers.FindFirst("Unvan Like '" + AnyI(field(kName).Text()) + "'"));
+  if (!customers.NoMatch()) return Refuse("Dikkat Bu Unvan Kayıtlı..!", field(kCode));
+  // 4.
+  step("find card number", customers.FindFirst("KartNo='" + field(kCardNumber).Text() + "'"));
+  if (field(kCardNumber).Text().empty() || customers.NoMatch()) return true;
+  field(kCardNumber).SetText("");
+  screen.CariNewCmd(kSave).SetEnabled(false);
+  return Refuse("Bu Kart Numarası Kullanılmış...?", field(kCardNumber));
+}
+
+bool CustomerCard::Refuse(const std::string& text, Element& focus) {
+  parts_.world.messages.MessageBox(text, "Dikkat...", MessageIcon::Information, MessageButtons::Ok);
+  focus.SetFocus();
+  return false;
+}
+
+Status CustomerCard::AddCard() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  Cursor& card = cursors.CariData;
+  Status added = card.AddNew();
+  if (!added.Ok()) return added;
+  for (int i = 0; i < screen.CariNew.Count(); ++i) {
+    const std::string& text = screen.CariNew(i).Text();
+    card.Set(kFields[static_cast<std::size_t>(i)], i == kEmail ? TurkishLower(text) : text);
+  }
+  card.Set("Hes", "C");
+  card.Set("Hesap", "Borç");
+  if (screen.CariChk.Checked()) {
+    card.Set("Gurup", "Toptan");
+  } else {
+    card.Set("Gurup", screen.GurupCombo.ListIndex() <= 0 ? std::string("Müşteri") : screen.GurupCombo.Text());
+  }
+  card.Set("yeni", 1);
+  return card.Update();
+}
+
+void CustomerCard::CloseKeyboard() { parts_.form.KeyboardOpen = false; }
+
+void CustomerCard::Close() {
+  Screen& screen = parts_.screen;
+  screen.Text1(0).SetText("");
+  for (int i = 0; i < screen.CariNew.Count(); ++i) screen.CariNew(i).SetText("");
+  screen.CariFrm.SetVisible(false);
+  screen.Text1(0).SetFocus();
+  parts_.form.RepositionGuard = 0;
+}
+
+}  // namespace karvel

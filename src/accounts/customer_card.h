@@ -1,0 +1,30 @@
+// CariFrm, " Müşteri Kayıt ": adds a customer's card, whose code, name and card number no other card in the list may have.
+#pragma once
+
+#include <string>
+
+#include "desk/parts.h"
+#include "platform/status.h"
+
+namespace karvel {
+
+class CustomerCard {
+ public:
+  explicit CustomerCard(const DeskParts& parts);
+
+ private:
+  void Changed();
+  void Focused(int index);
+  void Character(int index, CharacterEvent& event);
+  void Cancel();  // CariNewCmd(0)
+  void Save();    // CariNewCmd(1)
+  [[nodiscard]] bool IsNew();
+  bool Refuse(const std::string& text, Element& focus);
+  Status AddCard();
+  void CloseKeyboard();
+  void Close();
+
+  DeskParts parts_;
+};
+
+}  // namespace karvel

@@ -1,0 +1,106 @@
+#include "accounts/customer_removal.h"
+
+#include "desk/refusal.h"
+#include "desk/sources.h"
+#include "desk/steps.h"
+#include "platform/messages.h"
+
+namespace karvel {
+namespace {
+
+const Steps step("CarSil");
+
+void DeleteAll(Cursor& rows) {
+  for (; rows.HasCurrent(); step("next row", rows.MoveNext())) step("delete row", rows.Delete());
+}
+
+}  // namespace
+
+CustomerRemoval::CustomerRemoval(const DeskParts& parts) : parts_(parts) {
+  parts_.screen.CarSil.click.Connect([this] { Remove(); });
+}
+
+void CustomerRemoval::Remove() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  const std::string code = cursors.CariData.Text("CariKod");
+  // His rows, whatever the cursor stood on: a list in purchase mode doesn't follow.
+  step("ledger", cursors.CariHarData.Open(sources::LedgerOf(code)));
+  if (!cursors.CariHarData.HasRows()) {
+    AskAndDeleteCard();
+    return;
+  }
+  screen.SetBusy(true);
+  const Status wiped = WipeHistory(code);
+  screen.SetBusy(false);
+  ShowRefusal(world, wiped);
+}
+
+void CustomerRemoval::AskAndDeleteCard() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  const MessageAnswer answer =
+      world.messages.MessageBox("Cari Kart Silinecek Emimisiniz..?", "", MessageIcon::Stop, MessageButtons::YesNo);
+  if (answer != MessageAnswer::Yes) return;
+  Cursor& card = cursors.CariData;
+  const Status deleted = card.Delete();
+  step("delete card", deleted);
+  if (deleted.Ok()) {
+    step("next card", card.MoveNext());
+    if (card.Eof()) step("previous card", card.MovePrevious());
+  }
+  if (deleted.Kind() != ErrorKind::NoRecord) ShowRefusal(world, deleted);
+}
+
+Status CustomerRemoval::WipeHistory(const std::string& code) {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  Action action(world.stores, "CarSil");
+  if (!action.Begun().Ok()) return action.Finish();
+  DeleteAll(cursors.CariHarData);  // 1.
+  ClearCard();                     // 2.
+  // 3.
+  Cursor& movement = cursors.StokHarData;
+  step("movements", movement.Open("Select * From StokHareket Where Carisi='" + code + "'"));
+  form.RepositionGuard = 66;
+  // 4. A row that was no sale stays as it is.
+  for (; movement.HasCurrent(); step("next movement", movement.MoveNext()))
+    if (movement.Text("GirisCikis") == "Satış") TakeBackSale();
+  // 5. Cancelled lines go with the others.
+  form.RepositionGuard = 100;
+  step("day book", cursors.HareketData.Open(sources::DayBookOf(code)));
+  DeleteAll(cursors.HareketData);
+  const Status done = action.Finish();
+  form.RepositionGuard = 0;  // 6.
+  step("movements", movement.Open("StokHareket"));
+  step("refresh day book", cursors.HareketData.Refresh());
+  step("refresh ledger", cursors.CariHarData.Refresh());
+  screen.CariGrid.SetMarker(cursors.CariData.HasRows());  // 7.
+  return done;
+}
+
+void CustomerRemoval::ClearCard() {
+  Cursor& card = parts_.cursors.CariData;
+  step("edit card", card.Edit());
+  for (const char* const field : {"Borc", "Alacak", "dBorc", "eBorc", "Bakiye", "dBakiye", "eBakiye"}) card.Set(field, 0);
+  card.Set("Hesap", "Borç");
+  step("update card", card.Update());
+}
+
+void CustomerRemoval::TakeBackSale() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  Cursor& movement = cursors.StokHarData;
+  Cursor& card = cursors.StokData;
+  // The customer's code serves as the item's: the stock is taken back only where an item has the code of the customer.
+  step("find stock card", card.FindFirst("StokKod='" + movement.Text("Carisi") + "'"));
+  if (!card.NoMatch()) {
+    step("edit stock card", card.Edit());
+    const double out = card.Number("CikanMik") - movement.Number("Miktar");
+    const double in = card.Number("GirenMik");
+    card.Set("CikanMik", out);
+    card.Set("CikanTutar", card.Number("CikanTutar") - movement.Number("Tutar"));
+    card.Set("KalanB", in > out ? in - out : 0.0);
+    card.Set("KalanA", in > out ? 0.0 : out - in);
+    step("update stock card", card.Update());
+  }
+  step("delete movement", movement.Delete());
+}
+
+}  // namespace karvel

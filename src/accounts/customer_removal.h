@@ -1,0 +1,26 @@
+// CarSil, the end of a customer's life on the desk: the first use wipes his history, the second, on a clean card, asks and deletes the card.
+// His due dates stay, and so do the money accounts' rows of what he paid.
+#pragma once
+
+#include <string>
+
+#include "desk/parts.h"
+#include "platform/status.h"
+
+namespace karvel {
+
+class CustomerRemoval {
+ public:
+  explicit CustomerRemoval(const DeskParts& parts);
+
+ private:
+  void Remove();
+  void AskAndDeleteCard();
+  Status WipeHistory(const std::string& code);
+  void ClearCard();
+  void TakeBackSale();
+
+  DeskParts parts_;
+};
+
+}  // namespace karvel

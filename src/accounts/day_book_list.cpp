@@ -1,0 +1,73 @@
+#include "accounts/day_book_list.h"
+
+#include "accounts/row_deletion.h"
+#include "desk/steps.h"
+#include "text/format.h"
+
+namespace karvel {
+namespace {
+const Steps step("DayBookList");
+}
+
+DayBookList::DayBookList(const DeskParts& parts, DayTotal& dayTotal) : parts_(parts), dayTotal_(dayTotal) {
+  Screen& screen = parts_.screen;
+  screen.HareketGrid.click.Connect([this] { Tapped(); });
+  screen.HareketGrid.dblClick.Connect([this] { DoubleTapped(); });
+  screen.HareketGrid.mouseUp.Connect([this](const MouseEvent&) { Released(); });
+  screen.HareketGrid.keyDown.Connect([this](KeyEvent& event) { DeleteRowOnKey(parts_, parts_.cursors.HareketData, event); });
+  screen.CariGrid.keyDown.Connect([this](KeyEvent& event) {
+    // The same list also shows stock and the day book; those rows are not wiped from here.
+    Cursor& customers = parts_.cursors.CariData;
+    if (customers.SourceTable() && customers.SourceTable()->name == "CariKartlar") DeleteRowOnKey(parts_, customers, event);
+  });
+}
+
+void DayBookList::Tapped() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  const bool rows = cursors.HareketData.HasRows();
+  screen.Command2.SetCaption("Satır Sil");
+  screen.Command2.SetEnabled(rows && !CancelledForGood());
+  for (int i = 2; i <= 6; ++i) screen.Label1(i).SetColor(color::kYellow);
+  screen.Label5.SetColor(color::kRed);
+  screen.Label1(7).SetCaption("Fiş Top.");
+  screen.HareketGrid.SetMarker(rows);
+  screen.StokGrid.SetMarker(false);
+  dayTotal_.ShowToday();
+}
+
+void DayBookList::DoubleTapped() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  const Cursor& day = cursors.HareketData;
+  // Only what this terminal wrote can be corrected, and only as a sale.
+  if (day.HasRows() && day.Number("yeni") == 1 && screen.Label4.Caption() == "Satış") screen.Command3.SetCaption("Düzeltme");
+}
+
+void DayBookList::Released() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  screen.Command2.SetEnabled(!CancelledForGood());
+  if (screen.Silme.Checked() && cursors.HareketData.HasRows() && !screen.Frame3.Visible()) LoadLine();
+}
+
+void DayBookList::LoadLine() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  const Cursor& day = cursors.HareketData;
+  if (screen.Label4.Caption() == "İade") {
+    screen.Text1(1).SetText(day.Text("StokAd"));
+    screen.Text2(0).SetText(day.Text("Fiyat"));
+    screen.Text2(1).SetText(day.Text("Miktar"));
+    return;
+  }
+  Cursor& cards = cursors.StokData;
+  const std::string price = Format(day.Number("Fiyat"), form.PriceFormat);
+  step("find stock card", cards.FindFirst("StokKod='" + day.Text("StokKod") + "'"));
+  if (cards.NoMatch()) return;
+  screen.Text1(1).SetText(cards.Text("StokAdi"));
+  screen.Text2(0).SetText(price);
+  screen.Text2(1).SetFocus();
+}
+
+bool DayBookList::CancelledForGood() const {
+  return parts_.screen.Silme.Checked() && parts_.cursors.HareketData.Text("Durum") == "Iptal";
+}
+
+}  // namespace karvel

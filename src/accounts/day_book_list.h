@@ -1,0 +1,25 @@
+// HareketGrid, the customer's day-book lines: a tap marks a line for deletion, a double tap for correction, and with "Silme Açık" a line is
+// loaded into the entry fields, or wiped by the Delete key.
+#pragma once
+
+#include "desk/day_total.h"
+#include "desk/parts.h"
+
+namespace karvel {
+
+class DayBookList {
+ public:
+  DayBookList(const DeskParts& parts, DayTotal& dayTotal);
+
+ private:
+  void Tapped();
+  void DoubleTapped();
+  void Released();
+  void LoadLine();
+  [[nodiscard]] bool CancelledForGood() const;
+
+  DeskParts parts_;
+  DayTotal& dayTotal_;
+};
+
+}  // namespace karvel

@@ -1,0 +1,28 @@
+// The tick SilinenChk: the cancelled lines of all customers, in the place of the customer list, for those who know the password.
+#pragma once
+
+#include <string>
+
+#include "accounts/use_passwords.h"
+#include "desk/parts.h"
+
+namespace karvel {
+
+class DeletedLines {
+ public:
+  DeletedLines(const DeskParts& parts, UsePasswords& passwords);
+
+ private:
+  void Toggled();
+  void Open();
+  void Close();
+  // What belongs to a sale or to the customer in front is out of reach while the lines are shown.
+  void OpenDesk(bool open);
+
+  DeskParts parts_;
+  UsePasswords& passwords_;
+  std::string keptSource_;  // of HareketData; empty while the lines aren't shown
+  bool stockGridShown_ = false;
+};
+
+}  // namespace karvel

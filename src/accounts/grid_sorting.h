@@ -1,0 +1,23 @@
+// A tap on a heading sorts the list by that column, and turns the order round with every further tap.
+#pragma once
+
+#include <string>
+
+#include "desk/parts.h"
+
+namespace karvel {
+
+class GridSorting {
+ public:
+  explicit GridSorting(const DeskParts& parts);
+
+  // The source ordered by one field: downwards, or upwards where it was ordered downwards before. What it selects stays as it is.
+  static std::string Sorted(const std::string& source, const std::string& field, const std::string& up, const std::string& down);
+
+ private:
+  void Sort(GridElement& grid, int column, const std::string& up, const std::string& down);
+
+  DeskParts parts_;
+};
+
+}  // namespace karvel

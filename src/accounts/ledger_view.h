@@ -1,0 +1,18 @@
+// VzgCmd on the print choice: back to the customer's whole day book, with the choice as it was at first.
+#pragma once
+
+#include "desk/parts.h"
+
+namespace karvel {
+
+class LedgerView {
+ public:
+  explicit LedgerView(const DeskParts& parts);
+
+ private:
+  void ShowAll();
+
+  DeskParts parts_;
+};
+
+}  // namespace karvel

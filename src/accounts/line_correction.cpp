@@ -1,0 +1,151 @@
+#include "accounts/line_correction.h"
+
+#include <algorithm>
+
+#include "desk/balance.h"
+#include "desk/main_button.h"
+#include "desk/safe_calc.h"
+#include "desk/steps.h"
+#include "text/format.h"
+
+namespace karvel {
+namespace {
+const Steps step("CorrectLine");
+}
+
+struct LineCorrection::Correction {
+  std::string id;  // DigerId
+  std::string price, quantity;
+  double newQuantity = 0;
+  double newTotal = 0;
+  double oldQuantity = 0, oldTotal = 0;
+  double oldProfit = 0, newProfit = 0;
+  [[nodiscard]] std::string ById() const { return "DigerId='" + id + "'"; }
+};
+
+LineCorrection::LineCorrection(const DeskParts& parts, MainButton& button) : parts_(parts) {
+  button.correctLine = [this] { return Correct(); };
+  parts_.screen.Command3.click.Connect([this] {
+    if (parts_.screen.Command3.Caption() == "Düzeltme") TakeLine();
+  });
+}
+
+void LineCorrection::TakeLine() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  form.EditLineId = cursors.HareketData.Text("DigerId");
+  screen.Command2.SetCaption("Tamam");
+  screen.Text2(0).SetFocus();
+}
+
+Status LineCorrection::Correct() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  if (!StandOnLine()) {
+    // The line that was taken is not in front any more: what stands there now must not be rewritten in its place.
+    EndCorrection();
+    screen.Command2.SetEnabled(true);
+    return {};
+  }
+  Action action(world.stores, "CorrectLine");
+  if (!action.Begun().Ok()) {
+    screen.Command2.SetEnabled(true);
+    return action.Finish();
+  }
+  // 1.
+  screen.Command3.SetEnabled(false);
+  screen.Command2.SetEnabled(false);
+  Correction line;
+  line.id = form.EditLineId;
+  line.price = screen.Text2(0).Text();
+  line.quantity = screen.Text2(1).Text();
+  line.newQuantity = NumberOrZero(line.quantity);
+  line.newTotal = NumberOrZero(screen.Label2.Caption());
+  form.RepositionGuard = 100;
+  CorrectDay(line);  // 2.
+  form.RepositionGuard = 66;
+  CorrectMovement(line);  // 3. to 5.
+  CorrectStock(line);     // 6.
+  form.RepositionGuard = 555;
+  CorrectLedger(line);  // 7. to 9.
+
+  const Status done = action.Finish();
+  step("refresh day book", cursors.HareketData.Refresh());
+  step("find line", cursors.HareketData.FindFirst(line.ById()));
+  form.RepositionGuard = 0;
+  screen.Command3.SetEnabled(true);
+  if (done.Ok()) {
+    EndCorrection();  // 10.
+  } else {
+    screen.Command2.SetEnabled(true);
+  }
+  return done;
+}
+
+bool LineCorrection::StandOnLine() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  Cursor& day = cursors.HareketData;
+  if (form.EditLineId.empty()) return false;
+  if (day.Text("DigerId") == form.EditLineId) return true;
+  step("find line", day.FindFirst("DigerId='" + form.EditLineId + "'"));
+  return !day.NoMatch();
+}
+
+void LineCorrection::CorrectDay(const Correction& line) {
+  Cursor& day = parts_.cursors.HareketData;
+  step("edit day-book row", day.Edit());
+  day.Set("Fiyat", line.price);
+  day.Set("Miktar", line.quantity);
+  day.Set("Tutar", line.newTotal);
+  step("update day-book row", day.Update());
+}
+
+void LineCorrection::CorrectMovement(Correction& line) {
+  Cursor& movement = parts_.cursors.StokHarData;
+  Cursor& card = parts_.cursors.StokData;
+  step("find movement", movement.FindFirst(line.ById()));
+  step("find stock card", card.FindFirst("StokKod='" + movement.Text("StokHarKod") + "'"));
+  step("edit movement", movement.Edit());
+  line.oldQuantity = movement.Number("Miktar");
+  movement.Set("Miktar", line.quantity);
+  line.oldTotal = movement.Number("Tutar");
+  movement.Set("Tutar", line.newTotal);
+  line.oldProfit = movement.Number("Kar");
+  if (card.Number("Maliyet") != 0) {
+    // The new quantity's cost is taken off the old total.
+    const std::string cost = SafeCalc(CalcOp::Multiply, line.quantity, movement.Get("Maliyet"));
+    line.newProfit = std::max(0.0, SafeCalcNumber(CalcOp::Subtract, line.oldTotal, cost));
+  }
+  movement.Set("Kar", Format(line.newProfit, "#,##0.00"));
+  step("update movement", movement.Update());
+}
+
+void LineCorrection::CorrectStock(const Correction& line) {
+  Cursor& card = parts_.cursors.StokData;
+  step("edit stock card", card.Edit());
+  card.Set("CikanMik", card.Number("CikanMik") - line.oldQuantity + line.newQuantity);
+  card.Set("CikanTutar", card.Number("CikanTutar") - line.oldTotal + line.newTotal);
+  card.Set("Kar", card.Number("Kar") - line.oldProfit + line.newProfit);
+  ApplyStockBalance(card);
+  step("update stock card", card.Update());
+}
+
+void LineCorrection::CorrectLedger(const Correction& line) {
+  Cursor& ledger = parts_.cursors.CariHarData;
+  Cursor& card = parts_.cursors.CariData;
+  step("find ledger row", ledger.FindFirst(line.ById()));
+  step("find customer", card.FindFirst("CariKod='" + ledger.Text("cariharkod") + "'"));
+  step("edit ledger row", ledger.Edit());
+  const double oldDebit = ledger.Number("Borc");
+  ledger.Set("Borc", line.newTotal);
+  step("update ledger row", ledger.Update());
+  step("edit customer card", card.Edit());
+  card.Set("Borc", card.Number("Borc") - oldDebit + line.newTotal);
+  ApplyBalance(card);
+  step("update customer card", card.Update());
+}
+
+void LineCorrection::EndCorrection() {
+  parts_.screen.Command3.SetCaption("Çıkış");
+  parts_.form.EditLineId.clear();
+}
+
+}  // namespace karvel

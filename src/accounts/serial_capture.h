@@ -1,0 +1,27 @@
+// Serial numbers of goods that come in: each is scanned into Text4, gathers in List1, and the line takes the list along when it is posted.
+//
+// What stays true: List1 holds no serial twice, none that is in the stores already, and no item's barcode.
+#pragma once
+
+#include <string>
+
+#include "desk/parts.h"
+
+namespace karvel {
+
+class SerialCapture {
+ public:
+  explicit SerialCapture(const DeskParts& parts);
+  // What the end of a scan in Text4 runs.
+  void CheckSerialEntry();
+
+ private:
+  void Take();
+  void Refuse(const std::string& first, const std::string& second);
+  [[nodiscard]] bool IsReadAlready(const std::string& serial);
+  [[nodiscard]] bool IsBarcode(const std::string& serial);
+
+  DeskParts parts_;
+};
+
+}  // namespace karvel

@@ -1,0 +1,31 @@
+#include "accounts/stock_card_panel.h"
+
+namespace karvel {
+namespace {
+constexpr int kCode = 0, kName = 1;
+constexpr int kCancel = 0, kSave = 1;
+}  // namespace
+
+StockCardPanel::StockCardPanel(const DeskParts& parts) : parts_(parts) {
+  Screen& screen = parts_.screen;
+  for (int i = 0; i < screen.StokNew.Count(); ++i) {
+    Element& field = screen.StokNew(i);
+    field.gotFocus.Connect([this, i, &field] {
+      field.SelectAll();
+      parts_.form.ActiveFieldCode = static_cast<float>(i);
+    });
+    field.changed.Connect([this] { OpenSave(); });
+  }
+  screen.StokNewCmd(kCancel).click.Connect([&screen] {
+    screen.StokGiris.SetVisible(false);
+    screen.Text1(1).SetFocus();
+  });
+  OpenSave();
+}
+
+void StockCardPanel::OpenSave() {
+  const Screen& screen = parts_.screen;
+  screen.StokNewCmd(kSave).SetEnabled(!screen.StokNew(kCode).Text().empty() && !screen.StokNew(kName).Text().empty());
+}
+
+}  // namespace karvel

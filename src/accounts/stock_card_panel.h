@@ -1,0 +1,19 @@
+// StokGiris, " Stok Kayıt ": what opens when a typed name finds no card. It keeps the name in sight; new cards are made by the stock
+// receipt alone, so "Kaydet" can be pressed and does nothing.
+#pragma once
+
+#include "desk/parts.h"
+
+namespace karvel {
+
+class StockCardPanel {
+ public:
+  explicit StockCardPanel(const DeskParts& parts);
+
+ private:
+  void OpenSave();
+
+  DeskParts parts_;
+};
+
+}  // namespace karvel

@@ -1,0 +1,33 @@
+// The list of stock status: the tick StokChk turns the customer list over to stock cards, and the strip StokFrm narrows and searches it.
+//
+// What stays true: while the tick is set, CariData stands on Stok.Mdb, and nothing can be posted.
+#pragma once
+
+#include <string>
+
+#include "desk/parts.h"
+
+namespace karvel {
+
+class StockList {
+ public:
+  explicit StockList(const DeskParts& parts);
+
+ private:
+  void Toggled();       // StokChk
+  void OpenReceipt();   // StokChk with the wholesale list in front
+  void ShowStock();
+  void ShowCustomers();
+  void Point(const std::string& file, const std::string& source);
+  void Narrow();        // StokCek, GrpCombo
+  void SearchChanged(); // Stoktxt
+  void SearchTapped();
+  void StartTyping();
+  void TakeTyped();
+  [[nodiscard]] bool ListsStock() const;
+
+  DeskParts parts_;
+  bool switching_ = false;
+};
+
+}  // namespace karvel

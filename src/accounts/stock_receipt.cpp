@@ -1,0 +1,249 @@
+#include "accounts/stock_receipt.h"
+
+#include "desk/balance.h"
+#include "desk/refusal.h"
+#include "desk/sources.h"
+#include "desk/steps.h"
+#include "platform/clock.h"
+#include "platform/keyboard.h"
+#include "text/format.h"
+#include "text/turkish.h"
+
+namespace karvel {
+namespace {
+
+constexpr int kName = 0, kRowPrice = 1, kTotalPrice = 2, kQuantity = 3, kTax = 4, kBarcode = 5;
+constexpr int kTotal = 5;  // of Label12
+constexpr int kClose = 0, kSave = 1;
+const Steps step("Receive");
+
+bool HoldsNumber(int index) { return index >= kRowPrice && index <= kTax; }
+
+}  // namespace
+
+StockReceipt::StockReceipt(const DeskParts& parts, RunningNumbers& numbers) : parts_(parts), numbers_(numbers) {
+  Screen& screen = parts_.screen;
+  for (int i = 0; i < screen.Text6.Count(); ++i) {
+    Element& box = screen.Text6(i);
+    box.changed.Connect([this, i] { Changed(i); });
+    box.gotFocus.Connect([this, i, &box] {
+      parts_.form.ActiveFieldCode = static_cast<float>(i == kName ? 99 : 100 + i);
+      box.SelectAll();
+    });
+    box.character.Connect([this, i](CharacterEvent& event) { Character(i, event); });
+  }
+  screen.StokAlCmd(kSave).SetEnabled(false);
+  screen.StokAlCmd(kClose).click.Connect([&screen] { screen.StokAl.SetVisible(false); });
+  screen.StokAlCmd(kSave).click.Connect([this] { Save(); });
+}
+
+void StockReceipt::Changed(int index) {
+  Screen& screen = parts_.screen;
+  const std::string& text = Field(index);
+  const bool needsNumber = HoldsNumber(index) && index != kRowPrice;
+  if (needsNumber && text.empty()) {
+    screen.Text6(index).SetText("0");
+    screen.Text6(index).CaretToEnd();
+    return;
+  }
+  // A digit typed behind the standing "0" takes its place.
+  if (HoldsNumber(index) && text.size() > 1 && text[0] == '0' && text[1] >= '0' && text[1] <= '9') {
+    screen.Text6(index).SetText(text.substr(1));
+    screen.Text6(index).CaretToEnd();
+    return;
+  }
+  const double total = NumberOrZero(Field(kTotalPrice)) * NumberOrZero(Field(kQuantity));
+  screen.Label12(kTotal).SetCaption(Format(total, parts_.form.PriceFormat));
+  screen.StokAlCmd(kSave).SetEnabled(Total() != 0);
+}
+
+void StockReceipt::Character(int index, CharacterEvent& event) {
+  if (event.character == key::kEnter) {
+    event.character = 0;
+    if (index == kName) {
+      Search();
+    } else {
+      parts_.world.keyboard.Send(key::kTab);
+    }
+  } else if (event.character == '.' && HoldsNumber(index)) {
+    event.character = ',';
+  }
+}
+
+void StockReceipt::Search() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  Cursor& cards = cursors.StokData;
+  const std::string text = Field(kName);
+  form.RepositionGuard = 66;
+  step("find barcode", cards.FindFirst("Barkod='" + text + "'"));
+  if (cards.NoMatch()) step("find name", cards.FindFirst("StokAdi Like '" + text + "*'"));
+  if (cards.NoMatch()) step("find code", cards.FindFirst("StokKod Like '" + text + "*'"));
+  if (cards.NoMatch()) {
+    // The text stays as the name of a new product.
+    screen.Text6(kBarcode).SetFocus();
+    screen.Text6(kBarcode).SetText("");
+    for (const int index : {kRowPrice, kTotalPrice, kQuantity}) screen.Text6(index).SetText("0");
+  } else {
+    screen.Text6(kName).SetText(cards.Text("StokAdi"));
+    screen.Text6(kRowPrice).SetText(Format(cards.Number("gFiyat"), form.PriceFormat));
+    screen.Text6(kTotalPrice).SetText(Format(cards.Number("Fiyat"), form.PriceFormat));
+    screen.Text6(kTax).SetText(PlainNumber(cards.Number("Kdv")));
+    screen.Text6(kBarcode).SetText(cards.Text("Barkod"));
+    screen.Text6(kQuantity).SetFocus();
+  }
+  form.RepositionGuard = 0;
+}
+
+void StockReceipt::Save() {
+  if (!IsNumeric(Field(kQuantity))) return;  // nothing can be booked, and the panel stays
+  if (NumberOrZero(Field(kQuantity)) == 0) {
+    parts_.screen.StokAl.SetVisible(false);
+    return;
+  }
+  parts_.screen.SetBusy(true);
+  const Status received = Receive();
+  parts_.screen.SetBusy(false);
+  ShowRefusal(parts_.world, received);
+}
+
+Status StockReceipt::Receive() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  Action action(world.stores, "Receive");
+  if (!action.Begun().Ok()) return action.Finish();
+  const std::string lineBefore = form.CurrentLineId;
+  form.RepositionGuard = 66;  // 1.
+  RaiseStockCard();           // 2. to 4.
+  StandOnCard();              // 5.
+  form.RepositionGuard = 0;
+  CreditSupplier();                            // 6.
+  form.CurrentLineId = numbers_.NextLineId();  // 7.
+  BookMovement();                              // 8.
+  BookLedger();                                // 9.
+  BookDay();                                   // 10.
+  const Status done = action.Finish();
+  form.RepositionGuard = 0;  // 11.
+  if (!done.Ok()) {
+    form.CurrentLineId = lineBefore;
+    form.RepositionGuard = 66;
+    StandOnCard();
+    form.RepositionGuard = 0;
+    return done;
+  }
+  for (int i = 0; i < screen.Text6.Count(); ++i) screen.Text6(i).SetText("");
+  return done;
+}
+
+void StockReceipt::RaiseStockCard() {
+  Cursor& card = parts_.cursors.StokData;
+  // Only the card in front is compared, letter by letter: a name that differs makes a new card.
+  if (card.HasRows() && card.Text("StokAdi") == Field(kName)) {
+    step("edit stock card", card.Edit());
+  } else {
+    step("add stock card", card.AddNew());
+    card.Set("StokKod", LeftLetters(Field(kName), 20));
+    card.Set("StokAdi", Field(kName));
+  }
+  card.Set("Kdv", Field(kTax));
+  card.Set("Barkod", Field(kBarcode));
+  card.Set("Fiyat", Field(kTotalPrice));
+  card.Set("gFiyat", Field(kRowPrice));
+  card.Set("GirenMik", card.Number("GirenMik") + NumberOrZero(Field(kQuantity)));
+  card.Set("GirenTutar", card.Number("GirenTutar") + Total());
+  // Unlike everywhere else: not rounded, and the other side keeps what it had.
+  const double out = card.Number("CikanMik");
+  const double in = card.Number("GirenMik");
+  if (out > in) {
+    card.Set("KalanA", out - in);
+  } else {
+    card.Set("KalanB", in - out);
+  }
+  step("update stock card", card.Update());
+}
+
+void StockReceipt::StandOnCard() {
+  Cursor& card = parts_.cursors.StokData;
+  const std::string byName = "StokAdi='" + Field(kName) + "'";
+  step("refresh stock", card.Refresh());
+  step("find stock card", card.FindFirst(byName));
+  if (!card.NoMatch() || card.RecordSource() == sources::kStock) return;
+  // A narrowed list doesn't hold the new card; without it the rows would name another one.
+  step("all stock", card.Open(sources::kStock));
+  step("find stock card", card.FindFirst(byName));
+}
+
+void StockReceipt::CreditSupplier() {
+  Cursor& supplier = parts_.cursors.CariData;
+  step("edit supplier's card", supplier.Edit());
+  supplier.Set("Alacak", supplier.Number("Alacak") + Total());
+  ApplyBalance(supplier);
+  step("update supplier's card", supplier.Update());
+}
+
+void StockReceipt::BookMovement() {
+  Cursor& movement = parts_.cursors.StokHarData;
+  const std::string& name = Field(kName);
+  if (movement.HasRows()) step("last movement", movement.MoveLast());
+  step("add movement", movement.AddNew());
+  movement.Set("StokHarKod", LeftLetters(name, 20));
+  movement.Set("Tarih", parts_.world.clock.Now());
+  movement.Set("Aciklama", name + " Alış");
+  movement.Set("GirisCikis", "Alış");
+  movement.Set("Nerde", "C");
+  movement.Set("StokAd", name);
+  movement.Set("Fiyat", Field(kRowPrice));
+  movement.Set("Miktar", Field(kQuantity));
+  movement.Set("Tutar", Total());
+  movement.Set("DigerId", parts_.form.CurrentLineId);
+  movement.Set("Kdv", Field(kTax));
+  step("update movement", movement.Update());
+}
+
+void StockReceipt::BookLedger() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  Cursor& ledger = cursors.CariHarData;
+  const Cursor& card = cursors.StokData;
+  if (ledger.HasRows()) step("last ledger row", ledger.MoveLast());
+  step("add ledger row", ledger.AddNew());
+  ledger.Set("cariharkod", cursors.CariData.Text("CariKod"));
+  ledger.Set("Tarih", world.clock.Now());
+  ledger.Set("Aciklama", card.Text("StokAdi") + " Alış");
+  ledger.Set("Bilgi1", card.Text("StokKod"));
+  ledger.Set("Bilgi2", card.Text("StokAdi"));
+  ledger.Set("Birim", card.Text("Birim"));
+  ledger.Set("Alacak", Total());
+  ledger.Set("Carisi", card.Text("StokKod"));
+  ledger.Set("Unvan", card.Text("StokAdi"));
+  ledger.Set("DigerId", form.CurrentLineId);
+  ledger.Set("Nerde", "S");
+  ledger.Set("Miktar", Field(kQuantity));
+  ledger.Set("Fiyat", Field(kRowPrice));
+  ledger.Set("yeni", 1);
+  step("update ledger row", ledger.Update());
+}
+
+void StockReceipt::BookDay() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  Cursor& day = cursors.HareketData;
+  const Cursor& card = cursors.StokData;
+  step("add day-book row", day.AddNew());
+  day.Set("CariKod", cursors.CariData.Text("CariKod"));
+  day.Set("StokKod", card.Text("StokKod"));
+  day.Set("CariAd", cursors.CariData.Text("Unvan"));
+  day.Set("StokAd", card.Text("StokAdi"));
+  day.Set("Fiyat", Field(kRowPrice));
+  day.Set("Miktar", Field(kQuantity));
+  day.Set("Tutar", Total());
+  day.Set("Tarih", world.clock.Now());
+  day.Set("DigerId", form.CurrentLineId);
+  day.Set("Birim", card.Text("Birim"));
+  day.Set("yeni", 1);
+  day.Set("Durum", "Alış");
+  day.Set("Gurup", card.Text("Gurup"));
+  day.Set("Plasiyer", numbers_.DayBookTag());
+  day.Set("tGurup", numbers_.DayBookTag());
+  step("update day-book row", day.Update());
+}
+
+double StockReceipt::Total() const { return NumberOrZero(parts_.screen.Label12(kTotal).Caption()); }
+
+}  // namespace karvel

@@ -1,0 +1,28 @@
+// The two use passwords of a shop, chosen at their first use: one lets to the deleted lines, one to the customer menu on CariGrid.
+// A typed password fits only letter by letter, capitals told from small ones. (The minimum percent, which also asks for the second, asks
+// only where one is set: PriceSelection.)
+#pragma once
+
+#include <string>
+
+#include "desk/parts.h"
+
+namespace karvel {
+
+class UsePasswords {
+ public:
+  explicit UsePasswords(const DeskParts& parts);
+
+  // Asks for the deleted lines' password. True when it was given. Where none is set yet, what is typed becomes it, and the lines stay
+  // closed; a wrong one ends the program.
+  bool AdmitToDeletedLines();
+
+ private:
+  // The menu of the customer under the finger.
+  void OpenCustomerMenu();
+  bool AdmitToCustomerMenu();
+
+  DeskParts parts_;
+};
+
+}  // namespace karvel

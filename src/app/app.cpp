@@ -1,0 +1,119 @@
+#include "app/app.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QStandardPaths>
+#include <QTranslator>
+
+#include "accounts/accounts.h"
+#include "app/desk_window.h"
+#include "app/disk_files.h"
+#include "app/ini_settings.h"
+#include "app/log_file.h"
+#include "app/qt_event_loop.h"
+#include "app/qt_keyboard.h"
+#include "app/qt_messages.h"
+#include "app/qt_shell.h"
+#include "app/qt_window.h"
+#include "app/serial_scanner.h"
+#include "app/system_clock.h"
+#include "app/system_connection.h"
+#include "app/theme.h"
+#include "desk/desk.h"
+#include "exchange/exchange.h"
+#include "store/sqlite/sqlite_engine.h"
+#include "store/stores.h"
+
+namespace karvel {
+namespace {
+
+std::string DesktopFolder(const DiskFiles& files, bool unattended) {
+  if (unattended) return files.HomeFolder() + "/Desktop";
+  return QStandardPaths::writableLocation(QStandardPaths::DesktopLocation).toStdString();
+}
+
+SqliteOptions EngineOptions(const DiskFiles& files) {
+  SqliteOptions options;
+  options.programFolder = files.ProgramFolder();
+  return options;
+}
+
+template <typename T>
+T& Either(T* brought, T& own) {
+  return brought ? *brought : own;
+}
+
+}  // namespace
+
+// In the order in which they stand on each other.
+struct App::Composition {
+  Composition(const std::string& title, const AppParts& parts)
+      : log(files.HomeFolder(), title),
+        settings(files.HomeFolder()),
+        messages(files),
+        shell(files, DesktopFolder(files, parts.unattended), parts.unattended),
+        window(files.HomeFolder()),
+        stores(MakeSqliteEngine(EngineOptions(files))),
+        desk({.clock = Either<Clock>(parts.clock, clock),
+              .loop = Either<EventLoop>(parts.loop, loop),
+              .files = files,
+              .messages = Either<Messages>(parts.messages, messages),
+              .settings = settings,
+              .shell = shell,
+              .keyboard = keyboard,
+              .window = window,
+              .scanner = Either<Scanner>(parts.scanner, scanner),
+              .connection = Either<Connection>(parts.connection, connection),
+              .stores = stores},
+             title),
+        deskWindow(desk) {
+    window.Attach(&deskWindow);
+  }
+
+  DiskFiles files{FilePlaces::OfThisMachine(QCoreApplication::applicationDirPath().toStdString())};
+  LogFile log;
+  IniSettings settings;
+  SystemClock clock;
+  QtEventLoop loop;
+  QtMessages messages;
+  QtShell shell;
+  QtKeyboard keyboard;
+  QtWindow window;
+  SerialScanner scanner;
+  SystemConnection connection;
+  Stores stores;
+  Desk desk;
+  Accounts accounts{desk};
+  Exchange exchange{desk};
+  DeskWindow deskWindow;
+};
+
+App::App(QApplication& application, const std::string& title, const AppParts& parts) {
+  QLocale::setDefault(QLocale(QLocale::Turkish, QLocale::Turkey));
+  // The words of the font and file boxes.
+  auto* const words = new QTranslator(&application);
+  if (words->load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QCoreApplication::installTranslator(words);
+  ApplyTheme(application);
+  all_ = std::make_unique<Composition>(title, parts);
+  // The program ends when the desk's window closed, whatever box or menu was open over it.
+  QApplication::setQuitOnLastWindowClosed(false);
+  QObject::connect(&all_->deskWindow, &DeskWindow::closed, &application, [] { QCoreApplication::exit(0); });
+}
+
+App::~App() = default;
+
+bool App::Load() { return all_->desk.Load(); }
+
+int App::Run() {
+  if (!Load()) return 0;
+  all_->deskWindow.show();
+  return QCoreApplication::exec();
+}
+
+Desk& App::TheDesk() { return all_->desk; }
+DeskWindow& App::TheWindow() { return all_->deskWindow; }
+const DiskFiles& App::TheFiles() const { return all_->files; }
+
+}  // namespace karvel

@@ -1,0 +1,52 @@
+// The program put together: the adapters to this machine, the stores, the desk and its window.
+#pragma once
+
+#include <memory>
+#include <string>
+
+class QApplication;
+
+namespace karvel {
+
+class Clock;
+class Connection;
+class Desk;
+class DeskWindow;
+class DiskFiles;
+class EventLoop;
+class Messages;
+class Scanner;
+
+// What another program around the same desk brings of its own; null: the machine's. They must live longer than the App.
+struct AppParts {
+  Clock* clock = nullptr;
+  EventLoop* loop = nullptr;
+  Messages* messages = nullptr;
+  Scanner* scanner = nullptr;
+  Connection* connection = nullptr;
+  // A robot makes no sound and leaves the user's desktop alone: its shortcuts go to a folder of the home.
+  bool unattended = false;
+};
+
+class App {
+ public:
+  App(QApplication& application, const std::string& title, const AppParts& parts = {});
+  ~App();
+  App(const App&) = delete;
+  App& operator=(const App&) = delete;
+
+  // False: the program ends at once, without a window.
+  bool Load();
+  // Load, then the window until it closes. The program's exit code.
+  int Run();
+
+  [[nodiscard]] Desk& TheDesk();
+  [[nodiscard]] DeskWindow& TheWindow();
+  [[nodiscard]] const DiskFiles& TheFiles() const;
+
+ private:
+  struct Composition;
+  std::unique_ptr<Composition> all_;
+};
+
+}  // namespace karvel

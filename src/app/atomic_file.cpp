@@ -1,0 +1,112 @@
+#include "app/atomic_file.h"
+
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <cstdio>
+#include <system_error>
+#include <utility>
+
+namespace karvel {
+namespace {
+
+constexpr std::string_view kMark = ".karvel-";
+constexpr std::string_view kEnd = ".tmp";
+std::atomic<int> counter = 0;
+
+std::string FolderOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
+}
+
+}  // namespace
+
+Status StatusOfErrno(int error, const std::string& path) {
+  ErrorKind kind = ErrorKind::Other;
+  switch (error) {
+    case 0:
+      return {};
+    case ENOSPC:
+    case EDQUOT:
+      kind = ErrorKind::DiskFull;
+      break;
+    case EACCES:
+    case EROFS:
+    case EPERM:
+      kind = ErrorKind::NoRights;
+      break;
+    case ENOENT:
+    case ENOTDIR:
+      kind = ErrorKind::Missing;
+      break;
+    case EBUSY:
+    case ETXTBSY:
+      kind = ErrorKind::Busy;
+      break;
+    default:
+      break;
+  }
+  return {kind, path + ": " + std::generic_category().message(error)};
+}
+
+AtomicFile::AtomicFile(std::string target)
+    : target_(std::move(target)), neighbour_(fmt::format("{}/{}{}-{}{}", FolderOf(target_), kMark, getpid(), ++counter, kEnd)) {
+  handle_ = open(neighbour_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  if (handle_ < 0) {
+    Fail(errno);
+    return;
+  }
+  // Who may read the file is not changed by writing it.
+  struct stat old{};
+  if (stat(target_.c_str(), &old) == 0 && fchmod(handle_, old.st_mode & 07777) != 0) Fail(errno);
+}
+
+AtomicFile::~AtomicFile() {
+  if (handle_ < 0) return;
+  close(handle_);
+  unlink(neighbour_.c_str());
+}
+
+bool AtomicFile::IsLeftover(std::string_view name) {
+  return name.starts_with(kMark) && name.ends_with(kEnd);
+}
+
+void AtomicFile::Fail(int error) {
+  if (status_.Ok()) status_ = StatusOfErrno(error, target_);
+}
+
+void AtomicFile::Append(std::string_view bytes) {
+  while (status_.Ok() && !bytes.empty()) {
+    const ssize_t written = write(handle_, bytes.data(), bytes.size());
+    if (written >= 0) {
+      bytes.remove_prefix(static_cast<std::size_t>(written));
+    } else if (errno != EINTR) {
+      Fail(errno);
+    }
+  }
+}
+
+Status AtomicFile::Finish(bool replace) {
+  if (status_.Ok() && fsync(handle_) != 0) Fail(errno);
+  // A link never goes over an existing name, so of two terminals that start together one lays the file and the other leaves it.
+  if (status_.Ok() && !replace && link(neighbour_.c_str(), target_.c_str()) != 0 && errno != EEXIST) {
+    replace = errno == EPERM || errno == EOPNOTSUPP;  // disks without links
+    if (!replace) Fail(errno);
+  }
+  if (status_.Ok() && replace && rename(neighbour_.c_str(), target_.c_str()) != 0) Fail(errno);
+  if (!status_.Ok()) return status_;
+  if (!replace) unlink(neighbour_.c_str());
+  close(std::exchange(handle_, -1));
+  const int folder = open(FolderOf(target_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (folder < 0) return status_;
+  // A folder that can't be synced (some network disks) has its own ways of keeping names.
+  if (fsync(folder) != 0 && errno != EINVAL) Fail(errno);
+  close(folder);
+  return status_;
+}
+
+}  // namespace karvel

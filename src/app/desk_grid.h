@@ -1,0 +1,119 @@
+// A grid over a cursor. It holds and paints the rows that it shows; moving, sorting and meaning are the cursor's and the features'.
+//
+// What stays true:
+// - Rows are read when the grid paints, once, however often the cursor changed since.
+// - When the cursor's current record changes, its row comes into view; a finger may scroll away from it.
+// - All places are pixels of viewport(); the heading is its uppermost strip.
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <QRect>
+#include <QStringList>
+#include <QTimer>
+
+#include "app/desk_ui.h"
+#include "app/grid_columns.h"
+#include "app/row_window.h"
+#include "app/value_scale.h"
+
+namespace karvel {
+
+class DeskGrid : public QAbstractScrollArea {
+  Q_OBJECT
+
+ public:
+  DeskGrid(const DeskUi& ui, GridElement& element, QWidget* parent);
+
+  // Shows the element's columns, source and marker as they are now.
+  void Sync();
+
+  // The cell of a row, counted from the source's first, and of a column, counted over the visible ones. Scrolls there if needed.
+  QRect CellRect(int row, int column);
+  QRect HeadRect(int visibleColumn);
+  QStringList VisibleHeadings();
+  // The first `max` rows of the source, each visible column's text as shown.
+  QList<QStringList> ShownRows(int max);
+  // Counted from the source's first row; -1 without a current record.
+  [[nodiscard]] int CurrentRowNumber() const;
+
+  [[nodiscard]] int RowHeight() const;
+  [[nodiscard]] int HeadHeight() const;
+  [[nodiscard]] QFont TextFont() const { return ui_.theme.Font(FontRole::Grid); }
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  enum class Drag { None, Pressed, Scrolling, Border };
+
+  // Rows.
+  void Watch(Cursor* cursor);
+  void FetchIfStale();
+  void BringIntoView(const GridRow& row);
+  void ScrollBy(int pixels);
+  void ScrollToPosition(std::int64_t position);
+  void ScrollToPlace(double place);
+  void ClampScroll();
+  void TrimRows();
+  void MeasureExtent();
+  void ShowScrollBar();
+  [[nodiscard]] int BodyHeight() const;
+  [[nodiscard]] int FullRows() const;
+  [[nodiscard]] const Value& TopValue() const;  // the sorted value of the uppermost row shown
+  [[nodiscard]] int RowAt(int y) const;         // index of the row held; -1: none
+
+  // Columns.
+  void PlaceAnew();
+  [[nodiscard]] int ColumnAt(int x) const;  // among the visible; -1: none
+  [[nodiscard]] int BorderAt(int x) const;  // the visible column left of the border
+  void DragBorder(int x);
+  void EndBorderDrag();
+  [[nodiscard]] int SortedColumn(bool& descending) const;
+  [[nodiscard]] int SortedField() const;  // its position in the rows; -1: none
+
+  // Fingers and keys.
+  bool MoveToRow(int index);
+  void MoveByRows(int rows);
+  void Held();
+
+  // Paint.
+  void PaintHead(QPainter& painter) const;
+  void PaintRow(QPainter& painter, int index, int y, bool current) const;
+  void PaintCell(QPainter& painter, const ShownColumn& column, const QString& text, int y) const;
+
+  const DeskUi& ui_;
+  GridElement& element_;
+  Cursor* watched_ = nullptr;
+  std::vector<Cursor*> heard_;  // each cursor is listened to once
+  const Table* table_ = nullptr;
+  std::string source_;
+  RowWindow rows_;
+  std::vector<GridColumn> columns_;
+  std::vector<ShownColumn> shown_;
+  RowKey followed_ = 0;              // the current record that was last brought into view
+  int scroll_ = 0;                   // pixels from the top of the first row held
+  std::int64_t extent_ = -1;         // rows of a source of modest size; -1: too many to count in passing
+  std::optional<ValueScale> scale_;  // of a longer one
+  int scaleField_ = -1;              // the position of its sorted field
+  bool stale_ = true, placing_ = true, showingBar_ = false;
+  QTimer measure_, hold_;
+
+  Drag drag_ = Drag::None;
+  QPoint pressedAt_, movedTo_;
+  int borderColumn_ = -1, borderWidth_ = 0;
+  bool doubled_ = false, held_ = false, rightPress_ = false;
+};
+
+}  // namespace karvel

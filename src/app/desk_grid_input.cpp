@@ -1,0 +1,211 @@
+// What fingers and keys do in a grid.
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cstdlib>
+
+#include "app/desk_grid.h"
+#include "app/key_codes.h"
+#include "store/cursor.h"
+
+namespace karvel {
+namespace {
+
+constexpr int kDragSlack = 12;    // pixels before a press becomes a drag
+constexpr int kBorderReach = 10;  // pixels around a border of the heading
+constexpr int kLeastDragged = 40;
+
+}  // namespace
+
+int DeskGrid::BorderAt(int x) const {
+  for (std::size_t i = 0; i + 1 < shown_.size(); ++i)
+    if (std::abs(x - (shown_[i].x + shown_[i].width)) <= kBorderReach) return static_cast<int>(i);
+  return -1;
+}
+
+bool DeskGrid::MoveToRow(int index) {
+  if (index < 0 || index >= rows_.Count() || !watched_) return false;
+  const RowKey key = rows_.Rows()[static_cast<std::size_t>(index)].key;
+  if (watched_->HasCurrent() && watched_->CurrentKey() == key) return true;
+  followed_ = key;  // it is in view where the finger is: nothing jumps away under it
+  return watched_->MoveTo(key).Ok();
+}
+
+void DeskGrid::mousePressEvent(QMouseEvent* event) {
+  event->accept();
+  if (!ui_.Reaches(element_)) return;
+  FetchIfStale();
+  pressedAt_ = movedTo_ = event->position().toPoint();
+  doubled_ = held_ = false;
+  rightPress_ = event->button() == Qt::RightButton;
+  const bool inHead = pressedAt_.y() < HeadHeight();
+  drag_ = Drag::Pressed;
+  borderColumn_ = inHead && !rightPress_ ? BorderAt(pressedAt_.x()) : -1;
+  const QPointer<DeskGrid> self(this);
+  if (rightPress_ && !inHead) MoveToRow(RowAt(pressedAt_.y()));
+  if (!self) return;
+  if (!rightPress_ && !inHead) hold_.start();
+  element_.mouseDown(ToMouseEvent(*event));
+}
+
+void DeskGrid::mouseMoveEvent(QMouseEvent* event) {
+  event->accept();
+  if (drag_ == Drag::None) return;
+  const QPoint at = event->position().toPoint();
+  const QPoint way = at - pressedAt_;
+  if (drag_ == Drag::Pressed && !rightPress_ && !held_) {
+    if (borderColumn_ >= 0 && std::abs(way.x()) > 3) {
+      drag_ = Drag::Border;
+      borderWidth_ = 0;
+    } else if (pressedAt_.y() >= HeadHeight() && std::abs(way.y()) > kDragSlack) {
+      drag_ = Drag::Scrolling;
+    }
+    if (drag_ != Drag::Pressed) hold_.stop();
+  }
+  if (drag_ == Drag::Border) DragBorder(at.x());
+  if (drag_ == Drag::Scrolling) ScrollBy(movedTo_.y() - at.y());
+  movedTo_ = at;
+  if (ui_.Reaches(element_)) element_.mouseMove(ToMouseEvent(*event));
+}
+
+void DeskGrid::mouseReleaseEvent(QMouseEvent* event) {
+  event->accept();
+  hold_.stop();
+  if (drag_ == Drag::None) return;
+  const Drag ended = drag_;
+  drag_ = Drag::None;
+  const QPointer<DeskGrid> self(this);
+  element_.mouseUp(ToMouseEvent(*event));
+  if (!self) return;
+  if (ended == Drag::Border) {
+    EndBorderDrag();
+    return;
+  }
+  if (ended != Drag::Pressed || doubled_ || held_ || rightPress_ || !ui_.Reaches(element_)) return;
+  const QPoint at = event->position().toPoint();
+  const int column = ColumnAt(at.x());
+  if (column < 0 || column != ColumnAt(pressedAt_.x())) return;
+  const int number = shown_[static_cast<std::size_t>(column)].number;
+  if (pressedAt_.y() < HeadHeight()) {
+    if (at.y() >= 0 && at.y() < HeadHeight()) element_.headClick(number);
+    return;
+  }
+  const int row = RowAt(at.y());
+  if (row < 0 || row != RowAt(pressedAt_.y())) return;
+  if (MoveToRow(row) && self) element_.TapCell(number);
+}
+
+void DeskGrid::mouseDoubleClickEvent(QMouseEvent* event) {
+  event->accept();
+  if (!ui_.Reaches(element_)) return;
+  FetchIfStale();
+  const QPoint at = event->position().toPoint();
+  const int column = ColumnAt(at.x());
+  const int row = RowAt(at.y());
+  if (event->button() != Qt::LeftButton || row < 0 || column < 0) {
+    mousePressEvent(event);  // a second tap on a heading is one more tap
+    return;
+  }
+  pressedAt_ = movedTo_ = at;
+  drag_ = Drag::Pressed;
+  doubled_ = true;
+  const QPointer<DeskGrid> self(this);
+  const int number = shown_[static_cast<std::size_t>(column)].number;
+  if (MoveToRow(row) && self) element_.DoubleTapCell(number);
+}
+
+void DeskGrid::Held() {
+  if (drag_ != Drag::Pressed || !ui_.Reaches(element_)) return;
+  held_ = true;
+  const QPointer<DeskGrid> self(this);
+  MoveToRow(RowAt(pressedAt_.y()));
+  if (!self) return;
+  MouseEvent right;
+  right.button = 2;
+  right.x = pressedAt_.x();
+  right.y = pressedAt_.y();
+  element_.mouseDown(right);
+  if (self) element_.mouseUp(right);
+}
+
+void DeskGrid::wheelEvent(QWheelEvent* event) {
+  event->accept();
+  FetchIfStale();
+  const int turned = event->pixelDelta().isNull() ? event->angleDelta().y() * 3 * RowHeight() / 120 : event->pixelDelta().y();
+  ScrollBy(-turned);
+}
+
+void DeskGrid::DragBorder(int x) {
+  const auto left = static_cast<std::size_t>(borderColumn_);
+  const auto stretch = static_cast<std::size_t>(StretchColumn(columns_));
+  // The border of the column that takes the rest belongs to its neighbour.
+  const bool turned = left == stretch;
+  const ShownColumn& column = shown_[turned ? left + 1 : left];
+  if (borderWidth_ == 0) borderWidth_ = column.width;
+  const int dragged = std::max(kLeastDragged, borderWidth_ + (turned ? pressedAt_.x() - x : x - pressedAt_.x()));
+  columns_[static_cast<std::size_t>(column.number)].width = dragged * kTwipsPerPixel;
+  placing_ = true;
+  viewport()->update();
+}
+
+void DeskGrid::EndBorderDrag() {
+  FetchIfStale();
+  std::vector<GridColumn> widths = element_.Columns();
+  for (const ShownColumn& column : shown_)
+    if (static_cast<std::size_t>(column.number) < widths.size())
+      widths[static_cast<std::size_t>(column.number)].width = column.width * kTwipsPerPixel;
+  const QPointer<DeskGrid> self(this);
+  element_.SetColumns(std::move(widths));
+  if (self) element_.columnsResized();
+}
+
+void DeskGrid::MoveByRows(int rows) {
+  const GridRow current = watched_->CurrentRow();
+  if (current.key == 0) {
+    watched_->MoveFirst().Ignore();
+    return;
+  }
+  const auto beside = rows > 0 ? watched_->RowsAfter(current, rows) : watched_->RowsBefore(current, -rows);
+  if (!beside.empty()) watched_->MoveTo(rows > 0 ? beside.back().key : beside.front().key).Ignore();
+}
+
+void DeskGrid::keyPressEvent(QKeyEvent* event) {
+  event->accept();
+  if (!watched_ || !watched_->HasRows() || !ui_.Reaches(element_)) return;
+  switch (event->key()) {
+    case Qt::Key_Down:
+      MoveByRows(1);
+      break;
+    case Qt::Key_Up:
+      MoveByRows(-1);
+      break;
+    case Qt::Key_PageDown:
+      MoveByRows(FullRows());
+      break;
+    case Qt::Key_PageUp:
+      MoveByRows(-FullRows());
+      break;
+    case Qt::Key_Home:
+      watched_->MoveFirst().Ignore();
+      break;
+    case Qt::Key_End:
+      watched_->MoveLast().Ignore();
+      break;
+    default:
+      break;
+  }
+}
+
+void DeskGrid::focusInEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusInEvent(event);
+  viewport()->update();
+}
+
+void DeskGrid::focusOutEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusOutEvent(event);
+  viewport()->update();
+}
+
+}  // namespace karvel

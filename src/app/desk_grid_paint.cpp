@@ -1,0 +1,139 @@
+// How a grid looks.
+#include <QPaintEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <algorithm>
+
+#include "app/desk_grid.h"
+#include "app/qt_text.h"
+#include "store/cursor.h"
+#include "text/turkish.h"
+
+namespace karvel {
+namespace {
+
+constexpr int kCellPad = 10;
+constexpr qreal kRadius = 8;
+
+}  // namespace
+
+void DeskGrid::paintEvent(QPaintEvent*) {
+  FetchIfStale();
+  QPainter painter(viewport());
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QRect whole = viewport()->rect();
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(palette::kField);
+  painter.drawRoundedRect(whole, kRadius, kRadius);
+  QPainterPath edge;
+  edge.addRoundedRect(whole, kRadius, kRadius);
+  painter.setClipPath(edge);
+
+  const int height = RowHeight();
+  const RowKey current = watched_ && watched_->HasCurrent() ? watched_->CurrentKey() : 0;
+  painter.setFont(TextFont());
+  painter.save();
+  painter.setClipRect(whole.adjusted(0, HeadHeight(), 0, 0), Qt::IntersectClip);
+  for (int index = scroll_ / height; index < rows_.Count(); ++index) {
+    const int y = HeadHeight() + index * height - scroll_;
+    if (y >= whole.bottom()) break;
+    PaintRow(painter, index, y, current != 0 && rows_.Rows()[static_cast<std::size_t>(index)].key == current);
+  }
+  painter.restore();
+  PaintHead(painter);
+  if (rows_.Count() == 0) {
+    painter.setFont(ui_.theme.Font(FontRole::Title));
+    painter.setPen(palette::kFaint);
+    painter.drawText(whole.adjusted(0, HeadHeight(), 0, 0), Qt::AlignCenter, QStringLiteral("Kayıt yok"));
+  }
+  painter.setClipping(false);
+  if (hasFocus()) {
+    DrawFocusRing(painter, whole, kRadius);
+  } else {
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(palette::kLine, 1));
+    painter.drawRoundedRect(QRectF(whole).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
+  }
+}
+
+void DeskGrid::PaintHead(QPainter& painter) const {
+  const QRect head(0, 0, viewport()->width(), HeadHeight());
+  painter.fillRect(head, palette::kRaised);
+  painter.setFont(ui_.theme.Font(FontRole::GridHead));
+  bool descending = false;
+  const int sorted = SortedColumn(descending);
+  for (std::size_t i = 0; i < shown_.size(); ++i) {
+    const ShownColumn& column = shown_[i];
+    const bool isSorted = static_cast<int>(i) == sorted;
+    QRect room(column.x + kCellPad, 0, column.width - 2 * kCellPad, HeadHeight());
+    painter.setPen(isSorted ? palette::kText : palette::kMuted);
+    const QString caption = ToQt(Trim(columns_[static_cast<std::size_t>(column.number)].caption));
+    // The sorted column has an arrow, or a line under its name where the name needs the room.
+    const bool arrow = painter.fontMetrics().horizontalAdvance(caption) + 14 <= room.width();
+    if (isSorted && !arrow) painter.fillRect(QRect(room.left(), HeadHeight() - 4, room.width(), 3), palette::kAccent);
+    if (isSorted && arrow) {
+      const qreal x = column.figures ? room.left() + 4 : room.right() - 4;
+      const qreal y = HeadHeight() / 2.0;
+      const qreal tip = descending ? 3.5 : -3.5;
+      painter.save();
+      painter.setPen(Qt::NoPen);
+      painter.setBrush(palette::kAccent);
+      painter.drawPolygon(QPolygonF{QPointF(x - 5, y - tip), QPointF(x + 5, y - tip), QPointF(x, y + tip)});
+      painter.restore();
+      room.adjust(column.figures ? 12 : 0, 0, column.figures ? 0 : -12, 0);
+    }
+    const auto side = column.figures ? Qt::AlignRight : Qt::AlignLeft;
+    painter.drawText(room, side | Qt::AlignVCenter, painter.fontMetrics().elidedText(caption, Qt::ElideRight, room.width()));
+    if (i + 1 < shown_.size()) painter.fillRect(QRect(column.x + column.width - 1, 12, 1, HeadHeight() - 24), palette::kLine);
+  }
+  painter.fillRect(QRect(0, HeadHeight() - 1, viewport()->width(), 1), palette::kLine);
+}
+
+void DeskGrid::PaintRow(QPainter& painter, int index, int y, bool current) const {
+  const int height = RowHeight();
+  const QRect row(0, y, viewport()->width(), height);
+  if (current && element_.Marker()) {
+    painter.fillRect(row, palette::kChosen);
+    painter.fillRect(QRect(0, y, 4, height), palette::kAccent);
+  }
+  painter.fillRect(QRect(0, y + height - 1, row.width(), 1), palette::kSurface);
+  painter.setPen(isEnabled() ? palette::kText : palette::kFaint);
+  for (const ShownColumn& column : shown_)
+    PaintCell(painter, column,
+              ToQt(CellText(columns_[static_cast<std::size_t>(column.number)], rows_.Rows()[static_cast<std::size_t>(index)].values,
+                            column.position)),
+              y);
+}
+
+void DeskGrid::PaintCell(QPainter& painter, const ShownColumn& column, const QString& text, int y) const {
+  if (text.isEmpty()) return;
+  const QRectF room(column.x + kCellPad, y, column.width - 2 * kCellPad, RowHeight());
+  if (column.figures) {
+    const QFont usual = painter.font();
+    QFont font = usual;
+    while (font.pixelSize() > 10 && FiguresWidth(font, text) > room.width()) font.setPixelSize(font.pixelSize() - 1);
+    painter.setFont(font);
+    DrawFigures(painter, room, Qt::AlignRight, text);
+    painter.setFont(usual);
+    return;
+  }
+  const bool centred = columns_[static_cast<std::size_t>(column.number)].align == Align::Center;
+  if (!centred && painter.fontMetrics().horizontalAdvance(text) > room.width()) {
+    // A long name goes on two smaller lines rather than losing its end, which tells one article from the next.
+    const QFont usual = painter.font();
+    QFont small = usual;
+    small.setPixelSize(std::max(10, usual.pixelSize() * 4 / 5));
+    painter.setFont(small);
+    const QRect lines = painter.fontMetrics().boundingRect(room.toRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, text);
+    if (lines.height() <= room.height() && lines.width() <= room.width() + 1) {
+      painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, text);
+      painter.setFont(usual);
+      return;
+    }
+    painter.setFont(usual);
+  }
+  const QString fitted = painter.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(room.width()));
+  painter.drawText(room, (centred ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignVCenter, fitted);
+}
+
+}  // namespace karvel

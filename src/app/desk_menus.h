@@ -1,0 +1,33 @@
+// The pop-up menus, made from the menu elements. An entry only tells its element that it was tapped; the check marks are the features'.
+#pragma once
+
+#include <QAction>
+#include <QHash>
+#include <QMenu>
+#include <QObject>
+
+#include "app/desk_ui.h"
+
+namespace karvel {
+
+class DeskMenus : public QObject {
+  Q_OBJECT
+
+ public:
+  DeskMenus(DeskUi& ui, QWidget* window);
+  [[nodiscard]] QAction* ActionOf(const Element& element) const { return actions_.value(&element); }
+  [[nodiscard]] QMenu* MenuOf(const Element& element) const { return menus_.value(&element); }
+  // Opens a menu at a place on the screen. It does not wait for the clerk's choice.
+  void PopUp(const Element& element, const QPoint& at);
+
+ private:
+  void AddEntry(Element& element);
+  void Show(Element& element);
+
+  DeskUi& ui_;
+  QWidget* const window_;
+  QHash<const Element*, QAction*> actions_;
+  QHash<const Element*, QMenu*> menus_;
+};
+
+}  // namespace karvel

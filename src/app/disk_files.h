@@ -1,0 +1,54 @@
+// The file system behind the desk's paths: the one place that knows how Windows paths lie on this machine.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/files.h"
+
+namespace karvel {
+
+// Where things lie. All paths are this machine's own, without a slash at the end.
+struct FilePlaces {
+  std::string home;
+  std::string program;
+  // The removable disks, D: first. Asked for at every use, as disks come and go.
+  std::function<std::vector<std::string>()> disks;
+
+  // From KARVEL_HOME and KARVEL_PROGRAM, else the user's data folder, and the executable's folder or its share folder,
+  // whichever holds the templates.
+  static FilePlaces OfThisMachine(const std::string& executableFolder);
+};
+
+// The mount points under /media and /run/media in a mount table's text, sorted.
+std::vector<std::string> RemovableDisks(std::string_view mountTable);
+
+class DiskFiles : public Files {
+ public:
+  explicit DiskFiles(FilePlaces places);
+
+  // "" for a drive that isn't there. A path without a drive lies in the program folder. ".." never leads out of a drive or share.
+  [[nodiscard]] std::string RealPath(const std::string& path) const override;
+  // The other way round: C:\… for what lies on a drive or share, else the path itself.
+  [[nodiscard]] std::string DeskPath(const std::string& realPath) const;
+  [[nodiscard]] std::string ProgramFolder() const override { return places_.program; }
+  [[nodiscard]] std::string HomeFolder() const override { return places_.home; }
+  [[nodiscard]] bool Exists(const std::string& path) const override;
+  Status MakeFolder(const std::string& path) override;
+  Status Read(const std::string& path, std::string& bytes) const override;
+  Status Write(const std::string& path, const std::string& bytes) override;
+  Status Copy(const std::string& from, const std::string& to) override;
+  Status CopyNew(const std::string& from, const std::string& to) override;
+  Status Move(const std::string& from, const std::string& to) override;
+  // A file or an empty folder.
+  Status Delete(const std::string& path) override;
+  [[nodiscard]] std::vector<std::string> List(const std::string& folder) const override;
+
+ private:
+  Status CopyOver(const std::string& from, const std::string& to, bool replace);
+  const FilePlaces places_;
+};
+
+}  // namespace karvel

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/event_loop.h"
+
+namespace karvel {
+
+// The application's event loop.
+class QtEventLoop : public EventLoop {
+ public:
+  // While `waitsEndAtOnce` tells true, Wait only runs what is pending.
+  explicit QtEventLoop(std::function<bool()> waitsEndAtOnce = {});
+  void RunPending() override;
+  void RunPendingButInput() override;
+  void Wait(int milliseconds) override;
+  void Later(std::function<void()> work) override;
+  [[nodiscard]] std::shared_ptr<void> Every(int milliseconds, std::function<void()> tick) override;
+
+ private:
+  std::function<bool()> waitsEndAtOnce_;
+};
+
+}  // namespace karvel

@@ -1,0 +1,45 @@
+// The frame around the desk's window. Until a window is attached, every call is a wish that nobody hears, but the title.
+#pragma once
+
+#include <QByteArray>
+#include <QPointer>
+#include <string>
+
+#include "app/desk_window.h"
+#include "platform/window.h"
+
+namespace karvel {
+
+class QtWindow : public Window {
+ public:
+  // The folder that keeps sizes and places, one small file a name ("fitting/VelmoraKrv.bin").
+  explicit QtWindow(std::string folder) : folder_(std::move(folder)) {}
+  void Attach(DeskWindow* window);
+
+  void SetTitle(const std::string& title) override;
+  void RestoreFitting(const std::string& name) override;
+  void SaveFitting(const std::string& name) override;
+  void SetFixed(bool fixed) override;
+  void MoveBy(int dx, int dy) override;
+  void SizeBy(int dw, int dh) override;
+  [[nodiscard]] bool IsActive() const override;
+  void Close() override;
+  void End() override;
+  [[nodiscard]] int TextWidth(const std::string& elementName, const std::string& text) const override;
+  [[nodiscard]] int InnerWidth(const std::string& elementName) const override;
+  void SetDeskFont(const std::string& name, double size, bool bold) override;
+  void SetGridFont(const std::string& name, double size, bool bold) override;
+
+ private:
+  [[nodiscard]] QString FittingFile(const std::string& name) const;
+  [[nodiscard]] QWidget* Find(const std::string& elementName) const;
+  void Place(QRect wanted);
+
+  const std::string folder_;
+  QPointer<DeskWindow> window_;
+  // Wishes from before the window was there (the load stage runs without one).
+  std::string title_, fitting_;
+  bool fixed_ = false;
+};
+
+}  // namespace karvel

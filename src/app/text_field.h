@@ -1,0 +1,36 @@
+// A text box: an edit line that shows its element's text and selection and hands edits back.
+//
+// What stays true: after an edit the element has the new text before its handlers run, and the caret where the edit left it, unless a
+// handler placed the caret or wrote another text.
+#pragma once
+
+#include <QLineEdit>
+
+#include "app/desk_ui.h"
+
+namespace karvel {
+
+class TextField : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  TextField(const DeskUi& ui, Element& element, QWidget* parent);
+  void Sync();
+  // The edit of one character: a letter is inserted, Backspace (8) deletes, anything else has no edit of its own.
+  void Type(char32_t character);
+  // Amounts stand at the right, in a larger type.
+  void SetAmount(bool amount);
+  void ApplyFont();
+
+ private:
+  void TakeEdit();
+  void TakeSelection();
+
+  const DeskUi& ui_;
+  Element& element_;
+  bool syncing_ = false;  // the element is being shown: signals of the line are echoes
+  bool editing_ = false;  // an edit is on its way to the element
+  bool amount_ = false;
+};
+
+}  // namespace karvel

@@ -1,0 +1,15 @@
+// How a name field completes itself while the clerk types.
+#pragma once
+
+#include <string>
+
+#include "desk/element.h"
+
+namespace karvel {
+
+// A key that adds to the text: Backspace, Delete and keys that only move leave it as the clerk wants it.
+bool IsCompletingKey(const KeyEvent& event);
+// Shows the whole name with the caret where it was and the rest selected, so that the next letter replaces it.
+void Complete(Element& field, const std::string& name);
+
+}  // namespace karvel

@@ -1,0 +1,44 @@
+// The customer list at rest: what follows when its current row changes, and how the clerk finds a customer in it.
+#pragma once
+
+#include <string>
+
+#include "desk/day_total.h"
+#include "desk/parts.h"
+#include "desk/price_selection.h"
+
+namespace karvel {
+
+class CustomerList {
+ public:
+  CustomerList(const DeskParts& parts, PriceSelection& prices, DayTotal& dayTotal);
+
+  // Fills GurupCombo from GurupData: "Tüm Guruplar" and the groups, without the terminals' tags. Chooses nothing.
+  void FillGroups();
+  // Chooses an entry without the list following it.
+  void ShowGroup(const std::string& group);
+  // Adds the walk-in customer's card when there is none.
+  void KeepWalkIn();
+
+ private:
+  void Followed();  // CariData's current row changed
+  void ShowOverdue();
+  // The list shows customers: not stock cards, nor the day's turnover.
+  [[nodiscard]] bool ListsCustomers() const;
+  void GroupChosen();
+  void CustomerGroupChosen();
+  void StockGroupChosen();
+  void FlipGroupList();  // ComboCmd
+  void Focused();
+  void TextChanged();
+  void KeyUp(const KeyEvent& event);
+  void Character(CharacterEvent& event);
+  void Filter();  // Text5
+
+  DeskParts parts_;
+  PriceSelection& prices_;
+  DayTotal& dayTotal_;
+  bool showing_ = false;
+};
+
+}  // namespace karvel

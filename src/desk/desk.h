@@ -1,0 +1,62 @@
+// The desk: the screen's state, the stores' cursors, and the features connected to them. The one composition root of the house below the window.
+//
+// Order of life: construct, Load (false: end at once), show the window, Activate at each activation of the window, CloseRequested.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "desk/cursors.h"
+#include "desk/form_state.h"
+#include "desk/parts.h"
+#include "desk/screen.h"
+#include "desk/world.h"
+
+namespace karvel {
+
+class CustomerList;
+class DayTotal;
+class MainButton;
+class PriceSelection;
+class RunningNumbers;
+class SaleFields;
+class SalePosting;
+
+class Desk {
+ public:
+  Desk(const World& world, std::string title);
+  ~Desk();
+
+  // Fixes the terminal, the data folder and the stores. False when this copy must end at once (another copy of the terminal runs, or
+  // the stores can't be opened and the clerk was told).
+  bool Load();
+  // The window came to the front. The first time it applies the options and fills the lists; later it does nothing.
+  void Activate();
+  // The window's close request. Saves, backs up; true when the window may go.
+  bool CloseRequested(bool byProgram);
+
+  Screen screen;
+  FormState form;
+  Cursors cursors;
+  [[nodiscard]] const std::string& Title() const { return title_; }
+
+  // For the features that stand above this folder: what they are built on, and the features that they share.
+  [[nodiscard]] const DeskParts& Parts() const;
+  [[nodiscard]] RunningNumbers& Numbers() const;
+  [[nodiscard]] DayTotal& Totals() const;
+  [[nodiscard]] PriceSelection& Prices() const;
+  [[nodiscard]] SaleFields& Fields() const;
+  [[nodiscard]] CustomerList& Customers() const;
+  [[nodiscard]] SalePosting& Posting() const;
+  [[nodiscard]] MainButton& Button() const;
+  // Raised once, in the first activation: options read, lists filled, columns set, the clerk still asked to wait.
+  [[nodiscard]] Signal<>& Opening() const;
+
+ private:
+  const World world_;
+  const std::string title_;
+  struct Features;
+  std::unique_ptr<Features> features_;
+};
+
+}  // namespace karvel

@@ -1,0 +1,32 @@
+// Text1(1), the product field: typed names with completion, codes by keyboard, codes from a scanner. All ways end with a current
+// record in StokData, its name in the field, and a price in Text2(0).
+#pragma once
+
+#include <deque>
+#include <string>
+
+#include "desk/parts.h"
+
+namespace karvel {
+
+class ProductField {
+ public:
+  explicit ProductField(const DeskParts& parts);
+
+ private:
+  void Focused();
+  void EnterDown();       // first pass, at the key's going down
+  void EnterCharacter();  // second pass, at the key's character
+  bool FindCard(const std::string& text);
+  void TextChanged();
+  void KeyUp(const KeyEvent& event);
+  void CodeRead(const std::string& code);
+  void ScannedText();  // Label11 changed
+
+  DeskParts parts_;
+  bool matched_ = false;  // the first pass of this Enter found the card in front
+  bool reading_ = false;
+  std::deque<std::string> codes_;  // read and not yet entered, the oldest first
+};
+
+}  // namespace karvel

@@ -1,0 +1,15 @@
+#include "desk/refresh.h"
+
+#include "platform/event_loop.h"
+#include "store/cursor.h"
+
+namespace karvel {
+
+Status VeriTazele(Cursor& cursor, EventLoop& loop) {
+  Status refreshed = cursor.Refresh();
+  // A tap that waits keeps its place: the caller is not done.
+  loop.RunPendingButInput();
+  return refreshed;
+}
+
+}  // namespace karvel

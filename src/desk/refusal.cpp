@@ -1,0 +1,11 @@
+#include "desk/refusal.h"
+
+#include "platform/messages.h"
+
+namespace karvel {
+
+void ShowRefusal(const World& world, const Status& outcome) {
+  if (!outcome.Ok()) world.messages.MessageBox(ClerkMessage(outcome), "Kayıt Yapılamadı", MessageIcon::Stop, MessageButtons::Ok);
+}
+
+}  // namespace karvel

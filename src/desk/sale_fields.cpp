@@ -1,0 +1,162 @@
+#include "desk/sale_fields.h"
+
+#include <array>
+
+#include "desk/steps.h"
+#include "platform/keyboard.h"
+#include "text/format.h"
+#include "text/turkish.h"
+
+namespace karvel {
+namespace {
+
+constexpr int kPrice = 0, kQuantity = 1, kPayment = 2, kDiscount = 3;
+// The name in Label1 that stands before each field of Text2.
+constexpr std::array kNameOf{2, 3, 5, 6};
+const Steps step("SaleFields");
+
+// What the box would hold with the letter typed over its selection.
+std::string WithLetter(const Element& box, char32_t letter) {
+  const auto start = static_cast<std::size_t>(box.SelectionStart());
+  const auto end = start + static_cast<std::size_t>(box.SelectionLength());
+  return LeftLetters(box.Text(), start) + LetterToUtf8(letter) + MidLetters(box.Text(), end);
+}
+
+// A number, or the beginning of one: "12," is on its way to "12,5".
+bool MayBecomeNumber(const std::string& text) {
+  constexpr std::size_t kWholeDigits = 9;  // a barcode that lands in an amount is no amount
+  const std::size_t digits = ReplaceAll(text.substr(0, text.find(',')), ".", "").size();
+  return text.empty() || (digits <= kWholeDigits && (IsNumeric(text) || IsNumeric(text + "0")));
+}
+
+// Groups the whole part of an amount and leaves what is typed behind the comma: "1500,5" is "1.500,5".
+std::string Grouped(const std::string& text) {
+  if (!IsNumeric(text)) return text;
+  const std::size_t comma = text.find(',');
+  return Format(NumberOrZero(text.substr(0, comma)), "#,##0") + (comma == std::string::npos ? "" : text.substr(comma));
+}
+
+}  // namespace
+
+void UnmarkFieldNames(Screen& screen) {
+  for (int i = 0; i <= 6; ++i) screen.Label1(i).SetColor(color::kYellow);
+}
+
+SaleFields::SaleFields(const DeskParts& parts, PriceSelection& prices) : parts_(parts), prices_(prices) {
+  Screen& screen = parts_.screen;
+  for (int i = 0; i < screen.Text2.Count(); ++i) {
+    Element& box = screen.Text2(i);
+    box.SetFontName("Agency FB");
+    box.changed.Connect([this, i] { Changed(i); });
+    box.gotFocus.Connect([this, i] { Focused(i); });
+    box.lostFocus.Connect([this, i] { Left(i); });
+    box.character.Connect([this, i](CharacterEvent& event) { Character(i, event); });
+  }
+  screen.Label2.SetFontName("Agency FB");
+  screen.Label5.SetFontName("Agency FB");
+  screen.Label2.changed.Connect([&screen] { screen.Label2.SetCaption(Format(screen.Label2.Caption(), "#,##0.00")); });
+  screen.Text3.changed.Connect([this] { TakePadValue(); });
+  for (int i = 0; i < screen.Label9.Count(); ++i) {
+    Element& figure = screen.Label9(i);
+    figure.changed.Connect([&figure] {
+      if (figure.Caption().empty()) figure.SetCaption("0");
+    });
+  }
+}
+
+void SaleFields::Changed(int index) {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  if (form.RepositionGuard == 66) return;
+  Element& box = screen.Text2(index);
+  if (box.Text().empty()) {
+    box.SetText("0");
+    return;
+  }
+  // A digit typed behind the standing "0" takes its place.
+  if (box.Text().size() > 1 && box.Text()[0] == '0' && box.Text()[1] >= '0' && box.Text()[1] <= '9') {
+    box.SetText(box.Text().substr(1));
+    return;
+  }
+  if (index == kPrice) prices_.KeepFloor();
+  if (index < kDiscount) {
+    const double amount = NumberOrZero(screen.Text2(kPrice).Text()) * NumberOrZero(screen.Text2(kQuantity).Text());
+    screen.Label2.SetCaption(Format(amount, form.PriceFormat));
+  }
+  if (screen.Command2.Caption() == "Tamam") OpenMainButton();
+  if (index == kPayment) {
+    const std::string grouped = Grouped(box.Text());
+    if (grouped != box.Text()) {
+      box.SetText(grouped);
+      return;
+    }
+  }
+  box.CaretToEnd();
+}
+
+void SaleFields::OpenMainButton() {
+  Screen& screen = parts_.screen;
+  // While the list shows stock or deleted lines there is no customer to post to.
+  const bool customers = !screen.StokChk.Checked() && !screen.SilinenChk.Checked();
+  screen.Command2.SetEnabled(customers && NumberOrZero(screen.Text2(kQuantity).Text()) + NumberOrZero(screen.Text2(kPayment).Text()) != 0);
+}
+
+void SaleFields::Focused(int index) {
+  Screen& screen = parts_.screen;
+  parts_.form.ActiveFieldCode = static_cast<float>(index);
+  UnmarkFieldNames(screen);
+  screen.Label1(kNameOf[static_cast<std::size_t>(index)]).SetColor(color::kGreen);
+  screen.Text2(index).CaretToEnd();
+}
+
+void SaleFields::Character(int index, CharacterEvent& event) {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  if (event.character == key::kEnter) {
+    event.character = 0;
+    if (index == kPrice) LookUpPriceText();
+    world.keyboard.Send(key::kTab);
+    return;
+  }
+  if (index >= kDiscount || event.character < ' ') return;
+  if (event.character == '.') event.character = ',';
+  const bool sign = event.character == '-' || event.character == '+';
+  if (!sign && MayBecomeNumber(WithLetter(screen.Text2(index), event.character))) return;
+  event.character = 0;
+  world.keyboard.Beep();
+}
+
+void SaleFields::Left(int index) {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  Element& box = screen.Text2(index);
+  if (box.Text().empty()) box.SetText("0");
+  if (screen.Label4.Caption() == "Alış" && form.SerialEntryOn && NumberOrZero(screen.Text2(kQuantity).Text()) > 0) {
+    screen.Frame4.SetVisible(true);
+    screen.Frame4.BringToFront();
+    screen.Text4.SetFocus();
+  }
+}
+
+void SaleFields::LookUpPriceText() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  Cursor& cards = cursors.StokData;
+  const std::string text = screen.Text2(kPrice).Text();
+  step("find barcode", cards.FindFirst("Barkod='" + text + "'"));
+  if (cards.NoMatch()) step("find name", cards.FindFirst("StokAdi like '" + text + "*'"));
+  if (cards.NoMatch()) return;
+  screen.Text2(kPrice).SetText(cards.Text("StokAdi"));
+  screen.Text6(5).SetText(cards.Text("Barkod"));
+}
+
+void SaleFields::TakePadValue() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  const std::string text = screen.Text3.Text();
+  if (text.empty()) return;
+  const int field = static_cast<int>(form.ActiveFieldCode);
+  const double onHand = cursors.StokData.Number("KalanB");
+  if (field >= 0 && field < screen.Text2.Count()) {
+    const bool tooMuch = screen.Stoklu.Checked() && NumberOrZero(text) > onHand;
+    screen.Text2(field).SetText(tooMuch ? PlainNumber(onHand) : text);
+  }
+  screen.Text3.SetText("");
+}
+
+}  // namespace karvel

@@ -1,0 +1,31 @@
+// How the fields of the sale behave while they are typed into: Text2 price, quantity, payment and discount, the amount in Label2,
+// and Text3, through which the numeric pad answers.
+#pragma once
+
+#include "desk/parts.h"
+#include "desk/price_selection.h"
+
+namespace karvel {
+
+class SaleFields {
+ public:
+  SaleFields(const DeskParts& parts, PriceSelection& prices);
+  // "Tamam" can be pressed when there is a quantity or a payment to post.
+  void OpenMainButton();
+
+ private:
+  void Changed(int index);
+  void Focused(int index);
+  void Character(int index, CharacterEvent& event);
+  void Left(int index);
+  void LookUpPriceText();
+  void TakePadValue();
+
+  DeskParts parts_;
+  PriceSelection& prices_;
+};
+
+// All field names Label1(0) to Label1(6) yellow, none marked.
+void UnmarkFieldNames(Screen& screen);
+
+}  // namespace karvel

@@ -1,0 +1,13 @@
+#include "desk/steps.h"
+
+#include <fmt/format.h>
+
+#include "platform/log.h"
+
+namespace karvel {
+
+void Steps::operator()(std::string_view step, const Status& outcome) const {
+  if (!outcome.Ok()) Log(fmt::format("{}, {}: {}", name_, step, outcome.Message()));
+}
+
+}  // namespace karvel

@@ -1,0 +1,32 @@
+// What the desk stands on, handed to its features: the interfaces to the world outside. The front end, the robot and the tests each bring theirs.
+#pragma once
+
+namespace karvel {
+
+class Clock;
+class EventLoop;
+class Files;
+class Messages;
+class SettingsStore;
+class Shell;
+class Keyboard;
+class Window;
+class Scanner;
+class Connection;
+class Stores;
+
+struct World {
+  Clock& clock;
+  EventLoop& loop;
+  Files& files;
+  Messages& messages;
+  SettingsStore& settings;
+  Shell& shell;
+  Keyboard& keyboard;
+  Window& window;
+  Scanner& scanner;
+  Connection& connection;
+  Stores& stores;
+};
+
+}  // namespace karvel

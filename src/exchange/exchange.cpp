@@ -1,0 +1,21 @@
+#include "exchange/exchange.h"
+
+#include "desk/desk.h"
+#include "exchange/grid_layout.h"
+#include "exchange/purge.h"
+
+namespace karvel {
+
+// One member a feature, in the order in which they connect: what goes is gone before the lists are laid out.
+struct Exchange::Features {
+  explicit Features(Desk& desk) : purge(desk.Parts(), desk.Opening()), layouts(desk.Parts(), desk.Opening()) {}
+
+  Purge purge;
+  GridLayout layouts;
+};
+
+Exchange::Exchange(Desk& desk) : features_(std::make_unique<Features>(desk)) {}
+
+Exchange::~Exchange() = default;
+
+}  // namespace karvel

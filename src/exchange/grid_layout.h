@@ -1,0 +1,44 @@
+// The column layout of the five data grids, kept in small text files in the data folder, so that the clerk's layout survives restarts.
+//
+// A file is the grid's name, a suffix and ".dat"; the suffix is "C" while CiroChk is checked, else "S" while StokChk is, else "". A line a
+// column, in column order: the width in twips and whether it shows.
+//
+//   1200,#TRUE#
+//   987.5,#FALSE#
+//
+// A line that can't be read leaves its column as it is, and so does one that is missing.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "desk/parts.h"
+#include "platform/signal.h"
+
+namespace karvel {
+
+class GridLayout {
+ public:
+  // Loads the layouts when the desk opens, and one when its grid gets other columns; saves one when the clerk changed a column.
+  GridLayout(const DeskParts& parts, Signal<>& opening);
+
+  // GridYükle: the layout that was kept; where there is none, one fitted to the headings and the grid, which is then kept.
+  void Load(GridElement& grid);
+  // GridYaz.
+  void Save(GridElement& grid);
+
+ private:
+  void Resized(GridElement& grid);
+  [[nodiscard]] std::string Path(const GridElement& grid) const;
+  void Write(const GridElement& grid);
+  // Centres the headings by blanks around them.
+  void PadHeadings(const GridElement& grid, std::vector<GridColumn>& columns) const;
+  void FitToHeadings(const GridElement& grid, std::vector<GridColumn>& columns) const;
+  // Column 1 takes what the other visible columns leave of the grid.
+  void StretchSecond(const GridElement& grid, std::vector<GridColumn>& columns) const;
+  [[nodiscard]] double TextWidth(const GridElement& grid, const std::string& text) const;
+
+  DeskParts parts_;
+};
+
+}  // namespace karvel

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/status.h"
+
+namespace karvel {
+
+// The file system by the desk's own paths: drives and shares in text ("C:\KarvelData\Cari.mdb", "\\HOST\Share\x"), names that match
+// ignoring case, program folder apart. One mapping to real paths, RealPath.
+//
+// KARVEL_HOME (default: the user's data folder, velmora-karvel) holds C/ for drive C: and net/HOST/… for shares.
+// Further drive letters, D: on, are the mounted removable disks in the order of their names.
+class Files {
+ public:
+  virtual ~Files() = default;
+  // The place on this machine. Existing names are matched ignoring case, piece by piece; what doesn't exist keeps its spelling.
+  // A path that is already this machine's own (begins with "/") comes back as it is.
+  [[nodiscard]] virtual std::string RealPath(const std::string& path) const = 0;
+  // The folder of the templates and company files, this machine's form, no slash at the end.
+  [[nodiscard]] virtual std::string ProgramFolder() const = 0;
+  // KARVEL_HOME, this machine's form.
+  [[nodiscard]] virtual std::string HomeFolder() const = 0;
+  [[nodiscard]] virtual bool Exists(const std::string& path) const = 0;
+  virtual Status MakeFolder(const std::string& path) = 0;  // with its parents; well when it exists
+  virtual Status Read(const std::string& path, std::string& bytes) const = 0;
+  // Writes the whole file or nothing: to a neighbour, synced, then renamed over the target.
+  virtual Status Write(const std::string& path, const std::string& bytes) = 0;
+  // Copies whole or not at all, in the same way. Replaces an existing target.
+  virtual Status Copy(const std::string& from, const std::string& to) = 0;
+  // The same, but a target that exists stays as it is, also one that another terminal lays there at this moment; well then.
+  virtual Status CopyNew(const std::string& from, const std::string& to) = 0;
+  virtual Status Move(const std::string& from, const std::string& to) = 0;
+  virtual Status Delete(const std::string& path) = 0;
+  // Names in a folder, sorted.
+  [[nodiscard]] virtual std::vector<std::string> List(const std::string& folder) const = 0;
+};
+
+}  // namespace karvel

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace karvel {
+
+enum class MessageIcon { None, Information, Question, Exclamation, Stop };
+enum class MessageButtons { Ok, YesNo };
+enum class MessageAnswer { Ok, Yes, No };
+
+struct FontChoice {
+  std::string name;
+  double size = 0;  // points
+  bool bold = false;
+};
+
+// The boxes that wait for the clerk. No commit may be open when one is shown.
+class Messages {
+ public:
+  virtual ~Messages() = default;
+  // A box with no answer at hand takes its default: Ok, or No for Yes and No.
+  virtual MessageAnswer MessageBox(const std::string& text, const std::string& title, MessageIcon icon, MessageButtons buttons) = 0;
+  // Asks for a line of text; nothing when the clerk cancels.
+  virtual std::optional<std::string> InputBox(const std::string& prompt, const std::string& title, const std::string& preset) = 0;
+  virtual std::optional<FontChoice> FontDialog(const FontChoice& preset) = 0;
+  // A path chosen by the clerk, in the desk's form (C:\…); nothing when he cancels.
+  virtual std::optional<std::string> FileDialog(const std::string& title, const std::string& preset) = 0;
+};
+
+}  // namespace karvel

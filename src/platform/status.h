@@ -1,0 +1,41 @@
+// The outcome of an operation on the outside world: well, or a kind of failure with a message for the log.
+#pragma once
+
+#include <string>
+#include <utility>
+
+namespace karvel {
+
+enum class ErrorKind {
+  None,
+  BadText,      // a source, criterion or value that can't be understood
+  NoRecord,     // no current record, or it is gone
+  NotOpen,      // an operation that needs an open copy, source or store
+  Busy,         // another terminal holds the store too long
+  DiskFull,     // no room left
+  NoRights,     // read-only folder or file
+  Damaged,      // not a database, or a malformed one
+  Missing,      // no such file or folder
+  Other,
+};
+
+class [[nodiscard]] Status {
+ public:
+  Status() = default;
+  Status(ErrorKind kind, std::string message) : kind_(kind), message_(std::move(message)) {}
+  [[nodiscard]] bool Ok() const { return kind_ == ErrorKind::None; }
+  explicit operator bool() const { return Ok(); }
+  [[nodiscard]] ErrorKind Kind() const { return kind_; }
+  [[nodiscard]] const std::string& Message() const { return message_; }
+  // For the few places where going on is the rule, whatever happened.
+  void Ignore() const {}
+
+ private:
+  ErrorKind kind_ = ErrorKind::None;
+  std::string message_;
+};
+
+// What the clerk reads about a failure: one plain Turkish sentence, with what he can do.
+std::string ClerkMessage(const Status& status);
+
+}  // namespace karvel

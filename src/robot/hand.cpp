@@ -1,0 +1,71 @@
+#include "robot/hand.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QTest>
+#include <QWidget>
+
+namespace karvel {
+namespace {
+
+// Events of a person are marked as coming from outside; that is what moves the focus with a tap.
+void SendAsPerson(QWidget& widget, QEvent& event) {
+  QSpontaneKeyEvent::setSpontaneous(&event);
+  QCoreApplication::instance()->notify(&widget, &event);
+}
+
+void SendMouse(const QPointer<QWidget>& widget, QEvent::Type type, const QPointF& point, Qt::MouseButton button) {
+  if (!widget) return;
+  const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::MouseButtons(button);
+  QMouseEvent event(type, point, widget->mapTo(widget->window(), point), widget->mapToGlobal(point), button, held, Qt::NoModifier);
+  SendAsPerson(*widget, event);
+}
+
+}  // namespace
+
+void TapAt(QWidget& widget, const QPoint& point, Tap tap) {
+  QWidget* const inner = widget.childAt(point);
+  const QPointer<QWidget> target = inner ? inner : &widget;
+  const QPointF at = target->mapFrom(&widget, QPointF(point));
+  const Qt::MouseButton button = tap == Tap::Right ? Qt::RightButton : Qt::LeftButton;
+  if (tap != Tap::Release) SendMouse(target, QEvent::MouseButtonPress, at, button);
+  if (tap != Tap::Press) SendMouse(target, QEvent::MouseButtonRelease, at, button);
+  if (tap != Tap::Double) return;
+  SendMouse(target, QEvent::MouseButtonDblClick, at, button);
+  SendMouse(target, QEvent::MouseButtonRelease, at, button);
+}
+
+void TapCenter(QWidget& widget, Tap tap) {
+  TapAt(widget, widget.rect().center(), tap);
+}
+
+void Strike(const KeyStroke& stroke, QWidget& otherwise) {
+  const auto send = [&](bool press) {
+    QWidget* const focused = QApplication::focusWidget();
+    QWidget& target = focused ? *focused : otherwise;
+    QKeyEvent event(press ? QEvent::KeyPress : QEvent::KeyRelease, stroke.key, stroke.modifiers, stroke.text);
+    // A shortcut takes the key before the widget does.
+    if (press && qt_sendShortcutOverrideEvent(&target, event.timestamp(), stroke.key, stroke.modifiers, stroke.text)) return;
+    SendAsPerson(target, event);
+  };
+  const QPointer<QWidget> alive(&otherwise);
+  send(true);
+  if (alive) send(false);
+}
+
+void Settle() {
+  // What a first round queues may queue once more: a sent key moves the focus, the focus selects a text.
+  for (int round = 0; round < 3; ++round) QCoreApplication::processEvents();
+}
+
+void ClosePopUps() {
+  for (int guard = 0; guard < 8; ++guard) {
+    QWidget* const open = QApplication::activePopupWidget();
+    if (!open) return;
+    open->close();
+  }
+}
+
+}  // namespace karvel

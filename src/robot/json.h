@@ -1,0 +1,25 @@
+// The robot's objects keep the order in which their entries were set, so that an answer begins with "ok".
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+#include <string>
+
+namespace karvel {
+
+using Json = nlohmann::ordered_json;
+
+// A request that can't be done; its text is the answer's "error".
+class RequestError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// What a request tells under a key. Without it, or with another type, a RequestError names the key.
+std::string TextOf(const Json& request, const char* key);
+int NumberOf(const Json& request, const char* key);
+int NumberOf(const Json& request, const char* key, int preset);
+bool BooleanOf(const Json& request, const char* key);
+bool BooleanOf(const Json& request, const char* key, bool preset);
+
+}  // namespace karvel

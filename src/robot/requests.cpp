@@ -1,0 +1,210 @@
+#include "robot/requests.h"
+
+#include <fmt/format.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QEventLoop>
+#include <QPixmap>
+#include <QTimer>
+
+#include "app/desk_grid.h"
+#include "app/desk_window.h"
+#include "desk/desk.h"
+#include "robot/setting_values.h"
+
+namespace karvel {
+namespace {
+
+constexpr int kRowLimit = 10000;  // of a grid's rows in one answer, unless a request tells another
+
+Json Refusal(const std::string& error) {
+  return {{"ok", false}, {"error", error}};
+}
+
+Json ParseRequest(const std::string& line) {
+  Json request = Json::parse(line, nullptr, false);
+  if (!request.is_object()) throw RequestError("the line is not a JSON object");
+  return request;
+}
+
+const Json kDone = Json::object();
+
+}  // namespace
+
+Requests::Requests(Desk& desk, DeskWindow& window, RobotWorld& world) : desk_(desk), window_(window), world_(world) {
+  targets_.Add({.name = "Form1",
+                .elements = [&desk] { return &desk.screen.elements; },
+                .widgetOf = [&window](const Element& element) { return window.WidgetOf(element); },
+                .actionOf = [&window](const Element& element) { return window.ActionOf(element); }});
+  AddHandHandlers();
+  AddWorldHandlers();
+}
+
+void Requests::AddHandHandlers() {
+  handlers_["click"] = [this](const Json& request) { return DoTap(request, Tap::Click); };
+  handlers_["dblclick"] = [this](const Json& request) { return DoTap(request, Tap::Double); };
+  handlers_["rightclick"] = [this](const Json& request) { return DoTap(request, Tap::Right); };
+  handlers_["press"] = [this](const Json& request) { return DoTap(request, Tap::Press); };
+  handlers_["release"] = [this](const Json& request) { return DoTap(request, Tap::Release); };
+  handlers_["type"] = [this](const Json& request) { return DoType(request); };
+  handlers_["key"] = [this](const Json& request) { return DoKey(request); };
+  handlers_["row"] = [this](const Json& request) { return DoRow(request); };
+  handlers_["head"] = [this](const Json& request) { return DoHead(request); };
+  handlers_["set"] = [this](const Json& request) {
+    const auto value = request.find("value");
+    if (value == request.end()) throw RequestError("the request lacks \"value\"");
+    const Target target = targets_.FindReachable(TextOf(request, "at"));
+    Focus(target);
+    SetValue(target, *value);
+    return kDone;
+  };
+  handlers_["close"] = [this](const Json&) {
+    window_.close();
+    return kDone;
+  };
+}
+
+void Requests::AddWorldHandlers() {
+  handlers_["get"] = [this](const Json& request) { return DescribeElement(targets_.Find(TextOf(request, "at"))); };
+  handlers_["grid"] = [this](const Json& request) {
+    return DescribeGrid(targets_.Find(TextOf(request, "at")), NumberOf(request, "limit", kRowLimit));
+  };
+  handlers_["state"] = [this](const Json&) { return DescribeState(desk_); };
+  handlers_["scan"] = [this](const Json& request) { return DoScan(request); };
+  handlers_["answer"] = [this](const Json& request) {
+    world_.messages.QueueAnswer(TextOf(request, "with"));
+    return kDone;
+  };
+  handlers_["messages"] = [this](const Json&) { return Json{{"messages", world_.messages.TakeShown()}}; };
+  handlers_["printed"] = [this](const Json&) { return Json{{"printed", world_.printed.Take()}}; };
+  handlers_["clock"] = [this](const Json& request) { return DoClock(request); };
+  handlers_["connection"] = [this](const Json& request) {
+    world_.connection.Set(BooleanOf(request, "up"));
+    return kDone;
+  };
+  handlers_["wait"] = [](const Json& request) {
+    QEventLoop loop;
+    QTimer::singleShot(std::max(0, NumberOf(request, "ms")), Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    loop.exec();
+    return kDone;
+  };
+  handlers_["shot"] = [this](const Json& request) { return DoShot(request); };
+}
+
+Json Requests::Handle(const std::string& line) {
+  try {
+    // A window that lost its place in front (another program, a closed menu) would get no focus.
+    if (window_.isVisible() && !QApplication::activeWindow()) QApplication::setActiveWindow(&window_);
+    Json answer{{"ok", true}};
+    answer.update(Do(ParseRequest(line)));
+    Settle();
+    return answer;
+  } catch (const std::exception& error) {
+    return Refusal(error.what());
+  }
+}
+
+std::optional<Json> Requests::HandleEarly(const std::string& line) {
+  const Json request = Json::parse(line, nullptr, false);
+  if (!request.is_object() || !request.contains("do") || request["do"] != "connection") return std::nullopt;
+  return Handle(line);
+}
+
+Json Requests::Do(const Json& request) {
+  const std::string word = TextOf(request, "do");
+  const auto found = handlers_.find(word);
+  if (found == handlers_.end()) throw RequestError(fmt::format("unknown request {}", word));
+  return found->second(request);
+}
+
+Json Requests::DoTap(const Json& request, Tap tap) {
+  const std::string name = TextOf(request, "at");
+  // What was pressed may have hidden itself; the finger comes up all the same.
+  const Target target = tap == Tap::Release ? targets_.Find(name) : targets_.FindReachable(name);
+  if (target.action) {
+    if (tap != Tap::Click) throw RequestError(fmt::format("{} is a menu entry: it can only be clicked", name));
+    target.action->trigger();
+    ClosePopUps();
+    return kDone;
+  }
+  if (!target.widget) throw RequestError(fmt::format("{} has no place on the window", name));
+  ClosePopUps();
+  TapCenter(*target.widget, tap);
+  return kDone;
+}
+
+void Requests::Focus(const Target& target) const {
+  ClosePopUps();
+  if (target.widget) target.widget->setFocus(Qt::OtherFocusReason);
+  Settle();
+  const QWidget* const focused = QApplication::focusWidget();
+  // A handler may have sent the focus elsewhere; nowhere at all means that the target can't have it.
+  if (!target.widget || !focused || focused == &window_) throw RequestError(fmt::format("{} can't take the focus", target.element->Name()));
+}
+
+Json Requests::DoType(const Json& request) {
+  const std::string text = TextOf(request, "text");
+  if (request.contains("at")) Focus(targets_.FindReachable(TextOf(request, "at")));
+  for (const KeyStroke& stroke : KeysOfText(text)) Strike(stroke, window_);
+  return kDone;
+}
+
+Json Requests::DoKey(const Json& request) {
+  const std::string name = TextOf(request, "key");
+  const std::optional<KeyStroke> stroke = KeyByName(name);
+  if (!stroke) throw RequestError(fmt::format("there is no key {}", name));
+  if (request.contains("at")) Focus(targets_.FindReachable(TextOf(request, "at")));
+  Strike(*stroke, window_);
+  return kDone;
+}
+
+Json Requests::DoRow(const Json& request) {
+  const Target target = targets_.FindReachable(TextOf(request, "at"));
+  DeskGrid& grid = GridOf(target);
+  const int row = NumberOf(request, "row"), column = NumberOf(request, "column", 0);
+  const bool isDouble = BooleanOf(request, "dblclick", false);
+  const QRect cell = row < 0 || column < 0 ? QRect() : grid.CellRect(row, column);
+  if (cell.isEmpty()) throw RequestError(fmt::format("{} has no cell in row {}, column {}", target.element->Name(), row, column));
+  ClosePopUps();
+  TapAt(*grid.viewport(), cell.center(), isDouble ? Tap::Double : Tap::Click);
+  return kDone;
+}
+
+Json Requests::DoHead(const Json& request) {
+  const Target target = targets_.FindReachable(TextOf(request, "at"));
+  DeskGrid& grid = GridOf(target);
+  const int column = NumberOf(request, "column");
+  const QRect head = column < 0 ? QRect() : grid.HeadRect(column);
+  if (head.isEmpty()) throw RequestError(fmt::format("{} has no column {}", target.element->Name(), column));
+  ClosePopUps();
+  TapAt(*grid.viewport(), head.center(), Tap::Click);
+  return kDone;
+}
+
+Json Requests::DoScan(const Json& request) {
+  const std::string code = TextOf(request, "code");
+  world_.scanner.Read(code);
+  return kDone;
+}
+
+Json Requests::DoClock(const Json& request) {
+  const auto now = request.find("now");
+  if (now == request.end()) throw RequestError("the request lacks \"now\"");
+  if (now->is_null()) {
+    world_.clock.Free();
+    return kDone;
+  }
+  const DateTime moment = DateTime::FromIso(TextOf(request, "now"));
+  if (moment.IsEmpty()) throw RequestError("\"now\" is not a moment like 2026-03-01T10:15:00");
+  world_.clock.Fix(moment);
+  return kDone;
+}
+
+Json Requests::DoShot(const Json& request) {
+  const std::string file = TextOf(request, "file");
+  if (!window_.grab().save(QString::fromStdString(file), "PNG")) throw RequestError(fmt::format("can't write {}", file));
+  return kDone;
+}
+
+}  // namespace karvel

@@ -1,0 +1,53 @@
+// What the robot can be asked to do: one handler a request, found by the word in its "do".
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+
+#include "robot/answers.h"
+#include "robot/hand.h"
+#include "robot/robot_world.h"
+#include "robot/targets.h"
+
+namespace karvel {
+
+class Desk;
+class DeskWindow;
+
+class Requests {
+ public:
+  // All of them outlive the requests.
+  Requests(Desk& desk, DeskWindow& window, RobotWorld& world);
+
+  // Does what one line asks and returns its answer, {"ok":true,…} or {"ok":false,"error":"…"}, when the desk's handlers have returned.
+  // No line makes it throw.
+  [[nodiscard]] Json Handle(const std::string& line);
+  // A line that tells about the world outside and needs no desk: it holds also while the desk is in the middle of something that
+  // waits for it. Nothing for any other line.
+  [[nodiscard]] std::optional<Json> HandleEarly(const std::string& line);
+
+ private:
+  using Handler = std::function<Json(const Json& request)>;
+  Json Do(const Json& request);
+  void AddHandHandlers();
+  void AddWorldHandlers();
+  Json DoTap(const Json& request, Tap tap);
+  Json DoType(const Json& request);
+  Json DoKey(const Json& request);
+  Json DoRow(const Json& request);
+  Json DoHead(const Json& request);
+  Json DoScan(const Json& request);
+  Json DoClock(const Json& request);
+  Json DoShot(const Json& request);
+  // Gives the target the focus as Tab does; an element that doesn't take it is a RequestError.
+  void Focus(const Target& target) const;
+
+  Desk& desk_;
+  DeskWindow& window_;
+  RobotWorld& world_;
+  Targets targets_;
+  std::map<std::string, Handler, std::less<>> handlers_;
+};
+
+}  // namespace karvel

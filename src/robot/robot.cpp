@@ -1,0 +1,77 @@
+#include "robot/robot.h"
+
+#include <QCoreApplication>
+#include <QTimer>
+#include <utility>
+
+#include "app/desk_window.h"
+
+namespace karvel {
+
+Robot::Robot(Desk& desk, DeskWindow& window, RobotWorld& world, int input, std::FILE* output)
+    : window_(window),
+      requests_(desk, window, world),
+      output_(output),
+      input_(
+          input,
+          [this](std::string line) {
+            waiting_.push_back({std::move(line), std::nullopt});
+            PumpSoon();
+          },
+          [this] {
+            ended_ = true;
+            PumpSoon();
+          }) {
+  connect(&window, &DeskWindow::activated, this, [this] {
+    ready_ = true;
+    PumpSoon();
+  });
+  connect(&window, &DeskWindow::closed, this, [this] { closed_ = true; });
+}
+
+void Robot::PumpSoon() {
+  QTimer::singleShot(0, this, &Robot::Pump);
+}
+
+void Robot::Pump() {
+  if (closed_) return;
+  if (!ready_ || busy_) {
+    HandleEarly();
+    if (!ready_ && ended_ && waiting_.empty()) Close();  // nobody is there to wait for
+    return;
+  }
+  if (waiting_.empty()) {
+    if (ended_) Close();
+    return;
+  }
+  // One request a round, so that the main loop itself comes to its turn between two: it is what deletes what is to be deleted.
+  busy_ = true;
+  const Waiting next = std::move(waiting_.front());
+  waiting_.pop_front();
+  Answer(next.answer ? *next.answer : requests_.Handle(next.line));
+  busy_ = false;
+  PumpSoon();
+}
+
+void Robot::HandleEarly() {
+  for (Waiting& next : waiting_) {
+    if (!next.answer) next.answer = requests_.HandleEarly(next.line);
+    if (!next.answer) return;
+  }
+}
+
+void Robot::Close() {
+  busy_ = true;
+  window_.close();
+  // A desk that refuses to close has no one left to tell.
+  QCoreApplication::exit(0);
+}
+
+void Robot::Answer(const Json& answer) {
+  // Letters that a damaged text lost must not end the robot.
+  const std::string line = answer.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
+  std::fwrite(line.data(), 1, line.size(), output_);
+  std::fflush(output_);
+}
+
+}  // namespace karvel

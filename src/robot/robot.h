@@ -1,0 +1,44 @@
+// Reads requests, one a line, and answers them in their order, one line each. A request is begun when the desk's handlers for the one
+// before have returned, also when they let events run meanwhile.
+#pragma once
+
+#include <QObject>
+#include <cstdio>
+#include <deque>
+#include <optional>
+#include <string>
+
+#include "robot/line_input.h"
+#include "robot/requests.h"
+
+namespace karvel {
+
+class Robot : public QObject {
+ public:
+  // Begins when the window was activated. The end of the input is a request to close.
+  Robot(Desk& desk, DeskWindow& window, RobotWorld& world, int input, std::FILE* output);
+
+ private:
+  struct Waiting {
+    std::string line;
+    std::optional<Json> answer;  // of a line that was handled early
+  };
+
+  void Pump();
+  void PumpSoon();
+  void HandleEarly();
+  void Close();
+  void Answer(const Json& answer);
+
+  DeskWindow& window_;
+  Requests requests_;
+  std::FILE* const output_;
+  LineInput input_;
+  std::deque<Waiting> waiting_;
+  bool ready_ = false;   // the window was activated
+  bool busy_ = false;    // a request's handlers are running
+  bool ended_ = false;   // no more input
+  bool closed_ = false;  // the window is gone
+};
+
+}  // namespace karvel

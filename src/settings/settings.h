@@ -1,0 +1,45 @@
+// One terminal's options by name: reads and saves them in the settings store under the title of this terminal.
+// Booleans are saved as "True" and "False"; True, Doğru and every number but 0 read as true, anything else as false.
+#pragma once
+
+#include <string>
+
+#include "platform/settings_store.h"
+#include "settings/settings_table.h"
+
+namespace karvel {
+
+class Settings {
+ public:
+  // The store is borrowed and outlives this.
+  Settings(SettingsStore& store, std::string title);
+
+  [[nodiscard]] const std::string& Title() const { return title_; }
+
+  [[nodiscard]] std::string Get(Setting setting) const;
+  // With another preset than the table's, where the desk itself knows a better one (a caption, a printer in use).
+  [[nodiscard]] std::string Get(Setting setting, const std::string& preset) const;
+  void Save(Setting setting, const std::string& value);
+
+  [[nodiscard]] bool GetBoolean(Setting setting) const;
+  void SaveBoolean(Setting setting, bool value);
+  // What isn't a number is 0.
+  [[nodiscard]] double GetNumber(Setting setting) const;
+  // As a plain number.
+  void SaveNumber(Setting setting, double value);
+
+  // Options kept once for each entry of a menu (Setting::LogoMark): the index stands behind the key.
+  [[nodiscard]] bool GetBooleanAt(Setting setting, int index) const;
+  void SaveBooleanAt(Setting setting, int index, bool value);
+
+  // Takes the next slip number, six digits or more, and saves it. Never gives one number twice, whichever terminals ask.
+  std::string NextSlipNumber();
+
+ private:
+  [[nodiscard]] std::string Application(const SettingEntry& entry) const;
+
+  SettingsStore& store_;
+  std::string title_;
+};
+
+}  // namespace karvel

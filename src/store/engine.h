@@ -1,0 +1,87 @@
+// What stands under the cursors: one data folder's tables, read and written by catalogue names, dialect conditions and row keys.
+//
+// What stays true:
+// - Equal order terms are broken by the row key, in the direction of the last term; without terms rows stand by rising row key.
+// - Outside a transaction every write lands by itself or not at all; inside one, all writes land at Commit, over all files of the folder.
+// - A transaction may hold the write lock of the whole folder from Begin on; writers wait for it in line.
+// - Driver errors come out as Status kinds; no driver's own code or exception passes this interface.
+// DataTemp.Mdb lies in the program folder: it is opened at its first use, and its writes land beside the transaction, not within it.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "platform/status.h"
+#include "store/catalogue.h"
+#include "store/dialect/dialect.h"
+#include "store/row.h"
+
+namespace karvel {
+
+// The rows of one table for which all conditions hold, in an order.
+struct RowQuery {
+  const DatabaseFile* file = nullptr;
+  const Table* table = nullptr;
+  std::vector<dialect::ExprPtr> where;
+  std::vector<dialect::OrderTerm> order;
+};
+
+// Which rows of a query are wanted. They always come in the query's order.
+struct RowRange {
+  enum class From {
+    Start,   // the first ones
+    End,     // the last ones
+    Behind,  // those behind `beside`, the nearest first
+    Before,  // those before `beside`, the nearest last
+  };
+  From from = From::Start;
+  const GridRow* beside = nullptr;  // a row as it was read; it may be gone or changed since
+  int limit = 1;
+  std::int64_t offset = 0;  // of Start: so many rows are passed over
+};
+
+struct FieldValue {
+  int position;  // in the table's columns
+  Value value;   // of the column's type
+};
+
+class Engine {
+ public:
+  virtual ~Engine() = default;
+
+  // Opens the data folder's eight files, recovers them in place where a writer died, and checks that each holds its tables.
+  // Missing or Damaged tell the file by name, and nothing is open then. An open folder is closed first.
+  virtual Status Open(const std::string& folder) = 0;
+  virtual void Close() = 0;
+  [[nodiscard]] virtual bool IsOpen() const = 0;
+
+  // Cost of a range is that of an index seek when an index fits the conditions and the order.
+  virtual Status Select(const RowQuery& query, const RowRange& range, std::vector<GridRow>& rows) = 0;
+  virtual Status Count(const RowQuery& query, std::int64_t& count) = 0;
+  // How many rows of the query stand before a row.
+  virtual Status CountBefore(const RowQuery& query, const GridRow& row, std::int64_t& count) = 0;
+  // The sum of a number column; Null when no row matched.
+  virtual Status Sum(const RowQuery& query, int position, Value& sum) = 0;
+  // NoRecord when the row is gone. For an edit, inside a transaction, no other writer can change the row until the transaction ends.
+  virtual Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool forEdit, GridRow& row) = 0;
+
+  // A whole row, in catalogue order.
+  virtual Status Insert(const DatabaseFile& file, const Table& table, const Row& values, RowKey& key) = 0;
+  // Writes these fields only. NoRecord when the row is gone; so for Delete.
+  virtual Status Change(const DatabaseFile& file, const Table& table, RowKey key, std::span<const FieldValue> fields) = 0;
+  virtual Status Delete(const DatabaseFile& file, const Table& table, RowKey key) = 0;
+  virtual Status DeleteWhere(const RowQuery& query, std::int64_t& count) = 0;
+
+  virtual Status Begin() = 0;
+  // A commit that fails has rolled back.
+  virtual Status Commit() = 0;
+  virtual void Rollback() = 0;
+  // False also when an error inside has ended the transaction and undone its writes.
+  [[nodiscard]] virtual bool InTransaction() const = 0;
+  // Whether every row read inside a transaction is safe from other writers until its end, not only those read for an edit.
+  [[nodiscard]] virtual bool ReadsHold() const = 0;
+};
+
+}  // namespace karvel

@@ -1,0 +1,277 @@
+#include "store/position.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/log.h"
+#include "store/stores.h"
+
+namespace karvel {
+namespace {
+
+// The first read ahead is short, for most walks end soon; a walk that goes on reads further.
+constexpr int kFirstAhead = 8;
+constexpr int kMostAhead = 64;
+
+Status NoCurrent() {
+  return {ErrorKind::NoRecord, "no current record"};
+}
+
+}  // namespace
+
+void Position::Take(RowQuery source) {
+  Drop();
+  source_ = std::move(source);
+  opening_ = stores_.Openings();
+  place_ = Place::First;
+}
+
+void Position::Drop() {
+  source_.reset();
+  place_ = Place::None;
+  current_ = {};
+  stoodAs_.reset();
+  ahead_.clear();
+  rowCount_ = -1;
+}
+
+bool Position::OnRow() {
+  Settle();
+  return place_ == Place::OnRow;
+}
+
+bool Position::Bof() {
+  Settle();
+  return place_ == Place::Bof || place_ == Place::None;
+}
+
+bool Position::Eof() {
+  Settle();
+  return place_ == Place::Eof || place_ == Place::None;
+}
+
+bool Position::HasRows() {
+  Settle();
+  if (place_ == Place::OnRow) return true;
+  if (!IsLive()) return false;
+  std::vector<GridRow> rows;
+  if (Status read = Select({}, rows); !read.Ok()) Log(read.Message());
+  return !rows.empty();
+}
+
+void Position::ToFirst() {
+  if (source_) place_ = Place::First;
+}
+
+void Position::ToLast() {
+  if (source_) place_ = Place::Last;
+}
+
+Status Position::Next() {
+  return Step(true);
+}
+Status Position::Previous() {
+  return Step(false);
+}
+
+// 1. From before the first row the step is to the first one, and the same at the other end. 2. The row beside comes from what was read
+// ahead, as long as nothing was written since and the walk keeps its direction. 3. Otherwise a new stretch is read.
+Status Position::Step(bool forward) {
+  Settle();
+  if (place_ == (forward ? Place::Bof : Place::Eof)) {
+    place_ = forward ? Place::First : Place::Last;
+    return {};
+  }
+  if (place_ != Place::OnRow && place_ != Place::Gone) return NoCurrent();
+
+  const bool kept = !ahead_.empty() && aheadForward_ == forward && aheadCount_ == WriteCount();
+  if (!kept || aheadAt_ == ahead_.size()) {
+    aheadSize_ = kept ? std::min(aheadSize_ * 4, kMostAhead) : kFirstAhead;
+    const bool wasShort = kept && ahead_.size() % kFirstAhead != 0;
+    std::vector<GridRow> rows;
+    const RowRange range{forward ? RowRange::From::Behind : RowRange::From::Before, &Beside(), aheadSize_, 0};
+    if (!wasShort) {
+      const std::uint64_t count = WriteCount();
+      if (Status read = Select(range, rows); !read.Ok()) return read;
+      if (!forward) std::reverse(rows.begin(), rows.end());
+      aheadCount_ = count;
+      aheadAction_ = Action();
+    }
+    ahead_ = std::move(rows);
+    aheadAt_ = 0;
+    aheadForward_ = forward;
+  }
+  if (ahead_.empty()) {
+    place_ = forward ? Place::Eof : Place::Bof;
+    return {};
+  }
+  current_ = std::move(ahead_[aheadAt_++]);
+  stoodAs_.reset();
+  currentCount_ = aheadCount_;
+  currentAction_ = aheadAction_;
+  place_ = Place::OnRow;
+  return {};
+}
+
+Status Position::Find(const dialect::ExprPtr& criterion, bool behindCurrent) {
+  RowRange range;
+  if (behindCurrent) {
+    Settle();
+    if (place_ == Place::Eof || place_ == Place::None) return NoCurrent();
+    if (place_ == Place::OnRow || place_ == Place::Gone) {
+      range.from = RowRange::From::Behind;
+      range.beside = &Beside();
+    }
+  }
+  std::vector<GridRow> rows;
+  if (Status read = Select(range, rows, criterion); !read.Ok()) return read;
+  if (rows.empty()) return {ErrorKind::NoRecord, "no row matches"};
+  StandOn(std::move(rows.front()));
+  return {};
+}
+
+Status Position::To(RowKey key) {
+  if (!IsLive()) return NoCurrent();
+  GridRow row;
+  Status read = stores_.Read([&](Engine& engine) { return engine.Read(*source_->file, *source_->table, key, false, row); });
+  if (read.Ok()) StandOn(std::move(row));
+  return read;
+}
+
+Status Position::ReadForEdit() {
+  if (!OnRow()) return NoCurrent();
+  if (currentAction_ == stores_.ActionNumber()) return {};
+  GridRow row;
+  Status read = stores_.Read([&](Engine& engine) { return engine.Read(*source_->file, *source_->table, current_.key, true, row); });
+  if (read.Ok()) {
+    Reread(std::move(row.values));
+    currentCount_ = WriteCount();
+    currentAction_ = stores_.ActionNumber();
+  } else if (read.Kind() == ErrorKind::NoRecord) {
+    place_ = Place::Gone;
+  }
+  return read;
+}
+
+void Position::Written(const Row& values, std::uint64_t before) {
+  Reread(values);
+  if (currentCount_ == before) currentCount_ = WriteCount();
+}
+
+void Position::Added(std::uint64_t before) {
+  // A source that had no row now begins with the added one, if it belongs there.
+  if (place_ == Place::None && source_) place_ = Place::First;
+  if (currentCount_ == before) currentCount_ = WriteCount();
+}
+
+void Position::Deleted() {
+  place_ = Place::Gone;
+}
+
+Status Position::Rows(const RowRange& range, std::vector<GridRow>& rows) {
+  rows.clear();
+  if (!IsLive() || range.limit <= 0) return {};
+  if (range.beside != nullptr && range.beside->values.size() != source_->table->columns.size()) return NoCurrent();
+  return Select(range, rows);
+}
+
+Status Position::Count(std::int64_t& count) {
+  count = 0;
+  if (!IsLive()) return {};
+  const std::uint64_t writes = WriteCount();
+  if (rowCount_ >= 0 && rowCountCount_ == writes) {
+    count = rowCount_;
+    return {};
+  }
+  Status counted = stores_.Read([&](Engine& engine) { return engine.Count(*source_, count); });
+  if (!counted.Ok()) return counted;
+  rowCount_ = count;
+  rowCountCount_ = writes;
+  return {};
+}
+
+Status Position::CountBefore(const GridRow& row, std::int64_t& count) {
+  count = 0;
+  if (!IsLive() || row.values.size() != source_->table->columns.size()) return NoCurrent();
+  return stores_.Read([&](Engine& engine) { return engine.CountBefore(*source_, row, count); });
+}
+
+bool Position::IsLive() const {
+  return source_ && opening_ == stores_.Openings();
+}
+
+std::uint64_t Position::Action() const {
+  return stores_.InAction() && stores_.Driver().ReadsHold() ? stores_.ActionNumber() : 0;
+}
+
+std::uint64_t Position::WriteCount() const {
+  return source_ ? stores_.WriteCount(*source_->table) : 0;
+}
+
+void Position::Settle() {
+  if (!IsLive()) {
+    place_ = Place::None;
+    return;
+  }
+  if (place_ == Place::OnRow) {
+    if (currentCount_ != WriteCount()) ReadAgain();
+    return;
+  }
+  if (place_ != Place::First && place_ != Place::Last) return;
+  RowRange range;
+  range.from = place_ == Place::First ? RowRange::From::Start : RowRange::From::End;
+  std::vector<GridRow> rows;
+  if (Status read = Select(range, rows); !read.Ok()) {
+    Log(read.Message());
+    return;
+  }
+  if (rows.empty()) {
+    place_ = Place::None;
+  } else {
+    StandOn(std::move(rows.front()));
+  }
+}
+
+void Position::ReadAgain() {
+  const std::uint64_t count = WriteCount();
+  GridRow row;
+  const Status read = stores_.Read([&](Engine& engine) { return engine.Read(*source_->file, *source_->table, current_.key, false, row); });
+  if (read.Ok()) {
+    Reread(std::move(row.values));
+    currentCount_ = count;
+    currentAction_ = Action();
+  } else if (read.Kind() == ErrorKind::NoRecord) {
+    place_ = Place::Gone;
+  } else {
+    Log(read.Message());
+  }
+}
+
+void Position::Reread(Row values) {
+  const auto moved = [&](const dialect::OrderTerm& term) {
+    const auto at = static_cast<std::size_t>(term.position);
+    return current_.values[at] != values[at];
+  };
+  if (!stoodAs_ && std::any_of(source_->order.begin(), source_->order.end(), moved)) stoodAs_ = current_;
+  current_.values = std::move(values);
+}
+
+void Position::StandOn(GridRow row) {
+  current_ = std::move(row);
+  stoodAs_.reset();
+  currentCount_ = WriteCount();
+  currentAction_ = Action();
+  place_ = Place::OnRow;
+  ahead_.clear();
+}
+
+Status Position::Select(const RowRange& range, std::vector<GridRow>& rows, const dialect::ExprPtr& also) {
+  if (!IsLive()) return NoCurrent();
+  if (!also) return stores_.Read([&](Engine& engine) { return engine.Select(*source_, range, rows); });
+  source_->where.push_back(also);
+  Status read = stores_.Read([&](Engine& engine) { return engine.Select(*source_, range, rows); });
+  source_->where.pop_back();
+  return read;
+}
+
+}  // namespace karvel

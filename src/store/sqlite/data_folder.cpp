@@ -1,0 +1,175 @@
+#include "store/sqlite/data_folder.h"
+
+#include <SQLiteCpp/Column.h>
+#include <fmt/format.h>
+#include <sqlite3.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+#include <vector>
+
+#include "platform/log.h"
+#include "store/sqlite/errors.h"
+#include "store/sqlite/table_sql.h"
+#include "text/turkish.h"
+
+namespace karvel::sqlite {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view mainFile = "Karvel.mdb";
+
+Status Named(const DatabaseFile& file, const Status& status) {
+  return {status.Kind(), fmt::format("{}: {}", file.name, status.Message())};
+}
+
+// A writer that died leaves its journal; the first read of a file rolls it back.
+void Recover(Connection& connection, const std::string& schema) {
+  connection.Ask("SELECT count(*) FROM " + schema + ".sqlite_schema");
+}
+
+// A write-ahead log commits each file by itself, and does not work on a share.
+Status SetJournal(Connection& connection, const std::string& schema) {
+  const std::string mode = connection.Ask("PRAGMA " + schema + ".journal_mode=DELETE");
+  if (mode != "delete") return {ErrorKind::Busy, "can't leave journal mode " + mode + ": another program has it open"};
+  connection.Execute("PRAGMA " + schema + ".synchronous=FULL");
+  connection.Execute("PRAGMA " + schema + ".cache_size=-16000");
+  return {};
+}
+
+Status CheckTables(Connection& connection, const DatabaseFile& file, const std::string& schema) {
+  for (const Table& table : file.tables) {
+    std::vector<bool> present(table.columns.size(), false);
+    SQLite::Statement columns(connection.Database(), fmt::format("PRAGMA {}.table_info({})", schema, Quoted(table.name)));
+    while (columns.executeStep()) {
+      const int position = table.Position(columns.getColumn(1).getString());
+      if (position >= 0) present[static_cast<std::size_t>(position)] = true;
+    }
+    for (std::size_t i = 0; i < present.size(); ++i) {
+      if (!present[i]) return {ErrorKind::Damaged, fmt::format("no column {} in table {}", table.columns[i].name, table.name)};
+    }
+  }
+  return {};
+}
+
+// Whatever the file turns out to be is told under its name.
+Status Prepare(Connection& connection, const DatabaseFile& file, const std::string& schema) {
+  Status prepared = Run(&connection.Database(), "open", [&]() -> Status {
+    Recover(connection, schema);
+    if (Status set = SetJournal(connection, schema); !set.Ok()) return set;
+    return CheckTables(connection, file, schema);
+  });
+  return prepared.Ok() ? prepared : Named(file, prepared);
+}
+
+// Removes those super-journals that no journal of the folder names.
+void RemoveUnnamed(const std::vector<fs::path>& supers, const std::string& folder) {
+  std::error_code ignored;
+  std::string journals;
+  for (const auto& entry : fs::directory_iterator(folder, ignored)) {
+    if (!entry.path().string().ends_with("-journal")) continue;
+    std::ifstream file(entry.path(), std::ios::binary);
+    const std::string journal(std::istreambuf_iterator<char>(file), {});
+    // One that begins with a zero was never synced: no file has been touched under it, and nobody will play it back.
+    if (!journal.empty() && journal.front() != '\0') journals += journal;
+  }
+  for (const fs::path& super : supers) {
+    if (journals.find(super.filename().string()) == std::string::npos) fs::remove(super, ignored);
+  }
+}
+
+// A writer that died in a commit over several files can leave its super-journal ("Karvel.mdb-mj…") behind. Recovery has dealt with the
+// journals that name it; one is kept only if a journal still does. Under the write lock of all files, for then nobody is committing.
+void SweepSuperJournals(Connection& connection, const std::string& folder, Gate& gate) {
+  std::error_code ignored;
+  std::vector<fs::path> supers;
+  for (const auto& entry : fs::directory_iterator(folder, ignored)) {
+    const std::string name = entry.path().filename().string();
+    const auto mark = name.rfind("-mj");
+    const bool super = mark != std::string::npos && name.substr(mark + 3).find_first_not_of("0123456789ABCDEF") == std::string::npos;
+    if (super && name.size() == mark + 12) supers.push_back(entry.path());
+  }
+  // Another terminal at work leaves the sweep to a later start.
+  if (supers.empty() || !gate.Take(0).Ok()) return;
+  const Status swept = Run(&connection.Database(), "sweep", [&] {
+    connection.Execute("BEGIN IMMEDIATE");
+    RemoveUnnamed(supers, folder);
+    connection.Execute("ROLLBACK");
+  });
+  if (!swept.Ok()) Log(swept.Message());
+  gate.Leave();
+}
+
+Status OpenAll(const std::string& folder, const SqliteOptions& options, std::unique_ptr<Connection>& connection) {
+  const DatabaseFile& main = *Catalogue::File(mainFile);
+  for (const DatabaseFile& file : Catalogue::Files()) {
+    if (InDataFolder(file) && FindFile(folder, file.name).empty()) return Named(file, {ErrorKind::Missing, "not in " + folder});
+  }
+  Status opened =
+      Run(nullptr, "open", [&] { connection = std::make_unique<Connection>(FindFile(folder, main.name), options.vfs, options.busyMs); });
+  if (!opened.Ok()) return Named(main, opened);
+  // An attach reads the main database too, so that one has to be well before.
+  if (Status prepared = Prepare(*connection, main, SchemaOf(main)); !prepared.Ok()) return prepared;
+  for (const DatabaseFile& file : Catalogue::Files()) {
+    if (!InDataFolder(file) || &file == &main) continue;
+    const std::string schema = SchemaOf(file);
+    Status attached = Run(&connection->Database(), "attach", [&] {
+      const std::vector<Value> path{FindFile(folder, file.name)};
+      Running attach = connection->Prepared("ATTACH ?1 AS " + schema, path);
+      attach.Step();
+    });
+    if (!attached.Ok()) return Named(file, attached);
+    if (Status prepared = Prepare(*connection, file, schema); !prepared.Ok()) return prepared;
+  }
+  return {};
+}
+
+}  // namespace
+
+std::string FindFile(const std::string& folder, std::string_view name) {
+  std::error_code failed;
+  const fs::path exact = fs::path(folder) / name;
+  if (fs::exists(exact, failed)) return exact.string();
+  for (const auto& entry : fs::directory_iterator(folder, failed)) {
+    const std::string candidate = entry.path().filename().string();
+    if (EqualText(candidate, name)) return entry.path().string();
+  }
+  return {};
+}
+
+std::string SchemaOf(const DatabaseFile& file) {
+  return file.name == mainFile ? "main" : std::string(file.schema);
+}
+
+bool InDataFolder(const DatabaseFile& file) {
+  return file.schema != "datatemp";
+}
+
+Status OpenDataFolder(const std::string& folder, const SqliteOptions& options, Gate& gate, std::unique_ptr<Connection>& connection) {
+  std::error_code failed;
+  if (!fs::is_directory(folder, failed)) return {ErrorKind::Missing, folder + ": no such folder"};
+  // A folder that can't be written has no gate and no writers; its rows can be read all the same.
+  const bool gated = gate.Open(folder).Ok();
+  Status opened = OpenAll(folder, options, connection);
+  if (!opened.Ok()) {
+    connection.reset();
+  } else if (gated) {
+    SweepSuperJournals(*connection, folder, gate);
+  }
+  return opened;
+}
+
+Status OpenSingleFile(const DatabaseFile& file, const std::string& folder, const SqliteOptions& options,
+                      std::unique_ptr<Connection>& connection) {
+  const std::string path = FindFile(folder, file.name);
+  if (path.empty()) return Named(file, {ErrorKind::Missing, "not in " + folder});
+  Status opened = Run(nullptr, "open", [&] { connection = std::make_unique<Connection>(path, options.vfs, options.busyMs); });
+  opened = opened.Ok() ? Prepare(*connection, file, "main") : Named(file, opened);
+  if (!opened.Ok()) connection.reset();
+  return opened;
+}
+
+}  // namespace karvel::sqlite

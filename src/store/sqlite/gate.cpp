@@ -1,0 +1,109 @@
+#include "store/sqlite/gate.h"
+
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <condition_variable>
+#include <cstring>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+namespace karvel::sqlite {
+namespace {
+
+// A share may know only the older kind of lock, which belongs to the process instead of the opened file; one desk a process needs no more.
+int SetLock(int file, int type, bool wait) {
+  struct flock lock{};
+  lock.l_type = static_cast<short>(type);
+  lock.l_whence = SEEK_SET;
+  int result = fcntl(file, wait ? F_OFD_SETLKW : F_OFD_SETLK, &lock);
+  if (result != 0 && errno == EINVAL) result = fcntl(file, wait ? F_SETLKW : F_SETLK, &lock);
+  return result;
+}
+
+Status Failed(const std::string& path, int error) {
+  const bool rights = error == EACCES || error == EPERM || error == EROFS;
+  const bool full = error == ENOSPC || error == EDQUOT;
+  return {full              ? ErrorKind::DiskFull
+          : rights          ? ErrorKind::NoRights
+          : error == ENOENT ? ErrorKind::Missing
+                            : ErrorKind::Other,
+          fmt::format("{}: {}", path, std::strerror(error))};
+}
+
+int OpenFile(const std::string& path) {
+  return open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+}
+
+// A place in the line: a thread that waits in the kernel, where the waiters are woken, on an opening of its own.
+// Who gives up leaves it behind; it lets the lock go as soon as it has it.
+struct Waiter {
+  std::mutex mutex;
+  std::condition_variable changed;
+  int file = -1;
+  int error = 0;
+  bool done = false;
+  bool left = false;
+};
+
+void Wait(const std::shared_ptr<Waiter>& waiter) {
+  int result = 0;
+  do {
+    result = SetLock(waiter->file, F_WRLCK, true);
+  } while (result != 0 && errno == EINTR);
+  const std::lock_guard lock(waiter->mutex);
+  waiter->error = result == 0 ? 0 : errno;
+  waiter->done = true;
+  if (waiter->left) close(waiter->file);
+  waiter->changed.notify_one();
+}
+
+}  // namespace
+
+Status Gate::Open(const std::string& folder) {
+  Close();
+  path_ = folder + "/karvel.lock";
+  file_ = OpenFile(path_);
+  return file_ >= 0 ? Status() : Failed(path_, errno);
+}
+
+void Gate::Close() {
+  if (file_ >= 0) close(std::exchange(file_, -1));
+}
+
+Status Gate::Take(int milliseconds) {
+  if (file_ < 0) {
+    file_ = OpenFile(path_);
+    if (file_ < 0) return Failed(path_, errno);
+  }
+  if (SetLock(file_, F_WRLCK, false) == 0) return {};
+  if (errno != EAGAIN && errno != EACCES) return Failed(path_, errno);
+
+  auto waiter = std::make_shared<Waiter>();
+  waiter->file = OpenFile(path_);
+  if (waiter->file < 0) return Failed(path_, errno);
+  std::thread(Wait, waiter).detach();
+  std::unique_lock lock(waiter->mutex);
+  if (!waiter->changed.wait_for(lock, std::chrono::milliseconds(milliseconds), [&] { return waiter->done; })) {
+    waiter->left = true;
+    return {ErrorKind::Busy, fmt::format("{}: held by another terminal", path_)};
+  }
+  if (waiter->error != 0) {
+    close(waiter->file);
+    return Failed(path_, waiter->error);
+  }
+  close(file_);
+  file_ = waiter->file;
+  return {};
+}
+
+void Gate::Leave() {
+  if (file_ >= 0) SetLock(file_, F_UNLCK, false);
+}
+
+}  // namespace karvel::sqlite

@@ -1,0 +1,21 @@
+// The embedded engine: the eight files as SQLite databases of one connection, written through rollback journals so that a commit over
+// several files is whole. Other programs may read and write the files at the same time.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "store/engine.h"
+
+namespace karvel {
+
+struct SqliteOptions {
+  std::string programFolder;  // where DataTemp.Mdb lies; this machine's own path
+  int busyMs = 5000;          // how long one step waits for another program's lock
+  int gateMs = 30000;         // how long an action stands in line behind other terminals
+  std::string vfs;            // the SQLite file layer by name; empty for the usual one
+};
+
+std::unique_ptr<Engine> MakeSqliteEngine(const SqliteOptions& options);
+
+}  // namespace karvel

@@ -1,0 +1,177 @@
+#include "store/stores.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/log.h"
+#include "store/cursor.h"
+#include "store/dialect/dialect.h"
+
+namespace karvel {
+namespace {
+
+// A fault of the store itself. What a clerk typed, or a row that another terminal deleted, is none.
+bool IsFault(const Status& status) {
+  switch (status.Kind()) {
+    case ErrorKind::Busy:
+    case ErrorKind::DiskFull:
+    case ErrorKind::NoRights:
+    case ErrorKind::Damaged:
+    case ErrorKind::Missing:
+    case ErrorKind::Other:
+      return true;
+    case ErrorKind::None:
+    case ErrorKind::BadText:
+    case ErrorKind::NoRecord:
+    case ErrorKind::NotOpen:
+      break;
+  }
+  return false;
+}
+
+Status FileOf(const std::string& databaseName, const DatabaseFile*& file) {
+  file = Catalogue::File(databaseName);
+  if (file == nullptr) return {ErrorKind::Missing, fmt::format("{}: no such database file", databaseName)};
+  return {};
+}
+
+}  // namespace
+
+Stores::Stores(std::unique_ptr<Engine> engine) : engine_(std::move(engine)) {}
+
+Stores::~Stores() {
+  Close();
+}
+
+Status Stores::Open(const std::string& folder) {
+  Close();
+  Status opened = engine_->Open(folder);
+  if (!opened.Ok()) Log(fmt::format("stores: {}: {}", folder, opened.Message()));
+  return opened;
+}
+
+void Stores::Close() {
+  if (depth_ > 0) {
+    engine_->Rollback();
+    if (failure_.Ok()) failure_ = {ErrorKind::NotOpen, "the stores were closed inside the action"};
+  }
+  engine_->Close();
+  ++undone_;
+  ++openings_;
+}
+
+Status Stores::Begin(const std::string& name) {
+  if (depth_ > 0) {
+    ++depth_;
+    return {};
+  }
+  if (!engine_->IsOpen()) return {ErrorKind::NotOpen, fmt::format("{}: no stores are open", name)};
+  Status begun = engine_->Begin();
+  if (!begun.Ok()) {
+    Log(fmt::format("{}: {}", name, begun.Message()));
+    return begun;
+  }
+  depth_ = 1;
+  ++actions_;
+  actionName_ = name;
+  return {};
+}
+
+Status Stores::Commit() {
+  if (depth_ == 0) return {ErrorKind::NotOpen, "a commit without an action"};
+  if (depth_ > 1) {
+    --depth_;
+    return {};
+  }
+  Status outcome = failure_;
+  if (outcome.Ok()) {
+    outcome = engine_->Commit();
+  } else {
+    engine_->Rollback();
+  }
+  depth_ = 0;
+  failure_ = {};
+  if (!outcome.Ok()) {
+    Log(fmt::format("{}: {}", actionName_, outcome.Message()));
+    ++undone_;
+  }
+  ShowWritten();
+  return outcome;
+}
+
+Status Stores::Execute(const std::string& databaseName, const std::string& statement) {
+  const DatabaseFile* file = nullptr;
+  if (Status found = FileOf(databaseName, file); !found.Ok()) return found;
+  dialect::Statement parsed;
+  if (Status understood = dialect::ParseStatement(statement, *file, parsed); !understood.Ok()) return understood;
+  if (parsed.kind != dialect::StatementKind::Delete) return {ErrorKind::BadText, "only a DELETE can be executed"};
+  Action action(*this, statement);
+  if (!action.Begun().Ok()) return action.Begun();
+  const RowQuery query{file, parsed.table, {parsed.where}, {}};
+  Status written = Write(*parsed.table, [&](Engine& engine) {
+    std::int64_t count = 0;
+    return engine.DeleteWhere(query, count);
+  });
+  Status finished = action.Finish();
+  return written.Ok() ? finished : written;
+}
+
+Status Stores::QueryValue(const std::string& databaseName, const std::string& query, Value& result) {
+  result = {};
+  const DatabaseFile* file = nullptr;
+  if (Status found = FileOf(databaseName, file); !found.Ok()) return found;
+  dialect::Statement parsed;
+  if (Status understood = dialect::ParseStatement(query, *file, parsed); !understood.Ok()) return understood;
+  if (parsed.kind != dialect::StatementKind::Sum) return {ErrorKind::BadText, "not a sum query"};
+  const RowQuery rows{file, parsed.table, {parsed.where}, {}};
+  return Read([&](Engine& engine) { return engine.Sum(rows, parsed.sumPosition, result); });
+}
+
+std::uint64_t Stores::WriteCount(const Table& table) const {
+  const auto found = writes_.find(&table);
+  return undone_ + (found == writes_.end() ? 0 : found->second);
+}
+
+Status Stores::Write(const Table& table, const std::function<Status(Engine&)>& write) {
+  if (!failure_.Ok()) return failure_;
+  Status written = Noted(write(*engine_));
+  if (written.Ok()) {
+    ++writes_[&table];
+    if (std::find(written_.begin(), written_.end(), &table) == written_.end()) written_.push_back(&table);
+  }
+  return written;
+}
+
+Status Stores::Read(const std::function<Status(Engine&)>& read) {
+  if (!engine_->IsOpen()) return {ErrorKind::NotOpen, "no stores are open"};
+  return Noted(read(*engine_));
+}
+
+Status Stores::Noted(Status status) {
+  if (depth_ == 0 || !failure_.Ok() || status.Ok()) return status;
+  if (IsFault(status) || !engine_->InTransaction()) failure_ = status;
+  return status;
+}
+
+void Stores::ShowWritten() {
+  const std::vector<const Table*> written = std::exchange(written_, {});
+  if (written.empty()) return;
+  const std::vector<Cursor*> cursors = cursors_;
+  for (Cursor* cursor : cursors) {
+    // A handler may have taken a cursor away.
+    if (std::find(cursors_.begin(), cursors_.end(), cursor) == cursors_.end()) continue;
+    if (std::find(written.begin(), written.end(), cursor->SourceTable()) != written.end()) cursor->ShowIfStale();
+  }
+}
+
+void Stores::Register(Cursor& cursor) {
+  cursors_.push_back(&cursor);
+}
+
+void Stores::Unregister(Cursor& cursor) {
+  std::erase(cursors_, &cursor);
+}
+
+}  // namespace karvel

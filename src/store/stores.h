@@ -1,0 +1,107 @@
+// The stores of one desk: the engine over the data folder, and the commits of the clerk's actions.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/status.h"
+#include "store/engine.h"
+#include "store/value.h"
+
+namespace karvel {
+
+class Cursor;
+
+class Stores {
+ public:
+  explicit Stores(std::unique_ptr<Engine> engine);
+  ~Stores();
+  Stores(const Stores&) = delete;
+  Stores& operator=(const Stores&) = delete;
+
+  [[nodiscard]] Engine& Driver() { return *engine_; }
+
+  // Opens a data folder (this machine's own path, or what else the engine calls one), recovering it in place.
+  // Cursors that were open keep their sources, but have no rows until their next Refresh.
+  Status Open(const std::string& folder);
+  // An action that is open is undone; Commit must still be called for it, and tells so.
+  void Close();
+  [[nodiscard]] bool IsOpen() const { return engine_->IsOpen(); }
+
+  // Begins an action of the clerk: all writes up to the matching Commit land together or not at all, over all files.
+  // Actions nest: inner ones join the outer, and only the outermost commits. Reads inside see the action's own writes.
+  // Waits in line for other terminals. A failed Begin leaves no action open, and Commit must not be called.
+  Status Begin(const std::string& name);
+  // Ends an action. When the outermost fails, nothing of it is in the stores, and the message says why.
+  // A single write that failed inside does not undo the others. A fault of the store does (no room, no rights, a damaged or silent
+  // disk): from there on every further write fails at once with it, and so does the outermost Commit.
+  Status Commit();
+  [[nodiscard]] bool InAction() const { return depth_ > 0; }
+  // Each action has its own number.
+  [[nodiscard]] std::uint64_t ActionNumber() const { return actions_; }
+
+  // Runs "DELETE FROM T Where …" in the dialect on a database file, as an action of its own unless one is open.
+  Status Execute(const std::string& databaseName, const std::string& statement);
+  // Runs a sum query ("Select Sum(x) FROM T Where …") on a database file: field 0 of its one row. Null when no row matched.
+  Status QueryValue(const std::string& databaseName, const std::string& query, Value& result);
+
+  // Grows with every Open and Close.
+  [[nodiscard]] std::uint64_t Openings() const { return openings_; }
+  // Grows with every write to the table through this object, and with every action undone: what was read under another count may be stale.
+  [[nodiscard]] std::uint64_t WriteCount(const Table& table) const;
+
+ private:
+  friend class Cursor;
+  friend class Position;
+
+  // For the cursors: an engine's write, counted; inside an action it is refused when the action has failed already.
+  Status Write(const Table& table, const std::function<Status(Engine&)>& write);
+  // For the cursors: an engine's read; a fault of the store inside an action fails the action, for its next step would decide on false
+  // grounds.
+  Status Read(const std::function<Status(Engine&)>& read);
+  Status Noted(Status status);
+  void ShowWritten();
+  void Register(Cursor& cursor);
+  void Unregister(Cursor& cursor);
+
+  std::unique_ptr<Engine> engine_;
+  int depth_ = 0;
+  std::uint64_t actions_ = 0;
+  std::string actionName_;
+  Status failure_;  // of the open action
+  std::uint64_t undone_ = 0;
+  std::uint64_t openings_ = 0;
+  std::unordered_map<const Table*, std::uint64_t> writes_;
+  std::vector<const Table*> written_;  // since the action began
+  std::vector<Cursor*> cursors_;
+};
+
+// One action, from construction to Finish; an action that is left without Finish is committed too, so that what was written stays written.
+class Action {
+ public:
+  Action(Stores& stores, const std::string& name) : stores_(stores), begun_(stores.Begin(name)), open_(begun_.Ok()) {}
+  ~Action() {
+    if (open_) stores_.Commit().Ignore();
+  }
+  Action(const Action&) = delete;
+  Action& operator=(const Action&) = delete;
+  // Whether the action is open, and if not, why.
+  [[nodiscard]] const Status& Begun() const { return begun_; }
+  // Commits; a Begin that failed comes back from here.
+  Status Finish() {
+    if (!open_) return begun_;
+    open_ = false;
+    return stores_.Commit();
+  }
+
+ private:
+  Stores& stores_;
+  Status begun_;
+  bool open_;
+};
+
+}  // namespace karvel

@@ -1,0 +1,22 @@
+// One field's content: number, text, date or boolean, as the catalogue tells its type. monostate is a Null that another program left.
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "text/date_time.h"
+
+namespace karvel {
+
+using Value = std::variant<std::monostate, double, std::string, bool, DateTime>;
+using Row = std::vector<Value>;  // in catalogue order
+
+// Readings that never fail: a Null is 0, "", false or the empty date. A number in a text is read by the desk's locale.
+double AsNumber(const Value& value);
+// Numbers as PlainNumber, dates as dd.mm.yyyy hh:mm:ss (dd.mm.yyyy at midnight), booleans as "True" or "False".
+std::string AsText(const Value& value);
+bool AsBoolean(const Value& value);
+DateTime AsDate(const Value& value);
+
+}  // namespace karvel

@@ -1,0 +1,157 @@
+#include "tests/support/accounts_fixture.h"
+
+namespace karvel {
+namespace {
+
+class CollectionPanelTest : public AccountsFixture {
+ protected:
+  void SetUp() override {
+    AccountsFixture::SetUp();
+    At("Command9").SetCaption("Yazıcı Yok");
+    Sell("Muhtelif Müşteri", "1001", "2");
+  }
+};
+
+TEST_F(CollectionPanelTest, the_walk_in_customer_pays_at_once) {
+  ASSERT_EQ(At("Command1").Caption(), "Tahsilat");
+  Click("Command1");
+  ASSERT_TRUE(At("TahsilatFrame").Visible());
+  EXPECT_EQ(At("Text2(2)").Text(), "100");
+  Click("Command7(1)");
+  EXPECT_FALSE(At("TahsilatFrame").Visible());
+  EXPECT_EQ(Day(LastId())["StokAd"], "Nakit Tahsilat");
+  EXPECT_EQ(Day(LastId())["Tahsilat"], "100.0");
+  EXPECT_EQ(At("Label5").Caption(), "0,00");
+  EXPECT_EQ(Balance("Muhtelif Müşteri"), "100.0|100.0|0.0|Borç");
+}
+
+TEST_F(CollectionPanelTest, behind_a_sale_the_accounts_row_also_names_the_item_in_front) {
+  PickItem("1001");
+  Click("Command1");
+  Click("Command7(1)");
+  Fields account = Ledger(LastId(), "=100");
+  EXPECT_EQ(account["Bilgi1"], "1001");
+  EXPECT_EQ(account["Bilgi2"], "Pirinç");
+  EXPECT_EQ(account["Birim"], "Adet");
+  EXPECT_EQ(account["Gurup"], "Kasa");
+  EXPECT_EQ(account["Aciklama"], "Nakit Tahsilat");
+  EXPECT_EQ(Ledger(LastId(), "Muhtelif Müşteri")["Bilgi1"], "");
+}
+
+TEST_F(CollectionPanelTest, a_customer_at_zero_does_not_open_it) {
+  Click("Command1");
+  Click("Command7(1)");
+  Click("Command1");
+  EXPECT_FALSE(At("TahsilatFrame").Visible());
+}
+
+TEST_F(CollectionPanelTest, with_another_caption_the_button_opens_nothing_here) {
+  At("Command1").SetCaption("Yazdır");
+  Click("Command1");
+  EXPECT_FALSE(At("TahsilatFrame").Visible());
+}
+
+TEST_F(CollectionPanelTest, cancel_only_hides_it) {
+  Click("Command1");
+  const std::string id = LastId();
+  Click("Command7(0)");
+  EXPECT_FALSE(At("TahsilatFrame").Visible());
+  EXPECT_EQ(LastId(), id);
+  EXPECT_EQ(At("Text2(2)").Text(), "100");
+}
+
+TEST_F(CollectionPanelTest, nothing_is_paid_out_through_it) {
+  Click("Command1");
+  At("Label1(5)").SetCaption(" Ödeme");
+  Click("Command7(1)");
+  EXPECT_EQ(At("Label1(5)").Caption(), " Tahsilat");
+  EXPECT_EQ(Ledger(LastId(), "=100")["Borc"], "100.0");
+}
+
+TEST_F(CollectionPanelTest, the_two_buttons_choose_the_form_of_payment) {
+  Click("Command1");
+  Click("Command8(1)");
+  EXPECT_EQ(At("Command8(1)").Color(), color::kGreen);
+  EXPECT_EQ(At("Command8(0)").Color(), color::kYellow);
+  EXPECT_EQ(At("TahsilatFrame").Caption(), " Kredi Kartı Tahsilat ");
+  EXPECT_EQ(At("Label3").Caption(), "Kredi Kartı");
+  EXPECT_TRUE(At("Command7(1)").HasFocus());
+  Click("Command8(0)");
+  EXPECT_EQ(At("Command8(0)").Color(), color::kGreen);
+  EXPECT_EQ(At("Command8(1)").Color(), color::kYellow);
+  EXPECT_EQ(At("TahsilatFrame").Caption(), " Nakit Tahsilat ");
+  EXPECT_EQ(At("Label3").Caption(), "Nakit");
+}
+
+TEST_F(CollectionPanelTest, the_form_of_payment_stays_for_the_next_collection) {
+  Click("Command1");
+  Click("Command8(1)");
+  Click("Command7(1)");
+  EXPECT_EQ(Day(LastId())["Durum"], "K.Kartı");
+  EXPECT_EQ(At("Label3").Caption(), "Kredi Kartı");
+}
+
+TEST_F(CollectionPanelTest, a_tap_on_the_form_of_payment_goes_round) {
+  for (const char* const next : {"Kredi Kartı", "Çek", "Senet", "Nakit"}) {
+    Click("Label3");
+    EXPECT_EQ(At("Label3").Caption(), next);
+  }
+}
+
+TEST_F(CollectionPanelTest, printer_and_cash_switches_flip) {
+  Click("Command1");
+  Click("Command9");
+  EXPECT_EQ(At("Command9").Caption(), "Yazıcı Var");
+  EXPECT_TRUE(At("Command7(1)").HasFocus());
+  Click("Command9");
+  EXPECT_EQ(At("Command9").Caption(), "Yazıcı Yok");
+  Click("NakitCmd");
+  EXPECT_EQ(At("NakitCmd").Caption(), "Nakit");
+  Click("NakitCmd");
+  EXPECT_EQ(At("NakitCmd").Caption(), "Cari Hesap");
+}
+
+TEST_F(CollectionPanelTest, with_a_printer_the_slip_is_pressed_once_after_the_posting) {
+  At("Command9").SetCaption("Yazıcı Var");
+  int pressed = 0;
+  std::string lineThen;
+  bool hidden = false, off = false;
+  At("Command5(1)").click.Connect([&] {
+    ++pressed;
+    lineThen = LastId();
+    hidden = !At("DökNoYaz").Visible();
+    off = !At("DökNoYaz").Enabled();
+  });
+  Click("Command1");
+  Click("Command7(1)");
+  EXPECT_EQ(pressed, 1);
+  EXPECT_EQ(lineThen, "10000000262");
+  EXPECT_TRUE(hidden);
+  EXPECT_TRUE(off);
+}
+
+TEST_F(CollectionPanelTest, without_a_printer_no_slip_is_pressed) {
+  int pressed = 0;
+  At("Command5(1)").click.Connect([&] { ++pressed; });
+  Click("Command1");
+  Click("Command7(1)");
+  EXPECT_EQ(pressed, 0);
+}
+
+TEST_F(CollectionPanelTest, a_store_that_refuses_keeps_the_panel_and_prints_nothing) {
+  At("Command9").SetCaption("Yazıcı Var");
+  int pressed = 0;
+  At("Command5(1)").click.Connect([&] { ++pressed; });
+  Click("Command1");
+  stores->Close();
+  Click("Command7(1)");
+  EXPECT_EQ(messages.shown.size(), 1U);
+  EXPECT_TRUE(At("TahsilatFrame").Visible());
+  EXPECT_TRUE(At("Command7(1)").Enabled());
+  EXPECT_EQ(At("Text2(2)").Text(), "100");
+  EXPECT_EQ(pressed, 0);
+  EXPECT_FALSE(desk->screen.Busy());
+}
+
+}  // namespace
+}  // namespace karvel

@@ -1,0 +1,181 @@
+#include <string>
+#include <vector>
+
+#include "tests/support/accounts_fixture.h"
+
+namespace karvel {
+namespace {
+
+class CustomerCardTest : public AccountsFixture {
+ protected:
+  void Open(const std::string& name) {
+    Set("Text1(0)", name);
+    Key("Text1(0)", key::kEnter);
+    ASSERT_TRUE(At("CariFrm").Visible());
+  }
+  std::string Count() { return One("Cari.mdb", "SELECT count(*) FROM CariKartlar"); }
+};
+
+TEST_F(CustomerCardTest, an_unknown_name_opens_the_panel_and_makes_a_card_with_every_field) {
+  Open("Zeynep Ak");
+  EXPECT_EQ(At("CariNew(0)").Text(), "Zeynep Ak");
+  EXPECT_EQ(At("CariNew(1)").Text(), "Zeynep Ak");
+  const char* const values[]{"Z01", "zeynep ak", "cadde 1", "izmir", "", "konak", "123", "0232", "0532", "K77"};
+  for (int i = 0; i < 10; ++i) At("CariNew(" + std::to_string(i) + ")").SetText(values[i]);
+  At("CariNew(4)").SetText("ZEYNEP@KARVEL.TR");
+  Click("CariNewCmd(1)");
+  EXPECT_TRUE(messages.shown.empty());
+  Fields card = Customer("Z01");
+  EXPECT_EQ(card["Unvan"], "zeynep ak");
+  EXPECT_EQ(card["Adres1"], "cadde 1");
+  EXPECT_EQ(card["Adres2"], "izmir");
+  EXPECT_EQ(card["Email"], "zeynep@karvel.tr");
+  EXPECT_EQ(card["VergiDa"], "konak");
+  EXPECT_EQ(card["VergiNo"], "123");
+  EXPECT_EQ(card["Telefon"], "0232");
+  EXPECT_EQ(card["Gsm"], "0532");
+  EXPECT_EQ(card["KartNo"], "K77");
+  EXPECT_EQ(card["Hes"], "C");
+  EXPECT_EQ(card["Hesap"], "Borç");
+  EXPECT_EQ(card["Gurup"], "Müşteri");
+  EXPECT_EQ(card["yeni"], "1.0");
+  EXPECT_EQ(card["Borc"], "0.0");
+  EXPECT_EQ(card["Bakiye"], "0.0");
+}
+
+TEST_F(CustomerCardTest, afterwards_the_panel_is_empty_and_closed_and_the_customer_field_waits) {
+  Open("zeynep");
+  Click("CariNewCmd(1)");
+  EXPECT_FALSE(At("CariFrm").Visible());
+  for (int i = 0; i < 10; ++i) EXPECT_EQ(desk->screen.CariNew(i).Text(), "");
+  EXPECT_TRUE(At("Text1(0)").HasFocus());
+  EXPECT_EQ(At("Text1(0)").Text(), desk->cursors.CariData.Text("Unvan"));  // an empty field shows the list's first
+  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(Customer("zeynep")["Unvan"], "zeynep");
+}
+
+TEST_F(CustomerCardTest, cancel_writes_nothing) {
+  const std::string before = Count();
+  Open("zeynep");
+  desk->form.KeyboardOpen = true;
+  Click("CariNewCmd(0)");
+  EXPECT_EQ(Count(), before);
+  EXPECT_FALSE(At("CariFrm").Visible());
+  EXPECT_EQ(At("CariNew(1)").Text(), "");
+  EXPECT_TRUE(At("Text1(0)").HasFocus());
+  EXPECT_FALSE(desk->form.KeyboardOpen);
+}
+
+TEST_F(CustomerCardTest, the_group_is_the_wholesalers_or_the_chosen_one) {
+  Sql("Cari.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Bayi',1)");
+  ASSERT_TRUE(Start());
+  At("GurupCombo").ChooseText("Bayi");
+  Open("bayi bir");
+  Click("CariNewCmd(1)");
+  EXPECT_EQ(Customer("bayi bir")["Gurup"], "Bayi");
+  Open("toptancı bir");
+  At("CariChk").SetChecked(true);
+  Click("CariNewCmd(1)");
+  EXPECT_EQ(Customer("toptancı bir")["Gurup"], "Toptan");
+}
+
+TEST_F(CustomerCardTest, save_is_off_while_code_or_name_is_empty) {
+  EXPECT_FALSE(At("CariNewCmd(1)").Enabled());
+  Open("zeynep");
+  EXPECT_TRUE(At("CariNewCmd(1)").Enabled());
+  At("CariNew(0)").SetText("");
+  EXPECT_FALSE(At("CariNewCmd(1)").Enabled());
+  At("CariNew(0)").SetText("Z");
+  EXPECT_TRUE(At("CariNewCmd(1)").Enabled());
+  At("CariNew(1)").SetText("");
+  EXPECT_FALSE(At("CariNewCmd(1)").Enabled());
+}
+
+TEST_F(CustomerCardTest, a_code_that_differs_only_in_the_kind_of_an_i_is_refused) {
+  AddCustomer("ıspartalı", "Başka Ad");
+  const std::string before = Count();
+  Open("yeni biri");
+  At("CariNew(0)").SetText("İSPARTALI");
+  Click("CariNewCmd(1)");
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].text, "Dikkat Bu Cari Kodu Kayıtlı..!");
+  EXPECT_EQ(messages.shown[0].title, "Dikkat...");
+  EXPECT_EQ(messages.shown[0].icon, MessageIcon::Information);
+  EXPECT_TRUE(At("CariNew(0)").HasFocus());
+  EXPECT_TRUE(At("CariFrm").Visible());
+  EXPECT_EQ(Count(), before);
+}
+
+TEST_F(CustomerCardTest, a_refused_card_waits_for_a_change_of_a_field) {
+  Open("zeynep");
+  At("CariNew(0)").SetText("c001");
+  Click("CariNewCmd(1)");
+  EXPECT_FALSE(At("CariNewCmd(1)").Enabled());
+  At("CariNew(0)").SetText("c009");
+  EXPECT_TRUE(At("CariNewCmd(1)").Enabled());
+  Click("CariNewCmd(1)");
+  EXPECT_EQ(Customer("c009")["Unvan"], "zeynep");
+}
+
+TEST_F(CustomerCardTest, a_name_that_is_taken_is_refused) {
+  Open("zeynep");
+  At("CariNew(1)").SetText("AYŞE YİLMAZ");
+  Click("CariNewCmd(1)");
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].text, "Dikkat Bu Unvan Kayıtlı..!");
+  EXPECT_TRUE(At("CariNew(0)").HasFocus());
+}
+
+TEST_F(CustomerCardTest, a_card_number_in_use_is_refused_and_emptied) {
+  Sql("Cari.mdb", "UPDATE CariKartlar SET KartNo='K1' WHERE CariKod='C002'");
+  Open("zeynep");
+  At("CariNew(9)").SetText("K1");
+  Click("CariNewCmd(1)");
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].text, "Bu Kart Numarası Kullanılmış...?");
+  EXPECT_EQ(At("CariNew(9)").Text(), "");
+  EXPECT_TRUE(At("CariNew(9)").HasFocus());
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariKartlar WHERE CariKod='zeynep'"), "0");
+}
+
+TEST_F(CustomerCardTest, keys_come_in_lower_case_and_wildcards_are_dropped_where_they_would_search) {
+  Open("zeynep");
+  Set("CariNew(0)", "A*B?C!");
+  EXPECT_EQ(At("CariNew(0)").Text(), "abc");
+  Set("CariNew(1)", "İPEK ŞAHIN");
+  EXPECT_EQ(At("CariNew(1)").Text(), "ipek şahın");
+  Set("CariNew(2)", "CADDE 5*");
+  EXPECT_EQ(At("CariNew(2)").Text(), "cadde 5*");
+}
+
+TEST_F(CustomerCardTest, enter_goes_on_to_the_next_field_and_focus_selects_all) {
+  Open("zeynep");
+  Key("CariNew(0)", key::kEnter);
+  EXPECT_TRUE(At("CariNew(1)").HasFocus());
+  EXPECT_EQ(At("CariNew(1)").SelectionLength(), 6);
+  EXPECT_EQ(desk->form.ActiveFieldCode, 1);
+}
+
+TEST_F(CustomerCardTest, a_tap_hands_the_text_to_the_keyboards_echo_and_leaves_the_list_whole) {
+  Open("zeynep");
+  const std::string list = desk->cursors.CariData.RecordSource();
+  At("CariNew(1)").click();
+  EXPECT_EQ(At("Text5").Text(), "zeynep");
+  EXPECT_EQ(desk->cursors.CariData.RecordSource(), list);
+}
+
+TEST_F(CustomerCardTest, a_store_that_refuses_keeps_what_was_typed) {
+  Open("zeynep");
+  engine.commitFault = {ErrorKind::DiskFull, "no room"};
+  Click("CariNewCmd(1)");
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].title, "Kayıt Yapılamadı");
+  EXPECT_TRUE(At("CariFrm").Visible());
+  EXPECT_EQ(At("CariNew(1)").Text(), "zeynep");
+  engine.commitFault = {};
+  Click("CariNewCmd(1)");
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariKartlar WHERE CariKod='zeynep'"), "1");
+}
+
+}  // namespace
+}  // namespace karvel

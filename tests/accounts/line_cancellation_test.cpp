@@ -1,0 +1,216 @@
+#include <string>
+#include <vector>
+
+#include "tests/support/accounts_fixture.h"
+
+namespace karvel {
+namespace {
+
+using Lines = std::vector<std::string>;
+class LineCancellationTest : public AccountsFixture {};
+
+TEST_F(LineCancellationTest, a_sale_is_taken_back_and_stays_in_the_day_book) {
+  Sell("Ayşe Yılmaz", "1002", "5");
+  const std::string id = LastId();
+  Cancel(id);
+  EXPECT_EQ(Day(id)["Durum"], "Iptal");
+  EXPECT_EQ(Day(id)["Tutar"], "100.0");
+  EXPECT_EQ(One("Stok.mdb", "SELECT count(*) FROM StokHareket"), "0");
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariHareket"), "0");
+  EXPECT_EQ(Card("1002")["CikanMik"], "0.0");
+  EXPECT_EQ(Card("1002")["CikanTutar"], "0.0");
+  EXPECT_EQ(Card("1002")["KalanA"], "0.0");
+  EXPECT_EQ(Balance("C001"), "0.0|0.0|0.0|Borç");
+  EXPECT_EQ(Due("C001"), Lines{});
+  EXPECT_EQ(At("Label5").Color(), color::kBlack);
+  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_TRUE(At("StokGrid").HasFocus());
+  EXPECT_TRUE(desk->screen.HareketGrid.Marker());
+  EXPECT_FALSE(At("Command2").Enabled());
+}
+
+TEST_F(LineCancellationTest, the_profit_of_the_item_is_not_taken_back) {
+  Sell("Ayşe Yılmaz", "1002", "5");
+  Cancel(LastId());
+  EXPECT_EQ(Card("1002")["Kar"], "40.0");
+}
+
+TEST_F(LineCancellationTest, it_asks_first_and_no_changes_nothing) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string id = LastId();
+  TapLine(id);
+  messages.answers.push_back("No");
+  Click("Command2");
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].text, "Satır Silinecek Emimisiniz..?");
+  EXPECT_EQ(messages.shown[0].icon, MessageIcon::Stop);
+  EXPECT_EQ(Day(id)["Durum"], "Satış");
+  EXPECT_EQ(Balance("C001"), "100.0|0.0|100.0|Borç");
+}
+
+TEST_F(LineCancellationTest, a_sale_with_two_ledger_rows_takes_each_part_back_by_subtraction) {
+  Sell("Ayşe Yılmaz", "1001", "1");
+  const std::string id = LastId();
+  Sql("Cari.mdb", "INSERT INTO CariHareket(cariharkod, Aciklama, Borc, Alacak, DigerId) VALUES('=110','Perakende satış',0,50,'" + id + "')");
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Alacak=80, Bakiye=80, Hesap='Alacak' WHERE CariKod='=110'");
+  Cancel(id);
+  EXPECT_EQ(Balance("C001"), "0.0|0.0|0.0|Borç");
+  EXPECT_EQ(Balance("=110"), "0.0|30.0|30.0|Alacak");
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariHareket"), "0");
+}
+
+TEST_F(LineCancellationTest, a_collection_leaves_no_trace_but_totals_that_crossed_over) {
+  Sell("Ayşe Yılmaz", "1001", "3");
+  Pay("Ayşe Yılmaz", "60");
+  const std::string id = LastId();
+  EnterSale("Ayşe Yılmaz");
+  Cancel(id);
+  EXPECT_EQ(Balance("C001"), "210.0|60.0|150.0|Borç");
+  EXPECT_EQ(Balance("=100"), "60.0|60.0|0.0|Borç");
+  EXPECT_EQ(Rows("Karvel.mdb", "SELECT Durum FROM Datam"), Lines{"Satış"});
+  EXPECT_EQ(Rows("Cari.mdb", "SELECT cariharkod FROM CariHareket"), Lines{"C001"});
+  EXPECT_EQ(Due("C001"), Lines{"90.0"});  // not restored
+  EXPECT_EQ(Card("1001")["CikanMik"], "3.0");
+}
+
+TEST_F(LineCancellationTest, a_return_is_taken_back_from_the_incoming_side) {
+  Sell("Ayşe Yılmaz", "1001", "3");
+  PickItem("1001");
+  DoubleTap("Label4");
+  Post("1");
+  const std::string id = LastId();
+  ASSERT_EQ(Card("1001")["GirenMik"], "1.0");
+  Cancel(id);
+  EXPECT_EQ(Card("1001")["GirenMik"], "0.0");
+  EXPECT_EQ(Card("1001")["GirenTutar"], "0.0");
+  EXPECT_EQ(Card("1001")["KalanA"], "3.0");
+  EXPECT_EQ(Day(id)["Durum"], "Iptal");
+  EXPECT_EQ(Balance("C001"), "200.0|50.0|150.0|Borç");
+}
+
+TEST_F(LineCancellationTest, the_due_date_shrinks_by_the_total) {
+  Sell("Ayşe Yılmaz", "1001", "3");
+  PickItem("1002");
+  Post("1");
+  Cancel(LastId());
+  EXPECT_EQ(Due("C001"), Lines{"150.0"});
+}
+
+TEST_F(LineCancellationTest, an_id_with_a_T_finds_its_ledger_rows_without_it_and_its_stock_row_with_it) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  Sql("Karvel.mdb", "UPDATE Datam SET DigerId='1T2T3'");
+  Sql("Stok.mdb", "UPDATE StokHareket SET DigerId='1T2T3'");
+  Sql("Cari.mdb", "UPDATE CariHareket SET DigerId='123'");
+  LeaveSale();
+  EnterSale("Ayşe Yılmaz");
+  Cancel("1T2T3");
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariHareket"), "0");
+  EXPECT_EQ(One("Stok.mdb", "SELECT count(*) FROM StokHareket"), "0");
+  EXPECT_EQ(Balance("C001"), "0.0|0.0|0.0|Borç");
+  EXPECT_EQ(Day("1T2T3")["Durum"], "Iptal");
+}
+
+TEST_F(LineCancellationTest, a_line_that_was_handed_on_is_refused_and_the_desk_stays_as_it_is) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string id = LastId();
+  Sql("Karvel.mdb", "UPDATE Datam SET Sube='X'");
+  LeaveSale();
+  EnterSale("Ayşe Yılmaz");
+  Cancel(id);
+  ASSERT_EQ(messages.shown.size(), 2U);
+  EXPECT_EQ(messages.shown[1].text, "Veri Aktarımı Yapılmış Silinemez..!");
+  EXPECT_EQ(Day(id)["Durum"], "Satış");
+  EXPECT_EQ(Balance("C001"), "100.0|0.0|100.0|Borç");
+  EXPECT_EQ(desk->form.RepositionGuard, 555);
+  EXPECT_EQ(desk->cursors.CariData.RecordSource(), "CariKartlar");
+  EXPECT_EQ(desk->cursors.CariHarData.RecordSource(), "Select * From CariHareket Where DigerId='" + id + "'");
+  EXPECT_FALSE(stores->InAction());
+}
+
+TEST_F(LineCancellationTest, the_small_x_of_an_export_does_not_block) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string id = LastId();
+  Sql("Karvel.mdb", "UPDATE Datam SET Sube='x'");
+  LeaveSale();
+  EnterSale("Ayşe Yılmaz");
+  Cancel(id);
+  EXPECT_EQ(Day(id)["Durum"], "Iptal");
+}
+
+TEST_F(LineCancellationTest, with_deletion_on_a_cancelled_line_is_not_cancelled_again) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string id = LastId();
+  Cancel(id);
+  At("Silme").SetChecked(true);
+  TapLine(id);
+  EXPECT_FALSE(At("Command2").Enabled());
+}
+
+TEST_F(LineCancellationTest, with_deletion_off_a_second_cancel_finds_no_rows_and_wipes_the_line) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string id = LastId();
+  Cancel(id);
+  Cancel(id);
+  EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam"), "0");
+  EXPECT_EQ(Balance("C001"), "0.0|0.0|0.0|Borç");
+  EXPECT_EQ(Card("1001")["CikanMik"], "0.0");
+  EXPECT_FALSE(desk->screen.HareketGrid.Marker());
+}
+
+TEST_F(LineCancellationTest, right_after_a_start_no_serial_goes_whatever_the_line) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string id = LastId();
+  Sql("SeriNo.mdb", "INSERT INTO SeriNo(barcode, DigerId) VALUES('S1','" + id + "'),('S2','')");
+  ASSERT_TRUE(Start());
+  EnterSale("Ayşe Yılmaz");
+  Cancel(id);
+  EXPECT_EQ(Day(id)["Durum"], "Iptal");
+  EXPECT_EQ(Rows("SeriNo.mdb", "SELECT barcode FROM SeriNo ORDER BY barcode"), (Lines{"S1", "S2"}));
+}
+
+TEST_F(LineCancellationTest, the_serials_that_go_are_those_of_the_line_posted_last_on_purpose) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string first = LastId();
+  PickItem("1001");
+  Post("1");
+  Sql("SeriNo.mdb", "INSERT INTO SeriNo(barcode, DigerId) VALUES('S1','" + first + "'),('S2','" + LastId() + "')");
+  Cancel(first);
+  EXPECT_EQ(Rows("SeriNo.mdb", "SELECT barcode FROM SeriNo"), Lines{"S1"});
+}
+
+TEST_F(LineCancellationTest, a_line_without_an_id_takes_nobody_elses_rows) {
+  Sql("Karvel.mdb", "INSERT INTO Datam(CariKod, CariAd, StokKod, Durum, Tarih) VALUES('C001','Ayşe Yılmaz','1001','Satış','2026-02-01 10:00:00')");
+  Sql("Cari.mdb", "INSERT INTO CariHareket(cariharkod, Aciklama, Borc) VALUES('C002','Eski',40)");
+  Sql("Stok.mdb", "INSERT INTO StokHareket(StokHarKod, Miktar) VALUES('1002',4)");
+  EnterSale("Ayşe Yılmaz");
+  desk->screen.HareketGrid.mouseUp(MouseEvent{});
+  desk->screen.HareketGrid.TapCell(2);
+  messages.answers.push_back("Yes");
+  Click("Command2");
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariHareket"), "1");
+  EXPECT_EQ(One("Stok.mdb", "SELECT count(*) FROM StokHareket"), "1");
+  EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam"), "0");
+  EXPECT_EQ(Balance("C002"), "0.0|0.0|0.0|");
+}
+
+TEST_F(LineCancellationTest, a_store_that_refuses_takes_nothing_back) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string id = LastId();
+  engine.commitFault = {ErrorKind::DiskFull, "no room"};
+  Cancel(id);
+  ASSERT_EQ(messages.shown.size(), 2U);
+  EXPECT_EQ(messages.shown[1].title, "Kayıt Yapılamadı");
+  EXPECT_EQ(Day(id)["Durum"], "Satış");
+  EXPECT_EQ(Balance("C001"), "100.0|0.0|100.0|Borç");
+  EXPECT_EQ(Card("1001")["CikanMik"], "2.0");
+  EXPECT_EQ(Due("C001"), Lines{"100.0"});
+  EXPECT_TRUE(At("Command2").Enabled());
+  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  engine.commitFault = {};
+  messages.answers.push_back("Yes");
+  Click("Command2");
+  EXPECT_EQ(Day(id)["Durum"], "Iptal");
+}
+
+}  // namespace
+}  // namespace karvel

@@ -1,0 +1,158 @@
+#include <string>
+#include <vector>
+
+#include "tests/support/accounts_fixture.h"
+
+namespace karvel {
+namespace {
+
+class LineCorrectionTest : public AccountsFixture {};
+
+TEST_F(LineCorrectionTest, rewrites_the_line_in_every_store) {
+  Sell("Ayşe Yılmaz", "1002", "5");
+  const std::string id = LastId();
+  Correct(id, "18", "4");
+  EXPECT_EQ(Day(id)["Fiyat"], "18.0");
+  EXPECT_EQ(Day(id)["Miktar"], "4.0");
+  EXPECT_EQ(Day(id)["Tutar"], "72.0");
+  EXPECT_EQ(Day(id)["Durum"], "Satış");
+  EXPECT_EQ(Movement(id)["Miktar"], "4.0");
+  EXPECT_EQ(Movement(id)["Tutar"], "72.0");
+  EXPECT_EQ(Movement(id)["Fiyat"], "20.0");
+  EXPECT_EQ(Card("1002")["CikanMik"], "4.0");
+  EXPECT_EQ(Card("1002")["CikanTutar"], "72.0");
+  EXPECT_EQ(Card("1002")["KalanA"], "4.0");
+  EXPECT_EQ(Ledger(id, "C001")["Borc"], "72.0");
+  EXPECT_EQ(Ledger(id, "C001")["Miktar"], "5.0");
+  EXPECT_EQ(Balance("C001"), "72.0|0.0|72.0|Borç");
+  EXPECT_EQ(Due("C001"), std::vector<std::string>{"100.0"});
+}
+
+TEST_F(LineCorrectionTest, the_new_profit_is_the_old_total_less_the_new_cost_that_is_how_it_stands) {
+  Sell("Ayşe Yılmaz", "1002", "5");
+  const std::string id = LastId();
+  Correct(id, "18", "4");
+  EXPECT_EQ(Movement(id)["Kar"], "52.0");  // 100 - 4 x 12
+  EXPECT_EQ(Card("1002")["Kar"], "52.0");
+  EXPECT_EQ(Day(id)["Kar"], "40.0");
+}
+
+TEST_F(LineCorrectionTest, a_loss_becomes_profit_zero) {
+  Sell("Ayşe Yılmaz", "1002", "5");
+  const std::string id = LastId();
+  Correct(id, "20", "10");
+  EXPECT_EQ(Movement(id)["Kar"], "0.0");
+  EXPECT_EQ(Card("1002")["Kar"], "0.0");
+  EXPECT_EQ(Card("1002")["CikanTutar"], "200.0");
+}
+
+TEST_F(LineCorrectionTest, an_item_without_a_cost_gets_profit_zero) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string id = LastId();
+  Sql("Stok.mdb", "UPDATE StokHareket SET Kar=5");
+  Sql("Stok.mdb", "UPDATE StokKartlar SET Kar=5 WHERE StokKod='1001'");
+  Correct(id, "45", "2");
+  EXPECT_EQ(Movement(id)["Kar"], "0.0");
+  EXPECT_EQ(Card("1001")["Kar"], "0.0");
+}
+
+TEST_F(LineCorrectionTest, fractions_survive_to_the_last_digit) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string id = LastId();
+  Correct(id, "12,25", "1,5");
+  EXPECT_EQ(Movement(id)["Miktar"], "1.5");
+  EXPECT_EQ(Day(id)["Tutar"], "18.38");
+  EXPECT_EQ(Balance("C001"), "18.38|0.0|18.38|Borç");
+}
+
+TEST_F(LineCorrectionTest, afterwards_nothing_is_in_correction_and_the_button_is_off) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string id = LastId();
+  Correct(id, "45", "2");
+  EXPECT_EQ(At("Command3").Caption(), "Çıkış");
+  EXPECT_TRUE(At("Command3").Enabled());
+  EXPECT_FALSE(At("Command2").Enabled());
+  EXPECT_EQ(At("Command2").Caption(), "Tamam");
+  EXPECT_EQ(desk->form.EditLineId, "");
+  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->cursors.HareketData.Text("DigerId"), id);
+}
+
+TEST_F(LineCorrectionTest, taking_the_line_keeps_its_id_and_opens_the_price) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  TapLine(LastId());
+  EXPECT_EQ(At("Command2").Caption(), "Satır Sil");
+  desk->screen.HareketGrid.DoubleTapCell(2);
+  EXPECT_EQ(At("Command3").Caption(), "Düzeltme");
+  Click("Command3");
+  EXPECT_EQ(desk->form.EditLineId, LastId());
+  EXPECT_EQ(At("Command2").Caption(), "Tamam");
+  EXPECT_TRUE(At("Text2(0)").HasFocus());
+  EXPECT_EQ(window.closes, 0);
+}
+
+TEST_F(LineCorrectionTest, the_line_in_the_middle_is_the_one_that_changes) {
+  Sell("Ayşe Yılmaz", "1001", "1");
+  std::vector<std::string> ids{LastId()};
+  for (int i = 0; i < 2; ++i) {
+    clock.now = clock.now.PlusSeconds(60);
+    PickItem("1001");
+    Post("1");
+    ids.push_back(LastId());
+  }
+  Correct(ids[1], "30", "1");
+  EXPECT_EQ(Rows("Karvel.mdb", "SELECT Tutar FROM Datam ORDER BY DigerId"), (std::vector<std::string>{"50.0", "30.0", "50.0"}));
+  EXPECT_EQ(Rows("Stok.mdb", "SELECT Tutar FROM StokHareket ORDER BY DigerId"), (std::vector<std::string>{"50.0", "30.0", "50.0"}));
+  EXPECT_EQ(Rows("Cari.mdb", "SELECT Borc FROM CariHareket ORDER BY DigerId"), (std::vector<std::string>{"50.0", "30.0", "50.0"}));
+  EXPECT_EQ(Balance("C001"), "130.0|0.0|130.0|Borç");
+}
+
+TEST_F(LineCorrectionTest, a_line_that_is_not_in_front_any_more_is_left_alone_and_so_is_what_stands_there) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  TapLine(LastId());
+  desk->screen.HareketGrid.DoubleTapCell(2);
+  Click("Command3");
+  LeaveSale();
+  EnterSale("Burak Demir");
+  Set("Text2(0)", "7");
+  Set("Text2(1)", "3");
+  Click("Command2");
+  EXPECT_EQ(Rows("Karvel.mdb", "SELECT Fiyat, Miktar, Tutar FROM Datam"), std::vector<std::string>{"50.0|2.0|100.0"});
+  EXPECT_EQ(Rows("Stok.mdb", "SELECT Miktar, Tutar FROM StokHareket"), std::vector<std::string>{"2.0|100.0"});
+  EXPECT_EQ(At("Command3").Caption(), "Çıkış");
+  EXPECT_TRUE(At("Command2").Enabled());
+}
+
+TEST_F(LineCorrectionTest, the_ledger_row_is_the_customers_own_also_when_the_last_sale_was_left_in_purchase_mode) {
+  Sell("Burak Demir", "1001", "1");
+  LeaveSale();
+  Sell("Ayşe Yılmaz", "1001", "2");
+  DoubleTap("Label4");
+  DoubleTap("Label4");
+  LeaveSale();
+  EnterSale("Burak Demir");
+  Correct("10000000261", "30", "1");
+  EXPECT_EQ(Balance("C002"), "30.0|0.0|30.0|Borç");
+  EXPECT_EQ(Balance("C001"), "100.0|0.0|100.0|Borç");
+}
+
+TEST_F(LineCorrectionTest, a_store_that_refuses_changes_nothing_and_the_correction_can_be_ended_again) {
+  Sell("Ayşe Yılmaz", "1002", "5");
+  const std::string id = LastId();
+  engine.commitFault = {ErrorKind::DiskFull, "no room"};
+  Correct(id, "18", "4");
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].title, "Kayıt Yapılamadı");
+  EXPECT_EQ(Day(id)["Tutar"], "100.0");
+  EXPECT_EQ(Balance("C001"), "100.0|0.0|100.0|Borç");
+  EXPECT_EQ(At("Text2(0)").Text(), "18");
+  EXPECT_EQ(At("Command3").Caption(), "Düzeltme");
+  engine.commitFault = {};
+  Click("Command2");
+  EXPECT_EQ(Day(id)["Tutar"], "72.0");
+  EXPECT_EQ(Card("1002")["CikanTutar"], "72.0");
+  EXPECT_EQ(Balance("C001"), "72.0|0.0|72.0|Borç");
+}
+
+}  // namespace
+}  // namespace karvel

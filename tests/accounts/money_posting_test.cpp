@@ -1,0 +1,240 @@
+#include <string>
+#include <vector>
+
+#include "tests/support/accounts_fixture.h"
+
+namespace karvel {
+namespace {
+
+using Lines = std::vector<std::string>;
+class MoneyPostingTest : public AccountsFixture {};
+
+TEST_F(MoneyPostingTest, a_collection_writes_every_field_of_every_row) {
+  Sell("Ayşe Yılmaz", "1001", "3");
+  Pay("Ayşe Yılmaz", "60");
+  ASSERT_EQ(LastId(), "10000000262");
+
+  const Fields account{{"cariharkod", "=100"},     {"Tarih", "2026-03-01 10:15:00"}, {"Aciklama", "Nakit Tahsilat"}, {"Bilgi1", ""},
+                       {"Bilgi2", ""},             {"Birim", ""},                    {"Borc", "60.0"},               {"Alacak", "0.0"},
+                       {"Carisi", "=100"},         {"Unvan", "Ayşe Yılmaz"},         {"DigerId", LastId()},          {"Nerde", "C"},
+                       {"Miktar", "0.0"},          {"Fiyat", "0.0"},                 {"yeni", "1.0"},                {"Gurup", ""}};
+  EXPECT_EQ(Ledger(LastId(), "=100"), account);
+  const Fields customer{{"cariharkod", "C001"}, {"Tarih", "2026-03-01 10:15:00"}, {"Aciklama", "Ayşe Yılmaz Tahsilat İle"}, {"Bilgi1", ""},
+                        {"Bilgi2", ""},         {"Birim", ""},                    {"Borc", "0.0"},                          {"Alacak", "60.0"},
+                        {"Carisi", "C001"},     {"Unvan", "Ayşe Yılmaz"},         {"DigerId", LastId()},                    {"Nerde", "C"},
+                        {"Miktar", "0.0"},      {"Fiyat", "0.0"},                 {"yeni", "1.0"},                          {"Gurup", ""}};
+  EXPECT_EQ(Ledger(LastId(), "C001"), customer);
+  const Fields day{{"CariKod", "C001"},   {"StokKod", ""},            {"CariAd", "Ayşe Yılmaz"}, {"StokAd", "Nakit Tahsilat"},
+                   {"Fiyat", "0.0"},      {"Miktar", "0.0"},          {"Tutar", "0.0"},          {"Tarih", "2026-03-01 10:15:00"},
+                   {"DigerId", LastId()}, {"Birim", ""},              {"yeni", "1.0"},           {"Durum", "Nakit"},
+                   {"Gurup", "Müşteri"},  {"Plasiyer", "WinKarvel0"}, {"tGurup", ""},            {"SeriNo", ""},
+                   {"Kar", "0.0"},        {"Tahsilat", "60.0"},       {"Sec", ""},               {"Secc", ""},
+                   {"Eksik", "0.0"},      {"Aciklama", ""},           {"Sube", ""}};
+  EXPECT_EQ(Day(LastId()), day);
+  EXPECT_EQ(Balance("=100"), "60.0|0.0|60.0|Borç");
+  EXPECT_EQ(Balance("C001"), "150.0|60.0|90.0|Borç");
+  EXPECT_EQ(Due("C001"), Lines{"90.0"});
+  EXPECT_EQ(One("Stok.mdb", "SELECT count(*) FROM StokHareket"), "1");
+}
+
+TEST_F(MoneyPostingTest, the_ledger_takes_the_account_first) {
+  Pay("Ayşe Yılmaz", "60");
+  EXPECT_EQ(Rows("Cari.mdb", "SELECT cariharkod FROM CariHareket ORDER BY rowid"), (Lines{"=100", "C001"}));
+}
+
+TEST_F(MoneyPostingTest, a_payment_out_turns_the_sides_and_keeps_the_day_book_positive) {
+  At("GurupCombo").ChooseText("Toptan");
+  ASSERT_EQ(At("Label1(5)").Caption(), " Ödeme");
+  Pay("Toptan Gıda", "75,5");
+  EXPECT_EQ(Ledger(LastId(), "=100")["Alacak"], "75.5");
+  EXPECT_EQ(Ledger(LastId(), "=100")["Borc"], "0.0");
+  EXPECT_EQ(Ledger(LastId(), "=100")["Aciklama"], "Nakit Ödeme");
+  EXPECT_EQ(Ledger(LastId(), "T001")["Borc"], "75.5");
+  EXPECT_EQ(Ledger(LastId(), "T001")["Alacak"], "0.0");
+  EXPECT_EQ(Ledger(LastId(), "T001")["Aciklama"], "Toptan Gıda Ödeme İle");
+  EXPECT_EQ(Day(LastId())["Tahsilat"], "75.5");
+  EXPECT_EQ(Day(LastId())["StokAd"], "Nakit Ödeme");
+  EXPECT_EQ(Balance("=100"), "0.0|75.5|75.5|Alacak");
+  EXPECT_EQ(Balance("T001"), "75.5|0.0|75.5|Borç");
+}
+
+TEST_F(MoneyPostingTest, the_wholesalers_list_that_a_start_brings_back_is_paid_out_to) {
+  At("GurupCombo").ChooseText("Toptan");
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(At("Label1(5)").Caption(), " Ödeme");
+  EXPECT_EQ(At("Label1(0)").Caption(), " Toptan");
+  Pay("Toptan Gıda", "10");
+  EXPECT_EQ(Ledger(LastId(), "T001")["Borc"], "10.0");
+}
+
+TEST_F(MoneyPostingTest, each_form_of_payment_has_its_account_and_its_name_in_the_day_book) {
+  struct Case {
+    const char* instrument;
+    const char* account;
+    const char* state;
+  };
+  for (const Case& one : {Case{"Nakit", "=100", "Nakit"}, Case{"Kredi Kartı", "=150", "K.Kartı"}, Case{"Çek", "=600", "Çek"},
+                          Case{"Senet", "=500", "Senet"}, Case{"Havale", "=100", "Havale"}}) {
+    At("Label3").SetCaption(one.instrument);
+    Pay("Ayşe Yılmaz", "10");
+    EXPECT_EQ(Ledger(LastId(), one.account)["Borc"], "10.0") << one.instrument;
+    EXPECT_EQ(Ledger(LastId(), one.account)["Aciklama"], std::string(one.instrument) + " Tahsilat");
+    EXPECT_EQ(Day(LastId())["Durum"], one.state);
+    EXPECT_EQ(Day(LastId())["StokAd"], std::string(one.instrument) + " Tahsilat");
+  }
+  EXPECT_EQ(Balance("=100"), "20.0|0.0|20.0|Borç");
+  EXPECT_EQ(Balance("C001"), "0.0|50.0|50.0|Alacak");
+}
+
+TEST_F(MoneyPostingTest, a_collection_of_exactly_the_balance_deletes_every_due_date_whatever_its_amount) {
+  Sql("Cari.mdb", "INSERT INTO \"VadeGün\" VALUES('C001','2026-01-05 00:00:00',999),('C001','2026-02-05 00:00:00',-3),"
+                  "('C002','2026-02-05 00:00:00',7)");
+  Sell("Ayşe Yılmaz", "1001", "3");
+  Pay("Ayşe Yılmaz", "150");
+  EXPECT_EQ(Balance("C001"), "150.0|150.0|0.0|Borç");
+  EXPECT_EQ(Due("C001"), Lines{});
+  EXPECT_EQ(Due("C002"), Lines{"7.0"});
+}
+
+TEST_F(MoneyPostingTest, a_partial_payment_lowers_the_earliest_due_date) {
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Borc=300, Bakiye=300 WHERE CariKod='C001'");
+  Sql("Cari.mdb", "INSERT INTO \"VadeGün\" VALUES('C001','2026-02-05 00:00:00',200),('C001','2026-01-05 00:00:00',100)");
+  Pay("Ayşe Yılmaz", "30");
+  EXPECT_EQ(Due("C001"), (Lines{"70.0", "200.0"}));
+}
+
+TEST_F(MoneyPostingTest, a_payment_of_exactly_one_due_amount_deletes_that_due_date) {
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Borc=300, Bakiye=300 WHERE CariKod='C001'");
+  Sql("Cari.mdb", "INSERT INTO \"VadeGün\" VALUES('C001','2026-01-05 00:00:00',100),('C001','2026-02-05 00:00:00',200)");
+  Pay("Ayşe Yılmaz", "100");
+  EXPECT_EQ(Due("C001"), Lines{"200.0"});
+}
+
+TEST_F(MoneyPostingTest, a_payment_over_two_due_dates_deletes_the_first_and_lowers_the_second) {
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Borc=300, Bakiye=300 WHERE CariKod='C001'");
+  Sql("Cari.mdb", "INSERT INTO \"VadeGün\" VALUES('C001','2026-01-05 00:00:00',100),('C001','2026-02-05 00:00:00',200)");
+  Pay("Ayşe Yılmaz", "150");
+  EXPECT_EQ(Due("C001"), Lines{"150.0"});
+}
+
+TEST_F(MoneyPostingTest, a_payment_over_three_due_dates_leaves_the_second_below_zero) {
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Borc=300, Bakiye=300 WHERE CariKod='C001'");
+  Sql("Cari.mdb", "INSERT INTO \"VadeGün\" VALUES('C001','2026-01-05 00:00:00',50),('C001','2026-02-05 00:00:00',100),"
+                  "('C001','2026-02-15 00:00:00',150)");
+  Pay("Ayşe Yılmaz", "200");
+  EXPECT_EQ(Due("C001"), (Lines{"-50.0", "150.0"}));
+}
+
+TEST_F(MoneyPostingTest, due_dates_are_the_customers_own_also_when_the_last_sale_was_left_in_purchase_mode) {
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Borc=300, Bakiye=300 WHERE CariKod IN ('C001','C002')");
+  Sql("Cari.mdb", "INSERT INTO \"VadeGün\" VALUES('C001','2026-01-05 00:00:00',300),('C002','2026-01-05 00:00:00',300)");
+  EnterSale("Ayşe Yılmaz");
+  DoubleTap("Label4");
+  DoubleTap("Label4");
+  Pay("Burak Demir", "100");
+  EXPECT_EQ(Due("C001"), Lines{"300.0"});
+  EXPECT_EQ(Due("C002"), Lines{"200.0"});
+}
+
+TEST_F(MoneyPostingTest, any_amount_posts_as_it_stands) {
+  Pay("Ayşe Yılmaz", "5");
+  At("Text2(2)").SetText("-20");
+  Click("Command2");
+  EXPECT_EQ(Ledger(LastId(), "=100")["Borc"], "-20.0");
+  EXPECT_EQ(Day(LastId())["Tahsilat"], "-20.0");
+  EXPECT_EQ(Balance("C001"), "0.0|-15.0|15.0|Borç");
+}
+
+TEST_F(MoneyPostingTest, amounts_read_with_groups_and_comma) {
+  At("Text1(0)").SetFocus();
+  Set("Text1(0)", "Ayşe Yılmaz");
+  At("Text2(2)").SetText("1.250,75");
+  Click("Command2");
+  EXPECT_EQ(Day(LastId())["Tahsilat"], "1250.75");
+}
+
+TEST_F(MoneyPostingTest, a_missing_account_stops_nothing_and_the_card_in_front_takes_its_place) {
+  Sql("Cari.mdb", "DELETE FROM CariKartlar WHERE CariKod='=100'");
+  const std::string first = One("Cari.mdb", "SELECT CariKod FROM CariKartlar ORDER BY rowid LIMIT 1");
+  Pay("Ayşe Yılmaz", "10");
+  EXPECT_EQ(Ledger(LastId(), "C001")["Alacak"], "10.0");
+  EXPECT_EQ(Ledger(LastId(), first)["Borc"], "10.0");
+  EXPECT_EQ(Day(LastId())["Tahsilat"], "10.0");
+}
+
+TEST_F(MoneyPostingTest, afterwards_the_list_stands_on_the_customer_and_the_fields_are_ready) {
+  Pay("Burak Demir", "10");
+  EXPECT_EQ(desk->cursors.CariData.Text("CariKod"), "C002");
+  EXPECT_EQ(At("Text1(0)").Text(), "Burak Demir");
+  EXPECT_EQ(At("Label5").Caption(), "10,00");
+  EXPECT_EQ(At("Text2(2)").Text(), "0");
+  EXPECT_EQ(At("Command2").Caption(), "Tamam");
+  EXPECT_EQ(At("Label1(5)").Caption(), " Tahsilat");
+  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_FALSE(desk->screen.Busy());
+  EXPECT_TRUE(desk->cursors.CariData.NoMatch() || desk->cursors.HareketData.Text("DigerId") == LastId());
+  // The filtered list is back: no money account can be chosen in it.
+  EXPECT_FALSE(desk->cursors.CariData.FindFirst("CariKod='=100'").Ok());
+}
+
+TEST_F(MoneyPostingTest, after_a_line_was_tapped_in_a_sale_the_button_takes_payments_again_at_rest) {
+  Sell("Ayşe Yılmaz", "1001", "3");
+  TapLine(LastId());
+  Pay("Ayşe Yılmaz", "10");
+  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_EQ(Day(LastId())["Tahsilat"], "10.0");
+}
+
+TEST_F(MoneyPostingTest, terminal_two_writes_its_digits) {
+  ASSERT_TRUE(Start("Velmora Karvel2"));
+  Pay("Ayşe Yılmaz", "10");
+  EXPECT_EQ(LastId(), "20000000261");
+  EXPECT_EQ(Day(LastId())["Plasiyer"], "WinKarvel1");
+}
+
+TEST_F(MoneyPostingTest, a_store_that_is_closed_leaves_the_amount_for_another_try) {
+  Set("Text1(0)", "Ayşe Yılmaz");
+  Set("Text2(2)", "40");
+  stores->Close();
+  Click("Command2");
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].title, "Kayıt Yapılamadı");
+  EXPECT_EQ(At("Text2(2)").Text(), "40");
+  EXPECT_TRUE(At("Command2").Enabled());
+  ASSERT_TRUE(stores->Open(files.RealPath("C:\\KarvelData\\")).Ok());
+  Set("Text1(0)", "Ayşe Yılmaz");
+  Click("Command2");
+  EXPECT_EQ(Day(LastId())["Tahsilat"], "40.0");
+}
+
+TEST_F(MoneyPostingTest, a_store_that_fails_at_the_end_leaves_nothing_of_the_movement) {
+  Sell("Ayşe Yılmaz", "1001", "1");
+  engine.commitFault = {ErrorKind::DiskFull, "no room"};
+  Pay("Ayşe Yılmaz", "20");
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].title, "Kayıt Yapılamadı");
+  EXPECT_FALSE(stores->InAction());
+  EXPECT_EQ(At("Text2(2)").Text(), "20");
+  EXPECT_EQ(At("Text1(0)").Text(), "Ayşe Yılmaz");
+  EXPECT_EQ(LastId(), "10000000261");
+  EXPECT_EQ(Balance("C001"), "50.0|0.0|50.0|Borç");
+  EXPECT_EQ(Balance("=100"), "0.0|0.0|0.0|");
+  EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam"), "1");
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariHareket"), "1");
+  engine.commitFault = {};
+  Click("Command2");
+  EXPECT_EQ(Balance("C001"), "50.0|20.0|30.0|Borç");
+  EXPECT_EQ(Due("C001"), Lines{"30.0"});
+}
+
+TEST_F(MoneyPostingTest, the_button_is_off_and_busy_while_it_posts) {
+  bool seen = false;
+  desk->cursors.HareketData.repositioned.Connect([&] {
+    if (desk->screen.Busy() && At("Command2").Caption() == "Bekleyin" && !At("Command2").Enabled()) seen = true;
+  });
+  Pay("Ayşe Yılmaz", "10");
+  EXPECT_TRUE(seen);
+}
+
+}  // namespace
+}  // namespace karvel

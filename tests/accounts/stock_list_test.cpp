@@ -1,0 +1,297 @@
+#include <string>
+#include <vector>
+
+#include "tests/support/desk_fixture.h"
+
+namespace karvel {
+namespace {
+
+using Names = std::vector<std::string>;
+
+class StockListTest : public DeskFixture {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(Start());
+    AddCustomer("C001", "Ayşe Yılmaz", "Bakiye=75.5, Borc=75.5, Hesap='Borç'");
+    AddCustomer("P001", "Plasiyer Can", "Gurup='plasiyer'");
+    AddCustomer("T001", "Toptan Gıda", "Gurup='Toptan'");
+    AddCustomer("=KASA", "Kasa");
+    Sql("Cari.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Müşteri',1),('Toptan',1)");
+    Sql("Stok.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Gıda',1),('Temizlik',1)");
+    AddStock("1", "Pirinç", "KalanB=5, GirenMik=5");
+    AddStock("2", "Sabun", "Gurup='Temizlik', KalanA=2, CikanMik=2");
+    AddStock("3", "Şeker", "KalanB=1.5, GirenMik=2, CikanMik=0.5");
+    AddStock("4", "Gizli", "StokGizle=1, KalanB=9");
+    ASSERT_TRUE(Start());
+  }
+  Names Listed(const char* field = "StokAdi") {
+    const Cursor& list = desk->cursors.CariData;
+    Names names;
+    if (!list.SourceTable()) return names;
+    for (const GridRow& row : list.RowsFromStart(100))
+      names.push_back(AsText(row.values[static_cast<std::size_t>(list.SourceTable()->Position(field))]));
+    return names;
+  }
+  void Tick(bool on = true) { At("StokChk").SetChecked(on); }
+};
+
+TEST_F(StockListTest, the_tick_turns_the_customer_list_over_to_the_cards) {
+  Tick();
+  EXPECT_EQ(Listed(), (Names{"Pirinç", "Sabun", "Şeker"}));
+  const auto& columns = desk->screen.CariGrid.Columns();
+  ASSERT_EQ(columns.size(), 5U);
+  const char* const captions[] = {"Stok Adı", "Giren", "Çıkan", "+Kalan", "-Kalan"};
+  const char* const fields[] = {"StokAdi", "GirenMik", "CikanMik", "KalanB", "KalanA"};
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    EXPECT_EQ(Trim(columns[i].caption), captions[i]);
+    EXPECT_EQ(columns[i].field, fields[i]);
+    EXPECT_TRUE(columns[i].visible);
+    EXPECT_EQ(columns[i].format, i == 0 ? "" : desk->form.QuantityFormat);
+  }
+  EXPECT_EQ(columns[3].align, Align::Right);
+}
+
+TEST_F(StockListTest, with_the_tick_nothing_can_be_posted_or_left) {
+  Tick();
+  EXPECT_FALSE(At("Command2").Enabled());
+  EXPECT_FALSE(At("Command3").Enabled());
+  EXPECT_FALSE(At("Command4").Enabled());
+  EXPECT_FALSE(At("SilinenChk").Enabled());
+  EXPECT_TRUE(At("StokFrm").Visible());
+  EXPECT_FALSE(At("Label5").Visible());
+  EXPECT_FALSE(At("Label1(7)").Visible());
+  Set("Text2(2)", "50");
+  EXPECT_FALSE(At("Command2").Enabled()) << "a payment typed over the stock list has no customer";
+  Tick(false);
+  EXPECT_TRUE(At("Command2").Enabled());
+  EXPECT_TRUE(At("Command3").Enabled());
+  EXPECT_TRUE(At("Command4").Enabled());
+  EXPECT_TRUE(At("SilinenChk").Enabled());
+  EXPECT_FALSE(At("StokFrm").Visible());
+  EXPECT_TRUE(At("Label5").Visible());
+  EXPECT_TRUE(At("Label1(7)").Visible());
+}
+
+TEST_F(StockListTest, the_customers_that_come_back_include_salesmen) {
+  Tick();
+  Tick(false);
+  EXPECT_EQ(Listed("Unvan"), (Names{"Ayşe Yılmaz", "Muhtelif Müşteri", "Plasiyer Can"}));
+  const auto& columns = desk->screen.CariGrid.Columns();
+  EXPECT_EQ(Trim(columns[0].caption), "Ünvan");
+  EXPECT_FALSE(columns[1].visible);
+  EXPECT_EQ(Trim(columns[2].caption), "Bakiye");
+  EXPECT_EQ(columns[2].field, "Bakiye");
+  EXPECT_EQ(columns[3].field, "Hesap");
+  EXPECT_FALSE(columns[4].visible);
+}
+
+TEST_F(StockListTest, the_screen_follows_to_the_customer_that_comes_back) {
+  ASSERT_TRUE(desk->cursors.CariData.FindFirst("Unvan='Muhtelif Müşteri'").Ok());
+  Tick();
+  Tick(false);
+  EXPECT_EQ(At("Text1(0)").Text(), "Ayşe Yılmaz");
+  EXPECT_EQ(At("Label5").Caption(), "75,50");
+  EXPECT_EQ(desk->form.RepositionGuard, 0);
+}
+
+TEST_F(StockListTest, in_the_wholesale_branch_the_tick_opens_the_receipt) {
+  At("GurupCombo").ChooseText("Toptan");
+  ASSERT_EQ(At("Label1(0)").Caption(), " Toptan");
+  Tick();
+  EXPECT_FALSE(At("StokChk").Checked());
+  EXPECT_TRUE(At("StokAl").Visible());
+  EXPECT_TRUE(At("Text6(0)").HasFocus());
+  EXPECT_FALSE(At("StokFrm").Visible());
+  EXPECT_EQ(Listed("Unvan"), Names{"Toptan Gıda"});
+}
+
+TEST_F(StockListTest, a_sale_keeps_its_customer_list) {
+  EnterSale("Ayşe Yılmaz");
+  Tick();
+  EXPECT_FALSE(At("StokChk").Checked());
+  EXPECT_EQ(desk->cursors.CariData.Text("CariKod"), "C001");
+}
+
+TEST_F(StockListTest, a_customer_group_leads_back_to_customers) {
+  Tick();
+  At("GurupCombo").ChooseText("Müşteri");
+  EXPECT_FALSE(At("StokChk").Checked());
+  EXPECT_EQ(Listed("Unvan"), (Names{"Ayşe Yılmaz", "Kasa", "Muhtelif Müşteri"}));
+}
+
+TEST_F(StockListTest, the_customer_fields_leave_the_cards_alone) {
+  Tick();
+  At("Text5").SetText("a");
+  EXPECT_EQ(Listed(), (Names{"Pirinç", "Sabun", "Şeker"}));
+  Set("Text1(0)", "Yeni Ad");
+  Key("Text1(0)", key::kEnter);
+  EXPECT_FALSE(At("CariFrm").Visible());
+}
+
+TEST_F(StockListTest, a_group_narrows_the_cards) {
+  Tick();
+  At("GrpCombo").ChooseText("Temizlik");
+  EXPECT_EQ(Listed(), Names{"Sabun"});
+  EXPECT_EQ(desk->cursors.CariData.RecordSource(),
+            "Select * From StokKartlar Where StokGizle=False  And Gurup='Temizlik' Order By StokAdi ASC");
+  At("GrpCombo").Choose(0);
+  EXPECT_EQ(Listed(), (Names{"Pirinç", "Sabun", "Şeker"}));
+}
+
+TEST_F(StockListTest, what_is_on_hand_leaves_out_the_oversold) {
+  Tick();
+  At("Stoktxt").SetText("Pir");
+  At("StokCek").SetChecked(true);
+  EXPECT_EQ(Listed(), (Names{"Pirinç", "Şeker"}));
+  EXPECT_EQ(At("Stoktxt").Text(), "");
+  EXPECT_TRUE(At("Stoktxt").HasFocus());
+  At("GrpCombo").ChooseText("Temizlik");
+  EXPECT_EQ(Listed(), Names{});
+}
+
+TEST_F(StockListTest, the_tick_shows_all_cards_again) {
+  Tick();
+  At("GrpCombo").ChooseText("Temizlik");
+  At("StokCek").SetChecked(true);
+  Tick(false);
+  Tick();
+  EXPECT_EQ(At("GrpCombo").ListIndex(), 0);
+  EXPECT_FALSE(At("StokCek").Checked());
+  EXPECT_EQ(Listed(), (Names{"Pirinç", "Sabun", "Şeker"}));
+}
+
+TEST_F(StockListTest, the_strip_does_nothing_to_customers) {
+  const std::string before = desk->cursors.CariData.RecordSource();
+  At("GrpCombo").ChooseText("Temizlik");
+  At("StokCek").SetChecked(true);
+  EXPECT_EQ(desk->cursors.CariData.RecordSource(), before);
+}
+
+TEST_F(StockListTest, a_typed_name_is_found_and_blanks_move_nothing) {
+  Tick();
+  At("Stoktxt").SetText("şe");
+  EXPECT_EQ(desk->cursors.CariData.Text("StokAdi"), "Şeker");
+  At("Stoktxt").SetText("   ");
+  EXPECT_EQ(desk->cursors.CariData.Text("StokAdi"), "Şeker");
+  At("Stoktxt").SetText("yok");
+  EXPECT_EQ(desk->cursors.CariData.Text("StokAdi"), "Şeker");
+}
+
+TEST_F(StockListTest, the_first_tap_opens_the_keyboard_over_all_cards) {
+  Element* wanted = nullptr;
+  desk->screen.keyboardWanted.Connect([&wanted](Element& field) { wanted = &field; });
+  Tick();
+  At("GrpCombo").ChooseText("Temizlik");
+  At("Stoktxt").SetText("Sab");
+  Click("Stoktxt");
+  EXPECT_EQ(wanted, &At("Stoktxt"));
+  EXPECT_TRUE(desk->form.KeyboardOpen);
+  EXPECT_EQ(At("Stoktxt").Text(), "");
+  EXPECT_EQ(Listed(), (Names{"Pirinç", "Sabun", "Şeker"}));
+  EXPECT_EQ(desk->form.RepositionGuard, 0);
+}
+
+TEST_F(StockListTest, the_second_tap_takes_the_name) {
+  int done = 0;
+  desk->screen.keyboardDone.Connect([&done] { ++done; });
+  Tick();
+  Click("Stoktxt");
+  At("Stoktxt").SetText("şe");
+  Click("Stoktxt");
+  EXPECT_EQ(done, 1);
+  EXPECT_FALSE(desk->form.KeyboardOpen);
+  EXPECT_EQ(desk->form.LastStokSearch, "şe");
+  EXPECT_EQ(Listed(), Names{"Şeker"});
+  EXPECT_EQ(At("Stoktxt").Text(), "Şeker");
+  EXPECT_TRUE(At("CariGrid").HasFocus());
+}
+
+TEST_F(StockListTest, a_name_without_a_card_stays_as_typed) {
+  Tick();
+  Click("Stoktxt");
+  At("Stoktxt").SetText("yok");
+  Click("Stoktxt");
+  EXPECT_EQ(Listed(), Names{});
+  EXPECT_EQ(At("Stoktxt").Text(), "yok");
+}
+
+TEST_F(StockListTest, leaving_the_cards_puts_the_keyboard_away) {
+  Tick();
+  Click("Stoktxt");
+  Tick(false);
+  EXPECT_FALSE(desk->form.KeyboardOpen);
+  EXPECT_EQ(At("Text1(0)").Text(), "Ayşe Yılmaz");
+}
+
+TEST_F(StockListTest, entering_the_search_selects_its_text) {
+  Tick();
+  At("Stoktxt").SetText("Pir");
+  At("Stoktxt").SetFocus();
+  EXPECT_EQ(At("Stoktxt").SelectionLength(), 3);
+}
+
+TEST_F(StockListTest, the_delete_key_needs_the_open_deletion) {
+  EnterSale("Ayşe Yılmaz");
+  KeyEvent event{key::kDelete};
+  desk->screen.StokGrid.keyDown(event);
+  EXPECT_TRUE(event.dropped);
+  EXPECT_EQ(One("Stok.mdb", "SELECT count(*) FROM StokKartlar"), "4");
+  EXPECT_TRUE(shell.sounds.empty());
+  KeyEvent other{key::kDown};
+  desk->screen.StokGrid.keyDown(other);
+  EXPECT_FALSE(other.dropped);
+}
+
+TEST_F(StockListTest, the_delete_key_removes_a_card_without_a_question) {
+  Click("Silme");
+  EnterSale("Ayşe Yılmaz");
+  PickItem("2");
+  KeyEvent event{key::kDelete};
+  desk->screen.StokGrid.keyDown(event);
+  EXPECT_EQ(Rows("Stok.mdb", "SELECT StokKod FROM StokKartlar ORDER BY 1"), (Names{"1", "3", "4"}));
+  EXPECT_EQ(desk->cursors.StokData.Text("StokKod"), "3");
+  EXPECT_TRUE(messages.shown.empty());
+  ASSERT_EQ(shell.sounds.size(), 1U);
+  EXPECT_TRUE(shell.sounds[0].ends_with("/Recycle.wav"));
+  desk->screen.StokGrid.keyDown(event);
+  EXPECT_EQ(desk->cursors.StokData.Text("StokKod"), "1") << "behind the last card the one before it is in front";
+  desk->screen.StokGrid.keyDown(event);
+  desk->screen.StokGrid.keyDown(event);
+  EXPECT_EQ(Rows("Stok.mdb", "SELECT StokKod FROM StokKartlar"), Names{"4"});
+  EXPECT_EQ(shell.sounds.size(), 3U);
+}
+
+class StockCardPanelTest : public StockListTest {};
+
+TEST_F(StockCardPanelTest, saving_opens_with_code_and_name_and_does_nothing) {
+  At("StokGiris").SetVisible(true);
+  EXPECT_FALSE(At("StokNewCmd(1)").Enabled());
+  At("StokNew(1)").SetText("Yeni");
+  EXPECT_FALSE(At("StokNewCmd(1)").Enabled());
+  At("StokNew(0)").SetText("9");
+  EXPECT_TRUE(At("StokNewCmd(1)").Enabled());
+  Click("StokNewCmd(1)");
+  EXPECT_EQ(One("Stok.mdb", "SELECT count(*) FROM StokKartlar"), "4");
+  EXPECT_TRUE(At("StokGiris").Visible());
+  At("StokNew(1)").SetText("");
+  EXPECT_FALSE(At("StokNewCmd(1)").Enabled());
+}
+
+TEST_F(StockCardPanelTest, leaving_hides_it_and_goes_back_to_the_product) {
+  EnterSale("Ayşe Yılmaz");
+  At("StokGiris").SetVisible(true);
+  Click("StokNewCmd(0)");
+  EXPECT_FALSE(At("StokGiris").Visible());
+  EXPECT_TRUE(At("Text1(1)").HasFocus());
+}
+
+TEST_F(StockCardPanelTest, a_field_that_is_entered_selects_its_text_and_is_the_active_one) {
+  At("StokGiris").SetVisible(true);
+  At("StokNew(5)").SetText("12,50");
+  At("StokNew(5)").SetFocus();
+  EXPECT_EQ(At("StokNew(5)").SelectionLength(), 5);
+  EXPECT_EQ(desk->form.ActiveFieldCode, 5);
+}
+
+}  // namespace
+}  // namespace karvel

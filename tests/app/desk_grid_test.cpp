@@ -1,0 +1,258 @@
+#include "app/desk_grid.h"
+
+#include <fmt/format.h>
+
+#include <QScrollBar>
+#include <filesystem>
+
+#include "app/qt_text.h"
+#include "store/catalogue.h"
+#include "store/cursor.h"
+#include "store/sqlite/sqlite_engine.h"
+#include "store/sqlite/templates.h"
+#include "store/stores.h"
+#include "tests/support/temp_folder.h"
+#include "window_fixture.h"
+
+namespace karvel {
+namespace {
+
+constexpr const char* kAll = "Select * From StokKartlar Where StokGizle=False Order By StokAdi ASC";
+
+class DeskGridTest : public WindowTest {
+ protected:
+  DeskGridTest() {
+    for (const DatabaseFile& file : Catalogue::Files()) WriteTemplate(file, folder.Path() + "/" + std::string(file.name)).Ignore();
+    EXPECT_TRUE(stores.Driver().Open(folder.Path()).Ok());
+    cursor.SetDatabaseName(folder.Path() + "/Stok.mdb");
+    screen.StokGrid.SetColumns({{"Stok Kodu", "StokKod", true, Align::Left, "", 0},
+                                {"Stok Adı", "StokAdi", true, Align::Left, "", 0},
+                                {"Maliyet", "gFiyat", false, Align::Right, "#,##0.00", 0},
+                                {"1.Fiyat", "Fiyat", true, Align::Right, "#,##0.00", 0},
+                                {"Gizli", "StokGizle", true, Align::Center, "", 0}});
+    screen.CariGrid.SetVisible(false);
+    screen.Frame2.SetVisible(true);
+  }
+
+  // Cards "Mal 0000", "Mal 0001", … in the order of their names.
+  void Fill(int count) {
+    ASSERT_TRUE(cursor.Open(kAll).Ok());
+    Action action(stores, "fill");
+    for (int i = 0; i < count; ++i) {
+      ASSERT_TRUE(cursor.AddNew().Ok());
+      cursor.Set("StokKod", fmt::format("K{:04}", i).c_str());
+      cursor.Set("StokAdi", fmt::format("Mal {:04}", i).c_str());
+      cursor.Set("Fiyat", Value(1000.5 + i));
+      {
+        const Status done = cursor.Update();
+        ASSERT_TRUE(done.Ok()) << done.Message();
+      }
+    }
+    ASSERT_TRUE(action.Finish().Ok());
+    ASSERT_TRUE(cursor.Refresh().Ok());
+    screen.StokGrid.SetSource(&cursor);
+    Settle();
+  }
+
+  void Settle() { QTest::qWait(30); }
+  DeskGrid* Grid() { return qobject_cast<DeskGrid*>(Of(screen.StokGrid)); }
+  void TapCell(int row, int column) { QTest::mouseClick(Grid()->viewport(), Qt::LeftButton, {}, Grid()->CellRect(row, column).center()); }
+  void TapTop() { QTest::mouseClick(Grid()->viewport(), Qt::LeftButton, {}, QPoint(60, Grid()->HeadHeight() + 20)); }
+  bool InView(int row) {
+    const QRect cell = Grid()->CellRect(row, 0);
+    return cell.top() >= Grid()->HeadHeight() && cell.bottom() < Grid()->viewport()->height();
+  }
+
+  TempFolder folder;
+  Stores stores{MakeSqliteEngine({.programFolder = folder.Path(), .vfs = {}})};
+  Cursor cursor{stores, "StokData"};
+};
+
+TEST_F(DeskGridTest, shows_the_visible_columns_with_their_formats) {
+  Fill(3);
+  EXPECT_EQ(Grid()->VisibleHeadings(), (QStringList{"Stok Kodu", "Stok Adı", "1.Fiyat", "Gizli"}));
+  EXPECT_EQ(Grid()->ShownRows(2), (QList<QStringList>{{"K0000", "Mal 0000", "1.000,50", ""}, {"K0001", "Mal 0001", "1.001,50", ""}}));
+}
+
+TEST_F(DeskGridTest, a_tap_moves_the_cursor_before_the_element_hears_of_it) {
+  Fill(30);
+  std::string seen;
+  screen.StokGrid.click.Connect([&] { seen = cursor.Text("StokKod") + "/" + std::to_string(screen.StokGrid.Column()); });
+  TapCell(4, 2);
+  EXPECT_EQ(seen, "K0004/3");
+  EXPECT_EQ(Grid()->CurrentRowNumber(), 4);
+  EXPECT_EQ(screen.elements.Focused(), &screen.StokGrid);
+}
+
+TEST_F(DeskGridTest, a_double_tap_is_one_tap_and_one_double_tap) {
+  Fill(5);
+  int taps = 0, doubles = 0;
+  screen.StokGrid.click.Connect([&] { ++taps; });
+  screen.StokGrid.dblClick.Connect([&] { ++doubles; });
+  DoubleTap(Grid()->viewport(), Grid()->CellRect(2, 1).center());
+  EXPECT_EQ(taps, 1);
+  EXPECT_EQ(doubles, 1);
+  EXPECT_EQ(cursor.Text("StokKod"), "K0002");
+}
+
+TEST_F(DeskGridTest, a_heading_tells_its_column_number_hidden_ones_counted) {
+  Fill(5);
+  int column = -1;
+  screen.StokGrid.headClick.Connect([&](int number) { column = number; });
+  QTest::mouseClick(Grid()->viewport(), Qt::LeftButton, {}, Grid()->HeadRect(2).center());
+  EXPECT_EQ(column, 3);
+}
+
+TEST_F(DeskGridTest, the_current_record_comes_into_view_wherever_it_is) {
+  Fill(900);
+  ASSERT_TRUE(cursor.FindFirst("StokKod='K0700'").Ok());
+  Settle();
+  EXPECT_EQ(Grid()->CurrentRowNumber(), 700);
+  EXPECT_TRUE(InView(700));
+  ASSERT_TRUE(cursor.MoveLast().Ok());
+  Settle();
+  EXPECT_TRUE(InView(899));
+  ASSERT_TRUE(cursor.MoveFirst().Ok());
+  Settle();
+  EXPECT_TRUE(InView(0));
+}
+
+TEST_F(DeskGridTest, arrows_and_pages_move_the_current_record) {
+  Fill(200);
+  Focus(screen.StokGrid);
+  Strike(Grid(), Qt::Key_Down);
+  Strike(Grid(), Qt::Key_Down);
+  Strike(Grid(), Qt::Key_Up);
+  EXPECT_EQ(cursor.Text("StokKod"), "K0001");
+  Strike(Grid(), Qt::Key_End);
+  EXPECT_EQ(cursor.Text("StokKod"), "K0199");
+  Strike(Grid(), Qt::Key_Down);
+  EXPECT_EQ(cursor.Text("StokKod"), "K0199");
+  Strike(Grid(), Qt::Key_PageUp);
+  EXPECT_LT(Grid()->CurrentRowNumber(), 198);
+  Strike(Grid(), Qt::Key_Home);
+  Strike(Grid(), Qt::Key_Up);
+  EXPECT_EQ(cursor.Text("StokKod"), "K0000");
+}
+
+TEST_F(DeskGridTest, a_key_that_a_handler_drops_moves_nothing) {
+  Fill(10);
+  screen.StokGrid.keyDown.Connect([](KeyEvent& event) { event.dropped = event.code == key::kDown; });
+  Focus(screen.StokGrid);
+  Strike(Grid(), Qt::Key_Down);
+  EXPECT_EQ(cursor.Text("StokKod"), "K0000");
+}
+
+TEST_F(DeskGridTest, a_finger_drags_the_rows_and_taps_nothing) {
+  Fill(200);
+  int taps = 0;
+  screen.StokGrid.click.Connect([&] { ++taps; });
+  QWidget* const body = Grid()->viewport();
+  const QPoint from(80, body->height() - 20);
+  QTest::mousePress(body, Qt::LeftButton, {}, from);
+  for (int step = 20; step <= 140; step += 20) {
+    const QPointF at(from - QPoint(0, step));
+    QMouseEvent move(QEvent::MouseMove, at, body->mapToGlobal(at), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(body, &move);
+  }
+  QTest::mouseRelease(body, Qt::LeftButton, {}, from - QPoint(0, 140));
+  EXPECT_EQ(taps, 0);
+  EXPECT_EQ(cursor.Text("StokKod"), "K0000");
+  EXPECT_GT(Grid()->verticalScrollBar()->value(), 100);
+}
+
+TEST_F(DeskGridTest, a_dragged_border_tells_the_new_widths) {
+  Fill(5);
+  int resized = 0;
+  screen.StokGrid.columnsResized.Connect([&] { ++resized; });
+  const QRect head = Grid()->HeadRect(0);
+  QWidget* const body = Grid()->viewport();
+  const QPoint from(head.right(), head.center().y());
+  QTest::mousePress(body, Qt::LeftButton, {}, from);
+  const QPointF at(from + QPoint(60, 0));
+  QMouseEvent move(QEvent::MouseMove, at, body->mapToGlobal(at), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(body, &move);
+  QTest::mouseRelease(body, Qt::LeftButton, {}, at.toPoint());
+  EXPECT_EQ(resized, 1);
+  EXPECT_NEAR(screen.StokGrid.Columns()[0].width, (head.width() + 60) * kTwipsPerPixel, 2 * kTwipsPerPixel);
+  EXPECT_EQ(Grid()->HeadRect(0).width(), head.width() + 60);
+}
+
+TEST_F(DeskGridTest, a_row_added_shows_and_a_row_deleted_goes) {
+  Fill(3);
+  ASSERT_TRUE(cursor.AddNew().Ok());
+  cursor.Set("StokKod", "YENI");
+  cursor.Set("StokAdi", "Ayran");
+  {
+    const Status done = cursor.Update();
+    ASSERT_TRUE(done.Ok()) << done.Message();
+  }
+  Settle();
+  EXPECT_EQ(Grid()->ShownRows(10).size(), 4);
+  EXPECT_EQ(Grid()->ShownRows(1).front().at(0), "YENI");
+  ASSERT_TRUE(cursor.FindFirst("StokKod='YENI'").Ok());
+  ASSERT_TRUE(cursor.Delete().Ok());
+  Settle();
+  EXPECT_EQ(Grid()->ShownRows(10).size(), 3);
+}
+
+TEST_F(DeskGridTest, an_emptied_source_leaves_nothing_to_tap) {
+  Fill(3);
+  int taps = 0;
+  screen.StokGrid.click.Connect([&] { ++taps; });
+  const QPoint place = Grid()->CellRect(1, 1).center();
+  ASSERT_TRUE(cursor.Open("Select * From StokKartlar Where StokKod='yok' Order By StokAdi ASC").Ok());
+  Settle();
+  QTest::mouseClick(Grid()->viewport(), Qt::LeftButton, {}, place);
+  EXPECT_EQ(taps, 0);
+  EXPECT_EQ(Grid()->CurrentRowNumber(), -1);
+}
+
+TEST_F(DeskGridTest, a_finger_held_on_a_row_is_the_right_press_on_it) {
+  Fill(10);
+  int rights = 0, taps = 0;
+  screen.StokGrid.mouseDown.Connect([&](const MouseEvent& event) { rights += event.button == 2; });
+  screen.StokGrid.click.Connect([&] { ++taps; });
+  const QPoint place = Grid()->CellRect(3, 1).center();
+  QTest::mousePress(Grid()->viewport(), Qt::LeftButton, {}, place);
+  QTest::qWait(900);
+  QTest::mouseRelease(Grid()->viewport(), Qt::LeftButton, {}, place);
+  EXPECT_EQ(rights, 1);
+  EXPECT_EQ(taps, 0);
+  EXPECT_EQ(cursor.Text("StokKod"), "K0003");
+}
+
+TEST_F(DeskGridTest, the_bar_of_a_long_list_goes_by_the_names) {
+  Fill(5000);
+  QTest::qWait(150);
+  QScrollBar* const bar = Grid()->verticalScrollBar();
+  EXPECT_EQ(bar->value(), 0);
+  bar->setValue(bar->maximum() / 2);
+  Settle();
+  TapTop();
+  EXPECT_NEAR(Grid()->CurrentRowNumber(), 2500, 1500);
+  bar->setValue(bar->maximum());
+  Settle();
+  EXPECT_TRUE(InView(4999));
+}
+
+TEST_F(DeskGridTest, many_changes_are_painted_once) {
+  Fill(60);
+  int reads = 0;
+  cursor.shown.Connect([&] { ++reads; });
+  struct Paints : QObject {
+    int count = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+      count += event->type() == QEvent::Paint;
+      return false;
+    }
+  } paints;
+  Grid()->viewport()->installEventFilter(&paints);
+  for (int i = 0; i < 20; ++i) ASSERT_TRUE(cursor.MoveNext().Ok());
+  Settle();
+  EXPECT_GE(reads, 20);
+  EXPECT_LE(paints.count, 2);
+}
+
+}  // namespace
+}  // namespace karvel

@@ -1,0 +1,84 @@
+#include "app/grid_columns.h"
+
+#include <gtest/gtest.h>
+
+namespace karvel {
+namespace {
+
+GridColumn Column(const char* field, double pixels = 0, bool visible = true) {
+  return {field, field, visible, Align::Left, "", pixels * kTwipsPerPixel};
+}
+
+TEST(GridColumns, the_name_column_takes_the_rest) {
+  const std::vector<GridColumn> columns{Column("StokKod", 80), Column("StokAdi", 50), Column("Yeri", 70)};
+  const auto shown = PlaceColumns(columns, {}, nullptr, 600);
+  ASSERT_EQ(shown.size(), 3U);
+  EXPECT_EQ(shown[1].width, 600 - 80 - 70);
+  EXPECT_EQ(shown[2].x + shown[2].width, 600);
+}
+
+TEST(GridColumns, the_name_is_known_by_its_field_wherever_it_stands) {
+  EXPECT_EQ(StretchColumn({Column("Unvan"), Column("Bakiye"), Column("Hesap")}), 0);
+  EXPECT_EQ(StretchColumn({Column("Tarih"), Column("Miktar"), Column("StokAd")}), 2);
+  EXPECT_EQ(StretchColumn({Column("Tarih"), Column("Aciklama"), Column("Borc")}), 1);
+}
+
+TEST(GridColumns, hidden_columns_take_no_room_and_keep_their_numbers) {
+  const auto shown = PlaceColumns({Column("Unvan"), Column("Giren", 90, false), Column("Bakiye", 90)}, {}, nullptr, 400);
+  ASSERT_EQ(shown.size(), 2U);
+  EXPECT_EQ(shown[1].number, 2);
+  EXPECT_EQ(shown[0].width + shown[1].width, 400);
+}
+
+TEST(GridColumns, too_many_columns_give_way_together_and_never_leave_the_grid) {
+  std::vector<GridColumn> columns{Column("StokAdi")};
+  for (int i = 0; i < 8; ++i) columns.push_back(Column("F", 120));
+  const auto shown = PlaceColumns(columns, {}, nullptr, 500);
+  EXPECT_GE(shown[0].width, 150);
+  EXPECT_EQ(shown.back().x + shown.back().width, 500);
+}
+
+TEST(GridColumns, a_narrow_width_never_cuts_an_amount) {
+  std::vector<GridColumn> columns{Column("Unvan"), Column("Bakiye", 40)};
+  columns[1].align = Align::Right;
+  const auto shown = PlaceColumns(columns, {{}, {50, 110}}, nullptr, 500);
+  EXPECT_EQ(shown[1].width, 110);
+}
+
+TEST(GridColumns, figures_do_not_spread_over_the_room_of_the_names) {
+  std::vector<GridColumn> columns{Column("StokAdi", 120), Column("GirenMik", 400)};
+  columns[1].align = Align::Right;
+  const auto shown = PlaceColumns(columns, {}, nullptr, 600);
+  EXPECT_GE(shown[0].width, 450);
+}
+
+TEST(GridColumns, what_is_beyond_the_need_goes_before_the_need) {
+  std::vector<GridColumn> columns{Column("StokAdi"), Column("Yeri", 300), Column("Fiyat", 90)};
+  columns[2].align = Align::Right;
+  const auto shown = PlaceColumns(columns, {{}, {60, 50}, {60, 90}}, nullptr, 400);
+  EXPECT_EQ(shown[2].width, 90);
+  EXPECT_LT(shown[1].width, 150);
+}
+
+TEST(GridColumns, the_order_of_a_source_is_read_from_its_text) {
+  const Table* const table = Catalogue::File("Cari.mdb")->Find("CariKartlar");
+  ASSERT_NE(table, nullptr);
+  EXPECT_EQ(SortedPosition(*table, "Select * From CariKartlar Where HesKullan=False Order By Unvan Asc"), table->Position("Unvan"));
+  EXPECT_EQ(SortedPosition(*table, "select * from CariKartlar ORDER BY Bakiye"), table->Position("Bakiye"));
+  EXPECT_EQ(SortedPosition(*table, "CariKartlar"), -1);
+}
+
+TEST(GridColumns, cells_show_numbers_dates_and_ticks_in_the_shops_way) {
+  GridColumn money = Column("Tutar");
+  money.format = "#,##0.00";
+  EXPECT_EQ(CellText(money, {Value(1234.5)}, 0), "1.234,50");
+  EXPECT_EQ(CellText(Column("Miktar"), {Value(2.5)}, 0), "2,5");
+  EXPECT_EQ(CellText(Column("Tarih"), {Value(DateTime{2026, 3, 1, 9, 5, 0})}, 0), "01.03.2026 09:05");
+  EXPECT_EQ(CellText(Column("Tarih"), {Value(DateTime{})}, 0), "");
+  EXPECT_EQ(CellText(Column("Sec"), {Value(true)}, 0), "✓");
+  EXPECT_EQ(CellText(Column("Sec"), {Value(false)}, 0), "");
+  EXPECT_EQ(CellText(Column("X"), {Value(1.0)}, -1), "");
+}
+
+}  // namespace
+}  // namespace karvel

@@ -1,0 +1,66 @@
+#include "app/qt_window.h"
+
+#include <filesystem>
+
+#include "tests/support/temp_folder.h"
+#include "window_fixture.h"
+
+namespace karvel {
+namespace {
+
+class QtWindowTest : public WindowTest {
+ protected:
+  QtWindowTest() { frame.Attach(&window); }
+  TempFolder folder;
+  QtWindow frame{folder.Path()};
+};
+
+TEST_F(QtWindowTest, keeps_the_fitting_under_its_name) {
+  window.resize(1000, 700);
+  frame.SaveFitting("VelmoraKrv");
+  EXPECT_TRUE(std::filesystem::exists(folder.Path() + "/fitting/VelmoraKrv.bin"));
+  window.resize(1100, 760);
+  frame.RestoreFitting("VelmoraKrv");
+  EXPECT_EQ(window.size(), QSize(1000, 700));
+  frame.RestoreFitting("never kept");
+  EXPECT_EQ(window.size(), QSize(1000, 700));
+}
+
+TEST_F(QtWindowTest, a_fixed_window_has_no_frame_and_a_free_one_has_it_back) {
+  frame.SetFixed(true);
+  EXPECT_TRUE(window.windowFlags().testFlag(Qt::FramelessWindowHint));
+  EXPECT_TRUE(window.isVisible());
+  frame.SetFixed(false);
+  EXPECT_FALSE(window.windowFlags().testFlag(Qt::FramelessWindowHint));
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(QtWindowTest, moves_stay_on_the_screen) {
+  frame.MoveBy(-5000, -5000);
+  EXPECT_GE(window.geometry().left(), 0);
+  EXPECT_GE(window.geometry().top(), 0);
+  frame.SizeBy(9000, 9000);
+  const QRect room = window.screen()->availableGeometry();
+  EXPECT_EQ(window.geometry().topLeft(), room.topLeft());
+  EXPECT_EQ(window.size(), room.size().expandedTo(window.minimumSize()));
+}
+
+TEST_F(QtWindowTest, measures_texts_in_the_elements_own_font) {
+  EXPECT_GT(frame.TextWidth("Label5", "1.234,50"), frame.TextWidth("Label8", "1.234,50"));
+  EXPECT_GT(frame.InnerWidth("CariGrid"), 300);
+  EXPECT_EQ(frame.TextWidth("no such element", "x"), 0);
+}
+
+TEST_F(QtWindowTest, a_larger_grid_font_makes_higher_rows) {
+  const int before = frame.TextWidth("CariGrid", "Abdullah");
+  frame.SetGridFont("", 24, false);
+  EXPECT_GT(frame.TextWidth("CariGrid", "Abdullah"), before);
+}
+
+TEST_F(QtWindowTest, closing_by_the_program_says_so) {
+  frame.Close();
+  EXPECT_EQ(closeRequests, (std::vector<bool>{true}));
+}
+
+}  // namespace
+}  // namespace karvel

@@ -1,0 +1,311 @@
+#include "tests/support/desk_fixture.h"
+
+namespace karvel {
+namespace {
+
+class SaleModeTest : public DeskFixture {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(Start());
+    AddCustomer("C001", "Ayşe Yılmaz", "Bakiye=75.5, Borc=75.5, Hesap='Borç'");
+    AddCustomer("C002", "Bora Çetin");
+    AddStock("1001", "Pirinç", "Fiyat=50, Fiyat2=540, Fiyat3=1000, Birim2='Koli', Adet2=12, Adet3=24");
+    AddStock("1002", "Şeker", "Fiyat=20");
+    ASSERT_TRUE(Start());
+  }
+};
+
+TEST_F(SaleModeTest, entering_a_sale_puts_the_customer_in_front) {
+  EnterSale("Ayşe Yılmaz");
+  EXPECT_EQ(desk->form.CurrentCustomerCode, "C001");
+  EXPECT_FALSE(At("CariGrid").Visible());
+  EXPECT_TRUE(At("Frame2").Visible());
+  EXPECT_TRUE(At("StokGrid").Visible());
+  EXPECT_EQ(At("Label1(0)").Caption(), " Müşteri");
+  EXPECT_EQ(At("Label4").Caption(), "Satış");
+  EXPECT_EQ(At("Label4").Color(), color::kYellow);
+  EXPECT_EQ(At("Label5").Color(), color::kGreen);
+  EXPECT_EQ(At("Label8").Caption(), "Ayşe Yılmaz");
+  EXPECT_FALSE(At("Text1(0)").Enabled());
+  EXPECT_EQ(At("Text1(1)").Text(), "Pirinç");
+  EXPECT_EQ(At("Text2(0)").Text(), "50,00");
+  EXPECT_EQ(At("Text2(1)").Text(), "0");
+  EXPECT_EQ(At("Label2").Caption(), "0,00");
+  EXPECT_FALSE(At("Command2").Enabled());
+  EXPECT_TRUE(At("StokGrid").HasFocus());
+  EXPECT_EQ(desk->cursors.HareketData.RecordSource(), "Select * From Datam Where CariKod='C001' Order By Tarih Desc");
+  EXPECT_TRUE(scanner.enabled);
+  EXPECT_TRUE(At("Form1").Enabled());
+}
+
+TEST_F(SaleModeTest, a_name_that_is_not_in_the_list_does_nothing) {
+  At("Text1(0)").SetText("Kimse");
+  At("Label1(0)").dblClick();
+  EXPECT_TRUE(At("CariGrid").Visible());
+  EXPECT_FALSE(At("Frame2").Visible());
+  EXPECT_EQ(At("Label1(0)").Caption(), " Satış");
+  EXPECT_EQ(At("Text1(0)").Text(), "Kimse");
+}
+
+TEST_F(SaleModeTest, a_name_is_found_whatever_its_case) {
+  EnterSale("AYşE YıLMAZ");
+  EXPECT_EQ(desk->form.CurrentCustomerCode, "C001");
+}
+
+TEST_F(SaleModeTest, a_quote_in_the_name_is_just_not_found) {
+  At("Text1(0)").SetText("D'Artagnan");
+  At("Label1(0)").dblClick();
+  EXPECT_TRUE(At("CariGrid").Visible());
+}
+
+TEST_F(SaleModeTest, payment_and_discount_are_reset_on_entering_and_leaving) {
+  At("Text2(2)").SetText("15");
+  At("Text2(3)").SetText("5");
+  EnterSale("Ayşe Yılmaz");
+  EXPECT_EQ(At("Text2(2)").Text(), "0");
+  EXPECT_EQ(At("Text2(3)").Text(), "0");
+  At("Text2(2)").SetText("15");
+  At("Text2(3)").SetText("5");
+  DoubleTap("Label1(0)");
+  EXPECT_EQ(At("Text2(2)").Text(), "0");
+  EXPECT_EQ(At("Text2(3)").Text(), "0");
+}
+
+TEST_F(SaleModeTest, leaving_a_sale_shows_the_list_again) {
+  EnterSale("Ayşe Yılmaz");
+  DoubleTap("Label1(0)");
+  EXPECT_TRUE(At("CariGrid").Visible());
+  EXPECT_FALSE(At("StokGrid").Visible());
+  EXPECT_FALSE(At("Frame2").Visible());
+  EXPECT_EQ(At("Label5").Color(), color::kWhite);
+  EXPECT_TRUE(At("Text1(0)").Enabled());
+  EXPECT_EQ(At("Label8").Caption(), "C001");
+  EXPECT_EQ(At("Label1(0)").Caption(), " Satış");
+  EXPECT_EQ(At("Command1").Caption(), "Yazdır");
+}
+
+TEST_F(SaleModeTest, the_walk_in_customer_collects_at_once) {
+  EnterSale("Muhtelif Müşteri");
+  EXPECT_EQ(At("Command1").Caption(), "Tahsilat");
+  DoubleTap("Label1(0)");
+  EXPECT_EQ(At("Command1").Caption(), "Yazdır");
+}
+
+TEST_F(SaleModeTest, with_a_scanner_no_item_is_offered_and_the_product_field_has_the_focus) {
+  settings.Save("Velmora Karvel1", "Size", "Label1", " Barkod");
+  ASSERT_TRUE(Start());
+  EnterSale("Ayşe Yılmaz");
+  EXPECT_EQ(At("Text1(1)").Text(), "");
+  EXPECT_TRUE(At("Text1(1)").HasFocus());
+  EXPECT_EQ(desk->form.RepositionGuard, 0);
+}
+
+TEST_F(SaleModeTest, the_mode_goes_round) {
+  EnterSale("Ayşe Yılmaz");
+  const auto mode = [&] { return At("Label4").Caption(); };
+  DoubleTap("Label4");
+  EXPECT_EQ(mode(), "İade");
+  EXPECT_EQ(desk->cursors.HareketData.RecordSource(), "Select * From Datam Where CariKod='C001' Order By Tarih Asc");
+  DoubleTap("Label4");
+  EXPECT_EQ(mode(), "Alış");
+  DoubleTap("Label4");
+  EXPECT_EQ(mode(), "Satış");
+}
+
+TEST_F(SaleModeTest, a_double_tap_on_a_field_name_goes_to_its_field) {
+  EnterSale("Ayşe Yılmaz");
+  DoubleTap("Label1(3)");
+  EXPECT_TRUE(At("Text2(1)").HasFocus());
+  DoubleTap("Label1(5)");
+  EXPECT_TRUE(At("Text2(2)").HasFocus());
+  DoubleTap("Label1(6)");
+  EXPECT_TRUE(At("Text2(3)").HasFocus());
+}
+
+TEST_F(SaleModeTest, names_and_codes_change_places_and_are_kept) {
+  EnterSale("Ayşe Yılmaz");
+  DoubleTap("Label1(1)");
+  EXPECT_EQ(At("Label1(1)").Caption(), " Barkod");
+  EXPECT_EQ(At("Text1(1)").Text(), "");
+  EXPECT_TRUE(At("Text1(1)").HasFocus());
+  EXPECT_EQ(settings.Get("Velmora Karvel1", "Size", "Label1", ""), " Barkod");
+  DoubleTap("Label1(1)");
+  EXPECT_EQ(At("Label1(1)").Caption(), " Ürün");
+}
+
+TEST_F(SaleModeTest, a_tap_on_the_stock_list_makes_the_desk_ready_to_sell) {
+  EnterSale("Ayşe Yılmaz");
+  DoubleTap("Label4");
+  desk->form.EditLineId = "x";
+  At("Command3").SetCaption("Düzeltme");
+  PickItem("1002");
+  EXPECT_EQ(desk->form.EditLineId, "");
+  EXPECT_EQ(At("Label4").Caption(), "Satış");
+  EXPECT_EQ(At("Command3").Caption(), "Çıkış");
+  EXPECT_EQ(At("Command2").Caption(), "Tamam");
+  EXPECT_TRUE(At("Command2").Enabled());
+  EXPECT_EQ(At("Label1(7)").Caption(), "Bakiye");
+  EXPECT_EQ(At("Label5").Caption(), "75,50");
+  EXPECT_EQ(At("Label5").Color(), color::kGreen);
+  EXPECT_EQ(At("Text1(1)").Text(), "Şeker");
+  EXPECT_EQ(At("Text2(1)").Text(), "1");
+  EXPECT_EQ(At("Label2").Caption(), "20,00");
+  EXPECT_EQ(desk->form.ActiveCursor, &desk->cursors.StokData);
+}
+
+TEST_F(SaleModeTest, the_day_total_counts_todays_unpaid_sales_by_name) {
+  Sql("Karvel.mdb",
+      "INSERT INTO Datam(CariKod, CariAd, Tutar, Tarih, Durum, Tahsilat) VALUES"
+      "('C001','Ayşe Yılmaz',10,'2026-03-01 00:00:00','Satış',0),"
+      "('C001','Ayşe Yılmaz',20.5,'2026-03-01 23:59:59','Satış',0),"
+      "('C001','Ayşe Yılmaz',40,'2026-02-28 23:59:59','Satış',0),"
+      "('C001','Ayşe Yılmaz',80,'2026-03-01 10:00:00','İade',0),"
+      "('C001','Ayşe Yılmaz',160,'2026-03-01 10:00:00','Satış',5),"
+      "('C002','Bora Çetin',320,'2026-03-01 10:00:00','Satış',0)");
+  EnterSale("Ayşe Yılmaz");
+  EXPECT_EQ(At("Label5").Caption(), "30,50");
+}
+
+TEST_F(SaleModeTest, a_double_tap_on_the_total_takes_the_day_of_the_current_row_as_payment) {
+  Sql("Karvel.mdb",
+      "INSERT INTO Datam(CariKod, CariAd, Tutar, Tarih, Durum) VALUES"
+      "('C001','Ayşe Yılmaz',1000,'2026-02-20 09:00:00','Satış'),('C001','Ayşe Yılmaz',234.5,'2026-02-20 18:00:00','Satış')");
+  EnterSale("Ayşe Yılmaz");
+  DoubleTap("Label5");
+  EXPECT_EQ(At("Label5").Caption(), "1.234,50");
+  EXPECT_EQ(At("Text2(2)").Text(), "1.234,50");
+}
+
+TEST_F(SaleModeTest, from_the_wholesale_list_the_way_leads_back_to_the_customers) {
+  Sql("Cari.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Toptan',1)");
+  AddCustomer("T1", "Toptancı", "Gurup='Toptan'");
+  ASSERT_TRUE(Start());
+  At("GurupCombo").ChooseText("Toptan");
+  EXPECT_EQ(At("Label1(5)").Caption(), " Ödeme");
+  EXPECT_EQ(At("Label1(0)").Caption(), " Toptan");
+  EXPECT_EQ(At("Text1(0)").Text(), "Toptancı");
+  DoubleTap("Label1(0)");
+  EXPECT_TRUE(At("CariGrid").Visible());
+  EXPECT_EQ(At("Label1(5)").Caption(), " Tahsilat");
+  EXPECT_EQ(At("Label1(0)").Caption(), " Müşteri");
+  EXPECT_EQ(At("Text1(0)").Text(), "");
+}
+
+TEST_F(SaleModeTest, due_dates_follow_the_customer_also_when_the_last_sale_was_left_as_a_purchase) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  DoubleTap("Label4");
+  DoubleTap("Label4");
+  Post("1");
+  DoubleTap("Label1(0)");
+  Sell("Bora Çetin", "1002", "1");
+  EXPECT_EQ(Rows("Cari.mdb", "SELECT CariKod, Tutar FROM \"VadeGün\" ORDER BY 1"),
+            (std::vector<std::string>{"C001|50.0", "C002|20.0"}));
+}
+
+// Fields.
+
+TEST_F(SaleModeTest, the_amount_follows_price_and_quantity) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  Set("Text2(1)", "2,5");
+  EXPECT_EQ(At("Label2").Caption(), "125,00");
+  Set("Text2(0)", "1.5");  // the point of the numeric pad is the comma
+  EXPECT_EQ(At("Text2(0)").Text(), "1,5");
+  EXPECT_EQ(At("Label2").Caption(), "3,75");
+}
+
+TEST_F(SaleModeTest, letters_and_signs_are_dropped_with_a_beep) {
+  EnterSale("Ayşe Yılmaz");
+  Set("Text2(1)", "-1a2+,5,");
+  EXPECT_EQ(At("Text2(1)").Text(), "12,5");
+  EXPECT_EQ(keyboard.beeps, 4);
+}
+
+TEST_F(SaleModeTest, an_empty_field_becomes_zero) {
+  EnterSale("Ayşe Yılmaz");
+  At("Text2(1)").SetText("");
+  EXPECT_EQ(At("Text2(1)").Text(), "0");
+}
+
+TEST_F(SaleModeTest, the_main_button_opens_for_a_quantity_or_a_payment) {
+  EnterSale("Ayşe Yılmaz");
+  EXPECT_FALSE(At("Command2").Enabled());
+  Set("Text2(2)", "15");
+  EXPECT_TRUE(At("Command2").Enabled());
+  Set("Text2(2)", "0");
+  EXPECT_FALSE(At("Command2").Enabled());
+  Set("Text2(1)", "3");
+  EXPECT_TRUE(At("Command2").Enabled());
+}
+
+TEST_F(SaleModeTest, enter_goes_on_to_the_next_field) {
+  EnterSale("Ayşe Yılmaz");
+  Key("Text2(1)", key::kEnter);
+  EXPECT_FALSE(At("Text2(1)").HasFocus());
+}
+
+TEST_F(SaleModeTest, the_name_of_the_field_in_use_is_green_and_the_others_yellow) {
+  EnterSale("Ayşe Yılmaz");
+  At("Text2(1)").SetFocus();
+  EXPECT_EQ(At("Label1(3)").Color(), color::kGreen);
+  EXPECT_EQ(At("Label1(2)").Color(), color::kYellow);
+  EXPECT_EQ(desk->form.ActiveFieldCode, 1);
+  At("Text2(3)").SetFocus();
+  EXPECT_EQ(At("Label1(3)").Color(), color::kYellow);
+  EXPECT_EQ(At("Label1(6)").Color(), color::kGreen);
+}
+
+TEST_F(SaleModeTest, enter_in_the_price_takes_an_item_by_its_barcode) {
+  EnterSale("Ayşe Yılmaz");
+  Set("Text2(0)", "8691002");
+  Key("Text2(0)", key::kEnter);
+  EXPECT_EQ(At("Text2(0)").Text(), "Şeker");
+  EXPECT_EQ(At("Text6(5)").Text(), "8691002");
+}
+
+TEST_F(SaleModeTest, the_pads_value_goes_to_the_field_in_use_and_is_capped_by_the_stock) {
+  Sql("Stok.mdb", "UPDATE StokKartlar SET KalanB=4, GirenMik=4 WHERE StokKod='1001'");
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  At("Text2(1)").SetFocus();
+  At("Text3").SetText("9");
+  EXPECT_EQ(At("Text2(1)").Text(), "9");
+  EXPECT_EQ(At("Text3").Text(), "");
+  Click("Stoklu");
+  At("Text3").SetText("9");
+  EXPECT_EQ(At("Text2(1)").Text(), "4");
+}
+
+TEST_F(SaleModeTest, purchases_with_serials_open_the_serial_panel_on_leaving_the_quantity) {
+  desk->form.SerialEntryOn = true;
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  At("Text2(1)").SetFocus();
+  At("Text2(0)").SetFocus();
+  EXPECT_FALSE(At("Frame4").Visible());
+  DoubleTap("Label4");
+  DoubleTap("Label4");
+  At("Text2(1)").SetFocus();
+  At("Text2(0)").SetFocus();
+  EXPECT_TRUE(At("Frame4").Visible());
+}
+
+TEST_F(SaleModeTest, the_group_list_changes_between_customers_and_stock) {
+  Sql("Cari.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Bayi',1),('Kapalı',0)");
+  Sql("Stok.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Gıda',1),('WinKarvel1',1)");
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(At("GurupCombo").Items(), (std::vector<std::string>{"Tüm Guruplar", "Bayi"}));
+  Click("ComboCmd");
+  EXPECT_EQ(At("ComboCmd").Caption(), "Stok");
+  EXPECT_EQ(At("GurupCombo").Items(), (std::vector<std::string>{"Tüm Guruplar", "Gıda"}));
+  At("GurupCombo").ChooseText("Gıda");
+  EXPECT_EQ(desk->cursors.StokData.RecordSource(), "Select * From StokKartlar Where StokGizle=False And Gurup='Gıda' Order By StokAdi Asc");
+  EXPECT_EQ(settings.Get("Velmora Karvel1", "Size", "SGurup", ""), "Gıda");
+  Click("ComboCmd");
+  EXPECT_EQ(At("ComboCmd").Caption(), "Cari");
+  EXPECT_EQ(At("GurupCombo").Text(), "Tüm Guruplar");
+}
+
+}  // namespace
+}  // namespace karvel

@@ -1,0 +1,91 @@
+#include "exchange/purge.h"
+
+#include <string>
+#include <vector>
+
+#include "tests/support/desk_fixture.h"
+
+namespace karvel {
+namespace {
+
+class PurgeTest : public DeskFixture {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(Start());
+    AddCustomer("C001", "Ayşe Yılmaz", "Bakiye=30, Borc=30, Hesap='Borç'");
+    AddStock("1001", "Pirinç", "CikanMik=3, CikanTutar=30, KalanA=3");
+    for (const char* const day : {"2026-01-30 23:59:59", "2026-01-31 00:00:00", "2025-06-01 12:00:00", "2026-03-01 09:00:00"}) {
+      const std::string date(day);
+      Sql("Cari.mdb", "INSERT INTO CariHareket(cariharkod, Tarih) VALUES('C001','" + date + "')");
+      Sql("Stok.mdb", "INSERT INTO StokHareket(Carisi, Tarih) VALUES('C001','" + date + "')");
+      Sql("Karvel.mdb", "INSERT INTO Datam(CariKod, Tarih) VALUES('C001','" + date + "')");
+    }
+    Sql("Karvel.mdb", "INSERT INTO Datam(CariKod) VALUES('undated')");
+    settings.Save("Velmora Karvel1", "AySil", "AySil", "True");
+  }
+  void StartOn(const DateTime& day) {
+    clock.now = day;
+    ASSERT_TRUE(Start());
+  }
+  std::vector<std::string> Days(const std::string& file, const std::string& table) {
+    return Rows(file, "SELECT substr(Tarih,1,10) FROM " + table + " WHERE Tarih<>'' ORDER BY Tarih");
+  }
+};
+
+using Texts = std::vector<std::string>;
+constexpr DateTime kSixtiethDay{2026, 3, 2, 8, 0, 0};  // the filter ends on 31 January
+
+TEST_F(PurgeTest, a_thirtieth_day_drops_the_movements_of_all_three_books) {
+  StartOn(kSixtiethDay);
+  const Texts left{"2026-03-01"};
+  EXPECT_EQ(Days("Cari.mdb", "CariHareket"), left);
+  EXPECT_EQ(Days("Stok.mdb", "StokHareket"), left);
+  EXPECT_EQ(Days("Karvel.mdb", "Datam"), left);
+}
+
+TEST_F(PurgeTest, a_row_without_a_date_stays) {
+  StartOn(kSixtiethDay);
+  EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam WHERE CariKod='undated'"), "1");
+}
+
+TEST_F(PurgeTest, the_cards_keep_their_sums) {
+  StartOn(kSixtiethDay);
+  EXPECT_EQ(One("Cari.mdb", "SELECT Borc, Bakiye FROM CariKartlar WHERE CariKod='C001'"), "30.0|30.0");
+  EXPECT_EQ(One("Stok.mdb", "SELECT CikanMik, KalanA FROM StokKartlar"), "3.0|3.0");
+}
+
+TEST_F(PurgeTest, other_days_drop_nothing) {
+  StartOn({2026, 3, 1, 8, 0, 0});
+  EXPECT_EQ(Days("Karvel.mdb", "Datam").size(), 4U);
+  StartOn({2026, 3, 3, 8, 0, 0});
+  EXPECT_EQ(Days("Karvel.mdb", "Datam").size(), 4U);
+}
+
+TEST_F(PurgeTest, unchecked_it_never_runs) {
+  settings.Save("Velmora Karvel1", "AySil", "AySil", "False");
+  StartOn(kSixtiethDay);
+  EXPECT_EQ(Days("Karvel.mdb", "Datam").size(), 4U);
+}
+
+TEST_F(PurgeTest, the_lists_show_what_is_left) {
+  StartOn(kSixtiethDay);
+  ASSERT_TRUE(desk->cursors.CariData.FindFirst("CariKod='C001'").Ok());
+  EXPECT_EQ(desk->cursors.HareketData.RecordCount(), 1);
+  EXPECT_EQ(desk->cursors.CariHarData.RecordCount(), 1);
+}
+
+TEST(Purge, is_due_on_new_years_day_and_every_thirtieth_after) {
+  EXPECT_TRUE(Purge::IsDue({2026, 1, 1, 23, 0, 0}));
+  EXPECT_FALSE(Purge::IsDue({2026, 1, 2, 0, 0, 0}));
+  EXPECT_FALSE(Purge::IsDue({2026, 1, 30, 0, 0, 0}));
+  EXPECT_TRUE(Purge::IsDue({2026, 1, 31, 0, 0, 0}));
+  EXPECT_TRUE(Purge::IsDue({2024, 3, 1, 0, 0, 0}));  // of a leap year
+  EXPECT_FALSE(Purge::IsDue({2026, 3, 1, 0, 0, 0}));
+}
+
+TEST(Purge, takes_whole_days_up_to_thirty_days_ago) {
+  EXPECT_EQ(Purge::Filter({2026, 1, 1, 9, 30, 0}), "Tarih<=#12/02/2025 23:59:59#");
+}
+
+}  // namespace
+}  // namespace karvel

@@ -1,0 +1,45 @@
+#include "platform/status.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+#include "text/turkish.h"
+
+namespace karvel {
+namespace {
+
+constexpr ErrorKind kKinds[] = {ErrorKind::None,     ErrorKind::BadText,  ErrorKind::NoRecord, ErrorKind::NotOpen, ErrorKind::Busy,
+                                ErrorKind::DiskFull, ErrorKind::NoRights, ErrorKind::Damaged,  ErrorKind::Missing, ErrorKind::Other};
+
+TEST(ClerkMessage, every_kind_has_its_own_sentence) {
+  std::set<std::string> sentences;
+  for (const ErrorKind kind : kKinds) sentences.insert(ClerkMessage(Status(kind, "")));
+  EXPECT_EQ(sentences.size(), std::size(kKinds));
+}
+
+TEST(ClerkMessage, tells_what_happened_and_what_to_do) {
+  EXPECT_EQ(ClerkMessage(Status(ErrorKind::DiskFull, "")), "Disk dolu. Kayıt yapılmadı; yer açıp yeniden deneyin.");
+  EXPECT_TRUE(ContainsText(ClerkMessage(Status(ErrorKind::NoRights, "")), "izni"));
+  EXPECT_TRUE(ContainsText(ClerkMessage(Status(ErrorKind::Damaged, "")), "yedekten"));
+  EXPECT_TRUE(ContainsText(ClerkMessage(Status(ErrorKind::Busy, "")), "bekleyip"));
+  EXPECT_TRUE(ContainsText(ClerkMessage(Status(ErrorKind::Missing, "")), "bulunamadı"));
+}
+
+TEST(ClerkMessage, never_shows_the_log_text) {
+  for (const ErrorKind kind : kKinds) {
+    EXPECT_FALSE(ContainsText(ClerkMessage(Status(kind, "errno 28 at Cari.mdb")), "errno")) << static_cast<int>(kind);
+  }
+}
+
+TEST(Status, is_well_until_told_otherwise) {
+  EXPECT_TRUE(Status().Ok());
+  const Status failed(ErrorKind::Busy, "gate");
+  EXPECT_FALSE(failed.Ok());
+  EXPECT_EQ(failed.Kind(), ErrorKind::Busy);
+  EXPECT_EQ(failed.Message(), "gate");
+}
+
+}  // namespace
+}  // namespace karvel

@@ -1,0 +1,272 @@
+#include "scenario.h"
+
+#include <fmt/format.h>
+#include <sqlite3.h>
+#include <strings.h>
+#include <unistd.h>
+
+#include <QSettings>
+#include <QString>
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <sstream>
+#include <stdexcept>
+
+#include "text/turkish.h"
+
+namespace karvel::test {
+namespace fs = std::filesystem;
+using Json = nlohmann::json;
+namespace {
+
+constexpr auto kPatience = std::chrono::seconds(60);  // the sanitizers' builds are slow
+
+[[noreturn]] void Fail(const std::string& text) {
+  throw std::runtime_error(text);
+}
+
+// A file of a folder, whatever the case of its name.
+fs::path NamedIn(const fs::path& folder, const std::string& name) {
+  if (fs::is_directory(folder))
+    for (const auto& entry : fs::directory_iterator(folder))
+      if (strcasecmp(entry.path().filename().c_str(), name.c_str()) == 0) return entry.path();
+  return folder / name;
+}
+
+using Database = std::unique_ptr<sqlite3, decltype(&sqlite3_close)>;
+
+Database Open(const fs::path& file) {
+  sqlite3* raw = nullptr;
+  const int code = sqlite3_open_v2(file.c_str(), &raw, SQLITE_OPEN_READWRITE, nullptr);
+  Database database(raw, &sqlite3_close);
+  if (code != SQLITE_OK) Fail(fmt::format("can't open {}", file.string()));
+  sqlite3_busy_timeout(raw, 5000);
+  return database;
+}
+
+// Runs one statement; the rows with their fields between bars.
+std::vector<std::string> Run(const fs::path& file, const std::string& sql) {
+  const Database database = Open(file);
+  sqlite3_stmt* raw = nullptr;
+  if (sqlite3_prepare_v2(database.get(), sql.c_str(), -1, &raw, nullptr) != SQLITE_OK) Fail(sqlite3_errmsg(database.get()));
+  const std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)> statement(raw, &sqlite3_finalize);
+  std::vector<std::string> rows;
+  int code;
+  while ((code = sqlite3_step(raw)) == SQLITE_ROW) {
+    std::string row;
+    for (int i = 0; i < sqlite3_column_count(raw); ++i) {
+      const auto* const field = reinterpret_cast<const char*>(sqlite3_column_text(raw, i));
+      row += (i ? "|" : "") + std::string(field ? field : "NULL");
+    }
+    rows.push_back(std::move(row));
+  }
+  if (code != SQLITE_DONE) Fail(sqlite3_errmsg(database.get()));
+  return rows;
+}
+
+bool Holds(const Json& whole, const Json& part) {
+  if (part.is_object()) {
+    if (!whole.is_object()) return false;
+    for (const auto& [key, value] : part.items())
+      if (!whole.contains(key) || !Holds(whole[key], value)) return false;
+    return true;
+  }
+  if (part.is_array()) {
+    if (!whole.is_array() || whole.size() != part.size()) return false;
+    for (std::size_t i = 0; i < part.size(); ++i)
+      if (!Holds(whole[i], part[i])) return false;
+    return true;
+  }
+  if (part.is_number() && whole.is_number()) return std::fabs(part.get<double>() - whole.get<double>()) < 1e-9;
+  return whole == part;
+}
+
+// "FILE: REST"
+std::pair<std::string, std::string> SplitAt(const std::string& text, const std::string& mark) {
+  const std::size_t at = text.find(mark);
+  if (at == std::string::npos) Fail(fmt::format("\"{}\" is missing", mark));
+  return {text.substr(0, at), Trim(text.substr(at + mark.size()))};
+}
+
+std::string Joined(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text += "\n    " + line;
+  return text.empty() ? " nothing" : text;
+}
+
+void Compare(const std::vector<std::string>& is, const std::vector<std::string>& expected) {
+  if (is != expected) Fail(fmt::format("\n  expected:{}\n  is:{}", Joined(expected), Joined(is)));
+}
+
+fs::path FreshFolder() {
+  std::string pattern = (fs::temp_directory_path() / "karvel-scenario-XXXXXX").string();
+  if (!mkdtemp(pattern.data())) Fail("no temporary folder");
+  return pattern;
+}
+
+}  // namespace
+
+Scenario::Scenario(std::string robot, const fs::path& templates) : robotProgram_(std::move(robot)), folder_(FreshFolder()) {
+  fs::create_directories(folder_ / "program");
+  fs::create_directories(folder_ / "home");
+  for (const auto& entry : fs::directory_iterator(templates))
+    if (strcasecmp(entry.path().extension().c_str(), ".mdb") == 0)
+      fs::copy_file(entry.path(), folder_ / "program" / entry.path().filename());
+  environment_ = {{"KARVEL_HOME", (folder_ / "home").string()},
+                  {"KARVEL_PROGRAM", (folder_ / "program").string()},
+                  {"KARVEL_TITLE", "Velmora Karvel1"},
+                  {"KARVEL_CLOCK", "2026-03-01T10:15:00"},
+                  {"QT_QPA_PLATFORM", "offscreen"},
+                  {"XDG_RUNTIME_DIR", folder_.string()},
+                  {"TZ", "Europe/Istanbul"},
+                  {"LC_ALL", "C.UTF-8"}};
+}
+
+Scenario::~Scenario() {
+  robot_.reset();
+  std::error_code error;
+  fs::remove_all(folder_, error);
+}
+
+void Scenario::Play(const fs::path& script) {
+  std::ifstream file(script);
+  if (!file) Fail(fmt::format("can't read {}", script.string()));
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(file, line);) lines.push_back(line);
+  int steps = 0;
+  for (std::size_t i = 0; i < lines.size();) {
+    const std::size_t at = i++;
+    if (Trim(lines[at]).empty() || lines[at].starts_with('#')) continue;
+    std::vector<std::string> expected;
+    std::string answer;
+    for (; i < lines.size() && (lines[i].starts_with('=') || lines[i].starts_with('<')); ++i) {
+      const std::string rest = lines[i].size() > 2 ? lines[i].substr(2) : "";
+      if (lines[i].starts_with('<')) {
+        answer = rest;
+      } else {
+        expected.push_back(rest);
+      }
+    }
+    try {
+      Step(lines[at], expected, answer);
+    } catch (const std::exception& error) {
+      Fail(fmt::format("{}:{}: {}\n{}", script.filename().string(), at + 1, lines[at], error.what()));
+    }
+    ++steps;
+  }
+  if (steps == 0) Fail("the scenario is empty");
+  if (robot_) Close();
+}
+
+void Scenario::Step(const std::string& line, const std::vector<std::string>& expected, const std::string& answer) {
+  if (line.starts_with('{')) return Request(line, answer);
+  const std::size_t blank = std::min(line.find(' '), line.size());
+  const std::string word = line.substr(0, blank), rest = Trim(line.substr(blank));
+  if (word == "raw") return Request(rest, answer);
+  if (word == "env") {
+    const auto [name, value] = SplitAt(rest, "=");
+    environment_[name] = value;
+  } else if (word == "setting") {
+    WriteSetting(rest);
+  } else if (word == "setting?") {
+    const QSettings settings(QString::fromStdString((folder_ / "home/settings.ini").string()), QSettings::IniFormat);
+    const bool apart = rest.find(':') != std::string::npos;
+    const std::string address = apart ? ReplaceAll(rest, ":", "/") : environment_["KARVEL_TITLE"] + "/" + rest;
+    Compare({settings.value(QString::fromStdString(address)).toString().toStdString()}, expected);
+  } else if (word == "write") {
+    const auto [file, statement] = SplitAt(rest, ":");
+    Run(Store(file, true), statement);
+  } else if (word == "sql") {
+    const auto [file, statement] = SplitAt(rest, ":");
+    Compare(Run(Store(file, false), statement), expected);
+  } else if (word == "text") {
+    Compare(TextLines(Place(rest)), expected);
+  } else if (word == "files") {
+    const std::size_t mark = rest.rfind(" *.");
+    const std::string ending = mark == std::string::npos ? "" : rest.substr(mark + 2);
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(Place(rest.substr(0, mark))))
+      if (ending.empty() || entry.path().extension() == ending) names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    Compare(names, expected);
+  } else if (word == "restart") {
+    Close();
+  } else if (word == "ended") {
+    AwaitEnd();
+  } else if (word == "end") {
+    Robot().EndInput();
+    AwaitEnd();
+  } else if (word == "kill") {
+    Robot().Kill();
+    robot_.reset();
+  } else {
+    Fail("what does this line mean?");
+  }
+}
+
+RobotProcess& Scenario::Robot() {
+  if (!robot_) robot_ = std::make_unique<RobotProcess>(robotProgram_, environment_);
+  return *robot_;
+}
+
+void Scenario::Request(const std::string& line, const std::string& expectedAnswer) {
+  if (!Robot().Send(line)) Fail("the robot has gone");
+  const std::optional<std::string> answer = Robot().Receive(kPatience);
+  if (!answer) Fail("no answer");
+  const Json expected = expectedAnswer.empty() ? Json{{"ok", true}} : Json::parse(expectedAnswer);
+  if (!Holds(Json::parse(*answer), expected)) Fail(fmt::format("  expected: {}\n  answered: {}", expected.dump(), *answer));
+}
+
+void Scenario::WriteSetting(const std::string& rest) {
+  auto [address, value] = SplitAt(rest, "=");
+  address = address.find(':') != std::string::npos ? ReplaceAll(address, ":", "/") : environment_["KARVEL_TITLE"] + "/" + address;
+  QSettings settings(QString::fromStdString((folder_ / "home/settings.ini").string()), QSettings::IniFormat);
+  settings.setValue(QString::fromStdString(address), QString::fromStdString(value));
+}
+
+void Scenario::Close() {
+  Request(R"({"do":"close"})", "");
+  AwaitEnd();
+}
+
+void Scenario::AwaitEnd() {
+  const std::optional<int> code = Robot().WaitForEnd(kPatience);
+  if (!code) Fail("the robot did not end");
+  robot_.reset();
+  if (*code != 0) Fail(fmt::format("the robot ended with {}", *code));
+}
+
+fs::path Scenario::Place(const std::string& path) const {
+  return path.starts_with("program") ? folder_ / path : folder_ / "home" / path;
+}
+
+fs::path Scenario::Store(const std::string& name, bool make) const {
+  const fs::path data = folder_ / "home/C/KarvelData";
+  fs::path file = NamedIn(data, name);
+  if (make && !fs::exists(file)) {
+    fs::create_directories(data);
+    const fs::path model = NamedIn(folder_ / "program", name);
+    file = data / model.filename();
+    fs::copy_file(model, file);
+  }
+  return file;
+}
+
+std::vector<std::string> Scenario::TextLines(const fs::path& path) const {
+  std::ifstream file(path, std::ios::binary);
+  if (!file) Fail(fmt::format("can't read {}", path.string()));
+  std::ostringstream bytes;
+  bytes << file.rdbuf();
+  std::istringstream text(FromCp1254(bytes.str()));
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(text, line);) {
+    if (line.ends_with('\r')) line.pop_back();
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+}  // namespace karvel::test

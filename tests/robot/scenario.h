@@ -1,0 +1,61 @@
+// A scenario: a text of what the clerk does and what the desk and its files then hold.
+//
+//   # a remark
+//   env NAME=VALUE                 for the robot's starts from here on
+//   setting SECTION/KEY=VALUE      writes a setting of the terminal; of another application as APPLICATION:SECTION/KEY=VALUE
+//   write FILE: STATEMENT          changes a database file of the data folder from outside; the first time it comes from its template
+//   {"do":…}                       a request to the robot, which is started when it isn't running; must be done unless "<" tells otherwise
+//   raw ANYTHING                   the same for a line that is no request
+//   < {…}                          what the answer to the line above holds, at least
+//   sql FILE: SELECT …             the rows of a query, one "=" line each, fields separated by "|"
+//   text PATH                      the lines of a CP1254 file of the home ("C/…", "net/…") or of the program folder ("program/…")
+//   files PATH [*.END]             the names in a folder, sorted; of one ending alone
+//   setting? SECTION/KEY           the value of a setting
+//   = LINE                         one expected line of the five above; without any the result is empty
+//   restart                        closes the desk, which must end well; the next request starts it anew
+//   ended                          the desk closed by itself after the last request, and ended well
+//   end                            ends the robot's input, which must end well
+//   kill                           kills the robot at once
+//
+// Every scenario has a home and a program folder of its own.
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "robot_process.h"
+
+namespace karvel::test {
+
+class Scenario {
+ public:
+  // `templates` is the folder with the empty database files.
+  Scenario(std::string robot, const std::filesystem::path& templates);
+  ~Scenario();
+  Scenario(const Scenario&) = delete;
+  Scenario& operator=(const Scenario&) = delete;
+
+  // Plays a script; throws std::runtime_error with the line's number at the first thing that isn't as told.
+  void Play(const std::filesystem::path& script);
+
+ private:
+  void Step(const std::string& line, const std::vector<std::string>& expected, const std::string& answer);
+  void Request(const std::string& line, const std::string& expectedAnswer);
+  void WriteSetting(const std::string& rest);
+  void Close();
+  void AwaitEnd();
+  RobotProcess& Robot();
+  [[nodiscard]] std::filesystem::path Place(const std::string& path) const;
+  [[nodiscard]] std::filesystem::path Store(const std::string& name, bool make) const;
+  [[nodiscard]] std::vector<std::string> TextLines(const std::filesystem::path& file) const;
+
+  const std::string robotProgram_;
+  const std::filesystem::path folder_;
+  std::map<std::string, std::string> environment_;
+  std::unique_ptr<RobotProcess> robot_;
+};
+
+}  // namespace karvel::test

@@ -1,0 +1,111 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "settings/company_file.h"
+#include "settings/serial_entry_file.h"
+#include "support/memory_files.h"
+
+namespace karvel {
+namespace {
+
+TEST(CompanyFile, is_made_with_plain_values_when_missing) {
+  MemoryFiles files;
+  const CompanyFile company = ReadOrMakeCompanyFile(files);
+  EXPECT_TRUE(company.made);
+  EXPECT_TRUE(company.status.Ok());
+  EXPECT_EQ(files.Bytes("/program/Firmam.txt"),
+            "Velmora\r\nAdres\r\nTel : 0000 000 00 00\r\n8\r\nC:\\KarvelData\\\r\nMali De\xF0"
+            "eri Yoktur.\r\n");
+  EXPECT_EQ(company.lines[CompanyFile::Name], "Velmora");
+  EXPECT_EQ(company.lines[CompanyFile::FontSize], "8");
+  EXPECT_EQ(company.lines[CompanyFile::Footer], "Mali Değeri Yoktur.");
+}
+
+TEST(CompanyFile, reads_the_same_when_it_was_just_made) {
+  MemoryFiles files;
+  const CompanyFile made = ReadOrMakeCompanyFile(files);
+  const CompanyFile read = ReadOrMakeCompanyFile(files);
+  EXPECT_FALSE(read.made);
+  EXPECT_EQ(read.lines, made.lines);
+}
+
+TEST(CompanyFile, takes_six_lines_at_most_and_leaves_missing_ones_empty) {
+  MemoryFiles files;
+  files.Put("/program/Firmam.txt",
+            "\xDE"
+            "en Bakkal\r\n\r\nTel\r\n9\r\nD:\\\r\nSon\r\nFazla\r\n");
+  const CompanyFile full = ReadOrMakeCompanyFile(files);
+  EXPECT_FALSE(full.made);
+  EXPECT_EQ(full.lines, (std::array<std::string, 6>{"Şen Bakkal", "", "Tel", "9", "D:\\", "Son"}));
+  files.Put("/program/Firmam.txt", "Bir\nİki");
+  EXPECT_EQ(ReadOrMakeCompanyFile(files).lines[0], "Bir");
+  EXPECT_EQ(ReadOrMakeCompanyFile(files).lines[2], "");
+  files.Put("/program/Firmam.txt", "");
+  EXPECT_EQ(ReadOrMakeCompanyFile(files).lines, (std::array<std::string, 6>{}));
+}
+
+TEST(CompanyFile, reads_what_an_editor_saved_as_utf8) {
+  MemoryFiles files;
+  files.Put("/program/Firmam.txt", "\xEF\xBB\xBFŞen Bakkal\r\nIğdır");
+  const CompanyFile company = ReadOrMakeCompanyFile(files);
+  EXPECT_EQ(company.lines[0], "Şen Bakkal");
+  EXPECT_EQ(company.lines[1], "Iğdır");
+}
+
+TEST(CompanyFile, a_disk_that_refuses_leaves_the_plain_values_and_says_so) {
+  MemoryFiles files;
+  files.FailWrites(Status(ErrorKind::DiskFull, "full"));
+  const CompanyFile company = ReadOrMakeCompanyFile(files);
+  EXPECT_FALSE(company.made);
+  EXPECT_EQ(company.status.Kind(), ErrorKind::DiskFull);
+  EXPECT_EQ(company.lines[CompanyFile::Name], "Velmora");
+  EXPECT_FALSE(files.Exists("/program/Firmam.txt"));
+}
+
+TEST(CompanyFile, one_that_cant_be_read_is_never_written_over) {
+  MemoryFiles files;
+  files.Put("/program/Firmam.txt", "Bakkal");
+  files.FailRead("/program/Firmam.txt", Status(ErrorKind::NoRights, "locked"));
+  const CompanyFile company = ReadOrMakeCompanyFile(files);
+  EXPECT_EQ(company.status.Kind(), ErrorKind::NoRights);
+  EXPECT_FALSE(company.made);
+  EXPECT_EQ(company.lines[0], "");
+  EXPECT_EQ(files.Bytes("/program/Firmam.txt"), "Bakkal");
+}
+
+TEST(SerialEntryFile, is_made_off_when_missing) {
+  MemoryFiles files;
+  const SerialEntryFile file = ReadOrMakeSerialEntryFile(files);
+  EXPECT_FALSE(file.on);
+  EXPECT_TRUE(file.made);
+  EXPECT_EQ(files.Bytes("/program/SeriNo.txt"), "False\r\n");
+  EXPECT_FALSE(ReadOrMakeSerialEntryFile(files).made);
+}
+
+TEST(SerialEntryFile, is_read_leniently) {
+  MemoryFiles files;
+  for (const std::string text : {"True", "true\r\n", "#TRUE#\r\n", "Do\xF0ru", "1", "-1", " True "}) {
+    files.Put("/program/SeriNo.txt", text);
+    EXPECT_TRUE(ReadOrMakeSerialEntryFile(files).on) << text;
+  }
+  for (const std::string text : {"", "False", "#FALSE#", "0", "\r\nTrue", "Yanl\xFD\xFE"}) {
+    files.Put("/program/SeriNo.txt", text);
+    const SerialEntryFile file = ReadOrMakeSerialEntryFile(files);
+    EXPECT_FALSE(file.on) << text;
+    EXPECT_FALSE(file.made) << text;
+    EXPECT_EQ(files.Bytes("/program/SeriNo.txt"), text);
+  }
+}
+
+TEST(SerialEntryFile, a_disk_that_refuses_leaves_it_off) {
+  MemoryFiles files;
+  files.FailWrites(Status(ErrorKind::NoRights, ""));
+  const SerialEntryFile file = ReadOrMakeSerialEntryFile(files);
+  EXPECT_FALSE(file.on);
+  EXPECT_FALSE(file.made);
+  EXPECT_EQ(file.status.Kind(), ErrorKind::NoRights);
+}
+
+}  // namespace
+}  // namespace karvel

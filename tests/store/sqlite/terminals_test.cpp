@@ -1,0 +1,86 @@
+// Several terminals, each a process of its own, on one data folder.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <string>
+#include <vector>
+
+#include "store/sqlite/gate.h"
+#include "tests/store/sqlite/sqlite_kind.h"
+
+namespace karvel::testing {
+
+TEST(Terminals, four_that_count_at_once_lose_no_update) {
+  const SqliteKind kind;
+  constexpr int terminals = 4;
+  constexpr int rounds = 200;
+  {
+    Stores stores(MakeSqliteEngine(TestOptions(kind.Folder())));
+    ASSERT_TRUE(stores.Open(kind.Folder()).Ok());
+    AddCustomer(stores, "A", "Ali");
+  }
+  std::vector<pid_t> children;
+  for (int i = 0; i < terminals; ++i) {
+    const pid_t child = fork();
+    if (child == 0) {
+      SqliteOptions options = TestOptions(kind.Folder());
+      options.busyMs = options.gateMs = 60000;
+      Stores stores(MakeSqliteEngine(options));
+      bool well = stores.Open(kind.Folder()).Ok();
+      Cursor cursor(stores, "CariData");
+      cursor.SetDatabaseName("Cari.mdb");
+      for (int round = 0; well && round < rounds; ++round) {
+        well = cursor.Open("CariKartlar").Ok() && cursor.FindFirst("CariKod='A'").Ok() && cursor.Edit().Ok();
+        cursor.Set("Borc", Value(cursor.Number("Borc") + 1));
+        well = well && cursor.Update().Ok();
+      }
+      _exit(well ? 0 : 1);
+    }
+    children.push_back(child);
+  }
+  for (const pid_t child : children) {
+    int outcome = 0;
+    waitpid(child, &outcome, 0);
+    EXPECT_EQ(outcome, 0);
+  }
+  Stores stores(MakeSqliteEngine(TestOptions(kind.Folder())));
+  ASSERT_TRUE(stores.Open(kind.Folder()).Ok());
+  EXPECT_DOUBLE_EQ(Customers(stores)->Number("Borc"), terminals * rounds);
+}
+
+TEST(Gate, opens_for_the_next_as_soon_as_its_holder_leaves_or_dies) {
+  const TempFolder folder;
+  sqlite::Gate gate;
+  ASSERT_TRUE(gate.Open(folder.Path()).Ok());
+  int ready[2];
+  ASSERT_EQ(pipe(ready), 0);
+  const pid_t holder = fork();
+  if (holder == 0) {
+    sqlite::Gate theirs;
+    const bool taken = theirs.Open(folder.Path()).Ok() && theirs.Take(1000).Ok();
+    const char sign = taken ? '1' : '0';
+    if (write(ready[1], &sign, 1) != 1) _exit(1);
+    usleep(150'000);
+    _exit(0);  // without leaving
+  }
+  char sign = 0;
+  ASSERT_EQ(read(ready[0], &sign, 1), 1);
+  ASSERT_EQ(sign, '1');
+  EXPECT_EQ(gate.Take(20).Kind(), ErrorKind::Busy);
+  EXPECT_TRUE(gate.Take(5000).Ok());
+  waitpid(holder, nullptr, 0);
+  gate.Leave();
+  sqlite::Gate second;
+  ASSERT_TRUE(second.Open(folder.Path()).Ok());
+  EXPECT_TRUE(second.Take(0).Ok());
+  EXPECT_EQ(gate.Take(0).Kind(), ErrorKind::Busy);
+}
+
+TEST(Gate, tells_a_folder_that_is_missing) {
+  sqlite::Gate gate;
+  EXPECT_EQ(gate.Open("/nowhere/at/all").Kind(), ErrorKind::Missing);
+  EXPECT_EQ(gate.Take(0).Kind(), ErrorKind::Missing);
+}
+
+}  // namespace karvel::testing

@@ -1,0 +1,76 @@
+// A desk on real SQLite stores in a fresh folder, without a window: taps and keys are given to the elements, and the stores are read back
+// by a plain SQLite connection, as any other program would.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "accounts/accounts.h"
+#include "desk/desk.h"
+#include "exchange/exchange.h"
+#include "store/stores.h"
+#include "tests/support/folder_files.h"
+#include "tests/support/memory_settings.h"
+#include "tests/support/quiet_world.h"
+#include "tests/support/temp_folder.h"
+#include "tests/support/watched_engine.h"
+
+namespace karvel {
+
+class DeskFixture : public ::testing::Test {
+ protected:
+  using Fields = std::map<std::string, std::string>;
+
+  DeskFixture();
+  ~DeskFixture() override;
+
+  // Starts a desk, ending one that runs. False when it ends at once.
+  bool Start(const std::string& title = "Velmora Karvel1");
+  void Stop();
+
+  // Rows put into a file, and read back, by a plain connection. A row reads as its values joined with "|".
+  void Sql(const std::string& file, const std::string& sql);
+  std::vector<std::string> Rows(const std::string& file, const std::string& sql);
+  std::string One(const std::string& file, const std::string& sql);
+  // The one row of a table that a condition picks, by column name; Null reads as "NULL". Fails when there are several or none.
+  Fields RowOf(const std::string& file, const std::string& table, const std::string& where = "1");
+
+  void AddCustomer(const std::string& code, const std::string& name, const std::string& more = "");
+  void AddStock(const std::string& code, const std::string& name, const std::string& more = "");
+
+  // The clerk.
+  Element& At(const std::string& name);
+  void DoubleTap(const std::string& name) { At(name).dblClick(); }
+  void Click(const std::string& name);
+  void Type(const std::string& name, const std::string& letters);  // behind what is there
+  void Set(const std::string& name, const std::string& text);      // over what is there
+  void Key(const std::string& name, int code);
+  void EnterSale(const std::string& customer);
+  void PickItem(const std::string& code);  // a tap on its row in StokGrid
+  void Post(const std::string& quantity);  // the quantity and Tamam
+  void Sell(const std::string& customer, const std::string& item, const std::string& quantity);
+
+  std::string vfs;  // SQLite's file layer by name, for the next Start; empty for the usual one
+  TempFolder folder;
+  FolderFiles files{folder.Path()};
+  MemorySettings settings;
+  FixedClock clock;
+  InstantLoop loop;
+  ScriptedMessages messages;
+  QuietShell shell;
+  ElementKeyboard keyboard;
+  QuietWindow window;
+  TestScanner scanner;
+  TestConnection connection;
+  testing::EngineWatch engine;  // counts what the stores do, and lets them fail
+  std::unique_ptr<Stores> stores;
+  std::unique_ptr<Desk> desk;
+  std::unique_ptr<Accounts> accounts;
+  std::unique_ptr<Exchange> exchange;
+};
+
+}  // namespace karvel

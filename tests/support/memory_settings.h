@@ -1,0 +1,40 @@
+// The settings store in memory.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <tuple>
+
+#include "platform/settings_store.h"
+
+namespace karvel {
+
+class MemorySettings final : public SettingsStore {
+ public:
+  [[nodiscard]] std::string Get(const std::string& application, const std::string& section, const std::string& key,
+                                const std::string& preset) const override {
+    const auto found = values_.find({application, section, key});
+    return found == values_.end() ? preset : found->second;
+  }
+  void Save(const std::string& application, const std::string& section, const std::string& key, const std::string& value) override {
+    values_[{application, section, key}] = value;
+  }
+  std::string Change(const std::string& application, const std::string& section, const std::string& key, const std::string& preset,
+                     const std::function<std::string(const std::string&)>& change) override {
+    ++changes_;
+    const std::string value = change(Get(application, section, key, preset));
+    Save(application, section, key, value);
+    return value;
+  }
+
+  [[nodiscard]] std::size_t Count() const { return values_.size(); }
+  // How many values were changed in one piece.
+  [[nodiscard]] int Changes() const { return changes_; }
+
+ private:
+  std::map<std::tuple<std::string, std::string, std::string>, std::string> values_;
+  int changes_ = 0;
+};
+
+}  // namespace karvel

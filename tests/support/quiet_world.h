@@ -1,0 +1,143 @@
+// The world around a desk under test: a fixed clock, scripted boxes, a loop that never waits, and nothing on the screen.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "desk/elements.h"
+#include "platform/clock.h"
+#include "platform/connection.h"
+#include "platform/event_loop.h"
+#include "platform/keyboard.h"
+#include "platform/messages.h"
+#include "platform/scanner.h"
+#include "platform/shell.h"
+#include "platform/window.h"
+#include "text/turkish.h"
+
+namespace karvel {
+
+class FixedClock final : public Clock {
+ public:
+  [[nodiscard]] DateTime Now() const override { return now; }
+  DateTime now{2026, 3, 1, 10, 15, 0};
+};
+
+class ScriptedMessages final : public Messages {
+ public:
+  struct Box {
+    std::string text, title;
+    MessageIcon icon = MessageIcon::None;
+  };
+  MessageAnswer MessageBox(const std::string& text, const std::string& title, MessageIcon icon, MessageButtons buttons) override {
+    shown.push_back({text, title, icon});
+    const std::string answer = Next().value_or("");
+    if (buttons == MessageButtons::YesNo) return answer == "Yes" ? MessageAnswer::Yes : MessageAnswer::No;
+    return MessageAnswer::Ok;
+  }
+  std::optional<std::string> InputBox(const std::string& prompt, const std::string& title, const std::string&) override {
+    shown.push_back({prompt, title, MessageIcon::None});
+    return Next();
+  }
+  std::optional<FontChoice> FontDialog(const FontChoice&) override { return std::nullopt; }
+  std::optional<std::string> FileDialog(const std::string&, const std::string&) override { return Next(); }
+
+  std::deque<std::string> answers;
+  std::vector<Box> shown;
+
+ private:
+  std::optional<std::string> Next() {
+    if (answers.empty()) return std::nullopt;
+    std::string answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+};
+
+class InstantLoop final : public EventLoop {
+ public:
+  void RunPending() override {
+    if (duringWait) duringWait();
+  }
+  void RunPendingButInput() override {}
+  void Wait(int) override { RunPending(); }
+  void Later(std::function<void()> work) override { work(); }
+  std::shared_ptr<void> Every(int, std::function<void()> tick) override {
+    timer = tick;
+    return std::shared_ptr<void>(this, [this](void*) { timer = nullptr; });
+  }
+  std::function<void()> duringWait;
+  std::function<void()> timer;  // the timer that runs now
+};
+
+class QuietShell final : public Shell {
+ public:
+  bool ClaimOnlyCopy(const std::string&) override { return !otherCopyRuns; }
+  void MakeShortcut(const std::string& title) override { shortcuts.push_back(title); }
+  void PlaySound(const std::string& path) override { sounds.push_back(path); }
+  bool otherCopyRuns = false;
+  std::vector<std::string> shortcuts, sounds;
+};
+
+// Sends keys to the focused element as the window would.
+class ElementKeyboard final : public Keyboard {
+ public:
+  void Send(int virtualKey) override {
+    if (!elements || !elements->Focused()) return;
+    if (virtualKey == key::kTab) {
+      elements->FocusNext();
+      return;
+    }
+    Element& element = *elements->Focused();
+    KeyEvent event{virtualKey};
+    element.keyDown(event);
+    if (event.dropped) return;
+    CharacterEvent character{static_cast<char32_t>(virtualKey)};
+    element.character(character);
+    element.keyUp(event);
+  }
+  [[nodiscard]] bool CapsLock() const override { return false; }
+  void Beep() override { ++beeps; }
+  Elements* elements = nullptr;
+  int beeps = 0;
+};
+
+class QuietWindow final : public Window {
+ public:
+  void SetTitle(const std::string& text) override { title = text; }
+  void RestoreFitting(const std::string&) override {}
+  void SaveFitting(const std::string& name) override { savedFitting = name; }
+  void SetFixed(bool on) override { fixed = on; }
+  void MoveBy(int dx, int dy) override { moved += dx + dy; }
+  void SizeBy(int dw, int dh) override { sized += dw + dh; }
+  [[nodiscard]] bool IsActive() const override { return active; }
+  void Close() override { ++closes; }
+  void End() override { ++ends; }
+  [[nodiscard]] int TextWidth(const std::string&, const std::string& text) const override { return 10 * static_cast<int>(LetterCount(text)); }
+  [[nodiscard]] int InnerWidth(const std::string&) const override { return 300; }
+  void SetDeskFont(const std::string& name, double, bool) override { deskFont = name; }
+  void SetGridFont(const std::string& name, double, bool) override { gridFont = name; }
+  std::string title, savedFitting, deskFont, gridFont;
+  bool fixed = false, active = true;
+  int closes = 0, ends = 0, moved = 0, sized = 0;
+};
+
+class TestScanner final : public Scanner {
+ public:
+  bool Start() override { return started = present; }
+  void Stop() override { started = false; }
+  void SetEnabled(bool on) override { enabled = on; }
+  bool present = true, started = false, enabled = true;
+};
+
+class TestConnection final : public Connection {
+ public:
+  [[nodiscard]] bool Up() const override { return ++asked > downFor; }
+  int downFor = 0;
+  mutable int asked = 0;
+};
+
+}  // namespace karvel
