@@ -90,6 +90,9 @@ class DeskGrid : public QAbstractScrollArea {
 
   // Paint.
   void PaintHead(QPainter& painter) const;
+  // One letter size a column, small enough for the longest of the rows in sight.
+  void FitColumns(const QPainter& painter);
+  [[nodiscard]] QString TextAt(int index, const ShownColumn& column) const;
   void PaintRow(QPainter& painter, int index, int y, bool current) const;
   void PaintCell(QPainter& painter, const ShownColumn& column, const QString& text, int y) const;
 

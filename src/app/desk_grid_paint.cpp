@@ -34,6 +34,7 @@ void DeskGrid::paintEvent(QPaintEvent*) {
   painter.setFont(TextFont());
   painter.save();
   painter.setClipRect(whole.adjusted(0, HeadHeight(), 0, 0), Qt::IntersectClip);
+  FitColumns(painter);
   for (int index = scroll_ / height; index < rows_.Count(); ++index) {
     const int y = HeadHeight() + index * height - scroll_;
     if (y >= whole.bottom()) break;
@@ -89,6 +90,28 @@ void DeskGrid::PaintHead(QPainter& painter) const {
   painter.fillRect(QRect(0, HeadHeight() - 1, viewport()->width(), 1), palette::kLine);
 }
 
+void DeskGrid::FitColumns(const QPainter& painter) {
+  const int first = scroll_ / RowHeight();
+  const int behind = std::min(rows_.Count(), first + viewport()->height() / RowHeight() + 2);
+  for (ShownColumn& column : shown_) {
+    QFont font = painter.font();
+    const int room = column.width - 2 * kCellPad;
+    for (int index = first; index < behind; ++index) {
+      const QString text = TextAt(index, column);
+      if (column.figures) {
+        while (font.pixelSize() > 10 && FiguresWidth(font, text) > room) font.setPixelSize(font.pixelSize() - 1);
+      } else if (font.pixelSize() == painter.font().pixelSize() && QFontMetrics(font).horizontalAdvance(text) > room) {
+        font.setPixelSize(std::max(10, font.pixelSize() * 4 / 5));
+      }
+    }
+    column.pixelSize = font.pixelSize();
+  }
+}
+
+QString DeskGrid::TextAt(int index, const ShownColumn& column) const {
+  return ToQt(CellText(columns_[static_cast<std::size_t>(column.number)], rows_.Rows()[static_cast<std::size_t>(index)].values, column.position));
+}
+
 void DeskGrid::PaintRow(QPainter& painter, int index, int y, bool current) const {
   const int height = RowHeight();
   const QRect row(0, y, viewport()->width(), height);
@@ -99,41 +122,28 @@ void DeskGrid::PaintRow(QPainter& painter, int index, int y, bool current) const
   painter.fillRect(QRect(0, y + height - 1, row.width(), 1), palette::kSurface);
   painter.setPen(isEnabled() ? palette::kText : palette::kFaint);
   for (const ShownColumn& column : shown_)
-    PaintCell(painter, column,
-              ToQt(CellText(columns_[static_cast<std::size_t>(column.number)], rows_.Rows()[static_cast<std::size_t>(index)].values,
-                            column.position)),
-              y);
+    PaintCell(painter, column, TextAt(index, column), y);
 }
 
 void DeskGrid::PaintCell(QPainter& painter, const ShownColumn& column, const QString& text, int y) const {
   if (text.isEmpty()) return;
   const QRectF room(column.x + kCellPad, y, column.width - 2 * kCellPad, RowHeight());
+  const QFont usual = painter.font();
+  QFont fitted = usual;
+  fitted.setPixelSize(column.pixelSize);
+  painter.setFont(fitted);
   if (column.figures) {
-    const QFont usual = painter.font();
-    QFont font = usual;
-    while (font.pixelSize() > 10 && FiguresWidth(font, text) > room.width()) font.setPixelSize(font.pixelSize() - 1);
-    painter.setFont(font);
     DrawFigures(painter, room, Qt::AlignRight, text);
-    painter.setFont(usual);
-    return;
-  }
-  const bool centred = columns_[static_cast<std::size_t>(column.number)].align == Align::Center;
-  if (!centred && painter.fontMetrics().horizontalAdvance(text) > room.width()) {
-    // A long name goes on two smaller lines rather than losing its end, which tells one article from the next.
-    const QFont usual = painter.font();
-    QFont small = usual;
-    small.setPixelSize(std::max(10, usual.pixelSize() * 4 / 5));
-    painter.setFont(small);
+  } else if (columns_[static_cast<std::size_t>(column.number)].align == Align::Center) {
+    painter.drawText(room, Qt::AlignCenter, painter.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(room.width())));
+  } else {
+    // A long name goes on two lines rather than losing its end, which tells one article from the next.
     const QRect lines = painter.fontMetrics().boundingRect(room.toRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, text);
-    if (lines.height() <= room.height() && lines.width() <= room.width() + 1) {
-      painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, text);
-      painter.setFont(usual);
-      return;
-    }
-    painter.setFont(usual);
+    const bool fits = lines.height() <= room.height() && lines.width() <= room.width() + 1;
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | (fits ? Qt::TextWordWrap : 0),
+                     fits ? text : painter.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(room.width())));
   }
-  const QString fitted = painter.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(room.width()));
-  painter.drawText(room, (centred ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignVCenter, fitted);
+  painter.setFont(usual);
 }
 
 }  // namespace karvel

@@ -18,6 +18,7 @@ struct ShownColumn {
   int position = -1;  // of its field in the source's rows; -1: the source lacks it
   int x = 0, width = 0;
   bool figures = false;  // numbers: at the right, digits in columns
+  int pixelSize = 14;    // of its letters, for the rows in sight
 };
 
 // What a column asks for, in pixels.
