@@ -58,14 +58,14 @@ std::shared_ptr<Side> BareSide(const std::string& home) {
 }
 
 // Two sides in turn, line by line: what else the machine does falls on both alike.
-void MeasureInTurn(const std::string& name, const std::shared_ptr<Side>& ours, const std::shared_ptr<Side>& rival, double limit, int slowMs,
+void MeasureInTurn(const std::string& name, const std::shared_ptr<Side>& ours, const std::shared_ptr<Side>& rival, double limit, int moreMs,
                    RatioTable& table) {
   struct Times {
     std::vector<double> ours, rival;
   };
   const auto times = std::make_shared<Times>();
   const auto measure = [=](benchmark::State& state, bool isOurs) {
-    const SlowSyncs slow(slowMs);
+    const DiskPace pace(moreMs);
     auto& own = isOurs ? times->ours : times->rival;
     for (auto unused : state) {
       // The other side's figure of this turn is kept for its own measurement.
@@ -77,7 +77,7 @@ void MeasureInTurn(const std::string& name, const std::shared_ptr<Side>& ours, c
       own.pop_back();
     }
   };
-  const int iterations = slowMs > 0 ? 5 : 60;
+  const int iterations = moreMs > 0 ? 5 : moreMs == DiskPace::kNone ? 200 : 30;
   for (const bool isOurs : {true, false}) {
     const std::string full = name + (isOurs ? ", ours" : ", rival");
     benchmark::RegisterBenchmark(full.c_str(), [=](benchmark::State& state) { measure(state, isOurs); })
@@ -131,6 +131,8 @@ void AddPostings(Shops& shops, RatioTable& table) {
   MeasureInTurn("line posted, desk beside bare, 1,000 rows", small, smallBare, 1.25, 0, table);
   MeasureInTurn("line posted, desk beside bare, 1,000,000 rows", busy, busyBare, 1.25, 0, table);
   MeasureInTurn("line posted, 1,000,000 rows beside 1,000", busy, small, 1.15, 0, table);
+  MeasureInTurn("line posted, work without syncs, desk beside bare", small, smallBare, 4, DiskPace::kNone, table);
+  MeasureInTurn("line posted, work without syncs, 1,000,000 beside 1,000", busy, small, 2, DiskPace::kNone, table);
   MeasureInTurn(fmt::format("line posted, {} ms more a sync, desk beside bare", kSlowSyncMs), small, smallBare, 1.25, kSlowSyncMs, table);
 }
 

@@ -9,13 +9,14 @@ class Syncs {
   [[nodiscard]] static long Count();
 };
 
-// While it lives, every sync takes so many milliseconds more.
-class SlowSyncs {
+// While it lives, every sync takes so many milliseconds more; with kNone none reaches the disk, which leaves the work alone.
+class DiskPace {
  public:
-  explicit SlowSyncs(int milliseconds);
-  ~SlowSyncs();
-  SlowSyncs(const SlowSyncs&) = delete;
-  SlowSyncs& operator=(const SlowSyncs&) = delete;
+  static constexpr int kNone = -1;
+  explicit DiskPace(int milliseconds);
+  ~DiskPace();
+  DiskPace(const DiskPace&) = delete;
+  DiskPace& operator=(const DiskPace&) = delete;
 };
 
 }  // namespace karvel::bench

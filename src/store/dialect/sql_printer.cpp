@@ -115,7 +115,7 @@ class SqlPrinter {
     PutPlain(*compare.left);
     PutOperator(compare.op);
     PutPlain(*compare.right);
-    if (dated) out_ += " AND " + Column(*dated) + " <> '')";
+    if (dated) out_ += " AND " + Column(*dated) + " <> " + Parameter(std::string()) + ")";
   }
 
   // The date field that the comparison wants to be the earlier one; null when there is none.
