@@ -27,12 +27,9 @@ long Syncs::Count() {
   return count;
 }
 
-SlowSyncs::SlowSyncs(int milliseconds) {
-  delayMs = milliseconds;
-}
-SlowSyncs::~SlowSyncs() {
-  delayMs = 0;
-}
+DiskPace::DiskPace(int milliseconds) { moreMs = milliseconds; }
+
+DiskPace::~DiskPace() { moreMs = 0; }
 
 }  // namespace karvel::bench
 
