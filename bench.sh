@@ -8,4 +8,4 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 
 InstallPackages
 Build bench karvel-bench karvel-robot karvel_program_folder
-build/bench/bin/karvel-bench build/bench-data "$PWD/build/bench/bin/karvel-robot" || Fail "a figure is over its limit"
+build/release/bin/karvel-bench build/bench-data "$PWD/build/release/bin/karvel-robot" || Fail "a figure is over its limit"

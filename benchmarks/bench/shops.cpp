@@ -21,7 +21,14 @@ sample::ShopSize ShopSizeOf(Size size) {
   return {};
 }
 
-Shops::Shops(std::string folder) : folder_(std::move(folder)) {}
+// Copies of a run that was broken off take much room.
+Shops::Shops(std::string folder) : folder_(std::move(folder)) {
+  fs::create_directories(folder_);
+  for (const auto& entry : fs::directory_iterator(folder_)) {
+    const std::string name = entry.path().filename().string();
+    if (name.starts_with("copies-") && !fs::exists("/proc/" + name.substr(7))) fs::remove_all(entry.path());
+  }
+}
 
 Shops::~Shops() {
   std::error_code ignored;

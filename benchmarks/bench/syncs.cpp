@@ -27,9 +27,13 @@ long Syncs::Count() {
   return count;
 }
 
-DiskPace::DiskPace(int milliseconds) { moreMs = milliseconds; }
+DiskPace::DiskPace(int milliseconds) {
+  moreMs = milliseconds;
+}
 
-DiskPace::~DiskPace() { moreMs = 0; }
+DiskPace::~DiskPace() {
+  moreMs = 0;
+}
 
 }  // namespace karvel::bench
 
