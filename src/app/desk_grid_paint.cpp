@@ -109,7 +109,8 @@ void DeskGrid::FitColumns(const QPainter& painter) {
 }
 
 QString DeskGrid::TextAt(int index, const ShownColumn& column) const {
-  return ToQt(CellText(columns_[static_cast<std::size_t>(column.number)], rows_.Rows()[static_cast<std::size_t>(index)].values, column.position));
+  return ToQt(
+      CellText(columns_[static_cast<std::size_t>(column.number)], rows_.Rows()[static_cast<std::size_t>(index)].values, column.position));
 }
 
 void DeskGrid::PaintRow(QPainter& painter, int index, int y, bool current) const {
@@ -121,8 +122,7 @@ void DeskGrid::PaintRow(QPainter& painter, int index, int y, bool current) const
   }
   painter.fillRect(QRect(0, y + height - 1, row.width(), 1), palette::kSurface);
   painter.setPen(isEnabled() ? palette::kText : palette::kFaint);
-  for (const ShownColumn& column : shown_)
-    PaintCell(painter, column, TextAt(index, column), y);
+  for (const ShownColumn& column : shown_) PaintCell(painter, column, TextAt(index, column), y);
 }
 
 void DeskGrid::PaintCell(QPainter& painter, const ShownColumn& column, const QString& text, int y) const {

@@ -53,7 +53,9 @@ void CustomerList::Followed() {
   }
 }
 
-bool CustomerList::ListsCustomers() const { return !parts_.screen.StokChk.Checked() && !parts_.screen.CiroChk.Checked(); }
+bool CustomerList::ListsCustomers() const {
+  return !parts_.screen.StokChk.Checked() && !parts_.screen.CiroChk.Checked();
+}
 
 void CustomerList::ShowOverdue() {
   auto& [screen, form, cursors, settings, world] = parts_;
@@ -61,7 +63,7 @@ void CustomerList::ShowOverdue() {
   const Cursor& customers = cursors.CariData;
   Cursor& due = cursors.VadeData;
   if (customers.Number("Bakiye") <= 0 || customers.Text("Hesap") != "Borç" || !due.HasRows()) return;
-  step("find due date", due.FindFirst("CariKod='" + customers.Text("CariKod") + "'"));
+  step("find due date", due.FindFirst("CariKod=" + sources::Quoted(customers.Text("CariKod"))));
   if (due.NoMatch()) return;
   const std::int64_t days = world.clock.Now().DayNumber() - AsDate(due.Get(1)).DayNumber();
   screen.Label15.SetCaption(PlainNumber(static_cast<double>(days)));
@@ -238,8 +240,7 @@ void CustomerList::Filter() {
   if (!screen.CariGrid.Visible() || screen.CariFrm.Visible() || !ListsCustomers()) return;
   const std::string text = ReplaceAll(ReplaceAll(screen.Text5.Text(), "İ", "?"), "i", "?");
   std::string source = sources::kCustomersUnordered + " And Unvan Like '" + text + "*'";
-  if (screen.ComboCmd.Caption() == "Cari" && screen.GurupCombo.ListIndex() > 0)
-    source += " And Gurup='" + screen.GurupCombo.Text() + "'";
+  if (screen.ComboCmd.Caption() == "Cari" && screen.GurupCombo.ListIndex() > 0) source += " And Gurup='" + screen.GurupCombo.Text() + "'";
   form.RepositionGuard = 555;
   Cursor& customers = cursors.CariData;
   step("filter customers", customers.Open(source + " Order By Unvan Asc"));

@@ -1,5 +1,6 @@
 #include "desk/day_total.h"
 
+#include "desk/sources.h"
 #include "desk/steps.h"
 #include "platform/clock.h"
 #include "text/format.h"
@@ -44,10 +45,11 @@ void DayTotal::FollowDayBook() {
   if (screen.CariGrid.Visible() || screen.SilinenChk.Checked()) return;
   Value sum;
   if (rows)
-    step("sum of today", world.stores.QueryValue(cursors.GunData.DatabaseName(),
-                                                 "Select Sum(Tutar) FROM Datam Where CariKod='" + cursors.CariData.Text("CariKod") +
-                                                     "' And " + DayCriteria(world.clock.Now()),
-                                                 sum));
+    step("sum of today",
+         world.stores.QueryValue(cursors.GunData.DatabaseName(),
+                                 "Select Sum(Tutar) FROM Datam Where CariKod=" + sources::Quoted(cursors.CariData.Text("CariKod")) +
+                                     " And " + DayCriteria(world.clock.Now()),
+                                 sum));
   screen.Label5.SetCaption(Format(AsNumber(sum), form.PriceFormat));
 }
 
@@ -58,11 +60,11 @@ void DayTotal::TakeDayOfRow() {
   if (date.IsEmpty()) return;
   parts_.form.CriteriaText = DayCriteria(date);
   Value sum;
-  step("sum of day", parts_.world.stores.QueryValue(day.DatabaseName(),
-                                                    "select sum(Tutar) FROM Datam Where CariKod='" +
-                                                        parts_.cursors.CariData.Text("CariKod") + "' And Durum='Satış' And " +
-                                                        parts_.form.CriteriaText,
-                                                    sum));
+  step("sum of day", parts_.world.stores.QueryValue(
+                         day.DatabaseName(),
+                         "select sum(Tutar) FROM Datam Where CariKod=" + sources::Quoted(parts_.cursors.CariData.Text("CariKod")) +
+                             " And Durum='Satış' And " + parts_.form.CriteriaText,
+                         sum));
   parts_.screen.Label5.SetCaption(Format("0" + AsText(sum), parts_.form.PriceFormat));
   parts_.screen.Text2(2).SetText(parts_.screen.Label5.Caption());
 }

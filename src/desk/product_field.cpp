@@ -1,6 +1,7 @@
 #include "desk/product_field.h"
 
 #include "desk/completion.h"
+#include "desk/sources.h"
 #include "desk/steps.h"
 #include "platform/event_loop.h"
 #include "platform/keyboard.h"
@@ -71,7 +72,7 @@ bool ProductField::FindCard(const std::string& text) {
   step("find serial", serials.FindFirst("Barcode='" + text + "'"));
   if (serials.NoMatch()) return false;
   form.ScannedSerial = serials.Text("barcode");
-  step("find card of serial", cards.FindFirst("StokKod='" + serials.Text("StokKod") + "'"));
+  step("find card of serial", cards.FindFirst("StokKod=" + sources::Quoted(serials.Text("StokKod"))));
   return !cards.NoMatch();
 }
 
