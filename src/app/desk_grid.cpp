@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kMargin = 24;           // rows held beside those shown
 constexpr int kMostHeld = 400;        // rows
-constexpr int kModest = 4000;         // rows that are counted in passing
+constexpr int kModest = 1000;         // rows that are counted in passing
 constexpr int kWideSpan = 1'000'000;  // the scroll bar of a source that is not counted
 constexpr int kMeasured = 40;         // rows looked at for the width of a column
 constexpr int kCellPad = 10;
@@ -111,7 +111,11 @@ void DeskGrid::FetchIfStale() {
     if (current.key != 0 && current.key != followed_) BringIntoView(current);
     followed_ = current.key;
     ClampScroll();
-    measure_.start();
+    if (rows_.AtStart() && rows_.AtEnd()) {
+      measure_.stop();  // all of it is held
+    } else {
+      measure_.start();
+    }
   }
   if (placing_) PlaceAnew();
 }

@@ -28,14 +28,15 @@ std::string_view LastPiece(std::string_view path) {
   return slash == std::string_view::npos ? path : path.substr(slash + 1);
 }
 
-// The group stands in two indexes: with the name for a group's list, alone for a list sorted by group, whose ties stand by age.
+// The group stands in two indexes: with the name for a group's list, alone for a list sorted by group, whose ties stand by age. Each
+// column that a tap on its heading sorts by has one too.
 Table CustomerCards() {
   return {"CariKartlar",
           {{"CariKod", T}, {"Unvan", T},   {"Adres1", T},  {"Adres2", T},  {"Email", T},   {"VergiDa", T}, {"VergiNo", T},
            {"Telefon", T}, {"Gsm", T},     {"KartNo", T},  {"Gurup", T},   {"Borc", N},    {"Alacak", N},  {"Bakiye", N},
            {"Hesap", T},   {"Hes", T},     {"HesKullan", B}, {"dBorc", N}, {"eBorc", N},   {"dBakiye", N}, {"eBakiye", N},
            {"Yedek1", T},  {"Yedek2", T},  {"Yedek3", T},  {"Yedek4", T},  {"Yedek5", T},  {"Yedek6", T},  {"yeni", N}},
-          {{{"CariKod"}}, {{"Unvan"}}, {{"Gurup", "Unvan"}}, {{"Gurup"}}, {{"KartNo"}}}};
+          {{{"CariKod"}}, {{"Unvan"}}, {{"Gurup", "Unvan"}}, {{"Gurup"}}, {{"KartNo"}}, {{"Bakiye"}}, {{"Hesap"}}}};
 }
 
 Table Ledger() {
@@ -59,7 +60,8 @@ Table StockCards() {
            {"Gurup", T},     {"Kar", N},        {"Maliyet", N},  {"Yeri", T},       {"StokGizle", B},  {"Yedek1", T}, {"Yedek2", T},
            {"Yedek3", T},    {"Barkod", T},     {"Fiyat", N},    {"Fiyat2", N},     {"Fiyat3", N},     {"gFiyat", N}, {"GirenMik", N},
            {"GirenTutar", N}, {"CikanMik", N},  {"CikanTutar", N}, {"KalanA", N},   {"KalanB", N}},
-          {{{"StokKod"}}, {{"StokAdi"}}, {{"Barkod"}}, {{"Gurup", "StokAdi"}}, {{"Gurup"}}}};
+          {{{"StokKod"}}, {{"StokAdi"}}, {{"Barkod"}}, {{"Gurup", "StokAdi"}}, {{"Gurup"}},
+           {{"GirenMik"}}, {{"CikanMik"}}, {{"KalanB"}}, {{"KalanA"}}}};
 }
 
 Table StockMovements() {

@@ -33,6 +33,7 @@ void Position::Drop() {
   stoodAs_.reset();
   ahead_.clear();
   rowCount_ = -1;
+  emptyCount_.reset();
 }
 
 bool Position::OnRow() {
@@ -53,9 +54,14 @@ bool Position::Eof() {
 bool Position::HasRows() {
   Settle();
   if (place_ == Place::OnRow) return true;
-  if (!IsLive()) return false;
+  if (!IsLive() || emptyCount_ == WriteCount()) return false;
   std::vector<GridRow> rows;
-  if (Status read = Select({}, rows); !read.Ok()) Log(read.Message());
+  const std::uint64_t count = WriteCount();
+  if (Status read = Select({}, rows); !read.Ok()) {
+    Log(read.Message());
+  } else if (rows.empty()) {
+    emptyCount_ = count;
+  }
   return !rows.empty();
 }
 
@@ -221,12 +227,14 @@ void Position::Settle() {
   RowRange range;
   range.from = place_ == Place::First ? RowRange::From::Start : RowRange::From::End;
   std::vector<GridRow> rows;
+  const std::uint64_t count = WriteCount();
   if (Status read = Select(range, rows); !read.Ok()) {
     Log(read.Message());
     return;
   }
   if (rows.empty()) {
     place_ = Place::None;
+    emptyCount_ = count;
   } else {
     StandOn(std::move(rows.front()));
   }

@@ -98,6 +98,7 @@ class Position {
 
   std::int64_t rowCount_ = -1;
   std::uint64_t rowCountCount_ = 0;
+  std::optional<std::uint64_t> emptyCount_;  // the write count under which the source had no row
 };
 
 }  // namespace karvel

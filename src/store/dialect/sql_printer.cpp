@@ -69,6 +69,9 @@ class SqlPrinter {
         terms.push_back(next);
       }
     }
+    // Where rows are looked at one by one, a name that doesn't fit should cost nothing more.
+    if constexpr (std::is_same_v<Chain, And>)
+      std::ranges::stable_partition(terms, [](const Expr* term) { return std::holds_alternative<Like>(term->node); });
     PutGroup(terms.data(), terms.size(), word);
   }
 

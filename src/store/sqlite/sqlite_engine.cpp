@@ -48,10 +48,15 @@ class SqliteEngine final : public Engine {
     return On(*query.file, query.table->name, [&](Connection& connection) {
       const TableSql& sql = tables_.at(query.table);
       const bool reversed = range.from == RowRange::From::End || range.from == RowRange::From::Before;
+      const std::vector<KeySpan> spans = SpansOf(query);
       const auto read = [&](const Stretch* stretch) {
-        const int wanted = range.limit - static_cast<int>(rows.size());
-        const Sql select = sql.Select(query, reversed, stretch, range.beside, wanted, range.offset);
-        ReadRows(connection, *query.table, select, rows);
+        // Only a stretch that runs over many first terms lies in more than one span.
+        if (spans.empty() || (stretch != nullptr && (stretch->term > 0 || stretch->kind != Stretch::Kind::TermBeyond))) {
+          const int wanted = range.limit - static_cast<int>(rows.size());
+          ReadRows(connection, *query.table, sql.Select(query, reversed, stretch, range.beside, wanted, range.offset), rows);
+        } else {
+          ReadSpans(connection, query, range, spans, stretch, rows);
+        }
       };
       if (range.beside == nullptr) {
         read(nullptr);
@@ -66,8 +71,19 @@ class SqliteEngine final : public Engine {
 
   Status Count(const RowQuery& query, std::int64_t& count) override {
     count = 0;
-    return On(*query.file, query.table->name,
-              [&](Connection& connection) { count = AskInteger(connection, tables_.at(query.table).Count(query, nullptr, nullptr)); });
+    return On(*query.file, query.table->name, [&](Connection& connection) {
+      const TableSql& sql = tables_.at(query.table);
+      const std::vector<KeySpan> spans = SpansOf(query);
+      if (spans.empty()) {
+        count = AskInteger(connection, sql.Count(query, nullptr, nullptr));
+        return;
+      }
+      Sql counting = sql.Count(query, nullptr, nullptr, &spans.front());
+      for (const KeySpan& span : spans) {
+        TableSql::SetSpan(counting, span);
+        count += AskInteger(connection, counting);
+      }
+    });
   }
 
   Status CountBefore(const RowQuery& query, const GridRow& row, std::int64_t& count) override {
@@ -186,6 +202,34 @@ class SqliteEngine final : public Engine {
       for (std::size_t i = 0; i < table.columns.size(); ++i) {
         row.values.push_back(running.Read(static_cast<int>(i) + 1, table.columns[i].type));
       }
+    }
+  }
+
+  // The rows of the spans in the order of the query, one span after another until the limit.
+  void ReadSpans(Connection& connection, const RowQuery& query, const RowRange& range, const std::vector<KeySpan>& spans,
+                 const Stretch* stretch, std::vector<GridRow>& rows) {
+    const TableSql& sql = tables_.at(query.table);
+    const bool reversed = range.from == RowRange::From::End || range.from == RowRange::From::Before;
+    const bool falling = query.order.front().descending != reversed;
+    std::int64_t passed = range.offset;
+    Sql select = sql.Select(query, reversed, stretch, range.beside, range.limit, 0, &spans.front());
+    for (std::size_t i = 0; i < spans.size() && static_cast<int>(rows.size()) < range.limit; ++i) {
+      const KeySpan& span = spans[falling ? spans.size() - 1 - i : i];
+      if (passed > 0) {
+        const std::int64_t there = AskInteger(connection, sql.Count(query, nullptr, nullptr, &span, passed + 1));
+        if (there <= passed) {
+          passed -= there;
+          continue;
+        }
+        select = sql.Select(query, reversed, stretch, range.beside, range.limit, passed, &span);
+        ReadRows(connection, *query.table, select, rows);
+        select = sql.Select(query, reversed, stretch, range.beside, range.limit, 0, &span);
+        passed = 0;
+        continue;
+      }
+      TableSql::SetSpan(select, span);
+      select.parameters.back() = static_cast<double>(range.limit - static_cast<int>(rows.size()));
+      ReadRows(connection, *query.table, select, rows);
     }
   }
 

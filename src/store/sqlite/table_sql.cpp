@@ -96,11 +96,11 @@ std::vector<Stretch> TableSql::Stretches(const RowQuery& query, const GridRow& b
 }
 
 Sql TableSql::Select(const RowQuery& query, bool reversed, const Stretch* stretch, const GridRow* beside, int limit,
-                     std::int64_t offset) const {
+                     std::int64_t offset, const KeySpan* span) const {
   Sql sql;
   sql.text.reserve(4096);
   sql.text = select_;
-  AddWhere(query, stretch, beside, reversed, sql);
+  AddWhere(query, stretch, beside, reversed, span, sql);
   // Terms that are the same throughout a stretch are left out, else the engine would sort by them.
   const bool same = stretch != nullptr && stretch->kind == Stretch::Kind::TermNull;
   AddOrder(query, reversed, stretch == nullptr ? 0 : stretch->term + (same ? 1 : 0), sql);
@@ -113,21 +113,32 @@ Sql TableSql::Select(const RowQuery& query, bool reversed, const Stretch* stretc
   return sql;
 }
 
-Sql TableSql::Count(const RowQuery& query, const Stretch* stretch, const GridRow* beside) const {
-  Sql sql{"SELECT count(*) FROM " + name_, {}};
-  AddWhere(query, stretch, beside, true, sql);
+Sql TableSql::Count(const RowQuery& query, const Stretch* stretch, const GridRow* beside, const KeySpan* span, std::int64_t most) const {
+  Sql sql{(most > 0 ? "SELECT count(*) FROM (SELECT 1 FROM " : "SELECT count(*) FROM ") + name_, {}};
+  AddWhere(query, stretch, beside, true, span, sql);
+  if (most > 0) {
+    sql.parameters.emplace_back(static_cast<double>(most));
+    sql.text += fmt::format(" LIMIT {})", Parameter(sql.parameters.size() - 1));
+  }
   return sql;
+}
+
+void TableSql::SetSpan(Sql& sql, const KeySpan& span) {
+  // Behind all keys there is none that begins with the highest byte.
+  static const std::string kBehindAll("\xFF");
+  sql.parameters[sql.spanAt] = span.from;
+  sql.parameters[sql.spanAt + 1] = span.end.empty() ? kBehindAll : span.end;
 }
 
 Sql TableSql::Sum(const RowQuery& query, int position) const {
   Sql sql{fmt::format("SELECT sum({}) FROM {}", Quoted(table_.columns[static_cast<std::size_t>(position)].name), name_), {}};
-  AddWhere(query, nullptr, nullptr, false, sql);
+  AddWhere(query, nullptr, nullptr, false, nullptr, sql);
   return sql;
 }
 
 Sql TableSql::DeleteWhere(const RowQuery& query) const {
   Sql sql{"DELETE FROM " + name_, {}};
-  AddWhere(query, nullptr, nullptr, false, sql);
+  AddWhere(query, nullptr, nullptr, false, nullptr, sql);
   return sql;
 }
 
@@ -143,8 +154,18 @@ Sql TableSql::Change(RowKey key, std::span<const FieldValue> fields) const {
   return sql;
 }
 
-void TableSql::AddWhere(const RowQuery& query, const Stretch* stretch, const GridRow* beside, bool reversed, Sql& sql) const {
+void TableSql::AddWhere(const RowQuery& query, const Stretch* stretch, const GridRow* beside, bool reversed, const KeySpan* span,
+                        Sql& sql) const {
   std::string_view glue = " WHERE ";
+  // First of all: of several bounds on a key the engine seeks by the one that it meets first, and this is the narrowest.
+  if (span != nullptr) {
+    const std::string key = KeyOf(query.order.front().position);
+    sql.spanAt = sql.parameters.size();
+    sql.parameters.resize(sql.spanAt + 2);
+    SetSpan(sql, *span);
+    sql.text += fmt::format("{0}{1} >= {2} AND {1} < {3}", glue, key, Parameter(sql.spanAt), Parameter(sql.spanAt + 1));
+    glue = " AND ";
+  }
   for (const dialect::ExprPtr& condition : query.where) {
     if (!condition) continue;
     sql.text += glue;

@@ -11,6 +11,7 @@
 #include "store/catalogue.h"
 #include "store/dialect/dialect.h"
 #include "store/engine.h"
+#include "store/key_spans.h"
 
 namespace karvel::sqlite {
 
@@ -18,6 +19,7 @@ namespace karvel::sqlite {
 struct Sql {
   std::string text;
   std::vector<Value> parameters;
+  std::size_t spanAt = 0;  // where the bounds of the span stand among the parameters, if it has one
 };
 
 // One stretch of the rows beside a row. Rows behind (a, b, key) in the order a, b are, the nearest first: those with the same a and b
@@ -42,10 +44,14 @@ class TableSql : public dialect::SqlTarget {
   // The stretches beside a row in the order or against it, the nearest first.
   [[nodiscard]] static std::vector<Stretch> Stretches(const RowQuery& query, const GridRow& beside, bool reversed);
 
-  // The key and all columns of the rows; with a stretch only of those in it.
+  // The key and all columns of the rows; with a stretch or a span only of those in it. The limit and the offset are the last parameters.
   [[nodiscard]] Sql Select(const RowQuery& query, bool reversed, const Stretch* stretch, const GridRow* beside, int limit,
-                           std::int64_t offset) const;
-  [[nodiscard]] Sql Count(const RowQuery& query, const Stretch* stretch, const GridRow* beside) const;
+                           std::int64_t offset, const KeySpan* span = nullptr) const;
+  // How many there are; with `most` above 0 no more than that are counted.
+  [[nodiscard]] Sql Count(const RowQuery& query, const Stretch* stretch, const GridRow* beside, const KeySpan* span = nullptr,
+                          std::int64_t most = 0) const;
+  // Puts other bounds into a text that was made with a span.
+  static void SetSpan(Sql& sql, const KeySpan& span);
   [[nodiscard]] Sql Sum(const RowQuery& query, int position) const;
   [[nodiscard]] Sql DeleteWhere(const RowQuery& query) const;
   [[nodiscard]] Sql Change(RowKey key, std::span<const FieldValue> fields) const;
@@ -55,7 +61,7 @@ class TableSql : public dialect::SqlTarget {
 
  private:
   [[nodiscard]] std::string KeyOf(int position) const;
-  void AddWhere(const RowQuery& query, const Stretch* stretch, const GridRow* beside, bool reversed, Sql& sql) const;
+  void AddWhere(const RowQuery& query, const Stretch* stretch, const GridRow* beside, bool reversed, const KeySpan* span, Sql& sql) const;
   void AddStretch(const RowQuery& query, const Stretch& stretch, const GridRow& beside, bool reversed, std::string_view glue,
                   Sql& sql) const;
   void AddOrder(const RowQuery& query, bool reversed, std::size_t from, Sql& sql) const;

@@ -1,0 +1,23 @@
+// Lists that are narrowed by a name whose i is not told ("?brah?m*": İbrahim, ibrahim, Ibrahim) would be read from end to end, for their
+// pattern begins with any letter. But under each letter the names that fit stand together, so a handful of spans of the order holds them
+// all: an engine reads these one after another.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "store/engine.h"
+
+namespace karvel {
+
+// The compare keys from `from` on and before `end`; an empty end is the end of all.
+struct KeySpan {
+  std::string from, end;
+};
+
+// The spans of the first order term that hold every row of the query, rising and apart from each other, at most 60. Empty where there is
+// nothing to gain: the order doesn't begin with a text, or no condition that all rows meet is a pattern on it with a first "?" before a
+// letter. The rows in a span still have to meet the conditions.
+std::vector<KeySpan> SpansOf(const RowQuery& query);
+
+}  // namespace karvel
