@@ -28,11 +28,11 @@ struct Accounts::Features {
   const DeskParts& parts;
   MoneyPosting money{parts, desk.Numbers(), desk.Button()};
   CollectionPanel collection{parts, money};
-  LineCorrection correction{parts, desk.Button()};
+  LineCorrection correction{parts, desk.Button(), desk.Prices()};
   LineCancellation cancellation{parts, desk.Button()};
   DayBookList dayBook{parts, desk.Totals()};
   StockReceipt receipt{parts, desk.Numbers()};
-  CustomerCard customerCard{parts};
+  CustomerCard customerCard{parts, desk.Customers()};
   CustomerRemoval customerRemoval{parts};
   LedgerView ledgerView{parts};
   GridSorting sorting{parts};

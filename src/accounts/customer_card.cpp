@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "desk/refusal.h"
+#include "desk/screen_keyboard.h"
 #include "desk/steps.h"
 #include "platform/keyboard.h"
 #include "platform/messages.h"
@@ -34,7 +35,7 @@ char32_t Lower(char32_t letter) {
 
 }  // namespace
 
-CustomerCard::CustomerCard(const DeskParts& parts) : parts_(parts) {
+CustomerCard::CustomerCard(const DeskParts& parts, CustomerList& customers) : parts_(parts), customers_(customers) {
   Screen& screen = parts_.screen;
   for (int i = 0; i < screen.CariNew.Count(); ++i) {
     Element& box = screen.CariNew(i);
@@ -74,17 +75,23 @@ void CustomerCard::Character(int index, CharacterEvent& event) {
 }
 
 void CustomerCard::Cancel() {
-  CloseKeyboard();
+  CloseKeyboard(parts_);
   Close();
 }
 
 void CustomerCard::Save() {
   auto& [screen, form, cursors, settings, world] = parts_;
-  CloseKeyboard();
+  CloseKeyboard(parts_);
   // Off until the next change of a field; a refused card is not tried again as it is.
   screen.CariNewCmd(kSave).SetEnabled(false);
   form.RepositionGuard = 555;
-  if (!IsNew()) return;
+  const RowKey inFront = cursors.CariData.CurrentKey();
+  if (!IsNew()) {
+    // The card that stands in the way was found, no more: a payment must not go to it.
+    if (inFront != 0) step("customer in front", cursors.CariData.MoveTo(inFront));
+    form.RepositionGuard = 0;
+    return;
+  }
   const Status added = AddCard();
   screen.CariNewCmd(kSave).SetEnabled(true);
   if (!added.Ok()) {
@@ -142,8 +149,6 @@ Status CustomerCard::AddCard() {
   return card.Update();
 }
 
-void CustomerCard::CloseKeyboard() { parts_.form.KeyboardOpen = false; }
-
 void CustomerCard::Close() {
   Screen& screen = parts_.screen;
   screen.Text1(0).SetText("");
@@ -151,6 +156,8 @@ void CustomerCard::Close() {
   screen.CariFrm.SetVisible(false);
   screen.Text1(0).SetFocus();
   parts_.form.RepositionGuard = 0;
+  customers_.FollowInFront();
+  screen.Text1(0).SelectAll();
 }
 
 }  // namespace karvel

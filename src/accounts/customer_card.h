@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "desk/customer_list.h"
 #include "desk/parts.h"
 #include "platform/status.h"
 
@@ -10,7 +11,7 @@ namespace karvel {
 
 class CustomerCard {
  public:
-  explicit CustomerCard(const DeskParts& parts);
+  CustomerCard(const DeskParts& parts, CustomerList& customers);
 
  private:
   void Changed();
@@ -21,10 +22,10 @@ class CustomerCard {
   [[nodiscard]] bool IsNew();
   bool Refuse(const std::string& text, Element& focus);
   Status AddCard();
-  void CloseKeyboard();
   void Close();
 
   DeskParts parts_;
+  CustomerList& customers_;
 };
 
 }  // namespace karvel

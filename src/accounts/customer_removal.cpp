@@ -58,7 +58,7 @@ Status CustomerRemoval::WipeHistory(const std::string& code) {
   ClearCard();                     // 2.
   // 3.
   Cursor& movement = cursors.StokHarData;
-  step("movements", movement.Open("Select * From StokHareket Where Carisi='" + code + "'"));
+  step("movements", movement.Open("Select * From StokHareket Where Carisi=" + sources::Quoted(code)));
   form.RepositionGuard = 66;
   // 4. A row that was no sale stays as it is.
   for (; movement.HasCurrent(); step("next movement", movement.MoveNext()))
@@ -73,6 +73,8 @@ Status CustomerRemoval::WipeHistory(const std::string& code) {
   step("refresh day book", cursors.HareketData.Refresh());
   step("refresh ledger", cursors.CariHarData.Refresh());
   screen.CariGrid.SetMarker(cursors.CariData.HasRows());  // 7.
+  // What was shown of the wiped card is not so.
+  if (!done.Ok()) step("customer in front", cursors.CariData.MoveTo(cursors.CariData.CurrentKey()));
   return done;
 }
 
@@ -89,7 +91,7 @@ void CustomerRemoval::TakeBackSale() {
   Cursor& movement = cursors.StokHarData;
   Cursor& card = cursors.StokData;
   // The customer's code serves as the item's: the stock is taken back only where an item has the code of the customer.
-  step("find stock card", card.FindFirst("StokKod='" + movement.Text("Carisi") + "'"));
+  step("find stock card", card.FindFirst("StokKod=" + sources::Quoted(movement.Text("Carisi"))));
   if (!card.NoMatch()) {
     step("edit stock card", card.Edit());
     const double out = card.Number("CikanMik") - movement.Number("Miktar");

@@ -1,6 +1,7 @@
 #include "accounts/day_book_list.h"
 
 #include "accounts/row_deletion.h"
+#include "desk/sources.h"
 #include "desk/steps.h"
 #include "text/format.h"
 
@@ -25,8 +26,10 @@ DayBookList::DayBookList(const DeskParts& parts, DayTotal& dayTotal) : parts_(pa
 void DayBookList::Tapped() {
   auto& [screen, form, cursors, settings, world] = parts_;
   const bool rows = cursors.HareketData.HasRows();
-  screen.Command2.SetCaption("Satır Sil");
-  screen.Command2.SetEnabled(rows && !CancelledForGood());
+  if (!ShowsDeletedLines()) {
+    screen.Command2.SetCaption("Satır Sil");
+    screen.Command2.SetEnabled(rows && !CancelledForGood());
+  }
   for (int i = 2; i <= 6; ++i) screen.Label1(i).SetColor(color::kYellow);
   screen.Label5.SetColor(color::kRed);
   screen.Label1(7).SetCaption("Fiş Top.");
@@ -39,11 +42,12 @@ void DayBookList::DoubleTapped() {
   auto& [screen, form, cursors, settings, world] = parts_;
   const Cursor& day = cursors.HareketData;
   // Only what this terminal wrote can be corrected, and only as a sale.
-  if (day.HasRows() && day.Number("yeni") == 1 && screen.Label4.Caption() == "Satış") screen.Command3.SetCaption("Düzeltme");
+  if (!ShowsDeletedLines() && day.HasRows() && day.Number("yeni") == 1 && screen.Label4.Caption() == "Satış") screen.Command3.SetCaption("Düzeltme");
 }
 
 void DayBookList::Released() {
   auto& [screen, form, cursors, settings, world] = parts_;
+  if (ShowsDeletedLines()) return;
   screen.Command2.SetEnabled(!CancelledForGood());
   if (screen.Silme.Checked() && cursors.HareketData.HasRows() && !screen.Frame3.Visible()) LoadLine();
 }
@@ -59,12 +63,15 @@ void DayBookList::LoadLine() {
   }
   Cursor& cards = cursors.StokData;
   const std::string price = Format(day.Number("Fiyat"), form.PriceFormat);
-  step("find stock card", cards.FindFirst("StokKod='" + day.Text("StokKod") + "'"));
+  step("find stock card", cards.FindFirst("StokKod=" + sources::Quoted(day.Text("StokKod"))));
   if (cards.NoMatch()) return;
   screen.Text1(1).SetText(cards.Text("StokAdi"));
   screen.Text2(0).SetText(price);
   screen.Text2(1).SetFocus();
 }
+
+// They are looked at, no more: what they stood for was taken back, and the customer in front is not theirs.
+bool DayBookList::ShowsDeletedLines() const { return parts_.screen.SilinenChk.Checked(); }
 
 bool DayBookList::CancelledForGood() const {
   return parts_.screen.Silme.Checked() && parts_.cursors.HareketData.Text("Durum") == "Iptal";

@@ -16,6 +16,7 @@ class DayBookList {
   void DoubleTapped();
   void Released();
   void LoadLine();
+  [[nodiscard]] bool ShowsDeletedLines() const;
   [[nodiscard]] bool CancelledForGood() const;
 
   DeskParts parts_;

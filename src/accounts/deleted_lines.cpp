@@ -41,7 +41,9 @@ void DeletedLines::Close() {
   auto& [screen, form, cursors, settings, world] = parts_;
   if (keptSource_.empty()) return;
   screen.StokGrid.SetVisible(stockGridShown_);
+  screen.HareketGrid.SetVisible(false);
   screen.CariGrid.SetVisible(true);
+  screen.Label5.SetColor(color::kWhite);
   OpenDesk(true);
   // A tap on a line may have left its marks on the money column.
   screen.Command2.SetCaption("Tamam");

@@ -31,6 +31,7 @@ Status LineCancellation::CancelDayBookLine() {
   // 1.
   form.RepositionGuard = 555;
   const std::string list = cursors.CariData.RecordSource();
+  const RowKey customer = cursors.CariData.Text("Unvan") == screen.Text1(0).Text() ? cursors.CariData.CurrentKey() : 0;
   form.CurrentCustomerCode = cursors.CariData.Text(0);
   // 2.
   const Cursor& day = cursors.HareketData;
@@ -40,7 +41,7 @@ Status LineCancellation::CancelDayBookLine() {
   step("all cards", cursors.CariData.Open("CariKartlar"));
   const std::string ledger = cursors.CariHarData.RecordSource();
   step("rows of the line",
-       cursors.CariHarData.Open("Select * From CariHareket Where DigerId='" + ReplaceAll(line.id, "T", "") + "'"));
+       cursors.CariHarData.Open("Select * From CariHareket Where DigerId=" + sources::Quoted(ReplaceAll(line.id, "T", ""))));
   if (day.Text("Sube") == "X") {  // 4. What was handed on stays, and the desk stays as it is here.
     world.messages.MessageBox("Veri Aktarımı Yapılmış Silinemez..!", "", MessageIcon::None, MessageButtons::Ok);
     return {};
@@ -53,7 +54,9 @@ Status LineCancellation::CancelDayBookLine() {
   if (begun && !line.id.empty()) ReverseLedger();            // 6.
   step("ledger", cursors.CariHarData.Open(ledger));          // 7.
   step("customer list", cursors.CariData.Open(list));
-  step("find customer", cursors.CariData.FindFirst("Unvan='" + screen.Text1(0).Text() + "'"));  // 8.
+  // 8. The card that was in front, also when another bears the same name.
+  const bool back = customer != 0 && cursors.CariData.MoveTo(customer).Ok();
+  if (!back) step("find customer", cursors.CariData.FindFirst("Unvan=" + sources::Quoted(screen.Text1(0).Text())));
   if (begun) {
     DropSerials();        // 10.
     ReverseStock(line);   // 11. to 13.
@@ -75,7 +78,7 @@ void LineCancellation::ReverseLedger() {
   Cursor& ledger = parts_.cursors.CariHarData;
   Cursor& card = parts_.cursors.CariData;
   for (; ledger.HasCurrent(); step("next ledger row", ledger.MoveNext())) {
-    step("find card", card.FindFirst("CariKod='" + ledger.Text(0) + "'"));
+    step("find card", card.FindFirst("CariKod=" + sources::Quoted(ledger.Text(0))));
     const double debit = ledger.Number("Borc");
     const double credit = ledger.Number("Alacak");
     // A sale is taken back; money that moved is moved back, so that the totals cross over and grow.
@@ -112,14 +115,14 @@ void LineCancellation::ReverseStock(const Line& line) {
   auto& [screen, form, cursors, settings, world] = parts_;
   Cursor& movement = cursors.StokHarData;
   Cursor& day = cursors.HareketData;
-  step("find movement", movement.FindFirst("DigerId='" + line.id + "'"));
+  step("find movement", movement.FindFirst("DigerId=" + sources::Quoted(line.id)));
   // A line without an id has no rows of its own: those that also lack one belong to others.
   if (line.id.empty() || movement.NoMatch()) {
     step("delete day-book row", day.Delete());
     return;
   }
   Cursor& card = cursors.StokData;
-  step("find stock card", card.FindFirst("StokKod='" + line.stockCode + "'"));
+  step("find stock card", card.FindFirst("StokKod=" + sources::Quoted(line.stockCode)));
   step("delete movement", movement.Delete());
   step("edit stock card", card.Edit());
   const bool sale = line.state == "Satış";

@@ -5,6 +5,7 @@
 #include "desk/balance.h"
 #include "desk/main_button.h"
 #include "desk/safe_calc.h"
+#include "desk/sources.h"
 #include "desk/steps.h"
 #include "text/format.h"
 
@@ -20,10 +21,10 @@ struct LineCorrection::Correction {
   double newTotal = 0;
   double oldQuantity = 0, oldTotal = 0;
   double oldProfit = 0, newProfit = 0;
-  [[nodiscard]] std::string ById() const { return "DigerId='" + id + "'"; }
+  [[nodiscard]] std::string ById() const { return "DigerId=" + sources::Quoted(id); }
 };
 
-LineCorrection::LineCorrection(const DeskParts& parts, MainButton& button) : parts_(parts) {
+LineCorrection::LineCorrection(const DeskParts& parts, MainButton& button, PriceSelection& prices) : parts_(parts), prices_(prices) {
   button.correctLine = [this] { return Correct(); };
   parts_.screen.Command3.click.Connect([this] {
     if (parts_.screen.Command3.Caption() == "Düzeltme") TakeLine();
@@ -74,6 +75,9 @@ Status LineCorrection::Correct() {
   screen.Command3.SetEnabled(true);
   if (done.Ok()) {
     EndCorrection();  // 10.
+    // The list stands on the corrected item now, and nothing more of it is sold.
+    prices_.ShowItem();
+    screen.Text2(1).SetText("0");
   } else {
     screen.Command2.SetEnabled(true);
   }
@@ -85,7 +89,7 @@ bool LineCorrection::StandOnLine() {
   Cursor& day = cursors.HareketData;
   if (form.EditLineId.empty()) return false;
   if (day.Text("DigerId") == form.EditLineId) return true;
-  step("find line", day.FindFirst("DigerId='" + form.EditLineId + "'"));
+  step("find line", day.FindFirst("DigerId=" + sources::Quoted(form.EditLineId)));
   return !day.NoMatch();
 }
 
@@ -102,7 +106,7 @@ void LineCorrection::CorrectMovement(Correction& line) {
   Cursor& movement = parts_.cursors.StokHarData;
   Cursor& card = parts_.cursors.StokData;
   step("find movement", movement.FindFirst(line.ById()));
-  step("find stock card", card.FindFirst("StokKod='" + movement.Text("StokHarKod") + "'"));
+  step("find stock card", card.FindFirst("StokKod=" + sources::Quoted(movement.Text("StokHarKod"))));
   step("edit movement", movement.Edit());
   line.oldQuantity = movement.Number("Miktar");
   movement.Set("Miktar", line.quantity);
@@ -132,7 +136,7 @@ void LineCorrection::CorrectLedger(const Correction& line) {
   Cursor& ledger = parts_.cursors.CariHarData;
   Cursor& card = parts_.cursors.CariData;
   step("find ledger row", ledger.FindFirst(line.ById()));
-  step("find customer", card.FindFirst("CariKod='" + ledger.Text("cariharkod") + "'"));
+  step("find customer", card.FindFirst("CariKod=" + sources::Quoted(ledger.Text("cariharkod"))));
   step("edit ledger row", ledger.Edit());
   const double oldDebit = ledger.Number("Borc");
   ledger.Set("Borc", line.newTotal);

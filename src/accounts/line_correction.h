@@ -6,6 +6,7 @@
 #pragma once
 
 #include "desk/parts.h"
+#include "desk/price_selection.h"
 #include "platform/status.h"
 
 namespace karvel {
@@ -14,7 +15,7 @@ class MainButton;
 
 class LineCorrection {
  public:
-  LineCorrection(const DeskParts& parts, MainButton& button);
+  LineCorrection(const DeskParts& parts, MainButton& button, PriceSelection& prices);
 
  private:
   struct Correction;
@@ -28,6 +29,7 @@ class LineCorrection {
   void EndCorrection();
 
   DeskParts parts_;
+  PriceSelection& prices_;
 };
 
 }  // namespace karvel

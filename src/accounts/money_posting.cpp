@@ -81,12 +81,12 @@ Status MoneyPosting::PostMoneyMovement() {
   form.CurrentLineId = numbers_.NextLineId();  // 5.
 
   // 6. A missing account stops nothing: the card in front takes its place.
-  step("find money account", cursors.CariData.FindFirst("CariKod='" + movement.account + "'"));
+  step("find money account", cursors.CariData.FindFirst("CariKod=" + sources::Quoted(movement.account)));
   BookAccount(movement);  // 7.
   form.RepositionGuard = 99;
   MoveBalance(movement, !movement.PaysOut());  // 8.
   // 9., 10. The day book's row lands before the customer's ledger row.
-  step("find customer", cursors.CariData.FindFirst("CariKod='" + movement.customer + "'"));
+  step("find customer", cursors.CariData.FindFirst("CariKod=" + sources::Quoted(movement.customer)));
   OpenCustomerRow(movement);
   form.RepositionGuard = 100;
   BookDay(movement);
@@ -179,7 +179,7 @@ void MoneyPosting::ConsumeDueDates(const Movement& movement) {
   // The customer's own, also where a list in purchase mode muted their following.
   step("due dates", due.Open(sources::DueDatesOf(movement.customer)));
   if (cursors.CariData.Number("Bakiye") == 0) {
-    step("delete due dates", world.stores.Execute(due.DatabaseName(), "DELETE FROM VadeGün Where CariKod='" + movement.customer + "';"));
+    step("delete due dates", world.stores.Execute(due.DatabaseName(), "DELETE FROM VadeGün Where CariKod=" + sources::Quoted(movement.customer) + ";"));
     return;
   }
   // At most two rows: what spans three or more leaves the second below zero.
@@ -205,7 +205,7 @@ void MoneyPosting::ShowCustomer(const Movement& movement) {
   form.RepositionGuard = 2;
   step("customer list", cursors.CariData.Open(movement.list));
   form.RepositionGuard = 0;
-  step("find customer", cursors.CariData.FindFirst("CariKod='" + movement.customer + "'"));
+  step("find customer", cursors.CariData.FindFirst("CariKod=" + sources::Quoted(movement.customer)));
 }
 
 }  // namespace karvel

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "desk/sources.h"
 #include "desk/steps.h"
 #include "platform/messages.h"
 #include "text/format.h"
@@ -11,9 +12,6 @@ namespace karvel {
 namespace {
 
 const Steps step("CheckSerialEntry");
-
-// A serial is scanned, never thought up: a quote in it is a letter like others.
-std::string Quoted(const std::string& text) { return "'" + ReplaceAll(text, "'", "''") + "'"; }
 
 }  // namespace
 
@@ -63,7 +61,7 @@ bool SerialCapture::IsReadAlready(const std::string& serial) {
   step("refresh serials", serials.Refresh());
   // One column at a time: each has its index.
   for (const char* const column : {"barcode", "BarCode1"}) {
-    step("find serial", serials.FindFirst(std::string(column) + "=" + Quoted(serial)));
+    step("find serial", serials.FindFirst(std::string(column) + "=" + sources::Quoted(serial)));
     if (!serials.NoMatch()) return true;
   }
   return false;
@@ -75,12 +73,12 @@ bool SerialCapture::IsBarcode(const std::string& serial) {
   const RowKey item = cards.CurrentKey();
   // The look must not move the sale: its list of serials would be dropped with the item.
   form.RepositionGuard = 66;
-  step("find barcode", cards.FindFirst("Barkod=" + Quoted(serial)));
+  step("find barcode", cards.FindFirst("Barkod=" + sources::Quoted(serial)));
   const bool barcode = !cards.NoMatch();
   if (barcode && item != 0 && cards.CurrentKey() != item) {
     step("back to the item", cards.MoveTo(item));
   }
-  if (cards.Text("StokAdi") != screen.Text1(1).Text()) step("item of the line", cards.FindFirst("StokAdi=" + Quoted(screen.Text1(1).Text())));
+  if (cards.Text("StokAdi") != screen.Text1(1).Text()) step("item of the line", cards.FindFirst("StokAdi=" + sources::Quoted(screen.Text1(1).Text())));
   form.RepositionGuard = 0;
   return barcode;
 }

@@ -2,7 +2,9 @@
 
 #include "accounts/row_deletion.h"
 #include "desk/list_columns.h"
+#include "desk/new_cards.h"
 #include "desk/refresh.h"
+#include "desk/screen_keyboard.h"
 #include "desk/sources.h"
 #include "desk/steps.h"
 #include "text/turkish.h"
@@ -50,6 +52,7 @@ void StockList::Toggled() {
     return;
   }
   if (switching_) return;
+  CloseBookingPanels(screen);
   // 2.
   screen.Command2.SetEnabled(!stock);
   screen.Command3.SetEnabled(!stock);
@@ -93,10 +96,7 @@ void StockList::ShowStock() {
 
 void StockList::ShowCustomers() {
   auto& [screen, form, cursors, settings, world] = parts_;
-  if (form.KeyboardOpen) {
-    form.KeyboardOpen = false;
-    screen.keyboardDone();
-  }
+  CloseKeyboard(parts_);
   screen.CariGrid.SetColumns(CustomerColumns(form));
   Point("Cari.Mdb", kCustomersBack);
 }
@@ -114,7 +114,7 @@ void StockList::Narrow() {
   // Before the desk has opened the first entry is only being chosen.
   if (switching_ || !screen.Command3.Visible() || !ListsStock()) return;
   std::string narrowed;
-  if (screen.GrpCombo.ListIndex() > 0) narrowed = " And Gurup='" + screen.GrpCombo.Text() + "'";
+  if (screen.GrpCombo.ListIndex() > 0) narrowed = " And Gurup=" + sources::Quoted(screen.GrpCombo.Text());
   if (screen.StokCek.Checked()) narrowed += " And KalanB<>0";
   cursors.CariData.SetRecordSource("Select * From StokKartlar Where StokGizle=False " + narrowed + " Order By StokAdi ASC");
   step("narrow", VeriTazele(cursors.CariData, world.loop));
@@ -145,16 +145,14 @@ void StockList::SearchTapped() {
 
 void StockList::StartTyping() {
   auto& [screen, form, cursors, settings, world] = parts_;
-  form.KeyboardOpen = true;
   step("all cards", cursors.CariData.Open(sources::kStock));
   screen.Stoktxt.SetText("");
-  screen.keyboardWanted(screen.Stoktxt);
+  OpenKeyboard(parts_, screen.Stoktxt);
 }
 
 void StockList::TakeTyped() {
   auto& [screen, form, cursors, settings, world] = parts_;
-  form.KeyboardOpen = false;
-  screen.keyboardDone();
+  CloseKeyboard(parts_);
   Cursor& cards = cursors.CariData;
   const std::string text = screen.Stoktxt.Text();
   form.LastStokSearch = text;

@@ -1,5 +1,7 @@
 #include "accounts/stock_receipt.h"
 
+#include <utility>
+
 #include "desk/balance.h"
 #include "desk/refusal.h"
 #include "desk/sources.h"
@@ -96,6 +98,10 @@ void StockReceipt::Search() {
 
 void StockReceipt::Save() {
   if (!IsNumeric(Field(kQuantity))) return;  // nothing can be booked, and the panel stays
+  if (Trim(Field(kName)).empty() && NumberOrZero(Field(kQuantity)) != 0) {
+    parts_.screen.Text6(kName).SetFocus();  // a card without a name would never be found again
+    return;
+  }
   if (NumberOrZero(Field(kQuantity)) == 0) {
     parts_.screen.StokAl.SetVisible(false);
     return;
@@ -121,6 +127,10 @@ Status StockReceipt::Receive() {
   BookLedger();                                // 9.
   BookDay();                                   // 10.
   const Status done = action.Finish();
+  if (!narrowed_.empty()) {
+    form.RepositionGuard = 66;
+    step("stock list", cursors.StokData.Open(std::exchange(narrowed_, {})));
+  }
   form.RepositionGuard = 0;  // 11.
   if (!done.Ok()) {
     form.CurrentLineId = lineBefore;
@@ -162,11 +172,12 @@ void StockReceipt::RaiseStockCard() {
 
 void StockReceipt::StandOnCard() {
   Cursor& card = parts_.cursors.StokData;
-  const std::string byName = "StokAdi='" + Field(kName) + "'";
+  const std::string byName = "StokAdi=" + sources::Quoted(Field(kName));
   step("refresh stock", card.Refresh());
   step("find stock card", card.FindFirst(byName));
   if (!card.NoMatch() || card.RecordSource() == sources::kStock) return;
   // A narrowed list doesn't hold the new card; without it the rows would name another one.
+  narrowed_ = card.RecordSource();
   step("all stock", card.Open(sources::kStock));
   step("find stock card", card.FindFirst(byName));
 }

@@ -35,6 +35,7 @@ class StockReceipt {
 
   DeskParts parts_;
   RunningNumbers& numbers_;
+  std::string narrowed_;  // the stock list that the new card is not in
 };
 
 }  // namespace karvel

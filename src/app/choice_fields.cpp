@@ -1,5 +1,8 @@
 #include "app/choice_fields.h"
 
+#include <QPointer>
+#include <utility>
+
 #include <QCalendarWidget>
 #include <QLocale>
 #include <QPainter>
@@ -46,9 +49,21 @@ ComboField::ComboField(const DeskUi& ui, Element& element, QWidget* parent) : QC
   setMaxVisibleItems(9);
   connect(this, &QComboBox::currentIndexChanged, this, [this](int index) {
     if (syncing_) return;
+    chosen_ = true;
     if (ui_.Reaches(element_)) element_.Choose(index);
     Sync();
   });
+  connect(this, &QComboBox::activated, this, [this](int index) {
+    // The entry that stands there was chosen once more: a list that went another way meanwhile follows it again.
+    if (!std::exchange(chosen_, false) && index == element_.ListIndex() && ui_.Reaches(element_)) element_.click();
+  });
+}
+
+void ComboField::Pick(int index) {
+  chosen_ = false;
+  const QPointer<ComboField> self(this);
+  setCurrentIndex(index);
+  if (self) Q_EMIT activated(index);
 }
 
 void ComboField::Sync() {

@@ -15,11 +15,14 @@ class ComboField : public QComboBox {
  public:
   ComboField(const DeskUi& ui, Element& element, QWidget* parent);
   void Sync();
+  // Chooses an entry as a person does, also the one that stands there already.
+  void Pick(int index);
 
  private:
   const DeskUi& ui_;
   Element& element_;
   bool syncing_ = false;
+  bool chosen_ = false;  // the choice that is being reported is another entry
 };
 
 class DateField : public QDateEdit {

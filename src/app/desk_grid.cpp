@@ -326,6 +326,15 @@ QRect DeskGrid::CellRect(int row, int column) {
   return {cell.x, HeadHeight() + index * height - scroll_, cell.width, height};
 }
 
+std::optional<QPoint> DeskGrid::RowInFront() {
+  FetchIfStale();
+  const int index = watched_ ? rows_.IndexOf(watched_->CurrentKey()) : -1;
+  if (index < 0) return std::nullopt;
+  const int y = HeadHeight() + index * RowHeight() - scroll_ + RowHeight() / 2;
+  if (y < HeadHeight() || y >= viewport()->height()) return std::nullopt;
+  return viewport()->mapTo(this, QPoint(viewport()->width() / 2, y));
+}
+
 QStringList DeskGrid::VisibleHeadings() {
   FetchIfStale();
   QStringList headings;

@@ -10,6 +10,7 @@
 #include <QRect>
 #include <QStringList>
 #include <QTimer>
+#include <optional>
 
 #include "app/desk_ui.h"
 #include "app/grid_columns.h"
@@ -29,6 +30,8 @@ class DeskGrid : public QAbstractScrollArea {
 
   // The cell of a row, counted from the source's first, and of a column, counted over the visible ones. Scrolls there if needed.
   QRect CellRect(int row, int column);
+  // A point on the current row; none while it is out of view.
+  std::optional<QPoint> RowInFront();
   QRect HeadRect(int visibleColumn);
   QStringList VisibleHeadings();
   // The first `max` rows of the source, each visible column's text as shown.
@@ -84,6 +87,7 @@ class DeskGrid : public QAbstractScrollArea {
   [[nodiscard]] int SortedField() const;  // its position in the rows; -1: none
 
   // Fingers and keys.
+  [[nodiscard]] bool IsCurrent(int index) const;
   bool MoveToRow(int index);
   void MoveByRows(int rows);
   void Held();

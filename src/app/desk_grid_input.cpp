@@ -25,10 +25,14 @@ int DeskGrid::BorderAt(int x) const {
   return -1;
 }
 
+bool DeskGrid::IsCurrent(int index) const {
+  if (index < 0 || index >= rows_.Count() || !watched_) return false;
+  return watched_->HasCurrent() && watched_->CurrentKey() == rows_.Rows()[static_cast<std::size_t>(index)].key;
+}
+
 bool DeskGrid::MoveToRow(int index) {
   if (index < 0 || index >= rows_.Count() || !watched_) return false;
   const RowKey key = rows_.Rows()[static_cast<std::size_t>(index)].key;
-  if (watched_->HasCurrent() && watched_->CurrentKey() == key) return true;
   followed_ = key;  // it is in view where the finger is: nothing jumps away under it
   return watched_->MoveTo(key).Ok();
 }
@@ -44,7 +48,7 @@ void DeskGrid::mousePressEvent(QMouseEvent* event) {
   drag_ = Drag::Pressed;
   borderColumn_ = inHead && !rightPress_ ? BorderAt(pressedAt_.x()) : -1;
   const QPointer<DeskGrid> self(this);
-  if (rightPress_ && !inHead) MoveToRow(RowAt(pressedAt_.y()));
+  if (const int row = RowAt(pressedAt_.y()); rightPress_ && !inHead && !IsCurrent(row)) MoveToRow(row);
   if (!self) return;
   if (!rightPress_ && !inHead) hold_.start();
   element_.mouseDown(ToMouseEvent(*event));
@@ -77,13 +81,15 @@ void DeskGrid::mouseReleaseEvent(QMouseEvent* event) {
   const Drag ended = drag_;
   drag_ = Drag::None;
   const QPointer<DeskGrid> self(this);
-  element_.mouseUp(ToMouseEvent(*event));
-  if (!self) return;
   if (ended == Drag::Border) {
     EndBorderDrag();
     return;
   }
-  if (ended != Drag::Pressed || doubled_ || held_ || rightPress_ || !ui_.Reaches(element_)) return;
+  if (rightPress_ || doubled_) {
+    element_.mouseUp(ToMouseEvent(*event));
+    return;
+  }
+  if (ended != Drag::Pressed || held_ || !ui_.Reaches(element_)) return;
   const QPoint at = event->position().toPoint();
   const int column = ColumnAt(at.x());
   if (column < 0 || column != ColumnAt(pressedAt_.x())) return;
@@ -94,7 +100,10 @@ void DeskGrid::mouseReleaseEvent(QMouseEvent* event) {
   }
   const int row = RowAt(at.y());
   if (row < 0 || row != RowAt(pressedAt_.y())) return;
-  if (MoveToRow(row) && self) element_.TapCell(number);
+  // A tap on the row in front chooses it again: the fields may have gone another way meanwhile.
+  if (!MoveToRow(row) || !self) return;
+  element_.mouseUp(ToMouseEvent(*event));
+  if (self) element_.TapCell(number);
 }
 
 void DeskGrid::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -113,14 +122,14 @@ void DeskGrid::mouseDoubleClickEvent(QMouseEvent* event) {
   doubled_ = true;
   const QPointer<DeskGrid> self(this);
   const int number = shown_[static_cast<std::size_t>(column)].number;
-  if (MoveToRow(row) && self) element_.DoubleTapCell(number);
+  if ((IsCurrent(row) || MoveToRow(row)) && self) element_.DoubleTapCell(number);
 }
 
 void DeskGrid::Held() {
   if (drag_ != Drag::Pressed || !ui_.Reaches(element_)) return;
   held_ = true;
   const QPointer<DeskGrid> self(this);
-  MoveToRow(RowAt(pressedAt_.y()));
+  if (const int row = RowAt(pressedAt_.y()); !IsCurrent(row)) MoveToRow(row);
   if (!self) return;
   MouseEvent right;
   right.button = 2;

@@ -5,7 +5,16 @@
 namespace karvel {
 
 bool IsCompletingKey(const KeyEvent& event) {
+  constexpr int kShift = 16, kControl = 17, kAlt = 18, kCapsLock = 20, kPageUp = 33, kPageDown = 34, kInsert = 45, kF24 = 135;
+  if (event.code >= key::kF1 && event.code <= kF24) return false;
   switch (event.code) {
+    case kShift:
+    case kControl:
+    case kAlt:
+    case kCapsLock:
+    case kPageUp:
+    case kPageDown:
+    case kInsert:
     case key::kBackspace:
     case key::kDelete:
     case key::kEnter:

@@ -1,6 +1,9 @@
 #include "desk/customer_list.h"
 
 #include "desk/completion.h"
+#include "desk/list_in_front.h"
+#include "desk/new_cards.h"
+#include "desk/screen_keyboard.h"
 #include "desk/sources.h"
 #include "desk/steps.h"
 #include "platform/clock.h"
@@ -23,7 +26,7 @@ CustomerList::CustomerList(const DeskParts& parts, PriceSelection& prices, DayTo
   screen.Text1(0).gotFocus.Connect([this] { Focused(); });
   screen.Text1(0).keyUp.Connect([this](const KeyEvent& event) { KeyUp(event); });
   screen.Text1(0).character.Connect([this](CharacterEvent& event) { Character(event); });
-  screen.Text5.changed.Connect([this] { Filter(); });
+  screen.Text5.changed.Connect([this] { Echoed(); });
   screen.Vadefrm.click.Connect([&screen] { screen.Vadefrm.SetVisible(false); });
 }
 
@@ -51,10 +54,6 @@ void CustomerList::Followed() {
   } else if (form.RepositionGuard < 99) {
     screen.Command1.SetCaption("Tahsilat");
   }
-}
-
-bool CustomerList::ListsCustomers() const {
-  return !parts_.screen.StokChk.Checked() && !parts_.screen.CiroChk.Checked();
 }
 
 void CustomerList::ShowOverdue() {
@@ -102,6 +101,7 @@ void CustomerList::GroupChosen() {
 
 void CustomerList::CustomerGroupChosen() {
   auto& [screen, form, cursors, settings, world] = parts_;
+  CloseBookingPanels(screen);
   screen.StokChk.SetChecked(false);  // a group of customers is a wish for customers
   const std::string group = screen.GurupCombo.Text();
   screen.Text1(0).SetText("");
@@ -115,10 +115,9 @@ void CustomerList::CustomerGroupChosen() {
   form.RepositionGuard = 99;
   step("refresh customers", customers.Refresh());
   form.RepositionGuard = 0;
-  if (customers.HasRows()) {
-    screen.Text1(0).SetText(customers.Text(1));
-    screen.CariGrid.SetFocus();
-  }
+  if (customers.HasRows()) screen.Text1(0).SetText(customers.Text(1));
+  FollowInFront();
+  if (customers.HasRows()) screen.CariGrid.SetFocus();
   prices_.SetFirstPriceColumn();
 }
 
@@ -131,11 +130,14 @@ void CustomerList::StockGroupChosen() {
   form.RepositionGuard = 66;
   step("refresh stock", cursors.StokData.Refresh());
   form.RepositionGuard = 0;
-  if (screen.Frame2.Visible()) {
-    // The fields name the item in front, and nothing of it is sold yet.
-    prices_.ShowItem();
-    screen.Text2(1).SetText("0");
-  }
+  if (screen.Frame2.Visible()) ShowUnsoldItem();
+}
+
+void CustomerList::ShowUnsoldItem() {
+  Screen& screen = parts_.screen;
+  if (!parts_.cursors.StokData.HasCurrent()) screen.Text1(1).SetText("");
+  prices_.ShowItem();
+  screen.Text2(1).SetText("0");
 }
 
 void CustomerList::FlipGroupList() {
@@ -184,6 +186,18 @@ void CustomerList::Focused() {
   screen.Text1(0).SelectAll();  // the next name takes the place of what stands there
 }
 
+void CustomerList::FollowInFront() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  Cursor& customers = cursors.CariData;
+  if (customers.HasCurrent()) {
+    step("customer in front", customers.MoveTo(customers.CurrentKey()));
+    return;
+  }
+  screen.Text1(0).SetText("");
+  screen.Label5.SetCaption("0");
+  screen.Vadefrm.SetVisible(false);
+}
+
 void CustomerList::TextChanged() {
   auto& [screen, form, cursors, settings, world] = parts_;
   const std::string& text = screen.Text1(0).Text();
@@ -203,8 +217,9 @@ void CustomerList::TextChanged() {
 void CustomerList::KeyUp(const KeyEvent& event) {
   auto& [screen, form, cursors, settings, world] = parts_;
   Element& field = screen.Text1(0);
-  if (!ListsCustomers() || !IsCompletingKey(event) || field.Text().empty() || field.Text() == "*") return;
+  if (!ListsCustomers(screen) || !IsCompletingKey(event) || field.Text().empty() || field.Text() == "*") return;
   Cursor& customers = cursors.CariData;
+  if (customers.HasCurrent() && customers.Text("Unvan") == field.Text()) return;
   form.RepositionGuard = 99;
   step("find customer", customers.FindFirst("Unvan Like '" + field.Text() + "*'"));
   const bool found = !customers.NoMatch();
@@ -216,39 +231,63 @@ void CustomerList::Character(CharacterEvent& event) {
   auto& [screen, form, cursors, settings, world] = parts_;
   if (event.character != key::kEnter) return;
   event.character = 0;
-  if (!ListsCustomers()) return;
-  const std::string text = Trim(screen.Text1(0).Text());
+  if (!ListsCustomers(screen)) return;
+  CloseKeyboard(parts_);  // what was typed on it is taken, so the list follows again
+  const std::string text = screen.Text1(0).Text();
   Element& list = screen.CariGrid.Visible() ? static_cast<Element&>(screen.CariGrid) : screen.StokGrid;
   Cursor& customers = cursors.CariData;
-  step("find customer", customers.FindFirst("Unvan Like '" + screen.Text1(0).Text() + "*'"));
-  if (customers.NoMatch()) {
-    // An unknown name is a new customer: his card opens with the name in it.
-    screen.CariFrm.SetVisible(true);
-    screen.CariFrm.BringToFront();
-    screen.CariNew(0).SetText(text);
-    screen.CariNew(1).SetText(text);
-    screen.CariNew(0).SetFocus();
-    return;
+  if (customers.HasCurrent() && customers.Text("Unvan") == text) {
+    // The row in front is the one meant, also when another bears the same name.
+    step("customer in front", customers.MoveTo(customers.CurrentKey()));
+  } else {
+    step("find customer", customers.FindFirst("Unvan Like '" + text + "*'"));
+    if (customers.NoMatch()) {
+      OpenCustomerCard(parts_, Trim(text));
+      return;
+    }
   }
   step("day book", cursors.HareketData.Open(sources::DayBookOf(customers.Text("CariKod"))));
   list.SetFocus();
 }
 
-void CustomerList::Filter() {
+void CustomerList::Echoed() {
   auto& [screen, form, cursors, settings, world] = parts_;
-  // Under the new card's panel the field only echoes the keyboard; the list stays whole, for the new card is looked for in it.
-  if (!screen.CariGrid.Visible() || screen.CariFrm.Visible() || !ListsCustomers()) return;
-  const std::string text = ReplaceAll(ReplaceAll(screen.Text5.Text(), "İ", "?"), "i", "?");
-  std::string source = sources::kCustomersUnordered + " And Unvan Like '" + text + "*'";
-  if (screen.ComboCmd.Caption() == "Cari" && screen.GurupCombo.ListIndex() > 0) source += " And Gurup='" + screen.GurupCombo.Text() + "'";
-  form.RepositionGuard = 555;
-  Cursor& customers = cursors.CariData;
-  step("filter customers", customers.Open(source + " Order By Unvan Asc"));
-  if (customers.HasRows()) {
-    step("due dates", cursors.VadeData.Open(sources::DueDatesOf(customers.Text(0))));
-    screen.Text1(0).SetText(customers.Text("Unvan"));  // a payment goes to the row in front
+  const std::string& text = screen.Text5.Text();
+  constexpr int kFirstOfReceipt = 99, kReceipt = 100, kHeldOff = 999;
+  const int field = static_cast<int>(form.ActiveFieldCode);
+  if (field == kHeldOff) {
+    // The keyboard was closed: the whole list comes back.
+    form.ActiveFieldCode = 0;
+    if (!text.empty()) screen.Text5.SetText("");
   }
+  if (screen.CariFrm.Visible()) {
+    // The new card is looked for in the whole list, so that stays.
+    if (field >= 0 && field < screen.CariNew.Count()) screen.CariNew(field).SetText(text);
+  } else if (screen.StokAl.IsShown() && field >= kFirstOfReceipt && field < kReceipt + screen.Text6.Count()) {
+    screen.Text6(field == kFirstOfReceipt ? 0 : field - kReceipt).SetText(text);
+  } else if (screen.Frame2.Visible()) {
+    FilterStock();
+  } else if (screen.CariGrid.Visible() && ListsCustomers(screen)) {
+    FilterCustomers();
+  }
+}
+
+void CustomerList::FilterCustomers() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  const std::string text = ReplaceAll(ReplaceAll(screen.Text5.Text(), "İ", "?"), "i", "?");
+  const bool byGroup = screen.ComboCmd.Caption() == "Cari" && screen.GurupCombo.ListIndex() > 0;
+  form.RepositionGuard = 555;
+  step("filter customers", cursors.CariData.Open(sources::CustomersOfGroupNamed(byGroup ? screen.GurupCombo.Text() : "", text)));
   form.RepositionGuard = 0;
+  FollowInFront();  // a payment goes to the row in front
+}
+
+void CustomerList::FilterStock() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  form.RepositionGuard = 66;
+  step("filter stock", cursors.StokData.Open(sources::StockNamed(screen.Text5.Text())));
+  form.RepositionGuard = 0;
+  ShowUnsoldItem();
 }
 
 }  // namespace karvel

@@ -19,21 +19,26 @@ class CustomerList {
   void ShowGroup(const std::string& group);
   // Adds the walk-in customer's card when there is none.
   void KeepWalkIn();
+  // Name, balance, day book and due dates follow to the row in front, which was reached under a guard; without rows they name nobody.
+  void FollowInFront();
 
  private:
   void Followed();  // CariData's current row changed
   void ShowOverdue();
-  // The list shows customers: not stock cards, nor the day's turnover.
-  [[nodiscard]] bool ListsCustomers() const;
   void GroupChosen();
   void CustomerGroupChosen();
   void StockGroupChosen();
+  // Another stock list: the fields name the item in front, and nothing of it is sold yet.
+  void ShowUnsoldItem();
   void FlipGroupList();  // ComboCmd
   void Focused();
   void TextChanged();
   void KeyUp(const KeyEvent& event);
   void Character(CharacterEvent& event);
-  void Filter();  // Text5
+  // Text5, the list filter, which also echoes what the on-screen keyboard writes into other fields.
+  void Echoed();
+  void FilterCustomers();
+  void FilterStock();
 
   DeskParts parts_;
   PriceSelection& prices_;

@@ -28,8 +28,8 @@ void DayTotal::ShowToday() {
   parts_.form.CriteriaText = DayCriteria(parts_.world.clock.Now());
   Value sum;
   step("sum", parts_.world.stores.QueryValue(day.DatabaseName(),
-                                             "Select Sum(Tutar) FROM Datam Where " + parts_.form.CriteriaText + " And CariAd='" +
-                                                 parts_.screen.Text1(0).Text() + "' And Durum='Satış' And Tahsilat=0",
+                                             "Select Sum(Tutar) FROM Datam Where " + parts_.form.CriteriaText + " And CariAd=" +
+                                                 sources::Quoted(parts_.screen.Text1(0).Text()) + " And Durum='Satış' And Tahsilat=0",
                                              sum));
   // The "0" in front makes a sum over no row a number.
   parts_.screen.Label5.SetCaption(Format("0" + AsText(sum), "Standard"));

@@ -13,6 +13,7 @@
 #include "desk/sale_posting.h"
 #include "desk/shut_down.h"
 #include "desk/start_up.h"
+#include "desk/tapped_search.h"
 #include "desk/window_rule.h"
 
 namespace karvel {
@@ -31,6 +32,7 @@ struct Desk::Features {
   SaleMode saleMode{parts, prices, fields, dayTotal};
   CustomerList customers{parts, prices, dayTotal};
   ProductField product{parts};
+  TappedSearch taps{parts, customers, prices};
   SalePosting posting{parts, numbers};
   MainButton mainButton{parts, posting};
   Options options{parts, prices};

@@ -1,9 +1,12 @@
 #include "desk/main_button.h"
 
+#include "desk/list_in_front.h"
 #include "desk/refusal.h"
+#include "desk/sources.h"
 #include "platform/messages.h"
 #include "platform/scanner.h"
 #include "text/format.h"
+#include "text/turkish.h"
 
 namespace karvel {
 
@@ -26,7 +29,7 @@ void MainButton::Dispatch() {
   if (screen.Command2.Caption() == "Satır Sil") {
     AskAndCancel();
   } else if (screen.Command3.Caption() == "Düzeltme") {
-    if (correctLine) ShowRefusal(parts_.world, correctLine());
+    CorrectLine();
   } else if (screen.CariGrid.Visible()) {
     PostMoney();
   } else {
@@ -40,8 +43,22 @@ void MainButton::AskAndCancel() {
   if (answer == MessageAnswer::Yes && cancelLine) ShowRefusal(parts_.world, cancelLine());
 }
 
+void MainButton::CorrectLine() {
+  if (!correctLine) return;
+  // A line of nothing is no correction; the quantity stands at 0 after every posting.
+  if (NumberOrZero(parts_.screen.Text2(1).Text()) == 0) {
+    parts_.screen.Text2(1).SetFocus();
+    return;
+  }
+  ShowRefusal(parts_.world, correctLine());
+}
+
 void MainButton::PostMoney() {
   if (!postMoney) return;
+  if (!PayerInFront()) {
+    parts_.screen.Text1(0).SetFocus();
+    return;
+  }
   SetWaiting(true);
   const Status posted = postMoney();
   SetWaiting(false);
@@ -50,8 +67,27 @@ void MainButton::PostMoney() {
   ShowRefusal(parts_.world, posted);
 }
 
+// The money goes to the row in front, so there must be one, and the name on the screen must be a customer's.
+bool MainButton::PayerInFront() const {
+  const Screen& screen = parts_.screen;
+  Cursor& customers = parts_.cursors.CariData;
+  if (!parts_.world.stores.Driver().IsOpen()) return true;  // the posting tells why nothing can be booked
+  const std::string name = Trim(screen.Text1(0).Text());
+  if (!ListsCustomers(screen) || name.empty()) return false;
+  // After the store was away the list comes back with the customer that the screen still names.
+  if (!customers.HasCurrent() && !(customers.Refresh().Ok() && customers.FindFirst("Unvan=" + sources::Quoted(name)).Ok())) return false;
+  if (Like(customers.Text("Unvan"), name + "*")) return true;
+  Cursor named(parts_.world.stores, "payer");
+  named.SetDatabaseName(customers.DatabaseName());
+  return named.Open("Select * From CariKartlar Where Unvan=" + sources::Quoted(name)).Ok() && named.HasRows();
+}
+
 void MainButton::PostSaleLine() {
   auto& [screen, form, cursors, settings, world] = parts_;
+  if (!cursors.StokData.HasCurrent() || Trim(screen.Text1(1).Text()).empty()) {
+    screen.Text1(1).SetFocus();  // no item stands on the screen
+    return;
+  }
   if (NumberOrZero(screen.Text2(1).Text()) == 0) {
     // A payment that was typed in a sale opens the button too, but there is nothing to sell.
     screen.Text2(1).SetFocus();

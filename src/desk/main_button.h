@@ -21,6 +21,8 @@ class MainButton {
   void Pressed();
   void Dispatch();
   void AskAndCancel();
+  void CorrectLine();
+  [[nodiscard]] bool PayerInFront() const;
   void PostMoney();
   void PostSaleLine();
   void SetWaiting(bool waiting);

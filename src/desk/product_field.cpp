@@ -1,6 +1,7 @@
 #include "desk/product_field.h"
 
 #include "desk/completion.h"
+#include "desk/screen_keyboard.h"
 #include "desk/sources.h"
 #include "desk/steps.h"
 #include "platform/event_loop.h"
@@ -32,6 +33,9 @@ ProductField::ProductField(const DeskParts& parts) : parts_(parts) {
   field.keyUp.Connect([this](const KeyEvent& event) { KeyUp(event); });
   field.gotFocus.Connect([this] { Focused(); });
   parts_.screen.Label11.changed.Connect([this] { ScannedText(); });
+  parts_.screen.TahsilatFrame.altered.Connect([this] {
+    if (!codes_.empty()) EnterCodes();
+  });
   parts_.world.scanner.codeRead.Connect([this](const std::string& code) { CodeRead(code); });
 }
 
@@ -49,12 +53,15 @@ void ProductField::Focused() {
 void ProductField::EnterDown() {
   auto& [screen, form, cursors, settings, world] = parts_;
   matched_ = false;
+  CloseKeyboard(parts_);  // what was typed on it is taken, so the prices follow again
   Cursor& cards = cursors.StokData;
   const std::string text = screen.Text1(1).Text();
   if (Trim(text).empty()) return;  // a reader that ends a code with two signs must not sell the card without a barcode
   step("find barcode", cards.FindFirst("Barkod='" + text + "'"));
-  if (cards.NoMatch()) step("find name", cards.FindFirst("StokAdi='" + text + "'"));
-  if (cards.NoMatch()) return;
+  // The card in front is the one meant, also when another bears the same name.
+  const bool inFront = cards.NoMatch() && cards.HasCurrent() && cards.Text("StokAdi") == text;
+  if (cards.NoMatch() && !inFront) step("find name", cards.FindFirst("StokAdi='" + text + "'"));
+  if (cards.NoMatch() && !inFront) return;
   matched_ = true;
   screen.Text1(1).SetText(cards.Text("StokAdi"));
   screen.Text2(1).SetText("1");
@@ -63,9 +70,24 @@ void ProductField::EnterDown() {
 bool ProductField::FindCard(const std::string& text) {
   auto& [screen, form, cursors, settings, world] = parts_;
   Cursor& cards = cursors.StokData;
-  for (const char* const column : {"Barkod", "StokKod", "StokAdi"}) {
-    step("find card", cards.FindFirst(std::string(column) + "='" + text + "'"));
-    if (!cards.NoMatch()) return true;
+  const auto find = [&text](Cursor& among) {
+    for (const char* const column : {"Barkod", "StokKod", "StokAdi"}) {
+      step("find card", among.FindFirst(std::string(column) + "='" + text + "'"));
+      if (!among.NoMatch()) return true;
+    }
+    return false;
+  };
+  if (find(cards)) return true;
+  if (cards.RecordSource() != sources::kStock) {
+    // The list is narrowed to a group or a name; what the customer lays on the counter is sold all the same.
+    Cursor all(world.stores, "all cards");
+    all.SetDatabaseName(cards.DatabaseName());
+    step("all cards", all.Open(sources::kStock));
+    if (find(all)) {
+      step("all cards", cards.Open(sources::kStock));
+      step("found card", cards.MoveTo(all.CurrentKey()));
+      return true;
+    }
   }
   // A code that was read into the serial numbers sells its item.
   Cursor& serials = cursors.SeriNoData;
@@ -94,7 +116,7 @@ void ProductField::EnterCharacter() {
     screen.Text2(0).SetText(Format(cursors.StokData.Number("Fiyat"), form.PriceFormat));
     if (screen.SecimTamam.Checked()) {
       form.RepositionGuard = 0;
-      if (NumberOrZero(screen.Text2(1).Text()) == 0) screen.Text2(1).SetText("1");
+      screen.Text2(1).SetText("1");  // each code is one piece, whatever quantity stood there
       screen.Command2.Press();
       if (field.HasFocus()) field.SelectAll();  // the next code takes the place of this name
     } else {
@@ -124,6 +146,7 @@ void ProductField::KeyUp(const KeyEvent& event) {
   Element& field = screen.Text1(1);
   if (!IsCompletingKey(event) || field.Text().empty() || field.Text() == "*") return;
   Cursor& cards = cursors.StokData;
+  if (cards.HasCurrent() && cards.Text("StokAdi") == field.Text()) return;
   form.RepositionGuard = 99;
   step("find name", cards.FindFirst("StokAdi Like '" + field.Text() + "*'"));
   const bool found = !cards.NoMatch();
@@ -132,15 +155,27 @@ void ProductField::KeyUp(const KeyEvent& event) {
 }
 
 void ProductField::CodeRead(const std::string& code) {
-  auto& [screen, form, cursors, settings, world] = parts_;
   // Codes wait in line: the next one is shown when the one before has been entered.
   codes_.push_back(code);
-  if (reading_) return;
+  EnterCodes();
+}
+
+Element& ProductField::CodeField() const {
+  const Screen& screen = parts_.screen;
+  if (screen.Frame4.IsShown()) return screen.Text4;                                    // the serials of a purchase
+  if (screen.StokAl.IsShown()) return screen.Text6(5).HasFocus() ? screen.Text6(5) : screen.Text6(0);  // a delivery
+  return screen.Text1(1);
+}
+
+void ProductField::EnterCodes() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  // Behind an open collection a sold line would change what is collected: the code waits until the panel closes.
+  if (reading_ || screen.TahsilatFrame.IsShown()) return;
   reading_ = true;
-  for (; !codes_.empty(); codes_.pop_front()) {
+  for (; !codes_.empty() && !screen.TahsilatFrame.IsShown(); codes_.pop_front()) {
     screen.Label11.SetCaption("");
-    if (!screen.Text1(1).IsShown()) continue;  // a code is an item of a sale, and there is none
-    screen.Text1(1).SetFocus();
+    if (!CodeField().IsShown()) continue;  // a code is an item of a sale, and there is none
+    CodeField().SetFocus();
     world.loop.Wait(1000);
     screen.Label11.SetCaption(codes_.front());
     world.loop.RunPending();  // the Enter that it sends
@@ -151,10 +186,11 @@ void ProductField::CodeRead(const std::string& code) {
 void ProductField::ScannedText() {
   Screen& screen = parts_.screen;
   if (screen.Label11.Caption().empty()) return;
-  screen.Text1(1).SetText(screen.Label11.Caption());
-  screen.Text1(1).SetFocus();
+  Element& field = CodeField();
+  field.SetText(screen.Label11.Caption());
+  field.SetFocus();
   // Never into another field: there an Enter would confirm something else.
-  if (screen.Text1(1).HasFocus()) parts_.world.keyboard.Send(key::kEnter);
+  if (field.HasFocus()) parts_.world.keyboard.Send(key::kEnter);
 }
 
 }  // namespace karvel

@@ -21,6 +21,9 @@ class ProductField {
   void TextChanged();
   void KeyUp(const KeyEvent& event);
   void CodeRead(const std::string& code);
+  void EnterCodes();
+  // Where a code goes: into the product field, or into the panel that asks for codes.
+  [[nodiscard]] Element& CodeField() const;
   void ScannedText();  // Label11 changed
 
   DeskParts parts_;

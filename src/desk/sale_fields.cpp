@@ -1,6 +1,7 @@
 #include "desk/sale_fields.h"
 
 #include <array>
+#include <utility>
 
 #include "desk/steps.h"
 #include "platform/keyboard.h"
@@ -77,7 +78,7 @@ void SaleFields::Changed(int index) {
     box.SetText(box.Text().substr(1));
     return;
   }
-  if (index == kPrice) prices_.KeepFloor();
+  if (index == kPrice) KeepFloor();
   if (index < kDiscount) {
     const double amount = NumberOrZero(screen.Text2(kPrice).Text()) * NumberOrZero(screen.Text2(kQuantity).Text());
     screen.Label2.SetCaption(Format(amount, form.PriceFormat));
@@ -93,6 +94,16 @@ void SaleFields::Changed(int index) {
   box.CaretToEnd();
 }
 
+void SaleFields::KeepFloor() {
+  Element& price = parts_.screen.Text2(kPrice);
+  const std::string asked = price.Text();
+  if (asked == floored_.shown) return;
+  const bool typed = std::exchange(typing_, false);
+  floored_ = {};
+  prices_.KeepFloor();
+  if (typed && price.Text() != asked) floored_ = {asked, price.Text()};
+}
+
 void SaleFields::OpenMainButton() {
   Screen& screen = parts_.screen;
   // While the list shows stock or deleted lines there is no customer to post to.
@@ -102,6 +113,8 @@ void SaleFields::OpenMainButton() {
 
 void SaleFields::Focused(int index) {
   Screen& screen = parts_.screen;
+  floored_ = {};
+  typing_ = false;
   parts_.form.ActiveFieldCode = static_cast<float>(index);
   UnmarkFieldNames(screen);
   screen.Label1(kNameOf[static_cast<std::size_t>(index)]).SetColor(color::kGreen);
@@ -119,7 +132,21 @@ void SaleFields::Character(int index, CharacterEvent& event) {
   if (index >= kDiscount || event.character < ' ') return;
   if (event.character == '.') event.character = ',';
   const bool sign = event.character == '-' || event.character == '+';
-  if (!sign && MayBecomeNumber(WithLetter(screen.Text2(index), event.character))) return;
+  const std::string& shown = screen.Text2(index).Text();
+  if (index == kPrice && !sign && !floored_.shown.empty() && shown == floored_.shown && screen.Text2(index).SelectionLength() == 0) {
+    // The floor stands where only the first digits of a price were: the next one goes on behind those.
+    const std::string price = floored_.typed + LetterToUtf8(event.character);
+    if (MayBecomeNumber(price)) {
+      event.character = 0;
+      typing_ = true;
+      screen.Text2(index).SetText(price);
+      return;
+    }
+  }
+  if (!sign && MayBecomeNumber(WithLetter(screen.Text2(index), event.character))) {
+    typing_ = index == kPrice;
+    return;
+  }
   event.character = 0;
   world.keyboard.Beep();
 }

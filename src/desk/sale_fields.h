@@ -14,7 +14,12 @@ class SaleFields {
   void OpenMainButton();
 
  private:
+  // What the clerk has typed of a price while the floor stands in the field in its place.
+  struct Floored {
+    std::string typed, shown;
+  };
   void Changed(int index);
+  void KeepFloor();
   void Focused(int index);
   void Character(int index, CharacterEvent& event);
   void Left(int index);
@@ -23,6 +28,8 @@ class SaleFields {
 
   DeskParts parts_;
   PriceSelection& prices_;
+  Floored floored_;
+  bool typing_ = false;  // a letter is on its way into the price
 };
 
 // All field names Label1(0) to Label1(6) yellow, none marked.

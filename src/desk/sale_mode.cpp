@@ -1,5 +1,8 @@
 #include "desk/sale_mode.h"
 
+#include "desk/list_in_front.h"
+#include "desk/new_cards.h"
+#include "desk/screen_keyboard.h"
 #include "desk/sources.h"
 #include "desk/steps.h"
 #include "platform/event_loop.h"
@@ -79,6 +82,8 @@ void SaleMode::EnterOrLeave() {
 bool SaleMode::Enter() {
   auto& [screen, form, cursors, settings, world] = parts_;
   Cursor& customers = cursors.CariData;
+  if (!ListsCustomers(screen)) return false;  // no row of stock or of the day book buys anything
+  CloseBookingPanels(screen);
   screen.Text2(2).SetText("0");
   screen.Text2(3).SetText("0");
   if (ContainsText(customers.RecordSource(), "Gurup='Toptan")) {
@@ -151,6 +156,7 @@ void SaleMode::ShowSaleScreen() {
 
 void SaleMode::Leave() {
   auto& [screen, form, cursors, settings, world] = parts_;
+  CloseBookingPanels(screen);
   screen.CariGrid.SetVisible(true);
   screen.StokGrid.SetVisible(false);
   screen.HareketGrid.SetVisible(false);
@@ -160,7 +166,10 @@ void SaleMode::Leave() {
   screen.Text2(3).SetText("0");
   screen.Label8.SetCaption(cursors.CariData.Text("CariKod"));
   screen.Frame2.SetVisible(false);
-  // A line that was tapped in the sale is not meant any more: at rest the button takes payments.
+  // An item or a line that was tapped in the sale is not meant any more: at rest the button takes payments.
+  form.EditLineId.clear();
+  screen.Command3.SetCaption("Çıkış");
+  screen.Text2(1).SetText("0");
   screen.Command2.SetCaption("Tamam");
   fields_.OpenMainButton();
   step("refresh ledger", cursors.CariHarData.Refresh());
@@ -182,7 +191,7 @@ void SaleMode::TapStock() {
   form.EditLineId.clear();
   screen.Label5.SetColor(color::kGreen);
   screen.Command3.SetCaption("Çıkış");
-  form.KeyboardOpen = false;
+  CloseKeyboard(parts_);
   screen.Command2.SetCaption("Tamam");
   fields_.OpenMainButton();
   UnmarkFieldNames(screen);

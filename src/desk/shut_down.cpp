@@ -1,5 +1,6 @@
 #include "desk/shut_down.h"
 
+#include "desk/screen_keyboard.h"
 #include "platform/event_loop.h"
 #include "platform/window.h"
 
@@ -20,7 +21,8 @@ bool ShutDown::CloseRequested(bool byProgram) {
   windowRule_.StopTimer();
   screen.Frame5.SetVisible(true);
   screen.Frame5.BringToFront();
-  form.PadOpen = form.KeyboardOpen = false;
+  CloseKeyboard(parts_);
+  form.PadOpen = false;
   screen.Label16.SetCaption("Yedekleniyor.");
   world.loop.RunPendingButInput();
   screen.SetBusy(false);

@@ -25,6 +25,15 @@ inline std::string CustomersOfGroup(const std::string& group) {
   return "Select * From CariKartlar Where HesKullan=False And Gurup=" + Quoted(group) + " Order By Unvan Asc";
 }
 
+// The standard list narrowed by a name as typed and by a group ("" or "Tüm Guruplar": every group). The wholesalers, whom the standard
+// list leaves out, are listed when their own group is asked for.
+inline std::string CustomersOfGroupNamed(const std::string& group, const std::string& text) {
+  const std::string named = text.empty() ? std::string() : " And Unvan Like '" + text + "*'";
+  if (group.empty() || group == kAllGroups) return kCustomersUnordered + named + " Order By Unvan Asc";
+  if (EqualText(group, "Toptan")) return "Select * From CariKartlar Where HesKullan=False And Gurup='Toptan'" + named + " Order By Unvan Asc";
+  return kCustomersUnordered + named + " And Gurup=" + Quoted(group) + " Order By Unvan Asc";
+}
+
 inline const std::string kStock = "Select * From StokKartlar Where StokGizle=False Order By StokAdi ASC";
 inline std::string StockOfGroup(const std::string& group) {
   return "Select * From StokKartlar Where StokGizle=False And Gurup=" + Quoted(group) + " Order By StokAdi Asc";

@@ -244,7 +244,7 @@ void StartUp::LayOutGrids() {
   screen.CariGrid.SetSource(&cursors.CariData);
   screen.StokGrid.SetColumns({{"Stok Kodu", "StokKod"},
                               {"Stok Adı", "StokAdi"},
-                              {"Maliyet", "gFiyat", false, Align::Right, price},
+                              {"Maliyet", "gFiyat", true, Align::Right, price},
                               {"1.Fiyat", "Fiyat", true, Align::Right, price},
                               {"2.Fiyat", "Fiyat2", true, Align::Right, price},
                               {"3.Fiyat", "Fiyat3", true, Align::Right, price},
@@ -260,6 +260,9 @@ void StartUp::LayOutGrids() {
                                  {"Tahsilat", "Tahsilat", true, Align::Right, price},
                                  {"Olay", "Durum"}});
   screen.HareketGrid.SetSource(&cursors.HareketData);
+  // They stand in a sale alone.
+  screen.StokGrid.SetVisible(false);
+  screen.HareketGrid.SetVisible(false);
 }
 
 }  // namespace karvel

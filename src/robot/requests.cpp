@@ -130,7 +130,14 @@ Json Requests::DoTap(const Json& request, Tap tap) {
   }
   if (!target.widget) throw RequestError(fmt::format("{} has no place on the window", name));
   ClosePopUps();
-  TapCenter(*target.widget, tap);
+  // In a list the finger comes down on the row in front, so that a tap on the list itself chooses no other.
+  auto* const grid = qobject_cast<DeskGrid*>(target.widget);
+  const auto row = grid ? grid->RowInFront() : std::nullopt;
+  if (row) {
+    TapAt(*grid, *row, tap);
+  } else {
+    TapCenter(*target.widget, tap);
+  }
   return kDone;
 }
 

@@ -3,11 +3,11 @@
 #include <fmt/format.h>
 
 #include <QAbstractButton>
-#include <QComboBox>
 #include <QDateEdit>
 #include <QLineEdit>
 #include <QListWidget>
 
+#include "app/choice_fields.h"
 #include "desk/element.h"
 #include "robot/hand.h"
 #include "text/turkish.h"
@@ -73,7 +73,7 @@ void SetValue(const Target& target, const Json& value) {
     case ElementKind::CheckBox:
       return SetChecked(target, value);
     case ElementKind::Combo:
-      return WidgetAs<QComboBox>(target).setCurrentIndex(EntryOf(target, TextIn(target, value, "the text of an entry")));
+      return WidgetAs<ComboField>(target).Pick(EntryOf(target, TextIn(target, value, "the text of an entry")));
     case ElementKind::List:
       return WidgetAs<QListWidget>(target).setCurrentRow(EntryOf(target, TextIn(target, value, "the text of an entry")));
     default:

@@ -112,8 +112,7 @@ TEST_F(LineCorrectionTest, a_line_that_is_not_in_front_any_more_is_left_alone_an
   TapLine(LastId());
   desk->screen.HareketGrid.DoubleTapCell(2);
   Click("Command3");
-  LeaveSale();
-  EnterSale("Burak Demir");
+  desk->form.EditLineId = "gone";
   Set("Text2(0)", "7");
   Set("Text2(1)", "3");
   Click("Command2");
@@ -121,6 +120,44 @@ TEST_F(LineCorrectionTest, a_line_that_is_not_in_front_any_more_is_left_alone_an
   EXPECT_EQ(Rows("Stok.mdb", "SELECT Miktar, Tutar FROM StokHareket"), std::vector<std::string>{"2.0|100.0"});
   EXPECT_EQ(At("Command3").Caption(), "Çıkış");
   EXPECT_TRUE(At("Command2").Enabled());
+}
+
+TEST_F(LineCorrectionTest, a_correction_ends_with_the_sale_it_was_begun_in) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  TapLine(LastId());
+  desk->screen.HareketGrid.DoubleTapCell(2);
+  Click("Command3");
+  LeaveSale();
+  EXPECT_EQ(At("Command3").Caption(), "Çıkış");
+  EXPECT_EQ(desk->form.EditLineId, "");
+  // What is paid now is a payment, and what is sold now a sale.
+  Set("Text2(2)", "40");
+  Click("Command2");
+  EXPECT_EQ(Rows("Karvel.mdb", "SELECT Fiyat, Miktar, Tutar, Tahsilat FROM Datam"),
+            (std::vector<std::string>{"50.0|2.0|100.0|0.0", "0.0|0.0|0.0|40.0"}));
+  EnterSale("Burak Demir");
+  desk->screen.StokGrid.TapCell(1);
+  Set("Text2(0)", "7");
+  Set("Text2(1)", "3");
+  Click("Command2");
+  EXPECT_EQ(Rows("Karvel.mdb", "SELECT CariAd, Tutar FROM Datam WHERE Durum='Satış'"),
+            (std::vector<std::string>{"Ayşe Yılmaz|100.0", "Burak Demir|21.0"}));
+}
+
+TEST_F(LineCorrectionTest, a_quantity_of_nothing_corrects_nothing) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  TapLine(LastId());
+  desk->screen.HareketGrid.DoubleTapCell(2);
+  Click("Command3");
+  EXPECT_EQ(At("Text2(1)").Text(), "0");
+  At("Command2").SetEnabled(true);
+  Click("Command2");
+  EXPECT_EQ(Rows("Karvel.mdb", "SELECT Fiyat, Miktar, Tutar FROM Datam"), std::vector<std::string>{"50.0|2.0|100.0"});
+  EXPECT_EQ(At("Command3").Caption(), "Düzeltme");
+  EXPECT_TRUE(At("Text2(1)").HasFocus());
+  Set("Text2(1)", "3");
+  Click("Command2");
+  EXPECT_EQ(Rows("Karvel.mdb", "SELECT Miktar FROM Datam"), std::vector<std::string>{"3.0"});
 }
 
 TEST_F(LineCorrectionTest, the_ledger_row_is_the_customers_own_also_when_the_last_sale_was_left_in_purchase_mode) {
