@@ -1,5 +1,7 @@
 #include "accounts/day_book_list.h"
 
+#include <utility>
+
 #include "accounts/row_deletion.h"
 #include "desk/sources.h"
 #include "desk/steps.h"
@@ -56,6 +58,10 @@ void DayBookList::LoadLine() {
   auto& [screen, form, cursors, settings, world] = parts_;
   const Cursor& day = cursors.HareketData;
   if (screen.Label4.Caption() == "İade") {
+    // The item that comes back is the line's, not the one that happens to be in front.
+    const float guard = std::exchange(form.RepositionGuard, 66.0F);
+    step("find stock card", cursors.StokData.FindFirst("StokKod=" + sources::Quoted(day.Text("StokKod"))));
+    form.RepositionGuard = guard;
     screen.Text1(1).SetText(day.Text("StokAd"));
     screen.Text2(0).SetText(day.Text("Fiyat"));
     screen.Text2(1).SetText(day.Text("Miktar"));

@@ -1,5 +1,7 @@
 #include "accounts/stock_card_panel.h"
 
+#include "desk/screen_keyboard.h"
+
 namespace karvel {
 namespace {
 constexpr int kCode = 0, kName = 1;
@@ -16,7 +18,8 @@ StockCardPanel::StockCardPanel(const DeskParts& parts) : parts_(parts) {
     });
     field.changed.Connect([this] { OpenSave(); });
   }
-  screen.StokNewCmd(kCancel).click.Connect([&screen] {
+  screen.StokNewCmd(kCancel).click.Connect([this, &screen] {
+    CloseKeyboard(parts_);
     screen.StokGiris.SetVisible(false);
     screen.Text1(1).SetFocus();
   });

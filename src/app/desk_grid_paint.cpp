@@ -83,8 +83,11 @@ void DeskGrid::PaintHead(QPainter& painter) const {
       painter.restore();
       room.adjust(column.figures ? 12 : 0, 0, column.figures ? 0 : -12, 0);
     }
-    const auto side = column.figures ? Qt::AlignRight : Qt::AlignLeft;
-    painter.drawText(room, side | Qt::AlignVCenter, painter.fontMetrics().elidedText(caption, Qt::ElideRight, room.width()));
+    const Qt::Alignment side = (column.figures ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+    const QRect lines = painter.fontMetrics().boundingRect(room, static_cast<int>(side) | Qt::TextWordWrap, caption);
+    const bool onTwoLines = lines.width() <= room.width() && lines.height() <= room.height();
+    painter.drawText(room, static_cast<int>(side) | (onTwoLines ? Qt::TextWordWrap : 0),
+                     onTwoLines ? caption : painter.fontMetrics().elidedText(caption, Qt::ElideRight, room.width()));
     if (i + 1 < shown_.size()) painter.fillRect(QRect(column.x + column.width - 1, 12, 1, HeadHeight() - 24), palette::kLine);
   }
   painter.fillRect(QRect(0, HeadHeight() - 1, viewport()->width(), 1), palette::kLine);
@@ -106,6 +109,12 @@ void DeskGrid::FitColumns(const QPainter& painter) {
     }
     column.pixelSize = font.pixelSize();
   }
+  // One size for all figures: an amount must not look larger than its neighbour for having fewer digits.
+  int figures = painter.font().pixelSize();
+  for (const ShownColumn& column : shown_)
+    if (column.figures) figures = std::min(figures, column.pixelSize);
+  for (ShownColumn& column : shown_)
+    if (column.figures) column.pixelSize = figures;
 }
 
 QString DeskGrid::TextAt(int index, const ShownColumn& column) const {

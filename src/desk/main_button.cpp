@@ -84,8 +84,9 @@ bool MainButton::PayerInFront() const {
 
 void MainButton::PostSaleLine() {
   auto& [screen, form, cursors, settings, world] = parts_;
-  if (!cursors.StokData.HasCurrent() || Trim(screen.Text1(1).Text()).empty()) {
-    screen.Text1(1).SetFocus();  // no item stands on the screen
+  const std::string item = Trim(screen.Text1(1).Text());
+  if (item.empty() || !cursors.StokData.HasCurrent() || !Like(cursors.StokData.Text("StokAdi"), item + "*")) {
+    screen.Text1(1).SetFocus();  // the screen names no item, or not the one in front
     return;
   }
   if (NumberOrZero(screen.Text2(1).Text()) == 0) {

@@ -77,7 +77,7 @@ TEST_F(DayBookListTest, with_deletion_on_in_return_mode_the_row_itself_is_loaded
   EXPECT_EQ(At("Text1(1)").Text(), "Pirinç");
   EXPECT_EQ(At("Text2(0)").Text(), "50");
   EXPECT_EQ(At("Text2(1)").Text(), "2");
-  EXPECT_EQ(desk->cursors.StokData.Text("StokKod"), "1002");
+  EXPECT_EQ(desk->cursors.StokData.Text("StokKod"), "1001");  // and what comes back is that item
 }
 
 TEST_F(DayBookListTest, with_deletion_off_or_the_print_choice_open_nothing_is_loaded) {
