@@ -7,5 +7,6 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 [ $# = 0 ] || Fail "it takes no words"
 
 InstallPackages
-Build bench karvel-bench karvel-robot karvel_program_folder
-build/release/bin/karvel-bench build/bench-data "$PWD/build/release/bin/karvel-robot" || Fail "a figure is over its limit"
+Build bench karvel-bench karvel-window-bench karvel-robot karvel_program_folder
+bin=$PWD/build/release/bin
+"$bin/karvel-bench" build/bench-data "$bin/karvel-robot" "$bin/karvel-window-bench" || Fail "a figure is over its limit"

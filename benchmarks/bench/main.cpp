@@ -1,5 +1,5 @@
 // karvel-bench: the desk beside the bare engine, both sides in turn in one run, as one table of ratios.
-//   karvel-bench <folder for the sample shops> [path of karvel-robot]
+//   karvel-bench <folder for the sample shops> [path of karvel-robot [path of karvel-window-bench]]
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
 
@@ -9,7 +9,9 @@
 
 #include "bench/desk_start.h"
 #include "bench/finds.h"
+#include "bench/lists.h"
 #include "bench/postings.h"
+#include "bench/window_waits.h"
 
 namespace {
 
@@ -33,15 +35,17 @@ void AddStart(Shops& shops, RatioTable& table, const std::string& robot) {
 
 int main(int count, char** words) {
   if (count < 2) {
-    fmt::print(stderr, "karvel-bench <folder for the sample shops> [path of karvel-robot]\n");
+    fmt::print(stderr, "karvel-bench <folder for the sample shops> [path of karvel-robot [path of karvel-window-bench]]\n");
     return 2;
   }
   try {
     Shops shops(words[1]);
     RatioTable table;
     AddFinds(shops, table);
+    AddLists(shops, table);
     AddPostings(shops, table);
     if (count > 2) AddStart(shops, table, words[2]);
+    if (count > 3) AddWindowWaits(shops, table, words[3]);
 
     std::vector<std::string> options{words[0], "--benchmark_repetitions=9", "--benchmark_enable_random_interleaving=true",
                                      "--benchmark_min_time=0.1"};

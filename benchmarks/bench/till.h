@@ -21,6 +21,7 @@ class Till {
   ~Till();
 
   [[nodiscard]] Cursors& TheCursors() { return desk_->cursors; }
+  [[nodiscard]] Screen& TheScreen() { return desk_->screen; }
   // Enters the sale of the customer of this code.
   void EnterSale(const std::string& customerCode);
   // Puts an item of this code and a quantity on the screen; posts nothing yet.

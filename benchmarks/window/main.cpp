@@ -25,7 +25,8 @@ namespace {
 
 class WindowBench {
  public:
-  explicit WindowBench(App& app) : desk_(app.TheDesk()), window_(app.TheWindow()), screen_(desk_.screen) {
+  WindowBench(App& app, ScriptedMessages& messages)
+      : desk_(app.TheDesk()), window_(app.TheWindow()), screen_(desk_.screen), messages_(messages) {
     window_.resize(1024, 768);
     window_.show();
     Rest();
@@ -122,6 +123,7 @@ class WindowBench {
   Desk& desk_;
   DeskWindow& window_;
   Screen& screen_;
+  ScriptedMessages& messages_;
   std::vector<double> rests_;
 };
 
@@ -168,7 +170,16 @@ void WindowBench::Busy() {
   narrow.push_back([&screen] { screen.StokCek.SetChecked(false); });
   Each("stock list narrowed", narrow);
   screen.StokChk.SetChecked(false);
-  Each("deleted lines and back", {[&screen] { screen.SilinenChk.SetChecked(true); }, [&screen] { screen.SilinenChk.SetChecked(false); }}, 5);
+  messages_.answers.push_back("1");  // the first answer becomes the password
+  screen.SilinenChk.SetChecked(true);
+  const auto showDeleted = [this, &screen] {
+    messages_.answers.push_back("1");
+    screen.SilinenChk.SetChecked(true);
+  };
+  showDeleted();
+  if (!screen.SilinenChk.Checked()) throw std::runtime_error("the deleted lines don't open");
+  screen.SilinenChk.SetChecked(false);
+  Each("deleted lines and back", {showDeleted, [&screen] { screen.SilinenChk.SetChecked(false); }}, 5);
   Each("sale entered and left", {[&screen] { screen.Label1(0).dblClick(); }, [&screen] { screen.Label1(0).dblClick(); }}, 5);
   Enter();
   Each("day book of a customer sorted", heads(screen.HareketGrid));
@@ -195,7 +206,7 @@ int main(int argc, char** argv) {
   try {
     App app(application, "Velmora Karvel1", {.clock = &clock, .messages = &messages, .scanner = &scanner, .connection = &connection, .unattended = true});
     if (!app.Load()) throw std::runtime_error("the desk doesn't start");
-    bench::WindowBench window(app);
+    bench::WindowBench window(app, messages);
     if (std::strcmp(what, "wide") == 0) {
       window.Wide();
     } else {

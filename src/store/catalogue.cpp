@@ -77,7 +77,8 @@ Table DayBook() {
           {{"CariKod", T}, {"StokKod", T}, {"CariAd", T}, {"StokAd", T}, {"Fiyat", N},    {"Miktar", N}, {"Tutar", N}, {"Tarih", D},
            {"DigerId", T}, {"Birim", T},   {"yeni", N},   {"Durum", T},  {"Gurup", T},    {"Plasiyer", T}, {"tGurup", T}, {"SeriNo", T},
            {"Kar", N},     {"Tahsilat", N}, {"Sec", T},   {"Secc", T},   {"Eksik", N},    {"Aciklama", T}, {"Sube", T}},
-          {{{"CariKod", "Tarih"}}, {{"CariAd", "Tarih"}}, {{"DigerId"}}, {{"Tarih"}}, {{"SeriNo"}}}};
+          // Of two indexes that fit alike the engine takes the one that was made later: a customer's day is never looked for by its state.
+          {{{"Durum", "Tarih"}}, {{"CariKod", "Tarih"}}, {{"CariAd", "Tarih"}}, {{"DigerId"}}, {{"Tarih"}}, {{"SeriNo"}}}};
 }
 
 Table SerialNumbers() {
