@@ -84,6 +84,15 @@ TEST_F(DeskGridTest, a_tap_moves_the_cursor_before_the_element_hears_of_it) {
   EXPECT_EQ(screen.elements.Focused(), &screen.StokGrid);
 }
 
+TEST_F(DeskGridTest, a_release_is_heard_with_the_tapped_row_in_front_and_before_the_tap) {
+  Fill(30);
+  std::string heard;
+  screen.StokGrid.mouseUp.Connect([&](const MouseEvent&) { heard += "up " + cursor.Text("StokKod") + " "; });
+  screen.StokGrid.click.Connect([&] { heard += "tap " + cursor.Text("StokKod"); });
+  TapCell(4, 1);
+  EXPECT_EQ(heard, "up K0004 tap K0004");
+}
+
 TEST_F(DeskGridTest, a_double_tap_is_one_tap_and_one_double_tap) {
   Fill(5);
   int taps = 0, doubles = 0;
