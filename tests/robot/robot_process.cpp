@@ -18,7 +18,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 }  // namespace
 
-RobotProcess::RobotProcess(const std::string& program, const std::map<std::string, std::string>& environment) {
+RobotProcess::RobotProcess(const std::string& program, const std::string& folder, const std::map<std::string, std::string>& environment) {
   int toChild[2], fromChild[2];
   if (pipe2(toChild, O_CLOEXEC) != 0 || pipe2(fromChild, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
   process_ = fork();
@@ -27,6 +27,7 @@ RobotProcess::RobotProcess(const std::string& program, const std::map<std::strin
     dup2(toChild[0], STDIN_FILENO);
     dup2(fromChild[1], STDOUT_FILENO);
     for (const auto& [name, value] : environment) setenv(name.c_str(), value.c_str(), 1);
+    if (chdir(folder.c_str()) != 0) _exit(126);
     execl(program.c_str(), program.c_str(), static_cast<char*>(nullptr));
     _exit(127);
   }

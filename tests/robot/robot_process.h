@@ -12,8 +12,8 @@ namespace karvel::test {
 
 class RobotProcess {
  public:
-  // Starts the program with these variables on top of the runner's own.
-  RobotProcess(const std::string& program, const std::map<std::string, std::string>& environment);
+  // Starts the program in this folder, with these variables on top of the runner's own.
+  RobotProcess(const std::string& program, const std::string& folder, const std::map<std::string, std::string>& environment);
   // Kills it if it still runs.
   ~RobotProcess();
   RobotProcess(const RobotProcess&) = delete;

@@ -109,7 +109,9 @@ fs::path FreshFolder() {
 
 }  // namespace
 
-Scenario::Scenario(std::string robot, const fs::path& templates) : robotProgram_(std::move(robot)), folder_(FreshFolder()) {
+Scenario::Scenario(std::string robot, const fs::path& templates, const fs::path& pictures)
+    : robotProgram_(std::move(robot)), folder_(FreshFolder()), pictures_(pictures.empty() ? folder_ / "pictures" : pictures) {
+  fs::create_directories(pictures_);
   fs::create_directories(folder_ / "program");
   fs::create_directories(folder_ / "home");
   for (const auto& entry : fs::directory_iterator(templates))
@@ -132,6 +134,12 @@ Scenario::~Scenario() {
 }
 
 void Scenario::Play(const fs::path& script) {
+  scripts_ = script.parent_path();
+  PlayLines(script);
+  if (robot_) Close();
+}
+
+void Scenario::PlayLines(const fs::path& script) {
   std::ifstream file(script);
   if (!file) Fail(fmt::format("can't read {}", script.string()));
   std::vector<std::string> lines;
@@ -157,8 +165,7 @@ void Scenario::Play(const fs::path& script) {
     }
     ++steps;
   }
-  if (steps == 0) Fail("the scenario is empty");
-  if (robot_) Close();
+  if (steps == 0) Fail(fmt::format("{} is empty", script.string()));
 }
 
 void Scenario::Step(const std::string& line, const std::vector<std::string>& expected, const std::string& answer) {
@@ -166,7 +173,9 @@ void Scenario::Step(const std::string& line, const std::vector<std::string>& exp
   const std::size_t blank = std::min(line.find(' '), line.size());
   const std::string word = line.substr(0, blank), rest = Trim(line.substr(blank));
   if (word == "raw") return Request(rest, answer);
-  if (word == "env") {
+  if (word == "play") {
+    PlayLines(scripts_ / rest);
+  } else if (word == "env") {
     const auto [name, value] = SplitAt(rest, "=");
     environment_[name] = value;
   } else if (word == "setting") {
@@ -176,6 +185,9 @@ void Scenario::Step(const std::string& line, const std::vector<std::string>& exp
     const bool apart = rest.find(':') != std::string::npos;
     const std::string address = apart ? ReplaceAll(rest, ":", "/") : environment_["KARVEL_TITLE"] + "/" + rest;
     Compare({settings.value(QString::fromStdString(address)).toString().toStdString()}, expected);
+  } else if (word == "put") {
+    const auto [file, text] = SplitAt(rest, ":");
+    AddLine(Place(file), text);
   } else if (word == "write") {
     const auto [file, statement] = SplitAt(rest, ":");
     Run(Store(file, true), statement);
@@ -208,7 +220,7 @@ void Scenario::Step(const std::string& line, const std::vector<std::string>& exp
 }
 
 RobotProcess& Scenario::Robot() {
-  if (!robot_) robot_ = std::make_unique<RobotProcess>(robotProgram_, environment_);
+  if (!robot_) robot_ = std::make_unique<RobotProcess>(robotProgram_, pictures_.string(), environment_);
   return *robot_;
 }
 
@@ -237,6 +249,13 @@ void Scenario::AwaitEnd() {
   if (!code) Fail("the robot did not end");
   robot_.reset();
   if (*code != 0) Fail(fmt::format("the robot ended with {}", *code));
+}
+
+void Scenario::AddLine(const fs::path& path, const std::string& line) const {
+  fs::create_directories(path.parent_path());
+  std::ofstream file(path, std::ios::binary | std::ios::app);
+  file << ToCp1254(line + "\r\n");
+  if (!file.flush()) Fail(fmt::format("can't write {}", path.string()));
 }
 
 fs::path Scenario::Place(const std::string& path) const {

@@ -1,14 +1,16 @@
 // A scenario: a text of what the clerk does and what the desk and its files then hold.
 //
 //   # a remark
+//   play SCRIPT                    the lines of another script, named from this one's folder; a shop that several begin with
 //   env NAME=VALUE                 for the robot's starts from here on
 //   setting SECTION/KEY=VALUE      writes a setting of the terminal; of another application as APPLICATION:SECTION/KEY=VALUE
+//   put PATH: LINE                 adds a line to a CP1254 file of the home ("C/…", "net/…") or of the program folder ("program/…")
 //   write FILE: STATEMENT          changes a database file of the data folder from outside; the first time it comes from its template
 //   {"do":…}                       a request to the robot, which is started when it isn't running; must be done unless "<" tells otherwise
 //   raw ANYTHING                   the same for a line that is no request
 //   < {…}                          what the answer to the line above holds, at least
 //   sql FILE: SELECT …             the rows of a query, one "=" line each, fields separated by "|"
-//   text PATH                      the lines of a CP1254 file of the home ("C/…", "net/…") or of the program folder ("program/…")
+//   text PATH                      the lines of such a file
 //   files PATH [*.END]             the names in a folder, sorted; of one ending alone
 //   setting? SECTION/KEY           the value of a setting
 //   = LINE                         one expected line of the five above; without any the result is empty
@@ -17,7 +19,8 @@
 //   end                            ends the robot's input, which must end well
 //   kill                           kills the robot at once
 //
-// Every scenario has a home and a program folder of its own.
+// Every scenario has a home and a program folder of its own. Pictures that are named without a folder ("shot") go to the scenario's pictures
+// folder, which is its own too and goes with it unless the runner is told another one.
 #pragma once
 
 #include <filesystem>
@@ -32,8 +35,8 @@ namespace karvel::test {
 
 class Scenario {
  public:
-  // `templates` is the folder with the empty database files.
-  Scenario(std::string robot, const std::filesystem::path& templates);
+  // `templates` is the folder with the empty database files, `pictures` that of the pictures; empty for one that goes with the scenario.
+  Scenario(std::string robot, const std::filesystem::path& templates, const std::filesystem::path& pictures);
   ~Scenario();
   Scenario(const Scenario&) = delete;
   Scenario& operator=(const Scenario&) = delete;
@@ -42,20 +45,24 @@ class Scenario {
   void Play(const std::filesystem::path& script);
 
  private:
+  void PlayLines(const std::filesystem::path& script);
   void Step(const std::string& line, const std::vector<std::string>& expected, const std::string& answer);
   void Request(const std::string& line, const std::string& expectedAnswer);
   void WriteSetting(const std::string& rest);
   void Close();
   void AwaitEnd();
   RobotProcess& Robot();
+  void AddLine(const std::filesystem::path& file, const std::string& line) const;
   [[nodiscard]] std::filesystem::path Place(const std::string& path) const;
   [[nodiscard]] std::filesystem::path Store(const std::string& name, bool make) const;
   [[nodiscard]] std::vector<std::string> TextLines(const std::filesystem::path& file) const;
 
   const std::string robotProgram_;
   const std::filesystem::path folder_;
+  const std::filesystem::path pictures_;
   std::map<std::string, std::string> environment_;
   std::unique_ptr<RobotProcess> robot_;
+  std::filesystem::path scripts_;  // the folder of the script that is played
 };
 
 }  // namespace karvel::test

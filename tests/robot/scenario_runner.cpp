@@ -1,7 +1,10 @@
 // scenario_runner ROBOT TEMPLATES SCRIPT: plays one scenario, and tells the first line that isn't as the script has it.
+// With KARVEL_SHOTS=FOLDER its pictures stay, in a folder of the script's name there.
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
+#include <filesystem>
 
 #include "scenario.h"
 
@@ -12,7 +15,11 @@ int main(int count, char** arguments) {
   }
   std::signal(SIGPIPE, SIG_IGN);
   try {
-    karvel::test::Scenario(arguments[1], arguments[2]).Play(arguments[3]);
+    namespace fs = std::filesystem;
+    const fs::path script = arguments[3];
+    const char* const shots = std::getenv("KARVEL_SHOTS");
+    const fs::path pictures = shots && *shots ? fs::absolute(shots) / script.stem() : fs::path();
+    karvel::test::Scenario(fs::absolute(arguments[1]).string(), arguments[2], pictures).Play(script);
     return 0;
   } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());
