@@ -8,6 +8,7 @@
 #include <array>
 #include <cstdint>
 #include <cstdlib>
+#include <iterator>
 #include <map>
 #include <set>
 #include <string>
@@ -151,6 +152,7 @@ class Books {
     day[id] = {supplier, code, "Alış", Decimal(rowPrice, 2), count, total, 0, 0};
   }
 
+  // Whatever the line was, it is put right as a sale.
   void Correct(const std::string& id, std::int64_t price, std::int64_t quantity) {
     Line& line = day.at(id);
     Movement& movement = movements.at(id);
@@ -199,6 +201,25 @@ class Books {
     if (line.total == 0 || rows.empty()) return;
     rows.begin()->second -= line.total;
     if (rows.begin()->second == 0) rows.erase(rows.begin());
+  }
+
+  // A customer's history goes: his ledger, his day book and his sales. What he brought back or delivered, what went over the money accounts
+  // and what is due stay as they are.
+  void Wipe(const std::string& customer) {
+    for (auto row = ledger.begin(); row != ledger.end();) {
+      std::erase_if(row->second, [&](const LedgerRow& one) { return one.account == customer; });
+      row = row->second.empty() ? ledger.erase(row) : std::next(row);
+    }
+    for (auto line = day.begin(); line != day.end();) {
+      if (line->second.customer != customer) {
+        ++line;
+        continue;
+      }
+      if (line->second.state == "Satış") movements.erase(line->first);
+      line = day.erase(line);
+    }
+    accounts.at(customer) = {};
+    accounts.at(customer).Balance();
   }
 
  private:
