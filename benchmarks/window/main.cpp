@@ -201,10 +201,9 @@ int main(int argc, char** argv) {
   QApplication application(one, argv);
   FixedClock clock;
   ScriptedMessages messages;
-  TestScanner scanner;
   TestConnection connection;
   try {
-    App app(application, "Velmora Karvel1", {.clock = &clock, .messages = &messages, .scanner = &scanner, .connection = &connection, .unattended = true});
+    App app(application, "Velmora Karvel1", {.clock = &clock, .messages = &messages, .connection = &connection, .unattended = true});
     if (!app.Load()) throw std::runtime_error("the desk doesn't start");
     bench::WindowBench window(app, messages);
     if (std::strcmp(what, "wide") == 0) {

@@ -22,6 +22,7 @@
 #include "app/theme.h"
 #include "desk/desk.h"
 #include "exchange/exchange.h"
+#include "settings/settings.h"
 #include "store/sqlite/sqlite_engine.h"
 #include "store/stores.h"
 
@@ -51,9 +52,11 @@ struct App::Composition {
   Composition(const std::string& title, const AppParts& parts)
       : log(files.HomeFolder(), title),
         settings(files.HomeFolder()),
+        options(settings, title),
         messages(files),
         shell(files, DesktopFolder(files, parts.unattended), parts.unattended),
         window(files.HomeFolder()),
+        scanner(options, parts.unattended ? SerialScanner::Device::IfNamed : SerialScanner::Device::Expected),
         stores(MakeSqliteEngine(EngineOptions(files))),
         desk({.clock = Either<Clock>(parts.clock, clock),
               .loop = Either<EventLoop>(parts.loop, loop),
@@ -63,7 +66,7 @@ struct App::Composition {
               .shell = shell,
               .keyboard = keyboard,
               .window = window,
-              .scanner = Either<Scanner>(parts.scanner, scanner),
+              .scanner = scanner,
               .connection = Either<Connection>(parts.connection, connection),
               .stores = stores},
              title),
@@ -74,6 +77,7 @@ struct App::Composition {
   DiskFiles files{FilePlaces::OfThisMachine(QCoreApplication::applicationDirPath().toStdString())};
   LogFile log;
   IniSettings settings;
+  const Settings options;
   SystemClock clock;
   QtEventLoop loop;
   QtMessages messages;
@@ -115,5 +119,6 @@ int App::Run() {
 Desk& App::TheDesk() { return all_->desk; }
 DeskWindow& App::TheWindow() { return all_->deskWindow; }
 const DiskFiles& App::TheFiles() const { return all_->files; }
+CodeScanner& App::TheScanner() { return all_->scanner; }
 
 }  // namespace karvel

@@ -9,22 +9,22 @@ class QApplication;
 namespace karvel {
 
 class Clock;
+class CodeScanner;
 class Connection;
 class Desk;
 class DeskWindow;
 class DiskFiles;
 class EventLoop;
 class Messages;
-class Scanner;
 
 // What another program around the same desk brings of its own; null: the machine's. They must live longer than the App.
 struct AppParts {
   Clock* clock = nullptr;
   EventLoop* loop = nullptr;
   Messages* messages = nullptr;
-  Scanner* scanner = nullptr;
   Connection* connection = nullptr;
-  // A robot makes no sound and leaves the user's desktop alone: its shortcuts go to a folder of the home.
+  // A robot makes no sound and leaves the user's desktop alone: its shortcuts go to a folder of the home. It brings the codes itself, and
+  // has a scanner beside that only where the settings name its port.
   bool unattended = false;
 };
 
@@ -43,6 +43,7 @@ class App {
   [[nodiscard]] Desk& TheDesk();
   [[nodiscard]] DeskWindow& TheWindow();
   [[nodiscard]] const DiskFiles& TheFiles() const;
+  [[nodiscard]] CodeScanner& TheScanner();
 
  private:
   struct Composition;

@@ -3,30 +3,44 @@
 #include <QByteArray>
 #include <QSerialPort>
 #include <QString>
-#include <deque>
-#include <string>
+#include <QTimer>
 
-#include "platform/scanner.h"
+#include "app/code_scanner.h"
 
 namespace karvel {
 
-// A barcode scanner on a serial port (also one that shows itself as such on USB): the first port found, 9600 8N1.
+class Settings;
+
+// A barcode scanner on a serial port, also one that shows itself as such on USB: 8N1, port and speed as the settings tell at each start.
 // A code ends with CR, LF or both; its bytes are read as code page 1254.
-class SerialScanner : public Scanner {
+//
+// From Start to Stop an unplugged scanner is waited for: the port is tried again about once a second. A code of which only a part
+// came is dropped then, whole ones are kept.
+class SerialScanner : public CodeScanner {
  public:
-  SerialScanner();
+  enum class Device {
+    Expected,  // without one Start fails
+    IfNamed,   // none is looked for unless the settings name a port; codes also come another way
+  };
+  // The settings are borrowed.
+  SerialScanner(const Settings& settings, Device device);
   bool Start() override;
   void Stop() override;
-  void SetEnabled(bool enabled) override;
 
  private:
-  void ReadPort();
-  void ReportKept();
+  void ReadSettings();
+  [[nodiscard]] bool Open();
+  [[nodiscard]] bool OpenFirst();
+  void TakeBytes();
+  void Lost();
 
+  const Settings& settings_;
+  const Device device_;
+  QString name_;  // empty: the first port found
+  int speed_ = 0;
   QSerialPort port_;
+  QTimer again_;
   QByteArray line_;
-  std::deque<std::string> kept_;
-  bool enabled_ = true;
 };
 
 }  // namespace karvel

@@ -25,13 +25,8 @@ int main(int argc, char** argv) {
   if (const DateTime now = DateTime::FromIso(qEnvironmentVariable("KARVEL_CLOCK").toStdString()); !now.IsEmpty()) world.clock.Fix(now);
   QtEventLoop loop([&world] { return world.clock.IsFixed(); });
   App app(application, title.empty() ? ProgramTitle(argv[0] ? argv[0] : "") : title,
-          {.clock = &world.clock,
-           .loop = &loop,
-           .messages = &world.messages,
-           .scanner = &world.scanner,
-           .connection = &world.connection,
-           .unattended = true});
-  Robot robot(app.TheDesk(), app.TheWindow(), world, fileno(stdin), stdout);
+          {.clock = &world.clock, .loop = &loop, .messages = &world.messages, .connection = &world.connection, .unattended = true});
+  Robot robot(app, world, fileno(stdin), stdout);
   if (!app.Load()) {
     // What the clerk would have read.
     for (const Json& box : world.messages.TakeShown()) std::fprintf(stderr, "%s\n", box["text"].get<std::string>().c_str());

@@ -8,6 +8,8 @@
 #include <QPixmap>
 #include <QTimer>
 
+#include "app/app.h"
+#include "app/code_scanner.h"
 #include "app/desk_grid.h"
 #include "app/desk_window.h"
 #include "desk/desk.h"
@@ -32,11 +34,12 @@ const Json kDone = Json::object();
 
 }  // namespace
 
-Requests::Requests(Desk& desk, DeskWindow& window, RobotWorld& world) : desk_(desk), window_(window), world_(world) {
+Requests::Requests(App& app, RobotWorld& world)
+    : desk_(app.TheDesk()), window_(app.TheWindow()), scanner_(app.TheScanner()), world_(world) {
   targets_.Add({.name = "Form1",
-                .elements = [&desk] { return &desk.screen.elements; },
-                .widgetOf = [&window](const Element& element) { return window.WidgetOf(element); },
-                .actionOf = [&window](const Element& element) { return window.ActionOf(element); }});
+                .elements = [this] { return &desk_.screen.elements; },
+                .widgetOf = [this](const Element& element) { return window_.WidgetOf(element); },
+                .actionOf = [this](const Element& element) { return window_.ActionOf(element); }});
   AddHandHandlers();
   AddWorldHandlers();
 }
@@ -190,8 +193,7 @@ Json Requests::DoHead(const Json& request) {
 }
 
 Json Requests::DoScan(const Json& request) {
-  const std::string code = TextOf(request, "code");
-  world_.scanner.Read(code);
+  scanner_.Take(TextOf(request, "code"));
   return kDone;
 }
 

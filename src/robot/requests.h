@@ -12,13 +12,15 @@
 
 namespace karvel {
 
+class App;
+class CodeScanner;
 class Desk;
 class DeskWindow;
 
 class Requests {
  public:
-  // All of them outlive the requests.
-  Requests(Desk& desk, DeskWindow& window, RobotWorld& world);
+  // Both outlive the requests.
+  Requests(App& app, RobotWorld& world);
 
   // Does what one line asks and returns its answer, {"ok":true,…} or {"ok":false,"error":"…"}, when the desk's handlers have returned.
   // No line makes it throw.
@@ -45,6 +47,7 @@ class Requests {
 
   Desk& desk_;
   DeskWindow& window_;
+  CodeScanner& scanner_;
   RobotWorld& world_;
   Targets targets_;
   std::map<std::string, Handler, std::less<>> handlers_;

@@ -4,13 +4,14 @@
 #include <QTimer>
 #include <utility>
 
+#include "app/app.h"
 #include "app/desk_window.h"
 
 namespace karvel {
 
-Robot::Robot(Desk& desk, DeskWindow& window, RobotWorld& world, int input, std::FILE* output)
-    : window_(window),
-      requests_(desk, window, world),
+Robot::Robot(App& app, RobotWorld& world, int input, std::FILE* output)
+    : window_(app.TheWindow()),
+      requests_(app, world),
       output_(output),
       input_(
           input,
@@ -22,11 +23,11 @@ Robot::Robot(Desk& desk, DeskWindow& window, RobotWorld& world, int input, std::
             ended_ = true;
             PumpSoon();
           }) {
-  connect(&window, &DeskWindow::activated, this, [this] {
+  connect(&window_, &DeskWindow::activated, this, [this] {
     ready_ = true;
     PumpSoon();
   });
-  connect(&window, &DeskWindow::closed, this, [this] { closed_ = true; });
+  connect(&window_, &DeskWindow::closed, this, [this] { closed_ = true; });
 }
 
 void Robot::PumpSoon() {

@@ -16,7 +16,7 @@ namespace karvel {
 class Robot : public QObject {
  public:
   // Begins when the window was activated. The end of the input is a request to close.
-  Robot(Desk& desk, DeskWindow& window, RobotWorld& world, int input, std::FILE* output);
+  Robot(App& app, RobotWorld& world, int input, std::FILE* output);
 
  private:
   struct Waiting {

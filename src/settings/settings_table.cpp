@@ -47,6 +47,8 @@ constexpr std::array<SettingEntry, kSettingCount> kTable = {{
     {S::EInvoice80mm,     Title, "Efatura80cm", "Efatura80cm", "", "menu E-Fatura 80 mm"},
     {S::TurnoverChoice,   Title, "CiroYaz",     "CiroYaz",     "", "index of the checked CiroYaz entry"},
     {S::ScannerOn,        Title, "Karvel",      "BarkodOku",   "", "menu Barkod Oku: scanner on"},
+    {S::ScannerPort,      Title, "Karvel",      "BarkodPort",  "", "serial port of the scanner: /dev/ttyUSB0, COM3; empty: the first USB one found"},
+    {S::ScannerSpeed,     Title, "Karvel",      "BarkodHız",   "9600", "speed of that port, bits a second"},
     {S::DeskFontName,     Title, "Font",        "FontName",    "", "desk font"},
     {S::DeskFontSize,     Title, "Font",        "FontSize",    "", "desk font, points"},
     {S::PrintFontName,    Title, "Font",        "YazFontName", "", "print font"},

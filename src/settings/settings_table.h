@@ -48,6 +48,8 @@ enum class Setting {
   EInvoice80mm,
   TurnoverChoice,
   ScannerOn,
+  ScannerPort,
+  ScannerSpeed,
   DeskFontName,
   DeskFontSize,
   PrintFontName,

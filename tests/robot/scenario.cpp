@@ -188,6 +188,8 @@ void Scenario::Step(const std::string& line, const std::vector<std::string>& exp
   } else if (word == "put") {
     const auto [file, text] = SplitAt(rest, ":");
     AddLine(Place(file), text);
+  } else if (word == "serial") {
+    if (!Serial().Write(ReplaceAll(ReplaceAll(rest, "\\r", "\r"), "\\n", "\n"))) Fail("the serial line took nothing");
   } else if (word == "write") {
     const auto [file, statement] = SplitAt(rest, ":");
     Run(Store(file, true), statement);
@@ -224,6 +226,11 @@ RobotProcess& Scenario::Robot() {
   return *robot_;
 }
 
+PseudoTerminal& Scenario::Serial() {
+  if (!serial_) serial_ = std::make_unique<PseudoTerminal>();
+  return *serial_;
+}
+
 void Scenario::Request(const std::string& line, const std::string& expectedAnswer) {
   if (!Robot().Send(line)) Fail("the robot has gone");
   const std::optional<std::string> answer = Robot().Receive(kPatience);
@@ -235,6 +242,7 @@ void Scenario::Request(const std::string& line, const std::string& expectedAnswe
 void Scenario::WriteSetting(const std::string& rest) {
   auto [address, value] = SplitAt(rest, "=");
   address = address.find(':') != std::string::npos ? ReplaceAll(address, ":", "/") : environment_["KARVEL_TITLE"] + "/" + address;
+  if (value == "{serial}") value = Serial().Path();
   QSettings settings(QString::fromStdString((folder_ / "home/settings.ini").string()), QSettings::IniFormat);
   settings.setValue(QString::fromStdString(address), QString::fromStdString(value));
 }

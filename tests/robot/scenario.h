@@ -4,6 +4,9 @@
 //   play SCRIPT                    the lines of another script, named from this one's folder; a shop that several begin with
 //   env NAME=VALUE                 for the robot's starts from here on
 //   setting SECTION/KEY=VALUE      writes a setting of the terminal; of another application as APPLICATION:SECTION/KEY=VALUE
+//                                  the value {serial} is the port of the serial line
+//   serial BYTES                   what a scanner on the serial line sends; \r and \n are the end marks. Heard while the next
+//                                  request waits
 //   put PATH: LINE                 adds a line to a CP1254 file of the home ("C/…", "net/…") or of the program folder ("program/…")
 //   write FILE: STATEMENT          changes a database file of the data folder from outside; the first time it comes from its template
 //   {"do":…}                       a request to the robot, which is started when it isn't running; must be done unless "<" tells otherwise
@@ -30,6 +33,7 @@
 #include <vector>
 
 #include "robot_process.h"
+#include "tests/support/pseudo_terminal.h"
 
 namespace karvel::test {
 
@@ -53,6 +57,7 @@ class Scenario {
   void AwaitEnd();
   RobotProcess& Robot();
   void AddLine(const std::filesystem::path& file, const std::string& line) const;
+  PseudoTerminal& Serial();
   [[nodiscard]] std::filesystem::path Place(const std::string& path) const;
   [[nodiscard]] std::filesystem::path Store(const std::string& name, bool make) const;
   [[nodiscard]] std::vector<std::string> TextLines(const std::filesystem::path& file) const;
@@ -61,6 +66,7 @@ class Scenario {
   const std::filesystem::path folder_;
   const std::filesystem::path pictures_;
   std::map<std::string, std::string> environment_;
+  std::unique_ptr<PseudoTerminal> serial_;
   std::unique_ptr<RobotProcess> robot_;
   std::filesystem::path scripts_;  // the folder of the script that is played
 };

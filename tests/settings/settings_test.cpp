@@ -31,6 +31,8 @@ TEST(Settings, an_option_nobody_set_has_its_preset) {
   EXPECT_EQ(settings.Get(Setting::InvoiceNo), "000000");
   EXPECT_EQ(settings.Get(Setting::TransferShare), "\\\\127.0.0.1\\MuhasebeData\\01");
   EXPECT_EQ(settings.Get(Setting::FtpUrl), "");
+  EXPECT_EQ(settings.Get(Setting::ScannerPort), "");
+  EXPECT_EQ(settings.Get(Setting::ScannerSpeed), "9600");
   EXPECT_EQ(settings.Get(Setting::InvoicePrinter, "Velmora PDF"), "Velmora PDF");
   EXPECT_EQ(store.Count(), 0U);
 }
@@ -40,9 +42,13 @@ TEST(Settings, options_stand_under_the_title_with_their_own_section_and_key) {
   Settings settings(store, "Velmora Karvel2");
   settings.Save(Setting::FtpFolder, "gün");
   settings.Save(Setting::ScannerOn, "True");
+  settings.Save(Setting::ScannerPort, "/dev/ttyUSB0");
+  settings.Save(Setting::ScannerSpeed, "115200");
   settings.Save(Setting::GridFontName, "Inter");
   EXPECT_EQ(store.Get("Velmora Karvel2", "Size", "FtpKlasör", "-"), "gün");
   EXPECT_EQ(store.Get("Velmora Karvel2", "Karvel", "BarkodOku", "-"), "True");
+  EXPECT_EQ(store.Get("Velmora Karvel2", "Karvel", "BarkodPort", "-"), "/dev/ttyUSB0");
+  EXPECT_EQ(store.Get("Velmora Karvel2", "Karvel", "BarkodHız", "-"), "115200");
   EXPECT_EQ(store.Get("Velmora Karvel2", "EkrFont", "FontName", "-"), "Inter");
   EXPECT_EQ(settings.Get(Setting::DeskFontName), "");
 }
