@@ -36,6 +36,8 @@ std::pair<int, QString> KeyOf(int virtualKey) {
 }
 
 void SendToFocus(QEvent::Type type, int key, const QString& text) {
+  // A box that opened in between is answered by people.
+  if (QApplication::activeModalWidget()) return;
   QWidget* target = QApplication::focusWidget();
   if (!target) target = QApplication::activeWindow();
   if (!target) return;
