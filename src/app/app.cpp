@@ -16,6 +16,7 @@
 #include "app/qt_messages.h"
 #include "app/qt_shell.h"
 #include "app/qt_window.h"
+#include "app/scanner_keys.h"
 #include "app/serial_scanner.h"
 #include "app/system_clock.h"
 #include "app/system_connection.h"
@@ -91,6 +92,7 @@ struct App::Composition {
   Accounts accounts{desk};
   Exchange exchange{desk};
   DeskWindow deskWindow;
+  ScannerKeys keys{scanner};  // hears a key before the window does
 };
 
 App::App(QApplication& application, const std::string& title, const AppParts& parts) {
@@ -120,5 +122,6 @@ Desk& App::TheDesk() { return all_->desk; }
 DeskWindow& App::TheWindow() { return all_->deskWindow; }
 const DiskFiles& App::TheFiles() const { return all_->files; }
 CodeScanner& App::TheScanner() { return all_->scanner; }
+ScannerKeys& App::TheScannerKeys() { return all_->keys; }
 
 }  // namespace karvel

@@ -16,6 +16,7 @@ class DeskWindow;
 class DiskFiles;
 class EventLoop;
 class Messages;
+class ScannerKeys;
 
 // What another program around the same desk brings of its own; null: the machine's. They must live longer than the App.
 struct AppParts {
@@ -44,6 +45,7 @@ class App {
   [[nodiscard]] DeskWindow& TheWindow();
   [[nodiscard]] const DiskFiles& TheFiles() const;
   [[nodiscard]] CodeScanner& TheScanner();
+  [[nodiscard]] ScannerKeys& TheScannerKeys();
 
  private:
   struct Composition;

@@ -1,6 +1,7 @@
 #include "robot/hand.h"
 
 #include <QApplication>
+#include <QDateTime>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
@@ -41,11 +42,12 @@ void TapCenter(QWidget& widget, Tap tap) {
   TapAt(widget, widget.rect().center(), tap);
 }
 
-void Strike(const KeyStroke& stroke, QWidget& otherwise) {
+void Strike(const KeyStroke& stroke, QWidget& otherwise, quint64 stamp) {
   const auto send = [&](bool press) {
     QWidget* const focused = QApplication::focusWidget();
     QWidget& target = focused ? *focused : otherwise;
     QKeyEvent event(press ? QEvent::KeyPress : QEvent::KeyRelease, stroke.key, stroke.modifiers, stroke.text);
+    event.setTimestamp(stamp);
     // A shortcut takes the key before the widget does.
     if (press && qt_sendShortcutOverrideEvent(&target, event.timestamp(), stroke.key, stroke.modifiers, stroke.text)) return;
     SendAsPerson(target, event);
@@ -53,6 +55,13 @@ void Strike(const KeyStroke& stroke, QWidget& otherwise) {
   const QPointer<QWidget> alive(&otherwise);
   send(true);
   if (alive) send(false);
+}
+
+void TypeFast(const std::vector<KeyStroke>& strokes, QWidget& otherwise) {
+  const QPointer<QWidget> alive(&otherwise);
+  auto stamp = static_cast<quint64>(QDateTime::currentMSecsSinceEpoch());
+  for (const KeyStroke& stroke : strokes)
+    if (alive) Strike(stroke, otherwise, stamp++);
 }
 
 void Settle() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QPoint>
+#include <vector>
 
 #include "robot/key_names.h"
 
@@ -17,7 +18,11 @@ void TapAt(QWidget& widget, const QPoint& point, Tap tap);
 void TapCenter(QWidget& widget, Tap tap);
 
 // One press and release, to the widget that has the focus when each comes; `otherwise` gets them where none has.
-void Strike(const KeyStroke& stroke, QWidget& otherwise);
+// `stamp` is the moment in milliseconds that the events tell, 0: none.
+void Strike(const KeyStroke& stroke, QWidget& otherwise, quint64 stamp = 0);
+
+// One key behind the other, a millisecond apart by their time stamps, as a scanner types that shows itself as a keyboard.
+void TypeFast(const std::vector<KeyStroke>& strokes, QWidget& otherwise);
 
 // Lets everything run that waits now: queued works, painting, focus changes.
 void Settle();

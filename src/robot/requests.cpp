@@ -12,6 +12,7 @@
 #include "app/code_scanner.h"
 #include "app/desk_grid.h"
 #include "app/desk_window.h"
+#include "app/scanner_keys.h"
 #include "desk/desk.h"
 #include "robot/setting_values.h"
 
@@ -35,7 +36,7 @@ const Json kDone = Json::object();
 }  // namespace
 
 Requests::Requests(App& app, RobotWorld& world)
-    : desk_(app.TheDesk()), window_(app.TheWindow()), scanner_(app.TheScanner()), world_(world) {
+    : desk_(app.TheDesk()), window_(app.TheWindow()), scanner_(app.TheScanner()), scannerKeys_(app.TheScannerKeys()), world_(world) {
   targets_.Add({.name = "Form1",
                 .elements = [this] { return &desk_.screen.elements; },
                 .widgetOf = [this](const Element& element) { return window_.WidgetOf(element); },
@@ -101,6 +102,7 @@ Json Requests::Handle(const std::string& line) {
     if (window_.isVisible() && !QApplication::activeWindow()) QApplication::setActiveWindow(&window_);
     Json answer{{"ok", true}};
     answer.update(Do(ParseRequest(line)));
+    scannerKeys_.Settle();
     Settle();
     return answer;
   } catch (const std::exception& error) {
@@ -156,7 +158,7 @@ void Requests::Focus(const Target& target) const {
 Json Requests::DoType(const Json& request) {
   const std::string text = TextOf(request, "text");
   if (request.contains("at")) Focus(targets_.FindReachable(TextOf(request, "at")));
-  for (const KeyStroke& stroke : KeysOfText(text)) Strike(stroke, window_);
+  TypeFast(KeysOfText(text), window_);
   return kDone;
 }
 

@@ -16,6 +16,7 @@ class App;
 class CodeScanner;
 class Desk;
 class DeskWindow;
+class ScannerKeys;
 
 class Requests {
  public:
@@ -48,6 +49,7 @@ class Requests {
   Desk& desk_;
   DeskWindow& window_;
   CodeScanner& scanner_;
+  ScannerKeys& scannerKeys_;
   RobotWorld& world_;
   Targets targets_;
   std::map<std::string, Handler, std::less<>> handlers_;

@@ -12,7 +12,7 @@
 
 namespace karvel {
 
-class WindowTest : public testing::Test {
+class WindowTest : public ::testing::Test {
  protected:
   WindowTest() {
     window.resize(1024, 768);
