@@ -11,6 +11,7 @@
 #include "app/code_scanner.h"
 #include "app/key_codes.h"
 #include "app/qt_text.h"
+#include "app/text_field.h"
 #include "desk/element.h"
 #include "platform/log.h"
 
@@ -18,6 +19,7 @@ namespace karvel {
 namespace {
 
 constexpr int kLeastLetters = 4;  // of a code
+constexpr int kLeastInAmount = 8;  // of a barcode; fewer digits are an amount
 constexpr int kMostLetters = 1024;
 constexpr int kGapMilliseconds = 35;     // within a burst; no hand is that fast for long
 constexpr int kHeldMilliseconds = 45;    // from the last letter on
@@ -129,6 +131,7 @@ bool ScannerKeys::Press(QObject* object, const QKeyEvent& event) {
   // A blank presses a button, which answers at once; no code begins with one.
   const bool begins = run_ == Run::None && letter != ' ';
   if (!Collects() || text_.size() >= kMostLetters || (run_ != Run::Held && !begins)) {
+    FollowAmount(event);
     const bool ends = PassOn(target, event);
     run_ = Run::Arrived;
     return ends;
@@ -137,7 +140,32 @@ bool ScannerKeys::Press(QObject* object, const QKeyEvent& event) {
   return true;
 }
 
+void ScannerKeys::FollowAmount(const QKeyEvent& event) {
+  auto* const field = qobject_cast<TextField*>(KeyHolder());
+  if (run_ == Run::None) amount_ = field && field->IsAmount() ? AmountRun{field, field->ElementText(), {}} : AmountRun{};
+  if (amount_.field && amount_.letters.size() < kMostLetters) amount_.letters += event.text();
+}
+
+bool ScannerKeys::IsCodeInAmount(bool prompt) const {
+  return prompt && run_ == Run::Arrived && alone_ && fast_ >= kLeastInAmount - 1 && amount_.field && amount_.field == KeyHolder();
+}
+
+void ScannerKeys::Report(const QString& code) {
+  // Not from within the key: its handlers let events run.
+  QMetaObject::invokeMethod(
+      this, [this, text = ToUtf8(code)] { scanner_.Take(text); }, Qt::QueuedConnection);
+}
+
 bool ScannerKeys::PressEnter(const QObject* target, const QKeyEvent& event, bool prompt) {
+  if (IsCodeInAmount(prompt)) {
+    takenDown_.push_back(event.key());
+    EndRun();
+    codeEnded_ = true;
+    const AmountRun run = std::exchange(amount_, {});
+    Report(run.letters);
+    run.field->PutBack(run.before);
+    return true;
+  }
   const bool burst = prompt && fast_ >= kLeastLetters - 1 && Collects();
   const bool isCode = burst && run_ == Run::Held && alone_;
   const bool second = prompt && codeEnded_;  // of a scanner that ends a code with CR and LF
@@ -159,9 +187,7 @@ bool ScannerKeys::PressEnter(const QObject* target, const QKeyEvent& event, bool
     if (!second) Log("scanner: a typed code broke off and is dropped");
     return true;
   }
-  // Not from within the key: its handlers let events run.
-  QMetaObject::invokeMethod(
-      this, [this, code = ToUtf8(text)] { scanner_.Take(code); }, Qt::QueuedConnection);
+  Report(text);
   return true;
 }
 

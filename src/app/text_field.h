@@ -20,6 +20,10 @@ class TextField : public QLineEdit {
   void Type(char32_t character);
   // Amounts stand at the right, in a larger type.
   void SetAmount(bool amount);
+  [[nodiscard]] bool IsAmount() const { return amount_; }
+  // Puts the text back as it stood before, as if what was typed since had not been.
+  void PutBack(const std::string& text) { element_.SetText(text); }
+  [[nodiscard]] const std::string& ElementText() const { return element_.Text(); }
   void ApplyFont();
 
  private:

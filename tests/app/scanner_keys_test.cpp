@@ -129,6 +129,40 @@ TEST_F(ScannerKeysTest, an_entry_field_gets_a_burst_as_typing_at_once) {
   EXPECT_EQ(codes, Codes{});
 }
 
+TEST_F(ScannerKeysTest, an_amount_never_keeps_a_code) {
+  screen.Text2(1).SetText("3");
+  Focus(screen.Text2(1));
+  screen.Text2(1).SelectAll();
+  Fast("8690001234567");
+  now += 5;
+  Enter();
+  QTest::qWait(20);
+  EXPECT_EQ(codes, (Codes{"8690001234567"}));
+  EXPECT_EQ(screen.Text2(1).Text(), "3");
+  EXPECT_EQ(seen.find("+13 "), std::string::npos) << seen;  // and its Enter confirms nothing
+}
+
+TEST_F(ScannerKeysTest, an_amount_typed_quickly_or_of_many_digits_stays_an_amount) {
+  screen.Text2(1).SetText("0");
+  Focus(screen.Text2(1));
+  screen.Text2(1).SelectAll();
+  Fast("1250000");  // seven digits are no barcode
+  now += 5;
+  Enter();
+  EXPECT_EQ(screen.Text2(1).Text(), "1250000");
+  now += 1000;
+  screen.Text2(1).SelectAll();
+  for (const QChar digit : QString("123456789")) {
+    now += 60;  // by a hand
+    Letter(digit);
+  }
+  now += 60;
+  Enter();
+  QTest::qWait(20);
+  EXPECT_EQ(screen.Text2(1).Text(), "123456789");
+  EXPECT_EQ(codes, Codes{});
+}
+
 TEST_F(ScannerKeysTest, a_field_that_is_closed_to_typing_is_no_entry_field) {
   screen.Text1(1).SetText("Pirinç");
   screen.Text1(1).SetLocked(true);
