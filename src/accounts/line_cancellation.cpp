@@ -63,10 +63,10 @@ Status LineCancellation::CancelDayBookLine() {
     ShrinkDueDate(line);  // 15.
   }
   const Status done = action.Finish();
-  ShowCustomer();                                                // 9.
   step("refresh serials", cursors.SeriNoData.Refresh());
-  step("refresh day book", cursors.HareketData.Refresh());       // 14.
+  step("refresh day book", cursors.HareketData.Refresh());  // 14.
   screen.HareketGrid.SetMarker(cursors.HareketData.HasRows());
+  ShowCustomer();  // 9. Behind the day book, which shows its own sum as it is refreshed.
   step("refresh due dates", cursors.VadeData.Refresh());
   form.RepositionGuard = 0;  // 16.
   if (!done.Ok()) screen.Command2.SetEnabled(true);
@@ -99,6 +99,7 @@ void LineCancellation::ReverseLedger() {
 
 void LineCancellation::ShowCustomer() {
   auto& [screen, form, cursors, settings, world] = parts_;
+  screen.Label1(7).SetCaption("Bakiye");
   screen.Label5.SetColor(cursors.CariData.Text("Hesap") == "Borç" ? color::kBlack : color::kRed);
   screen.Label5.SetCaption(PlainNumber(cursors.CariData.Number("Bakiye")));
 }

@@ -212,5 +212,120 @@ TEST_F(LineCancellationTest, a_store_that_refuses_takes_nothing_back) {
   EXPECT_EQ(Day(id)["Durum"], "Iptal");
 }
 
+TEST_F(LineCancellationTest, the_balance_stands_in_black_while_the_customer_owes) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string first = LastId();
+  PickItem("1002");
+  Post("1");
+  Cancel(first);
+  EXPECT_EQ(At("Label5").Caption(), "20,00");  // not the sum of the day, in which the cancelled line still counts
+  EXPECT_EQ(At("Label5").Color(), color::kBlack);
+  EXPECT_EQ(At("Label1(7)").Caption(), "Bakiye");
+}
+
+TEST_F(LineCancellationTest, the_balance_stands_in_red_while_the_shop_owes) {
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Alacak=130, Bakiye=130, Hesap='Alacak' WHERE CariKod='C001'");
+  Sell("Ayşe Yılmaz", "1001", "2");
+  Cancel(LastId());
+  EXPECT_EQ(At("Label5").Caption(), "130,00");
+  EXPECT_EQ(At("Label5").Color(), color::kRed);
+}
+
+TEST_F(LineCancellationTest, list_and_ledger_are_back_on_their_sources) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string list = desk->cursors.CariData.RecordSource();
+  const std::string ledger = desk->cursors.CariHarData.RecordSource();
+  ASSERT_NE(ledger, "CariHareket");
+  Cancel(LastId());
+  EXPECT_EQ(desk->cursors.CariData.RecordSource(), list);
+  EXPECT_EQ(desk->cursors.CariHarData.RecordSource(), ledger);
+  EXPECT_EQ(desk->cursors.CariData.Text("CariKod"), "C001");
+  EXPECT_FALSE(desk->cursors.CariData.FindFirst("CariKod='=100'").Ok());
+}
+
+TEST_F(LineCancellationTest, the_customer_in_front_becomes_the_customer_of_the_sale) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  desk->form.CurrentCustomerCode = "C002";
+  Cancel(LastId());
+  EXPECT_EQ(desk->form.CurrentCustomerCode, "C001");
+  PickItem("1002");
+  Post("1");
+  EXPECT_EQ(Day(LastId())["CariKod"], "C001");
+}
+
+TEST_F(LineCancellationTest, a_missing_customer_stops_nothing_and_the_card_in_front_takes_his_place) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string id = LastId();
+  const std::string first = One("Cari.mdb", "SELECT CariKod FROM CariKartlar WHERE CariKod<>'C001' ORDER BY rowid LIMIT 1");
+  Sql("Cari.mdb", "DELETE FROM CariKartlar WHERE CariKod='C001'");
+  Cancel(id);
+  EXPECT_EQ(Day(id)["Durum"], "Iptal");
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariHareket"), "0");
+  EXPECT_EQ(Balance(first), "-100.0|0.0|100.0|Alacak");
+  EXPECT_EQ(Card("1001")["CikanMik"], "0.0");
+}
+
+TEST_F(LineCancellationTest, a_missing_stock_card_stops_nothing_and_the_item_in_front_takes_its_place) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string id = LastId();
+  PickItem("1002");
+  Sql("Stok.mdb", "DELETE FROM StokKartlar WHERE StokKod='1001'");
+  Cancel(id);
+  EXPECT_EQ(Day(id)["Durum"], "Iptal");
+  EXPECT_EQ(One("Stok.mdb", "SELECT count(*) FROM StokHareket"), "0");
+  EXPECT_EQ(Card("1002")["CikanMik"], "-2.0");
+  EXPECT_EQ(Card("1002")["CikanTutar"], "-100.0");
+  EXPECT_EQ(Card("1002")["KalanB"], "2.0");
+  EXPECT_EQ(Balance("C001"), "0.0|0.0|0.0|Borç");
+}
+
+TEST_F(LineCancellationTest, codes_with_a_quote_in_them_are_found) {
+  AddQuotedCards();
+  Front("O'1");
+  SellInFront("S'1", "2");
+  const std::string id = LastId();
+  ASSERT_EQ(Due("O''1"), Lines{"100.0"});
+  Cancel(id);
+  EXPECT_EQ(Day(id)["Durum"], "Iptal");
+  EXPECT_EQ(Card("S''1")["CikanMik"], "0.0");
+  EXPECT_EQ(Balance("O''1"), "0.0|0.0|0.0|Borç");
+  EXPECT_EQ(Due("O''1"), Lines{});
+  EXPECT_EQ(desk->form.CurrentCustomerCode, "O'1");
+  EXPECT_EQ(desk->cursors.CariData.Text("CariKod"), "O'1");
+}
+
+TEST_F(LineCancellationTest, a_total_above_the_earliest_due_amount_leaves_it_below_zero_and_the_next_alone) {
+  Sell("Ayşe Yılmaz", "1001", "3");
+  Sql("Cari.mdb", "DELETE FROM \"VadeGün\"");
+  Sql("Cari.mdb", "INSERT INTO \"VadeGün\" VALUES('C001','2026-02-15 00:00:00',200),('C001','2026-01-05 00:00:00',100)");
+  Cancel(LastId());
+  EXPECT_EQ(Due("C001"), (Lines{"-50.0", "200.0"}));
+}
+
+TEST_F(LineCancellationTest, a_purchase_is_taken_back_from_the_incoming_side_and_its_due_date_shrinks) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  DoubleTap("Label4");
+  DoubleTap("Label4");
+  Post("2");
+  const std::string id = LastId();
+  ASSERT_EQ(Due("C001"), Lines{"100.0"});
+  Cancel(id);
+  EXPECT_EQ(Card("1001")["GirenMik"], "0.0");
+  EXPECT_EQ(Card("1001")["GirenTutar"], "0.0");
+  EXPECT_EQ(Balance("C001"), "100.0|100.0|0.0|Borç");  // no "Satış" in the ledger's text: the totals cross over
+  EXPECT_EQ(Due("C001"), Lines{});
+}
+
+TEST_F(LineCancellationTest, a_payment_out_leaves_totals_that_crossed_over) {
+  At("GurupCombo").ChooseText("Toptan");
+  Pay("Toptan Gıda", "75");
+  const std::string id = LastId();
+  Cancel(id);
+  EXPECT_EQ(Balance("T001"), "75.0|75.0|0.0|Borç");
+  EXPECT_EQ(Balance("=100"), "75.0|75.0|0.0|Borç");
+  EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam"), "0");
+}
+
 }  // namespace
 }  // namespace karvel

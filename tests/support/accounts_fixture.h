@@ -21,6 +21,29 @@ class AccountsFixture : public DeskFixture {
     ASSERT_TRUE(Start());  // the lists are read anew
   }
 
+  // Cards with a quote in code, name and group: a customer "O'1", a wholesaler "T'1" and an item "S'1".
+  void AddQuotedCards() {
+    AddCustomer("O''1", "O''Neil");
+    AddCustomer("T''1", "Toptan''cı", "Gurup='Toptan'");
+    AddStock("S''1", "Taze ''Kaşar''", "Gurup='Süt''lük', Fiyat=50, gFiyat=40");
+    ASSERT_TRUE(Start());
+  }
+  // The customer list stands on this card.
+  void Front(const std::string& code) {
+    LeaveSale();
+    ASSERT_TRUE(desk->cursors.CariData.FindFirst("CariKod='" + ReplaceAll(code, "'", "''") + "'").Ok()) << code;
+  }
+  void PayInFront(const std::string& amount) {
+    Set("Text2(2)", amount);
+    Click("Command2");
+  }
+  void SellInFront(const std::string& item, const std::string& quantity) {
+    DoubleTap("Label1(0)");
+    ASSERT_FALSE(desk->screen.CariGrid.Visible());
+    PickItem(ReplaceAll(item, "'", "''"));
+    Post(quantity);
+  }
+
   Fields Day(const std::string& id) { return RowOf("Karvel.mdb", "Datam", "DigerId='" + id + "'"); }
   Fields Movement(const std::string& id) { return RowOf("Stok.mdb", "StokHareket", "DigerId='" + id + "'"); }
   // The row of the ledger that stands under this card.
