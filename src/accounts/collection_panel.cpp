@@ -10,6 +10,7 @@ namespace karvel {
 namespace {
 
 constexpr int kOk = 1, kCancel = 0;
+constexpr int kAmount = 2;  // of Text2
 // In the order in which a tap on Label3 goes round.
 constexpr std::array<const char*, 4> kInstruments{"Nakit", "Kredi Kartı", "Çek", "Senet"};
 
@@ -24,6 +25,7 @@ CollectionPanel::CollectionPanel(const DeskParts& parts, MoneyPosting& money) : 
   });
   screen.Label3.click.Connect([this] { NextInstrument(); });
   for (int i = 0; i < screen.Command8.Count(); ++i) screen.Command8(i).click.Connect([this, i] { ChooseInstrument(i); });
+  screen.Text2(kAmount).keyDown.Connect([this](KeyEvent& event) { AmountKey(event); });
   screen.Command9.click.Connect([&screen] {
     Flip(screen.Command9, "Yazıcı Var", "Yazıcı Yok");
     screen.Command7(kOk).SetFocus();
@@ -57,7 +59,15 @@ void CollectionPanel::ChooseInstrument(int index) {
   const std::string& instrument = screen.Command8(index).Caption();
   screen.TahsilatFrame.SetCaption(" " + instrument + " Tahsilat ");
   screen.Label3.SetCaption(instrument);
+  defaultButton_ = &screen.Command8(index);
   screen.Command7(kOk).SetFocus();
+}
+
+void CollectionPanel::AmountKey(KeyEvent& event) {
+  // The one field of a collection stands outside the panel; every element inside is a button, which takes Enter itself.
+  if (event.code != key::kEnter || !defaultButton_ || !parts_.screen.TahsilatFrame.Visible()) return;
+  event.dropped = true;
+  defaultButton_->Press();
 }
 
 void CollectionPanel::Collect() {

@@ -11,14 +11,16 @@ class CollectionPanel {
   CollectionPanel(const DeskParts& parts, MoneyPosting& money);
 
  private:
-  void Open();                    // Command1 "Tahsilat"
-  void NextInstrument();          // Label3
+  void Open();                       // Command1 "Tahsilat"
+  void NextInstrument();             // Label3
   void ChooseInstrument(int index);  // Command8
-  void Collect();                 // Command7(1)
-  void PrintSlip();               // DökNoYaz
+  void AmountKey(KeyEvent& event);   // Text2(2)
+  void Collect();                    // Command7(1)
+  void PrintSlip();                  // DökNoYaz
 
   DeskParts parts_;
   MoneyPosting& money_;
+  Element* defaultButton_ = nullptr;  // the Command8 chosen last, which Enter in the amount presses
 };
 
 }  // namespace karvel

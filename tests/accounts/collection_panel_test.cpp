@@ -153,5 +153,81 @@ TEST_F(CollectionPanelTest, a_store_that_refuses_keeps_the_panel_and_prints_noth
   EXPECT_FALSE(desk->screen.Busy());
 }
 
+TEST_F(CollectionPanelTest, an_amount_of_zero_posts_as_it_stands) {
+  Click("Command1");
+  At("Text2(2)").SetText("0");
+  Click("Command7(1)");
+  EXPECT_EQ(LastId(), "10000000262");
+  EXPECT_EQ(Day(LastId())["Tahsilat"], "0.0");
+  EXPECT_EQ(Ledger(LastId(), "=100")["Borc"], "0.0");
+  EXPECT_EQ(Ledger(LastId(), "Muhtelif Müşteri")["Alacak"], "0.0");
+  EXPECT_EQ(Balance("Muhtelif Müşteri"), "100.0|0.0|100.0|Borç");
+  EXPECT_EQ(Due("Muhtelif Müşteri"), std::vector<std::string>{"100.0"});
+}
+
+TEST_F(CollectionPanelTest, an_amount_that_was_emptied_posts_as_zero) {
+  Click("Command1");
+  At("Text2(2)").SetText("");
+  Click("Command7(1)");
+  EXPECT_EQ(Day(LastId())["Tahsilat"], "0.0");
+}
+
+TEST_F(CollectionPanelTest, an_amount_below_zero_posts_as_it_stands) {
+  Click("Command1");
+  At("Text2(2)").SetText("-20");
+  Click("Command7(1)");
+  EXPECT_EQ(Day(LastId())["Tahsilat"], "-20.0");
+  EXPECT_EQ(Ledger(LastId(), "=100")["Borc"], "-20.0");
+  EXPECT_EQ(Balance("=100"), "-20.0|0.0|20.0|Alacak");
+  EXPECT_EQ(Balance("Muhtelif Müşteri"), "100.0|-20.0|120.0|Borç");
+  EXPECT_EQ(Due("Muhtelif Müşteri"), std::vector<std::string>{"120.0"});
+}
+
+TEST_F(CollectionPanelTest, an_unknown_form_of_payment_is_cash) {
+  Click("Command1");
+  At("Label3").SetCaption("Havale");
+  Click("Command7(1)");
+  EXPECT_EQ(Ledger(LastId(), "=100")["Aciklama"], "Havale Tahsilat");
+  EXPECT_EQ(Day(LastId())["Durum"], "Havale");
+}
+
+TEST_F(CollectionPanelTest, afterwards_the_payment_field_is_empty_and_the_sale_goes_on) {
+  Click("Command1");
+  Click("Command7(1)");
+  EXPECT_EQ(At("Text2(2)").Text(), "0");
+  EXPECT_EQ(At("Command2").Caption(), "Tamam");
+  EXPECT_FALSE(At("CariGrid").Visible());
+  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  PickItem("1001");
+  Post("1");
+  EXPECT_EQ(Balance("Muhtelif Müşteri"), "150.0|100.0|50.0|Borç");
+}
+
+TEST_F(CollectionPanelTest, in_the_amount_enter_presses_the_form_of_payment_chosen_last_and_again_the_ok) {
+  Click("Command1");
+  Click("Command8(1)");
+  At("Label3").SetCaption("Nakit");
+  Set("Text2(2)", "40");
+  Key("Text2(2)", key::kEnter);
+  EXPECT_EQ(At("Label3").Caption(), "Kredi Kartı");
+  EXPECT_TRUE(At("Command7(1)").HasFocus());
+  EXPECT_EQ(LastId(), "10000000261");
+  Click("Command7(1)");
+  EXPECT_EQ(Day(LastId())["Tahsilat"], "40.0");
+}
+
+TEST_F(CollectionPanelTest, without_a_choice_or_the_panel_enter_in_the_amount_goes_on_as_ever) {
+  Click("Command1");
+  Key("Text2(2)", key::kEnter);
+  EXPECT_FALSE(At("Text2(2)").HasFocus());
+  EXPECT_EQ(At("Command8(0)").Color(), -1);
+  Click("Command8(1)");
+  Click("Command7(0)");
+  At("Label3").SetCaption("Nakit");
+  Key("Text2(2)", key::kEnter);
+  EXPECT_FALSE(At("Text2(2)").HasFocus());
+  EXPECT_EQ(At("Label3").Caption(), "Nakit");
+}
+
 }  // namespace
 }  // namespace karvel
