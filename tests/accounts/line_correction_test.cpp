@@ -191,5 +191,111 @@ TEST_F(LineCorrectionTest, a_store_that_refuses_changes_nothing_and_the_correcti
   EXPECT_EQ(Balance("C001"), "72.0|0.0|72.0|Borç");
 }
 
+TEST_F(LineCorrectionTest, a_return_is_corrected_as_a_sale_that_is_how_it_stands) {
+  Sell("Ayşe Yılmaz", "1001", "3");
+  PickItem("1001");
+  DoubleTap("Label4");
+  Post("1");
+  const std::string id = LastId();
+  PickItem("1001");
+  Correct(id, "30", "2");
+  EXPECT_EQ(Day(id)["Durum"], "İade");
+  EXPECT_EQ(Day(id)["Tutar"], "60.0");
+  EXPECT_EQ(Movement(id)["Miktar"], "2.0");
+  EXPECT_EQ(Card("1001")["CikanMik"], "4.0");  // 3 - 1 + 2, on the outgoing side
+  EXPECT_EQ(Card("1001")["CikanTutar"], "160.0");
+  EXPECT_EQ(Card("1001")["GirenMik"], "1.0");
+  EXPECT_EQ(Card("1001")["KalanA"], "3.0");
+  EXPECT_EQ(Ledger(id, "C001")["Borc"], "60.0");
+  EXPECT_EQ(Ledger(id, "C001")["Alacak"], "50.0");
+  EXPECT_EQ(Balance("C001"), "210.0|50.0|160.0|Borç");
+}
+
+TEST_F(LineCorrectionTest, a_purchase_is_corrected_as_a_sale_that_is_how_it_stands) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  DoubleTap("Label4");
+  DoubleTap("Label4");
+  Post("5");
+  const std::string id = LastId();
+  PickItem("1001");
+  Correct(id, "50", "6");
+  EXPECT_EQ(Day(id)["Durum"], "Alış");
+  EXPECT_EQ(Day(id)["Tutar"], "300.0");
+  EXPECT_EQ(Card("1001")["GirenMik"], "5.0");
+  EXPECT_EQ(Card("1001")["CikanMik"], "1.0");  // 0 - 5 + 6
+  EXPECT_EQ(Card("1001")["CikanTutar"], "50.0");
+  EXPECT_EQ(Card("1001")["KalanB"], "4.0");
+  EXPECT_EQ(Balance("C001"), "300.0|250.0|50.0|Borç");
+}
+
+TEST_F(LineCorrectionTest, a_money_line_is_corrected_as_a_sale_on_the_movement_in_front_that_is_how_it_stands) {
+  Sell("Ayşe Yılmaz", "1001", "3");
+  const std::string sale = LastId();
+  Pay("Ayşe Yılmaz", "60");
+  const std::string id = LastId();
+  EnterSale("Ayşe Yılmaz");
+  Correct(id, "10", "2");
+  EXPECT_EQ(Day(id)["Tutar"], "20.0");
+  EXPECT_EQ(Day(id)["Tahsilat"], "60.0");
+  EXPECT_EQ(Day(id)["Durum"], "Nakit");
+  EXPECT_EQ(Movement(sale)["Miktar"], "2.0");  // it has no movement of its own: the one that was found last takes the figures
+  EXPECT_EQ(Card("1001")["CikanMik"], "2.0");
+  EXPECT_EQ(Ledger(id, "C001")["Borc"], "20.0");
+  EXPECT_EQ(Ledger(id, "C001")["Alacak"], "60.0");
+  EXPECT_EQ(Balance("C001"), "170.0|60.0|110.0|Borç");
+}
+
+TEST_F(LineCorrectionTest, afterwards_the_fields_name_the_corrected_item_with_no_quantity) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string id = LastId();
+  PickItem("1002");
+  ASSERT_EQ(At("Text1(1)").Text(), "Şeker");
+  Correct(id, "45", "3");
+  EXPECT_EQ(desk->cursors.StokData.Text("StokKod"), "1001");
+  EXPECT_EQ(At("Text1(1)").Text(), "Pirinç");
+  EXPECT_EQ(At("Text2(1)").Text(), "0");
+  EXPECT_EQ(At("Label2").Caption(), "0,00");
+}
+
+TEST_F(LineCorrectionTest, codes_with_a_quote_in_them_are_found) {
+  AddQuotedCards();
+  Front("O'1");
+  SellInFront("S'1", "2");
+  const std::string id = LastId();
+  Correct(id, "45", "3");
+  EXPECT_EQ(Day(id)["Tutar"], "135.0");
+  EXPECT_EQ(Card("S''1")["CikanMik"], "3.0");
+  EXPECT_EQ(Card("S''1")["CikanTutar"], "135.0");
+  EXPECT_EQ(Balance("O''1"), "135.0|0.0|135.0|Borç");
+}
+
+TEST_F(LineCorrectionTest, the_side_of_the_stock_follows_the_new_quantity) {
+  Sql("Stok.mdb", "UPDATE StokKartlar SET GirenMik=10, KalanB=10 WHERE StokKod='1001'");
+  Sell("Ayşe Yılmaz", "1001", "12");
+  ASSERT_EQ(Card("1001")["KalanA"], "2.0");
+  Correct(LastId(), "50", "9,9994");
+  EXPECT_EQ(Card("1001")["KalanA"], "0.0");
+  EXPECT_EQ(Card("1001")["KalanB"], "0.001");
+}
+
+TEST_F(LineCorrectionTest, the_customers_side_follows_the_new_total) {
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Alacak=60, Bakiye=60, Hesap='Alacak' WHERE CariKod='C001'");
+  Sell("Ayşe Yılmaz", "1001", "2");
+  ASSERT_EQ(Balance("C001"), "100.0|60.0|40.0|Borç");
+  Correct(LastId(), "50", "1");
+  EXPECT_EQ(Balance("C001"), "50.0|60.0|10.0|Alacak");
+}
+
+TEST_F(LineCorrectionTest, the_price_kept_for_the_customer_and_the_slip_number_stay) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string id = LastId();
+  const std::string slip = Day(id)["SeriNo"];
+  Correct(id, "45", "2");
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM Cari"), "0");
+  EXPECT_EQ(Day(id)["SeriNo"], slip);
+  EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam"), "1");
+}
+
 }  // namespace
 }  // namespace karvel

@@ -236,5 +236,109 @@ TEST_F(MoneyPostingTest, the_button_is_off_and_busy_while_it_posts) {
   EXPECT_TRUE(seen);
 }
 
+TEST_F(MoneyPostingTest, a_customer_with_a_quote_in_code_and_name_pays_as_any_other) {
+  AddQuotedCards();
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Borc=100, Bakiye=100, Hesap='Borç' WHERE CariKod='O''1'");
+  Sql("Cari.mdb", "INSERT INTO \"VadeGün\" VALUES('O''1','2026-01-05 00:00:00',100)");
+  Front("O'1");
+  PayInFront("40");
+  EXPECT_EQ(Ledger(LastId(), "=100")["Unvan"], "O'Neil");
+  EXPECT_EQ(Ledger(LastId(), "O''1")["Aciklama"], "O'Neil Tahsilat İle");
+  EXPECT_EQ(Day(LastId())["CariKod"], "O'1");
+  EXPECT_EQ(Balance("O''1"), "100.0|40.0|60.0|Borç");
+  EXPECT_EQ(Due("O''1"), Lines{"60.0"});
+  EXPECT_EQ(desk->cursors.CariData.Text("CariKod"), "O'1");
+  PayInFront("60");
+  EXPECT_EQ(Due("O''1"), Lines{});
+}
+
+TEST_F(MoneyPostingTest, the_wholesalers_list_is_back_afterwards) {
+  At("GurupCombo").ChooseText("Toptan");
+  const std::string list = desk->cursors.CariData.RecordSource();
+  Pay("Toptan Gıda", "10");
+  EXPECT_EQ(desk->cursors.CariData.RecordSource(), list);
+  EXPECT_EQ(desk->cursors.CariData.RecordCount(), 1);
+  EXPECT_EQ(desk->cursors.CariData.Text("CariKod"), "T001");
+  EXPECT_EQ(At("Label1(5)").Caption(), " Ödeme");
+}
+
+TEST_F(MoneyPostingTest, the_list_of_a_group_is_back_afterwards) {
+  Sql("Cari.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Bayi''ler',1)");
+  AddCustomer("B001", "Bayi Bir", "Gurup='Bayi''ler'");
+  AddCustomer("B002", "Bayi İki", "Gurup='Bayi''ler'");
+  ASSERT_TRUE(Start());
+  At("GurupCombo").ChooseText("Bayi'ler");
+  const std::string list = desk->cursors.CariData.RecordSource();
+  Front("B002");
+  PayInFront("10");
+  EXPECT_EQ(desk->cursors.CariData.RecordSource(), list);
+  EXPECT_EQ(desk->cursors.CariData.RecordCount(), 2);
+  EXPECT_EQ(desk->cursors.CariData.Text("CariKod"), "B002");
+  EXPECT_EQ(Day(LastId())["Gurup"], "Bayi'ler");
+}
+
+TEST_F(MoneyPostingTest, a_filtered_list_is_back_afterwards) {
+  At("Text5").SetText("Bur");
+  ASSERT_EQ(desk->cursors.CariData.RecordCount(), 1);
+  const std::string list = desk->cursors.CariData.RecordSource();
+  PayInFront("10");
+  EXPECT_EQ(desk->cursors.CariData.RecordSource(), list);
+  EXPECT_EQ(desk->cursors.CariData.RecordCount(), 1);
+  EXPECT_EQ(Day(LastId())["CariKod"], "C002");
+}
+
+TEST_F(MoneyPostingTest, a_payment_out_consumes_the_suppliers_due_dates_and_balance_zero_deletes_them_all) {
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Alacak=300, Bakiye=300, Hesap='Alacak' WHERE CariKod='T001'");
+  Sql("Cari.mdb", "INSERT INTO \"VadeGün\" VALUES('T001','2026-01-05 00:00:00',100),('T001','2026-02-05 00:00:00',100),"
+                  "('T001','2026-02-15 00:00:00',500)");
+  At("GurupCombo").ChooseText("Toptan");
+  Pay("Toptan Gıda", "150");
+  EXPECT_EQ(Balance("T001"), "150.0|300.0|150.0|Alacak");
+  EXPECT_EQ(Due("T001"), (Lines{"50.0", "500.0"}));
+  Pay("Toptan Gıda", "150");
+  EXPECT_EQ(Balance("T001"), "300.0|300.0|0.0|Borç");
+  EXPECT_EQ(Due("T001"), Lines{});
+}
+
+TEST_F(MoneyPostingTest, a_name_that_no_customer_bears_posts_nothing) {
+  Set("Text1(0)", "Kimse Yok");
+  Set("Text2(2)", "10");
+  Click("Command2");
+  EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam"), "0");
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariHareket"), "0");
+  EXPECT_TRUE(At("Text1(0)").HasFocus());
+  EXPECT_EQ(At("Text2(2)").Text(), "10");
+}
+
+TEST_F(MoneyPostingTest, an_empty_list_posts_nothing) {
+  Sql("Cari.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Boş',1)");
+  ASSERT_TRUE(Start());
+  At("GurupCombo").ChooseText("Boş");
+  ASSERT_FALSE(desk->cursors.CariData.HasRows());
+  Set("Text2(2)", "10");
+  Click("Command2");
+  EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam"), "0");
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariHareket"), "0");
+  EXPECT_EQ(LastId(), "");
+}
+
+TEST_F(MoneyPostingTest, every_row_carries_the_one_time_read_at_the_start) {
+  Front("C001");
+  Set("Text2(2)", "10");
+  // The clock goes on while the rows are written.
+  desk->cursors.CariHarData.repositioned.Connect([this] { clock.now = clock.now.PlusSeconds(60); });
+  Click("Command2");
+  EXPECT_NE(clock.now, (DateTime{2026, 3, 1, 10, 15, 0}));
+  EXPECT_EQ(Ledger(LastId(), "=100")["Tarih"], "2026-03-01 10:15:00");
+  EXPECT_EQ(Ledger(LastId(), "C001")["Tarih"], "2026-03-01 10:15:00");
+  EXPECT_EQ(Day(LastId())["Tarih"], "2026-03-01 10:15:00");
+}
+
+TEST_F(MoneyPostingTest, a_credit_that_outgrows_the_debit_turns_the_side_and_is_rounded) {
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Borc=10.004, Bakiye=10, Hesap='Borç' WHERE CariKod='C001'");
+  Pay("Ayşe Yılmaz", "10,01");
+  EXPECT_EQ(One("Cari.mdb", "SELECT Bakiye, Hesap FROM CariKartlar WHERE CariKod='C001'"), "0.01|Alacak");
+}
+
 }  // namespace
 }  // namespace karvel
