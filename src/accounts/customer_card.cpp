@@ -5,6 +5,7 @@
 
 #include "desk/refusal.h"
 #include "desk/screen_keyboard.h"
+#include "desk/sources.h"
 #include "desk/steps.h"
 #include "platform/keyboard.h"
 #include "platform/messages.h"
@@ -25,7 +26,10 @@ std::string AnyI(std::string text) {
   return text;
 }
 
-// A letter in lower case, or 0 where it has none of a single letter.
+// Mail knows no dotless i: there an "I" is the "i" of everywhere else.
+std::string AddressLower(const std::string& text) { return TurkishLower(ReplaceAll(text, "I", "i")); }
+
+// A letter in lower case, or itself where it has none of a single letter.
 char32_t Lower(char32_t letter) {
   const std::string lower = TurkishLower(LetterToUtf8(letter));
   if (lower.size() == 1) return static_cast<unsigned char>(lower[0]);
@@ -70,7 +74,7 @@ void CustomerCard::Character(int index, CharacterEvent& event) {
   if (searched && (event.character == '*' || event.character == '?' || event.character == '!')) {
     event.character = 0;
   } else if (event.character >= ' ') {
-    event.character = Lower(event.character);
+    event.character = index == kEmail && event.character == 'I' ? 'i' : Lower(event.character);
   }
 }
 
@@ -110,13 +114,13 @@ bool CustomerCard::IsNew() {
   if (field(kCode).Text().empty()) field(kCode).SetFocus();
   if (field(kName).Text().empty()) field(kName).SetFocus();
   // 2.
-  step("find code", customers.FindFirst("CariKod Like '" + AnyI(field(kCode).Text()) + "'"));
+  step("find code", customers.FindFirst("CariKod Like " + sources::Quoted(AnyI(field(kCode).Text()))));
   if (!customers.NoMatch()) return Refuse("Dikkat Bu Cari Kodu Kayıtlı..!", field(kCode));
   // 3.
-  step("find name", customers.FindFirst("Unvan Like '" + AnyI(field(kName).Text()) + "'"));
+  step("find name", customers.FindFirst("Unvan Like " + sources::Quoted(AnyI(field(kName).Text()))));
   if (!customers.NoMatch()) return Refuse("Dikkat Bu Unvan Kayıtlı..!", field(kCode));
   // 4.
-  step("find card number", customers.FindFirst("KartNo='" + field(kCardNumber).Text() + "'"));
+  step("find card number", customers.FindFirst("KartNo=" + sources::Quoted(field(kCardNumber).Text())));
   if (field(kCardNumber).Text().empty() || customers.NoMatch()) return true;
   field(kCardNumber).SetText("");
   screen.CariNewCmd(kSave).SetEnabled(false);
@@ -136,7 +140,7 @@ Status CustomerCard::AddCard() {
   if (!added.Ok()) return added;
   for (int i = 0; i < screen.CariNew.Count(); ++i) {
     const std::string& text = screen.CariNew(i).Text();
-    card.Set(kFields[static_cast<std::size_t>(i)], i == kEmail ? TurkishLower(text) : text);
+    card.Set(kFields[static_cast<std::size_t>(i)], i == kEmail ? AddressLower(text) : text);
   }
   card.Set("Hes", "C");
   card.Set("Hesap", "Borç");

@@ -177,5 +177,155 @@ TEST_F(CustomerCardTest, a_store_that_refuses_keeps_what_was_typed) {
   EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariKartlar WHERE CariKod='zeynep'"), "1");
 }
 
+TEST_F(CustomerCardTest, an_address_is_lower_cased_by_the_ordinary_rule_with_a_dot_on_every_i) {
+  Open("zeynep");
+  At("CariNew(4)").SetText("İLETİŞİM@ALI.COM");
+  Click("CariNewCmd(1)");
+  EXPECT_EQ(Customer("zeynep")["Email"], "iletişim@ali.com");
+}
+
+TEST_F(CustomerCardTest, keys_of_an_address_take_the_ordinary_rule_too) {
+  Open("zeynep");
+  Set("CariNew(4)", "INFO@ALİ.TR");
+  EXPECT_EQ(At("CariNew(4)").Text(), "info@ali.tr");
+}
+
+TEST_F(CustomerCardTest, every_refusal_has_the_same_icon_and_title) {
+  Sql("Cari.mdb", "UPDATE CariKartlar SET KartNo='K1' WHERE CariKod='C002'");
+  Open("zeynep");
+  At("CariNew(1)").SetText("burak demir");
+  Click("CariNewCmd(1)");
+  At("CariNew(1)").SetText("zeynep");
+  At("CariNew(9)").SetText("K1");
+  Click("CariNewCmd(1)");
+  ASSERT_EQ(messages.shown.size(), 2U);
+  EXPECT_EQ(messages.shown[0].text, "Dikkat Bu Unvan Kayıtlı..!");
+  EXPECT_EQ(messages.shown[1].text, "Bu Kart Numarası Kullanılmış...?");
+  for (const auto& box : messages.shown) {
+    EXPECT_EQ(box.title, "Dikkat...");
+    EXPECT_EQ(box.icon, MessageIcon::Information);
+  }
+}
+
+TEST_F(CustomerCardTest, after_a_refused_card_number_save_waits_for_a_change_of_the_clerks_own) {
+  Sql("Cari.mdb", "UPDATE CariKartlar SET KartNo='K1' WHERE CariKod='C002'");
+  Open("zeynep");
+  At("CariNew(9)").SetText("K1");
+  Click("CariNewCmd(1)");
+  EXPECT_FALSE(At("CariNewCmd(1)").Enabled());
+  EXPECT_TRUE(At("CariFrm").Visible());
+  At("CariNew(9)").SetText("K2");
+  EXPECT_TRUE(At("CariNewCmd(1)").Enabled());
+  Click("CariNewCmd(1)");
+  EXPECT_EQ(Customer("zeynep")["KartNo"], "K2");
+}
+
+TEST_F(CustomerCardTest, the_first_test_that_fails_is_the_one_told) {
+  Sql("Cari.mdb", "UPDATE CariKartlar SET KartNo='K1' WHERE CariKod='C002'");
+  Open("zeynep");
+  At("CariNew(0)").SetText("c001");
+  At("CariNew(1)").SetText("burak demir");
+  At("CariNew(9)").SetText("K1");
+  Click("CariNewCmd(1)");
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].text, "Dikkat Bu Cari Kodu Kayıtlı..!");
+  EXPECT_EQ(At("CariNew(9)").Text(), "K1");
+}
+
+TEST_F(CustomerCardTest, an_empty_card_number_stands_in_nobodys_way) {
+  ASSERT_EQ(Customer("C001")["KartNo"], "");
+  Open("zeynep");
+  Click("CariNewCmd(1)");
+  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_EQ(Customer("zeynep")["KartNo"], "");
+}
+
+TEST_F(CustomerCardTest, a_refusal_keeps_the_row_in_front_and_mutes_nothing_afterwards) {
+  Front("C002");
+  Open("zeynep");
+  ASSERT_EQ(desk->cursors.CariData.Text("CariKod"), "C002");
+  At("CariNew(0)").SetText("c001");
+  Click("CariNewCmd(1)");
+  EXPECT_EQ(desk->cursors.CariData.Text("CariKod"), "C002");
+  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(At("CariNew(1)").Text(), "zeynep");
+}
+
+TEST_F(CustomerCardTest, cancel_mutes_nothing_afterwards) {
+  Open("zeynep");
+  Click("CariNewCmd(0)");
+  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  Front("C002");
+  EXPECT_EQ(At("Text1(0)").Text(), "Burak Demir");
+}
+
+TEST_F(CustomerCardTest, after_cancel_and_save_the_whole_screen_shows_the_customer_in_front) {
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Borc=100, Bakiye=100, Hesap='Borç' WHERE CariKod='C001'");
+  Sql("Cari.mdb", "INSERT INTO \"VadeGün\" VALUES('C001','2026-02-20 00:00:00',100)");
+  for (const char* const button : {"CariNewCmd(0)", "CariNewCmd(1)"}) {
+    Front("C002");
+    ASSERT_FALSE(At("Vadefrm").Visible());
+    Open("zeynep");
+    Click(button);
+    EXPECT_EQ(At("Text1(0)").Text(), "Ayşe Yılmaz") << button;
+    EXPECT_EQ(At("Label5").Caption(), "100,00") << button;
+    EXPECT_TRUE(At("Vadefrm").Visible()) << button;
+    EXPECT_EQ(At("Label15").Caption(), "9 Gün") << button;
+    EXPECT_EQ(desk->cursors.HareketData.RecordSource(), "Select * From Datam Where CariKod='C001' Order By Tarih Desc") << button;
+  }
+}
+
+TEST_F(CustomerCardTest, the_stock_list_and_a_sale_close_the_panel_and_write_nothing) {
+  const std::string before = Count();
+  Open("zeynep");
+  At("StokChk").SetChecked(true);
+  EXPECT_FALSE(At("CariFrm").Visible());
+  At("StokChk").SetChecked(false);
+  Open("zeynep");
+  At("Text1(0)").SetText("Burak Demir");
+  DoubleTap("Label1(0)");
+  EXPECT_FALSE(At("CariFrm").Visible());
+  EXPECT_FALSE(At("CariGrid").Visible());
+  EXPECT_EQ(Count(), before);
+}
+
+TEST_F(CustomerCardTest, the_wholesalers_tick_stays_for_the_next_card) {
+  Open("toptancı bir");
+  At("CariChk").SetChecked(true);
+  Click("CariNewCmd(1)");
+  EXPECT_TRUE(At("CariChk").Checked());
+  Open("toptancı iki");
+  Click("CariNewCmd(1)");
+  EXPECT_EQ(Customer("toptancı iki")["Gurup"], "Toptan");
+}
+
+TEST_F(CustomerCardTest, a_code_name_or_card_number_with_a_quote_is_kept_and_refused_a_second_time) {
+  Open("veli'nin yeri");
+  At("CariNew(9)").SetText("K'1");
+  Click("CariNewCmd(1)");
+  EXPECT_EQ(Customer("veli''nin yeri")["Unvan"], "veli'nin yeri");
+  Open("zeynep");
+  At("CariNew(0)").SetText("veli'nin yeri");
+  Click("CariNewCmd(1)");
+  At("CariNew(0)").SetText("zeynep");
+  At("CariNew(1)").SetText("veli'nin yeri");
+  Click("CariNewCmd(1)");
+  At("CariNew(1)").SetText("zeynep");
+  At("CariNew(9)").SetText("K'1");
+  Click("CariNewCmd(1)");
+  ASSERT_EQ(messages.shown.size(), 3U);
+  EXPECT_EQ(messages.shown[0].text, "Dikkat Bu Cari Kodu Kayıtlı..!");
+  EXPECT_EQ(messages.shown[1].text, "Dikkat Bu Unvan Kayıtlı..!");
+  EXPECT_EQ(messages.shown[2].text, "Bu Kart Numarası Kullanılmış...?");
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariKartlar WHERE CariKod='zeynep'"), "0");
+}
+
+TEST_F(CustomerCardTest, save_puts_the_keyboard_away) {
+  Open("zeynep");
+  desk->form.KeyboardOpen = true;
+  Click("CariNewCmd(1)");
+  EXPECT_FALSE(desk->form.KeyboardOpen);
+}
+
 }  // namespace
 }  // namespace karvel
