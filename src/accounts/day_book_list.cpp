@@ -28,14 +28,13 @@ DayBookList::DayBookList(const DeskParts& parts, DayTotal& dayTotal) : parts_(pa
 void DayBookList::Tapped() {
   auto& [screen, form, cursors, settings, world] = parts_;
   const bool rows = cursors.HareketData.HasRows();
-  if (!ShowsDeletedLines()) {
-    screen.Command2.SetCaption("Satır Sil");
-    screen.Command2.SetEnabled(rows && !CancelledForGood());
-  }
+  screen.HareketGrid.SetMarker(rows);
+  if (ShowsDeletedLines()) return;
+  screen.Command2.SetCaption("Satır Sil");
+  screen.Command2.SetEnabled(rows && !CancelledForGood());
   for (int i = 2; i <= 6; ++i) screen.Label1(i).SetColor(color::kYellow);
   screen.Label5.SetColor(color::kRed);
   screen.Label1(7).SetCaption("Fiş Top.");
-  screen.HareketGrid.SetMarker(rows);
   screen.StokGrid.SetMarker(false);
   dayTotal_.ShowToday();
 }

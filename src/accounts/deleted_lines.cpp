@@ -45,10 +45,6 @@ void DeletedLines::Close() {
   screen.CariGrid.SetVisible(true);
   screen.Label5.SetColor(color::kWhite);
   OpenDesk(true);
-  // A tap on a line may have left its marks on the money column.
-  screen.Command2.SetCaption("Tamam");
-  screen.Command3.SetCaption("Çıkış");
-  screen.Label1(7).SetCaption("Bakiye");
   if (cursors.CariData.HasCurrent()) step("customer in front", cursors.CariData.MoveTo(cursors.CariData.CurrentKey()));
   step("day book", cursors.HareketData.Open(keptSource_));
   keptSource_.clear();
