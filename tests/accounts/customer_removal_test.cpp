@@ -143,5 +143,98 @@ TEST_F(CustomerRemovalTest, a_store_that_refuses_wipes_nothing) {
   EXPECT_EQ(desk->cursors.StokHarData.RecordSource(), "StokHareket");
 }
 
+TEST_F(CustomerRemovalTest, a_customer_with_a_quote_in_his_code_is_wiped_and_then_deleted) {
+  AddQuotedCards();
+  Front("O'1");
+  SellInFront("S'1", "2");
+  LeaveSale();
+  Click("CarSil");
+  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_EQ(Balance("O''1"), "0.0|0.0|0.0|Borç");
+  EXPECT_EQ(Count("Cari.mdb", "CariHareket"), "0");
+  EXPECT_EQ(Count("Karvel.mdb", "Datam"), "0");
+  EXPECT_EQ(Count("Stok.mdb", "StokHareket"), "0");
+  messages.answers.push_back("Yes");
+  Click("CarSil");
+  EXPECT_EQ(Count("Cari.mdb", "CariKartlar WHERE CariKod='O''1'"), "0");
+}
+
+TEST_F(CustomerRemovalTest, an_item_with_the_customers_code_that_stays_oversold_counts_so_unrounded) {
+  AddStock("C001", "Aynı Kod", "CikanMik=10.0625, GirenMik=2, KalanA=8.063, KalanB=4");
+  Sell("Ayşe Yılmaz", "1001", "3");
+  Remove("Ayşe Yılmaz");
+  EXPECT_EQ(Card("C001")["CikanMik"], "7.0625");
+  EXPECT_EQ(Card("C001")["KalanA"], "5.0625");
+  EXPECT_EQ(Card("C001")["KalanB"], "0.0");
+}
+
+TEST_F(CustomerRemovalTest, as_much_in_as_out_leaves_both_sides_at_zero) {
+  AddStock("C001", "Aynı Kod", "CikanMik=10, GirenMik=7, KalanA=3, KalanB=4");
+  Sell("Ayşe Yılmaz", "1001", "3");
+  Remove("Ayşe Yılmaz");
+  EXPECT_EQ(Card("C001")["KalanA"], "0.0");
+  EXPECT_EQ(Card("C001")["KalanB"], "0.0");
+}
+
+TEST_F(CustomerRemovalTest, purchases_stay_in_the_stock_with_what_they_brought) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  DoubleTap("Label4");
+  DoubleTap("Label4");
+  Post("4");
+  Remove("Ayşe Yılmaz");
+  EXPECT_EQ(Rows("Stok.mdb", "SELECT GirisCikis, Miktar FROM StokHareket"), std::vector<std::string>{"Alış|4.0"});
+  EXPECT_EQ(Card("1001")["GirenMik"], "4.0");
+  EXPECT_EQ(Count("Karvel.mdb", "Datam"), "0");
+  EXPECT_EQ(Balance("C001"), "0.0|0.0|0.0|Borç");
+  EXPECT_EQ(desk->form.RepositionGuard, 0);
+}
+
+TEST_F(CustomerRemovalTest, afterwards_the_screen_shows_nothing_owed_and_no_notice) {
+  Sell("Ayşe Yılmaz", "1001", "3");
+  clock.now = clock.now.PlusDays(5);
+  LeaveSale();
+  Front("C001");
+  ASSERT_EQ(At("Label5").Caption(), "150,00");
+  ASSERT_TRUE(At("Vadefrm").Visible());
+  Click("CarSil");
+  EXPECT_EQ(At("Label5").Caption(), "0,00");
+  EXPECT_FALSE(At("Vadefrm").Visible());
+  EXPECT_FALSE(desk->cursors.HareketData.HasRows());
+  EXPECT_EQ(At("Text1(0)").Text(), "Ayşe Yılmaz");
+}
+
+TEST_F(CustomerRemovalTest, after_a_store_that_refuses_the_screen_shows_what_is_owed) {
+  Sell("Ayşe Yılmaz", "1001", "3");
+  clock.now = clock.now.PlusDays(5);
+  engine.commitFault = {ErrorKind::DiskFull, "no room"};
+  Remove("Ayşe Yılmaz");
+  EXPECT_EQ(At("Label5").Caption(), "150,00");
+  EXPECT_TRUE(At("Vadefrm").Visible());
+  EXPECT_EQ(desk->cursors.HareketData.RecordCount(), 1);
+  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_FALSE(desk->screen.Busy());
+}
+
+TEST_F(CustomerRemovalTest, after_a_wipe_the_row_in_front_is_marked_again) {
+  Sell("Ayşe Yılmaz", "1001", "3");
+  desk->screen.CariGrid.SetMarker(false);
+  Remove("Ayşe Yılmaz");
+  EXPECT_TRUE(desk->screen.CariGrid.Marker());
+}
+
+TEST_F(CustomerRemovalTest, after_the_only_card_of_a_list_nobody_is_in_front) {
+  Sql("Cari.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Tek',1)");
+  AddCustomer("B001", "Tek Kişi", "Gurup='Tek'");
+  ASSERT_TRUE(Start());
+  At("GurupCombo").ChooseText("Tek");
+  messages.answers.push_back("Yes");
+  Click("CarSil");
+  EXPECT_FALSE(desk->cursors.CariData.HasRows());
+  EXPECT_EQ(Count("Cari.mdb", "CariKartlar WHERE CariKod='B001'"), "0");
+  Click("CarSil");  // asks in vain
+  EXPECT_EQ(Count("Cari.mdb", "CariKartlar WHERE CariKod='C001'"), "1");
+}
+
 }  // namespace
 }  // namespace karvel

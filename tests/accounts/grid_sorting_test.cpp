@@ -93,5 +93,18 @@ TEST(GridSorting, a_name_in_the_condition_is_not_taken_for_the_order) {
             "Select * From T Where A Like ' DESC order by b*' Order By B DESC");
 }
 
+TEST_F(GridSortingTest, a_heading_of_the_day_book_marks_its_row) {
+  Sql("Karvel.mdb", "INSERT INTO Datam(CariKod, StokAd, Tarih) VALUES('C001','Un','2026-02-01 10:00:00')");
+  EnterSale("Ayşe Yılmaz");
+  desk->screen.HareketGrid.SetMarker(false);
+  desk->screen.HareketGrid.headClick(2);
+  EXPECT_TRUE(desk->screen.HareketGrid.Marker());
+}
+
+TEST_F(GridSortingTest, a_sorted_list_of_a_quoted_group_keeps_its_group) {
+  EXPECT_EQ(GridSorting::Sorted("Select * From StokKartlar Where Gurup='Süt''lük' Order By StokAdi Asc", "StokKod", " ASC", " DESC"),
+            "Select * From StokKartlar Where Gurup='Süt''lük' Order By StokKod DESC");
+}
+
 }  // namespace
 }  // namespace karvel

@@ -73,5 +73,41 @@ TEST_F(OverdueNoticeTest, in_purchase_mode_the_list_does_not_follow) {
   EXPECT_FALSE(Noticed());
 }
 
+TEST_F(OverdueNoticeTest, it_stands_over_a_sale_too) {
+  Due("C001", "2026-02-20 00:00:00");
+  Show("Deniz Er");
+  EnterSale("Ayşe Yılmaz");
+  EXPECT_TRUE(Noticed());
+  EXPECT_EQ(At("Label15").Caption(), "9 Gün");
+  Click("Vadefrm");
+  Show("Ayşe Yılmaz");
+  EXPECT_TRUE(Noticed()) << "the customer in front is looked at again";
+}
+
+TEST_F(OverdueNoticeTest, days_are_counted_by_the_calendar_whatever_the_time) {
+  Due("C001", "2026-02-28 23:59:59");
+  Show("Ayşe Yılmaz");
+  EXPECT_EQ(At("Label15").Caption(), "1 Gün");
+  Due("C004", "2026-03-02 00:00:01");
+  Show("Deniz Er");
+  EXPECT_EQ(At("Label15").Caption(), "-1 Gün");
+}
+
+TEST_F(OverdueNoticeTest, what_is_due_later_today_is_no_notice_either) {
+  Due("C001", "2026-03-01 23:59:59");
+  Show("Ayşe Yılmaz");
+  EXPECT_FALSE(Noticed());
+  EXPECT_EQ(At("Label15").Caption(), "0");
+}
+
+TEST_F(OverdueNoticeTest, a_debtor_with_a_quote_in_his_code_is_noticed) {
+  AddCustomer("O''1", "O''Neil", "Bakiye=100, Borc=100, Hesap='Borç'");
+  ASSERT_TRUE(Start());
+  Due("O''1", "2026-02-20 00:00:00");
+  Show("O''Neil");
+  EXPECT_TRUE(Noticed());
+  EXPECT_EQ(At("Label15").Caption(), "9 Gün");
+}
+
 }  // namespace
 }  // namespace karvel

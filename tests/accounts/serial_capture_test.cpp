@@ -137,5 +137,41 @@ TEST_F(SerialCaptureTest, a_refused_serial_still_completes_a_full_list) {
   EXPECT_EQ(messages.shown[1].title, "Giriş Tamam");
 }
 
+TEST_F(SerialCaptureTest, an_empty_entry_with_pieces_still_missing_does_nothing) {
+  Scan("S1");
+  Key("Text4", key::kEnter);
+  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_TRUE(At("Frame4").Visible());
+  EXPECT_EQ(Taken(), Texts{"S1"});
+}
+
+TEST_F(SerialCaptureTest, a_serial_that_differs_by_case_is_the_same) {
+  Scan("s-old");
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].text, "Bu Seri Numarası\n\nDaha önce okutulmuş");
+  Scan("ab1");
+  Scan("AB1");
+  EXPECT_EQ(Taken(), Texts{"ab1"});
+}
+
+TEST_F(SerialCaptureTest, the_items_own_barcode_is_refused_as_well) {
+  Scan("8691001");
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].text, "Bu Seri Numarası Değil\n\nStok Barkodu");
+  EXPECT_EQ(Taken(), Texts{});
+  EXPECT_EQ(desk->cursors.StokData.Text("StokKod"), "1001");
+}
+
+TEST_F(SerialCaptureTest, the_item_is_found_again_also_with_a_quote_in_its_name) {
+  AddStock("1003", "Ali''nin Saati");
+  desk->form.RepositionGuard = 66;
+  ASSERT_TRUE(desk->cursors.StokData.FindFirst("StokKod='1002'").Ok());
+  desk->form.RepositionGuard = 0;
+  At("Text1(1)").SetText("Ali'nin Saati");
+  Type("Text4", "S1");
+  Key("Text4", key::kEnter);
+  EXPECT_EQ(desk->cursors.StokData.Text("StokKod"), "1003");
+}
+
 }  // namespace
 }  // namespace karvel

@@ -293,5 +293,59 @@ TEST_F(StockCardPanelTest, a_field_that_is_entered_selects_its_text_and_is_the_a
   EXPECT_EQ(desk->form.ActiveFieldCode, 5);
 }
 
+TEST_F(StockListTest, a_group_with_a_quote_in_its_name_narrows_the_cards) {
+  Sql("Stok.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Süt''lük',1)");
+  AddStock("5", "Kaşar", "Gurup='Süt''lük', KalanB=3");
+  ASSERT_TRUE(Start());
+  Tick();
+  At("GrpCombo").ChooseText("Süt'lük");
+  EXPECT_EQ(Listed(), Names{"Kaşar"});
+  At("StokCek").SetChecked(true);
+  EXPECT_EQ(Listed(), Names{"Kaşar"});
+}
+
+TEST_F(StockListTest, it_closes_the_panels_that_would_book_for_a_customer) {
+  for (const char* const panel : {"TahsilatFrame", "CariFrm"}) {
+    At(panel).SetVisible(true);
+    Tick();
+    EXPECT_FALSE(At(panel).Visible()) << panel;
+    At(panel).SetVisible(true);
+    Tick(false);
+    EXPECT_FALSE(At(panel).Visible()) << panel;
+  }
+}
+
+TEST_F(StockListTest, no_sale_is_entered_from_the_cards) {
+  Tick();
+  const std::string list = desk->cursors.CariData.RecordSource();
+  DoubleTap("Label1(0)");
+  EXPECT_TRUE(At("CariGrid").Visible());
+  EXPECT_FALSE(At("Frame2").Visible());
+  EXPECT_EQ(At("Label1(0)").Caption(), " Satış");
+  EXPECT_EQ(desk->cursors.CariData.RecordSource(), list);
+  EXPECT_TRUE(At("StokChk").Checked());
+}
+
+TEST_F(StockListTest, with_the_days_turnover_in_front_the_search_looks_for_the_lines_item) {
+  Sql("Karvel.mdb", "INSERT INTO Datam(CariKod, StokAd, Tarih) VALUES('C001','Bal','2026-03-01 10:00:00'),('C001','Un','2026-03-01 09:00:00')");
+  desk->form.RepositionGuard = 555;
+  At("CiroChk").SetChecked(true);
+  desk->cursors.CariData.SetDatabaseName(desk->form.DataDir + "Karvel.Mdb");
+  ASSERT_TRUE(desk->cursors.CariData.Open("Select * From Datam Order By Tarih Desc").Ok());
+  At("Stoktxt").SetText("u");
+  EXPECT_EQ(desk->cursors.CariData.Text("StokAd"), "Un");
+}
+
+TEST_F(StockListTest, the_switch_mutes_nothing_afterwards) {
+  Tick();
+  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_TRUE(desk->cursors.CariData.DatabaseName().ends_with("Stok.Mdb"));
+  Tick(false);
+  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_TRUE(desk->cursors.CariData.DatabaseName().ends_with("Cari.Mdb"));
+  EXPECT_EQ(desk->cursors.CariData.RecordSource(),
+            "Select * From CariKartlar Where HesKullan=False And Gurup<>'Toptan' And Left(CariKod,1)<>'=' Order By Unvan Asc");
+}
+
 }  // namespace
 }  // namespace karvel

@@ -276,5 +276,129 @@ TEST_F(StockReceiptTest, a_store_that_refuses_books_nothing_and_keeps_the_fields
   EXPECT_EQ(Balance("T001"), "0.0|100.0|100.0|Alacak");
 }
 
+TEST_F(StockReceiptTest, supplier_item_and_group_with_a_quote_are_found) {
+  AddQuotedCards();
+  At("GurupCombo").ChooseText("Toptan");
+  Front("T'1");
+  At("StokChk").SetChecked(true);
+  Search("S'1");  // a quote can't be searched for: the item is taken by its barcode
+  Sql("Stok.mdb", "UPDATE StokKartlar SET Barkod='777' WHERE StokKod='S''1'");
+  Search("777");
+  ASSERT_EQ(At("Text6(0)").Text(), "Taze 'Kaşar'");
+  Fill("40", "50", "2");
+  Click("StokAlCmd(1)");
+  EXPECT_EQ(Card("S''1")["GirenMik"], "2.0");
+  EXPECT_EQ(Balance("T''1"), "0.0|100.0|100.0|Alacak");
+  EXPECT_EQ(Day(LastId())["CariKod"], "T'1");
+  EXPECT_EQ(Day(LastId())["CariAd"], "Toptan'cı");
+  EXPECT_EQ(Day(LastId())["StokKod"], "S'1");
+  EXPECT_EQ(Day(LastId())["Gurup"], "Süt'lük");
+  EXPECT_EQ(Ledger(LastId(), "T''1")["Carisi"], "S'1");
+  EXPECT_EQ(Movement(LastId())["StokHarKod"], "Taze 'Kaşar'");
+}
+
+TEST_F(StockReceiptTest, a_new_product_with_a_quote_in_its_name_is_named_in_the_rows) {
+  Open();
+  Search("Ali'nin Balı");
+  Fill("8", "10", "5");
+  Click("StokAlCmd(1)");
+  EXPECT_EQ(Card("Ali''nin Balı")["GirenMik"], "5.0");
+  EXPECT_EQ(Day(LastId())["StokKod"], "Ali'nin Balı");
+}
+
+TEST_F(StockReceiptTest, only_the_card_in_front_is_raised_even_if_a_card_of_that_name_exists_elsewhere) {
+  Open();
+  Search("Pir");
+  Set("Text6(0)", "Şeker");  // the name of another card, with Pirinç still in front
+  Fill("1", "2", "3");
+  Click("StokAlCmd(1)");
+  EXPECT_EQ(Rows("Stok.mdb", "SELECT StokKod, GirenMik FROM StokKartlar WHERE StokAdi='Şeker' ORDER BY StokKod"),
+            (std::vector<std::string>{"1002|0.0", "Şeker|3.0"}));
+  EXPECT_EQ(Card("1001")["GirenMik"], "0.0");
+}
+
+TEST_F(StockReceiptTest, the_total_is_rounded_as_the_shop_writes_its_prices_and_so_are_the_rows) {
+  desk->form.PriceFormat = "#,##0";
+  Open();
+  Search("Bulgur");
+  Fill("8", "2,5", "3");
+  EXPECT_EQ(At("Label12(5)").Caption(), "8");
+  Click("StokAlCmd(1)");
+  EXPECT_EQ(Card("Bulgur")["GirenTutar"], "8.0");
+  EXPECT_EQ(Card("Bulgur")["Fiyat"], "2.5");
+  EXPECT_EQ(Movement(LastId())["Tutar"], "8.0");
+  EXPECT_EQ(Day(LastId())["Tutar"], "8.0");
+  EXPECT_EQ(Balance("T001"), "0.0|8.0|8.0|Alacak");
+}
+
+TEST_F(StockReceiptTest, terminal_two_writes_its_digits_into_the_id_and_both_tags) {
+  ASSERT_TRUE(Start("Velmora Karvel2"));
+  Open();
+  Search("Bulgur");
+  Fill("8", "10", "5");
+  Click("StokAlCmd(1)");
+  EXPECT_EQ(LastId(), "20000000261");
+  EXPECT_EQ(Day(LastId())["Plasiyer"], "WinKarvel1");
+  EXPECT_EQ(Day(LastId())["tGurup"], "WinKarvel1");
+  EXPECT_EQ(Ledger(LastId(), "T001")["Alacak"], "50.0");
+  EXPECT_EQ(Movement(LastId())["Miktar"], "5.0");
+}
+
+TEST_F(StockReceiptTest, a_narrowed_stock_list_is_back_afterwards) {
+  const std::string narrowed = "Select * From StokKartlar Where StokGizle=False And Gurup='Gıda' Order By StokAdi Asc";
+  Open();
+  ASSERT_TRUE(desk->cursors.StokData.Open(narrowed).Ok());
+  Search("Bulgur");
+  Fill("8", "10", "5");
+  Click("StokAlCmd(1)");
+  EXPECT_EQ(desk->cursors.StokData.RecordSource(), narrowed);
+  EXPECT_EQ(desk->cursors.StokData.RecordCount(), 2);
+  EXPECT_EQ(desk->form.RepositionGuard, 0);
+}
+
+TEST_F(StockReceiptTest, goods_without_a_name_are_not_booked) {
+  Open();
+  for (const char* const name : {"", "   "}) {
+    At("Text6(0)").SetText(name);
+    Fill("8", "10", "5");
+    Click("StokAlCmd(1)");
+    EXPECT_TRUE(At("StokAl").Visible());
+    EXPECT_TRUE(At("Text6(0)").HasFocus());
+  }
+  EXPECT_EQ(One("Stok.mdb", "SELECT count(*) FROM StokKartlar"), "2");
+  EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam"), "0");
+  EXPECT_EQ(LastId(), "");
+}
+
+TEST_F(StockReceiptTest, as_much_in_as_out_writes_the_on_hand_side_with_zero) {
+  Sql("Stok.mdb", "UPDATE StokKartlar SET CikanMik=10, KalanA=10, KalanB=7 WHERE StokKod='1001'");
+  Open();
+  Search("Pir");
+  Fill("40", "50", "10");
+  Click("StokAlCmd(1)");
+  EXPECT_EQ(Card("1001")["KalanB"], "0.0");
+  EXPECT_EQ(Card("1001")["KalanA"], "10.0");
+}
+
+TEST_F(StockReceiptTest, the_cost_of_the_card_and_its_other_prices_stay) {
+  Sql("Stok.mdb", "UPDATE StokKartlar SET Maliyet=33, Fiyat2=45, Fiyat3=44 WHERE StokKod='1001'");
+  Open();
+  Search("Pir");
+  Fill("42", "55", "1");
+  Click("StokAlCmd(1)");
+  EXPECT_EQ(One("Stok.mdb", "SELECT Maliyet, Fiyat2, Fiyat3, gFiyat FROM StokKartlar WHERE StokKod='1001'"), "33.0|45.0|44.0|42.0");
+}
+
+TEST_F(StockReceiptTest, each_row_reads_the_clock_anew) {
+  Open();
+  Search("Bulgur");
+  Fill("8", "10", "5");
+  desk->cursors.StokHarData.repositioned.Connect([this] { clock.now = {2026, 3, 2, 0, 0, 1}; });
+  Click("StokAlCmd(1)");
+  EXPECT_EQ(Movement(LastId())["Tarih"], "2026-03-01 10:15:00");
+  EXPECT_EQ(Ledger(LastId(), "T001")["Tarih"], "2026-03-02 00:00:01");
+  EXPECT_EQ(Day(LastId())["Tarih"], "2026-03-02 00:00:01");
+}
+
 }  // namespace
 }  // namespace karvel

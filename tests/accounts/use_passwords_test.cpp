@@ -184,5 +184,44 @@ TEST_F(UsePasswordsTest, only_the_right_button_on_customers_opens_the_menu) {
   EXPECT_TRUE(messages.shown.empty());
 }
 
+TEST_F(UsePasswordsTest, cancelling_with_a_password_set_clears_the_tick_and_the_program_goes_on) {
+  Keep("iSif", "gizli");
+  Tick();  // no answer: the box is cancelled
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(window.ends, 0);
+  EXPECT_FALSE(At("SilinenChk").Checked());
+  EXPECT_TRUE(At("CariGrid").Visible());
+  EXPECT_TRUE(At("Form1").Enabled());
+  EXPECT_EQ(Kept("iSif"), "gizli");
+}
+
+TEST_F(UsePasswordsTest, the_second_prompt_of_the_menu_offers_what_was_typed_at_the_first) {
+  messages.answers = {"anah", "anahtar"};
+  RightPress();
+  ASSERT_EQ(messages.shown.size(), 2U);
+  EXPECT_EQ(messages.shown[0].preset, "");
+  EXPECT_EQ(messages.shown[1].preset, "anah");
+}
+
+TEST_F(UsePasswordsTest, no_password_is_ever_offered) {
+  Keep("iSif", "gizli");
+  Keep("aSif", "anahtar");
+  RightPress();
+  Tick();
+  ASSERT_EQ(messages.shown.size(), 2U);
+  for (const auto& box : messages.shown) EXPECT_EQ(box.preset, "");
+}
+
+TEST_F(UsePasswordsTest, the_menu_of_a_customer_with_a_quote_in_his_code_finds_his_rows) {
+  AddCustomer("O''1", "O''Neil");
+  Sql("Cari.mdb", "INSERT INTO CariHareket(cariharkod, Borc) VALUES('O''1', 30)");
+  Keep("aSif", "anahtar");
+  ASSERT_TRUE(Start());
+  messages.answers = {"anahtar"};
+  ASSERT_TRUE(desk->cursors.CariData.FindFirst("CariKod='O''1'").Ok());
+  RightPress();
+  EXPECT_EQ(At("CarSil").Caption(), "Cari Hareketleri Sil");
+}
+
 }  // namespace
 }  // namespace karvel

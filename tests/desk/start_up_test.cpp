@@ -145,6 +145,31 @@ TEST_F(StartUpTest, options_toggle_and_are_saved_at_once) {
   EXPECT_EQ(settings.Get("Velmora Karvel1", "Stoklu", "Stoklu", ""), "False");
 }
 
+TEST_F(StartUpTest, the_monthly_purge_is_switched_and_saved_at_once) {
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(At("AySil").Caption(), "30 Gün Öncesini Sil");
+  EXPECT_FALSE(At("AySil").Checked());
+  Click("AySil");
+  EXPECT_TRUE(At("AySil").Checked());
+  EXPECT_EQ(settings.Get("Velmora Karvel1", "AySil", "AySil", ""), "True");
+  ASSERT_TRUE(Start());
+  EXPECT_TRUE(At("AySil").Checked());
+  Click("AySil");
+  EXPECT_EQ(settings.Get("Velmora Karvel1", "AySil", "AySil", ""), "False");
+}
+
+TEST_F(StartUpTest, the_sale_list_shows_eight_fields_of_a_card) {
+  ASSERT_TRUE(Start());
+  const std::vector<std::pair<std::string, std::string>> wanted{
+      {"Stok Kodu", "StokKod"}, {"Stok Adı", "StokAdi"}, {"Maliyet", "gFiyat"}, {"1.Fiyat", "Fiyat"},
+      {"2.Fiyat", "Fiyat2"},    {"3.Fiyat", "Fiyat3"},   {"Kalan", "KalanB"},   {"Yeri", "Yeri"}};
+  std::vector<std::pair<std::string, std::string>> shown;
+  for (const GridColumn& column : desk->screen.StokGrid.Columns())
+    if (column.visible) shown.emplace_back(Trim(column.caption), column.field);
+  EXPECT_EQ(shown, wanted);
+  EXPECT_EQ(desk->screen.StokGrid.Source(), &desk->cursors.StokData);
+}
+
 TEST_F(StartUpTest, a_terminal_with_ftp_waits_for_the_connection) {
   settings.Save("Velmora Karvel1", "Size", "FtpUrl", "ftp.merkez");
   connection.downFor = 3;

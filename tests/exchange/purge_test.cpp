@@ -43,6 +43,34 @@ TEST_F(PurgeTest, a_thirtieth_day_drops_the_movements_of_all_three_books) {
   EXPECT_EQ(Days("Karvel.mdb", "Datam"), left);
 }
 
+TEST_F(PurgeTest, the_last_second_of_the_limit_day_goes_and_the_next_stays) {
+  for (const char* const moment : {"2026-01-31 23:59:59", "2026-02-01 00:00:00"}) {
+    const std::string date(moment);
+    Sql("Cari.mdb", "INSERT INTO CariHareket(cariharkod, Tarih) VALUES('C001','" + date + "')");
+    Sql("Stok.mdb", "INSERT INTO StokHareket(Carisi, Tarih) VALUES('C001','" + date + "')");
+    Sql("Karvel.mdb", "INSERT INTO Datam(CariKod, Tarih) VALUES('C001','" + date + "')");
+  }
+  StartOn(kSixtiethDay);
+  const Texts left{"2026-02-01", "2026-03-01"};
+  EXPECT_EQ(Days("Cari.mdb", "CariHareket"), left);
+  EXPECT_EQ(Days("Stok.mdb", "StokHareket"), left);
+  EXPECT_EQ(Days("Karvel.mdb", "Datam"), left);
+}
+
+TEST_F(PurgeTest, on_new_years_day_it_reaches_back_into_the_old_year) {
+  Sql("Karvel.mdb", "INSERT INTO Datam(CariKod, Tarih) VALUES('C001','2025-12-02 23:59:59'),('C001','2025-12-03 00:00:00')");
+  StartOn({2026, 1, 1, 8, 0, 0});
+  EXPECT_EQ(Days("Karvel.mdb", "Datam"), (Texts{"2025-12-03", "2026-01-30", "2026-01-31", "2026-03-01"}));
+}
+
+TEST_F(PurgeTest, due_dates_serials_and_invoices_are_no_movements) {
+  Sql("Cari.mdb", "INSERT INTO \"VadeGün\" VALUES('C001','2025-01-01 00:00:00',30)");
+  Sql("SeriNo.mdb", "INSERT INTO SeriNo(barcode, Tarih) VALUES('S1','2025-01-01 00:00:00')");
+  StartOn(kSixtiethDay);
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM \"VadeGün\""), "1");
+  EXPECT_EQ(One("SeriNo.mdb", "SELECT count(*) FROM SeriNo"), "1");
+}
+
 TEST_F(PurgeTest, a_row_without_a_date_stays) {
   StartOn(kSixtiethDay);
   EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam WHERE CariKod='undated'"), "1");

@@ -31,6 +31,7 @@ class ScriptedMessages final : public Messages {
   struct Box {
     std::string text, title;
     MessageIcon icon = MessageIcon::None;
+    std::string preset{};  // what an input box offers
   };
   MessageAnswer MessageBox(const std::string& text, const std::string& title, MessageIcon icon, MessageButtons buttons) override {
     shown.push_back({text, title, icon});
@@ -38,8 +39,8 @@ class ScriptedMessages final : public Messages {
     if (buttons == MessageButtons::YesNo) return answer == "Yes" ? MessageAnswer::Yes : MessageAnswer::No;
     return MessageAnswer::Ok;
   }
-  std::optional<std::string> InputBox(const std::string& prompt, const std::string& title, const std::string&) override {
-    shown.push_back({prompt, title, MessageIcon::None});
+  std::optional<std::string> InputBox(const std::string& prompt, const std::string& title, const std::string& preset) override {
+    shown.push_back({prompt, title, MessageIcon::None, preset});
     return Next();
   }
   std::optional<FontChoice> FontDialog(const FontChoice&) override { return std::nullopt; }
