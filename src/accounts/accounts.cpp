@@ -30,10 +30,10 @@ struct Accounts::Features {
   CollectionPanel collection{parts, money};
   LineCorrection correction{parts, desk.Button(), desk.Prices()};
   LineCancellation cancellation{parts, desk.Button()};
-  DayBookList dayBook{parts, desk.Totals()};
+  DayBookList dayBook{parts, desk.Totals(), desk.Customers()};
   StockReceipt receipt{parts, desk.Numbers()};
   CustomerCard customerCard{parts, desk.Customers()};
-  CustomerRemoval customerRemoval{parts};
+  CustomerRemoval customerRemoval{parts, desk.Customers()};
   LedgerView ledgerView{parts};
   GridSorting sorting{parts};
   StockList stockList{parts};

@@ -16,7 +16,7 @@ void DeleteAll(Cursor& rows) {
 
 }  // namespace
 
-CustomerRemoval::CustomerRemoval(const DeskParts& parts) : parts_(parts) {
+CustomerRemoval::CustomerRemoval(const DeskParts& parts, CustomerList& customers) : parts_(parts), customers_(customers) {
   parts_.screen.CarSil.click.Connect([this] { Remove(); });
 }
 
@@ -46,6 +46,7 @@ void CustomerRemoval::AskAndDeleteCard() {
   if (deleted.Ok()) {
     step("next card", card.MoveNext());
     if (card.Eof()) step("previous card", card.MovePrevious());
+    if (!card.HasCurrent()) customers_.FollowInFront();  // the last one's name and balance go with him
   }
   if (deleted.Kind() != ErrorKind::NoRecord) ShowRefusal(world, deleted);
 }

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "desk/customer_list.h"
 #include "desk/parts.h"
 #include "platform/status.h"
 
@@ -11,7 +12,7 @@ namespace karvel {
 
 class CustomerRemoval {
  public:
-  explicit CustomerRemoval(const DeskParts& parts);
+  CustomerRemoval(const DeskParts& parts, CustomerList& customers);
 
  private:
   void Remove();
@@ -21,6 +22,7 @@ class CustomerRemoval {
   void TakeBackSale();
 
   DeskParts parts_;
+  CustomerList& customers_;
 };
 
 }  // namespace karvel

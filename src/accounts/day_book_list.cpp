@@ -12,17 +12,22 @@ namespace {
 const Steps step("DayBookList");
 }
 
-DayBookList::DayBookList(const DeskParts& parts, DayTotal& dayTotal) : parts_(parts), dayTotal_(dayTotal) {
+DayBookList::DayBookList(const DeskParts& parts, DayTotal& dayTotal, CustomerList& customers)
+    : parts_(parts), dayTotal_(dayTotal), customers_(customers) {
   Screen& screen = parts_.screen;
   screen.HareketGrid.click.Connect([this] { Tapped(); });
   screen.HareketGrid.dblClick.Connect([this] { DoubleTapped(); });
   screen.HareketGrid.mouseUp.Connect([this](const MouseEvent&) { Released(); });
   screen.HareketGrid.keyDown.Connect([this](KeyEvent& event) { DeleteRowOnKey(parts_, parts_.cursors.HareketData, event); });
-  screen.CariGrid.keyDown.Connect([this](KeyEvent& event) {
-    // The same list also shows stock and the day book; those rows are not wiped from here.
-    Cursor& customers = parts_.cursors.CariData;
-    if (customers.SourceTable() && customers.SourceTable()->name == "CariKartlar") DeleteRowOnKey(parts_, customers, event);
-  });
+  screen.CariGrid.keyDown.Connect([this](KeyEvent& event) { DeleteCustomerOnKey(event); });
+}
+
+void DayBookList::DeleteCustomerOnKey(KeyEvent& event) {
+  Cursor& customers = parts_.cursors.CariData;
+  // The same list also shows stock and the day book; those rows are not wiped from here.
+  if (!customers.SourceTable() || customers.SourceTable()->name != "CariKartlar") return;
+  DeleteRowOnKey(parts_, customers, event);
+  if (event.dropped && !customers.HasCurrent()) customers_.FollowInFront();  // the last one's name and balance go with him
 }
 
 void DayBookList::Tapped() {

@@ -2,6 +2,7 @@
 // loaded into the entry fields, or wiped by the Delete key.
 #pragma once
 
+#include "desk/customer_list.h"
 #include "desk/day_total.h"
 #include "desk/parts.h"
 
@@ -9,9 +10,10 @@ namespace karvel {
 
 class DayBookList {
  public:
-  DayBookList(const DeskParts& parts, DayTotal& dayTotal);
+  DayBookList(const DeskParts& parts, DayTotal& dayTotal, CustomerList& customers);
 
  private:
+  void DeleteCustomerOnKey(KeyEvent& event);
   void Tapped();
   void DoubleTapped();
   void Released();
@@ -21,6 +23,7 @@ class DayBookList {
 
   DeskParts parts_;
   DayTotal& dayTotal_;
+  CustomerList& customers_;
 };
 
 }  // namespace karvel

@@ -232,6 +232,8 @@ TEST_F(CustomerRemovalTest, after_the_only_card_of_a_list_nobody_is_in_front) {
   Click("CarSil");
   EXPECT_FALSE(desk->cursors.CariData.HasRows());
   EXPECT_EQ(Count("Cari.mdb", "CariKartlar WHERE CariKod='B001'"), "0");
+  EXPECT_EQ(At("Text1(0)").Text(), "");
+  EXPECT_EQ(At("Label5").Caption(), "0,00");
   Click("CarSil");  // asks in vain
   EXPECT_EQ(Count("Cari.mdb", "CariKartlar WHERE CariKod='C001'"), "1");
 }

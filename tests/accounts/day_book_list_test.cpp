@@ -254,5 +254,24 @@ TEST_F(DeletedLinesTest, the_delete_key_wipes_one_as_it_stands) {
   EXPECT_EQ(shell.sounds.size(), 1U);
 }
 
+class EmptiedListTest : public AccountsFixture {};
+
+TEST_F(EmptiedListTest, behind_the_only_customer_nobody_is_in_front) {
+  Sql("Cari.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Tek',1)");
+  AddCustomer("B001", "Tek Kişi", "Gurup='Tek', Borc=5, Bakiye=5, Hesap='Borç'");
+  ASSERT_TRUE(Start());
+  At("GurupCombo").ChooseText("Tek");
+  ASSERT_EQ(At("Label5").Caption(), "5,00");
+  At("Silme").SetChecked(true);
+  KeyEvent event{key::kDelete};
+  desk->screen.CariGrid.keyDown(event);
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariKartlar WHERE CariKod='B001'"), "0");
+  EXPECT_EQ(At("Text1(0)").Text(), "");
+  EXPECT_EQ(At("Label5").Caption(), "0,00");
+  Set("Text2(2)", "5");
+  Click("Command2");
+  EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam"), "0");
+}
+
 }  // namespace
 }  // namespace karvel
