@@ -229,5 +229,35 @@ TEST_F(CollectionPanelTest, without_a_choice_or_the_panel_enter_in_the_amount_go
   EXPECT_EQ(At("Label3").Caption(), "Nakit");
 }
 
+TEST_F(CollectionPanelTest, money_taken_behind_a_sale_with_the_panel_already_away_is_for_the_item_in_front) {
+  PickItem("1002");
+  At("Command7(1)").click();
+  EXPECT_EQ(Day(LastId())["StokAd"], "Şeker");
+  EXPECT_EQ(Ledger(LastId(), "=100")["Aciklama"], "Şeker");
+  EXPECT_EQ(Ledger(LastId(), "Muhtelif Müşteri")["Aciklama"], "Muhtelif Müşteri Tahsilat İle");
+}
+
+TEST_F(CollectionPanelTest, a_collection_of_the_whole_balance_deletes_every_due_date) {
+  Sql("Cari.mdb", "INSERT INTO \"VadeGün\" VALUES('Muhtelif Müşteri','2026-01-05 00:00:00',999)");
+  Click("Command1");
+  Click("Command7(1)");
+  EXPECT_EQ(Due("Muhtelif Müşteri"), std::vector<std::string>{});
+}
+
+TEST_F(CollectionPanelTest, each_button_posts_to_its_own_account) {
+  Click("Command1");
+  Click("Command8(1)");
+  At("Text2(2)").SetText("30");
+  Click("Command7(1)");
+  EXPECT_EQ(Ledger(LastId(), "=150")["Borc"], "30.0");
+  EXPECT_EQ(Day(LastId())["StokAd"], "Kredi Kartı Tahsilat");
+  Click("Command1");
+  EXPECT_EQ(At("Text2(2)").Text(), "70");
+  Click("Command8(0)");
+  Click("Command7(1)");
+  EXPECT_EQ(Ledger(LastId(), "=100")["Borc"], "70.0");
+  EXPECT_EQ(Balance("Muhtelif Müşteri"), "100.0|100.0|0.0|Borç");
+}
+
 }  // namespace
 }  // namespace karvel

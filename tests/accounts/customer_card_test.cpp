@@ -327,5 +327,32 @@ TEST_F(CustomerCardTest, save_puts_the_keyboard_away) {
   EXPECT_FALSE(desk->form.KeyboardOpen);
 }
 
+TEST_F(CustomerCardTest, a_name_typed_with_blanks_around_it_comes_trimmed) {
+  Open("  zeynep ");
+  EXPECT_EQ(At("CariNew(0)").Text(), "zeynep");
+  EXPECT_EQ(At("CariNew(1)").Text(), "zeynep");
+}
+
+TEST_F(CustomerCardTest, a_code_in_capitals_is_refused_against_small_letters_with_either_i) {
+  AddCustomer("ılık", "Bir");
+  AddCustomer("dilim", "İki");
+  Open("zeynep");
+  for (const char* const code : {"ILIK", "İLİK", "ilik", "DILIM", "DİLİM", "dılım"}) {
+    messages.shown.clear();
+    At("CariNew(0)").SetText(code);
+    Click("CariNewCmd(1)");
+    ASSERT_EQ(messages.shown.size(), 1U) << code;
+    EXPECT_EQ(messages.shown[0].text, "Dikkat Bu Cari Kodu Kayıtlı..!") << code;
+  }
+}
+
+TEST_F(CustomerCardTest, a_card_with_one_more_letter_is_another) {
+  Open("zeynep");
+  At("CariNew(0)").SetText("C0011");
+  Click("CariNewCmd(1)");
+  EXPECT_TRUE(messages.shown.empty());
+  EXPECT_EQ(Customer("C0011")["Unvan"], "zeynep");
+}
+
 }  // namespace
 }  // namespace karvel

@@ -261,6 +261,27 @@ TEST_F(StockListTest, the_delete_key_removes_a_card_without_a_question) {
   EXPECT_EQ(shell.sounds.size(), 3U);
 }
 
+TEST_F(StockListTest, before_the_desk_has_opened_a_choice_narrows_nothing) {
+  Tick();
+  At("Command3").SetVisible(false);
+  At("GrpCombo").ChooseText("Temizlik");
+  At("StokCek").SetChecked(true);
+  EXPECT_EQ(Listed(), (Names{"Pirinç", "Sabun", "Şeker"}));
+}
+
+TEST_F(StockListTest, a_group_with_stock_on_hand_needs_both) {
+  AddStock("5", "Deterjan", "Gurup='Temizlik', KalanB=4");
+  Tick();
+  At("GrpCombo").ChooseText("Temizlik");
+  EXPECT_EQ(Listed(), (Names{"Deterjan", "Sabun"}));
+  At("StokCek").SetChecked(true);
+  EXPECT_EQ(Listed(), Names{"Deterjan"});
+  EXPECT_EQ(desk->cursors.CariData.RecordSource(),
+            "Select * From StokKartlar Where StokGizle=False  And Gurup='Temizlik' And KalanB<>0 Order By StokAdi ASC");
+  At("StokCek").SetChecked(false);
+  EXPECT_EQ(Listed(), (Names{"Deterjan", "Sabun"}));
+}
+
 class StockCardPanelTest : public StockListTest {};
 
 TEST_F(StockCardPanelTest, saving_opens_with_code_and_name_and_does_nothing) {

@@ -400,5 +400,72 @@ TEST_F(StockReceiptTest, each_row_reads_the_clock_anew) {
   EXPECT_EQ(Day(LastId())["Tarih"], "2026-03-02 00:00:01");
 }
 
+TEST_F(StockReceiptTest, a_barcode_wins_over_a_name_and_a_name_over_a_code) {
+  AddStock("9", "8691001 Kutu");
+  AddStock("Pir", "Zeytin");
+  ASSERT_TRUE(Start());
+  Open();
+  Search("8691001");
+  EXPECT_EQ(At("Text6(0)").Text(), "Pirinç");
+  Search("Pir");
+  EXPECT_EQ(At("Text6(0)").Text(), "Pirinç");
+  Search("8691001 K");
+  EXPECT_EQ(At("Text6(0)").Text(), "8691001 Kutu");
+}
+
+TEST_F(StockReceiptTest, goods_that_go_back_are_booked_with_their_minus) {
+  Sql("Stok.mdb", "UPDATE StokKartlar SET GirenMik=5, KalanB=5 WHERE StokKod='1001'");
+  Open();
+  Search("Pir");
+  At("Text6(3)").SetText("-2");
+  EXPECT_EQ(At("Label12(5)").Caption(), "-100,00");
+  Click("StokAlCmd(1)");
+  EXPECT_EQ(Card("1001")["GirenMik"], "3.0");
+  EXPECT_EQ(Card("1001")["KalanB"], "3.0");
+  EXPECT_EQ(Balance("T001"), "0.0|-100.0|100.0|Borç");
+}
+
+TEST_F(StockReceiptTest, saving_is_off_while_the_total_is_zero) {
+  Open();
+  Search("Bulgur");
+  EXPECT_FALSE(At("StokAlCmd(1)").Enabled());
+  Set("Text6(3)", "5");
+  EXPECT_FALSE(At("StokAlCmd(1)").Enabled());
+  Set("Text6(1)", "8");  // the price of the rows is not the total's
+  EXPECT_FALSE(At("StokAlCmd(1)").Enabled());
+  Set("Text6(2)", "10");
+  EXPECT_TRUE(At("StokAlCmd(1)").Enabled());
+  At("Text6(2)").SetText("");
+  EXPECT_EQ(At("Text6(2)").Text(), "0");
+  EXPECT_FALSE(At("StokAlCmd(1)").Enabled());
+  At("Text6(4)").SetText("");
+  EXPECT_EQ(At("Text6(4)").Text(), "0");
+}
+
+TEST_F(StockReceiptTest, in_purchase_mode_it_can_not_be_marked_for_correction) {
+  Open();
+  Search("Pir");
+  Fill("40", "50", "2");
+  Click("StokAlCmd(1)");
+  const std::string id = LastId();
+  Click("StokAlCmd(0)");
+  At("Label4").SetCaption("Alış");
+  TapLine(id);
+  desk->screen.HareketGrid.DoubleTapCell(2);
+  EXPECT_EQ(At("Command3").Caption(), "Çıkış");
+}
+
+TEST_F(StockReceiptTest, the_next_receipt_takes_the_next_id) {
+  Open();
+  for (const char* const name : {"Bulgur", "Mercimek"}) {
+    Search(name);
+    Fill("8", "10", "5");
+    Click("StokAlCmd(1)");
+  }
+  EXPECT_EQ(LastId(), "10000000262");
+  EXPECT_EQ(Balance("T001"), "0.0|100.0|100.0|Alacak");
+  EXPECT_EQ(Rows("Karvel.mdb", "SELECT StokKod FROM Datam ORDER BY DigerId"), (std::vector<std::string>{"Bulgur", "Mercimek"}));
+}
+
 }  // namespace
 }  // namespace karvel
