@@ -223,5 +223,17 @@ TEST_F(UsePasswordsTest, the_menu_of_a_customer_with_a_quote_in_his_code_finds_h
   EXPECT_EQ(At("CarSil").Caption(), "Cari Hareketleri Sil");
 }
 
+TEST_F(UsePasswordsTest, the_password_of_the_percent_is_exact_and_its_box_offers_zero) {
+  Keep("aSif", "anahtar");
+  messages.answers = {"Anahtar"};
+  Click("Yuzde");
+  EXPECT_EQ(messages.shown.size(), 1U);
+  messages.answers = {"anahtar", "10"};
+  Click("Yuzde");
+  ASSERT_EQ(messages.shown.size(), 3U);
+  EXPECT_EQ(messages.shown[2].preset, "0");
+  EXPECT_EQ(desk->form.MinSalePercent, 10);
+}
+
 }  // namespace
 }  // namespace karvel
