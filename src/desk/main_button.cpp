@@ -9,6 +9,12 @@
 #include "text/turkish.h"
 
 namespace karvel {
+namespace {
+
+// What stands in a field means this card: its name, whatever signs of a search are in it, or the beginning of it.
+bool Names(const std::string& shown, const std::string& card) { return shown == Trim(card) || Like(card, shown + "*"); }
+
+}  // namespace
 
 MainButton::MainButton(const DeskParts& parts, SalePosting& posting) : parts_(parts), posting_(posting) {
   parts_.screen.Command2.click.Connect([this] { Pressed(); });
@@ -76,7 +82,7 @@ bool MainButton::PayerInFront() const {
   if (!ListsCustomers(screen) || name.empty()) return false;
   // After the store was away the list comes back with the customer that the screen still names.
   if (!customers.HasCurrent() && !(customers.Refresh().Ok() && customers.FindFirst("Unvan=" + sources::Quoted(name)).Ok())) return false;
-  if (Like(customers.Text("Unvan"), name + "*")) return true;
+  if (Names(name, customers.Text("Unvan"))) return true;
   Cursor named(parts_.world.stores, "payer");
   named.SetDatabaseName(customers.DatabaseName());
   return named.Open("Select * From CariKartlar Where Unvan=" + sources::Quoted(name)).Ok() && named.HasRows();
@@ -85,7 +91,7 @@ bool MainButton::PayerInFront() const {
 void MainButton::PostSaleLine() {
   auto& [screen, form, cursors, settings, world] = parts_;
   const std::string item = Trim(screen.Text1(1).Text());
-  if (item.empty() || !cursors.StokData.HasCurrent() || !Like(cursors.StokData.Text("StokAdi"), item + "*")) {
+  if (item.empty() || !cursors.StokData.HasCurrent() || !Names(item, cursors.StokData.Text("StokAdi"))) {
     screen.Text1(1).SetFocus();  // the screen names no item, or not the one in front
     return;
   }

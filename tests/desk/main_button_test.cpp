@@ -78,5 +78,27 @@ TEST_F(MainButtonTest, after_a_deletion_or_its_refusal_by_the_clerk_only_the_lis
   EXPECT_TRUE(At("Command2").Enabled());
 }
 
+TEST_F(MainButtonTest, names_that_hold_signs_of_a_search_are_sold_and_paid_as_any_other) {
+  AddStock("2001", "Kutu #5 [mavi]?");
+  AddCustomer("H001", "Hanımeli [no 1] #2");
+  ASSERT_TRUE(Start());
+  Front("H001");
+  SellInFront("2001", "2");
+  EXPECT_EQ(Day(LastId())["StokAd"], "Kutu #5 [mavi]?");
+  LeaveSale();
+  PayInFront("5");
+  EXPECT_EQ(Day(LastId())["CariAd"], "Hanımeli [no 1] #2");
+}
+
+TEST_F(MainButtonTest, an_item_that_the_screen_does_not_name_is_not_sold) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  At("Text1(1)").SetText("Şek");
+  Set("Text2(1)", "2");
+  Click("Command2");
+  EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam"), "0");
+  EXPECT_TRUE(At("Text1(1)").HasFocus());
+}
+
 }  // namespace
 }  // namespace karvel
