@@ -215,8 +215,11 @@ class DeletedLinesTest : public DayBookListTest {
   // Every text, colour and switch that a tap on a line moves elsewhere.
   std::vector<std::string> Column() {
     std::vector<std::string> all;
-    for (const char* const name : {"Command2", "Command3", "Label5", "Label1(0)", "Label1(5)", "Label1(7)", "Text1(0)", "Text1(1)", "Text2(0)", "Text2(1)", "Text2(2)"})
-      all.push_back(std::string(name) + "=" + At(name).Caption() + "|" + std::to_string(At(name).Color()) + "|" + (At(name).Enabled() ? "on" : "off"));
+    for (const char* const name : {"Command2", "Command3", "Label5", "Label1(0)", "Label1(5)", "Label1(7)", "Text1(0)", "Text1(1)",
+                                   "Text2(0)", "Text2(1)", "Text2(2)"}) {
+      const Element& element = At(name);
+      all.push_back(element.Name() + "=" + element.Caption() + "|" + std::to_string(element.Color()) + (element.Enabled() ? "|on" : "|off"));
+    }
     return all;
   }
   std::string id;
