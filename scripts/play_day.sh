@@ -4,7 +4,7 @@
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . scripts/common.sh
 bin=$1 folder=$2 day=$PWD/scripts/day.jsonl
-export KARVEL_HOME=$folder/home
+export KARVEL_HOME=$folder/home KARVEL_CLOCK=2026-03-02T09:00:00
 
 # The requests name their screenshots by file name alone: the robot works in the folder.
 (cd "$folder" && timeout 300 "$bin/karvel-robot" <"$day" >answers.jsonl) || Fail "the robot ended with an error"
@@ -22,13 +22,13 @@ Rows() {
   echo "$1"
   sqlite3 -readonly -header -column "$data/$2" "$3"
 }
-slip=$(sqlite3 -readonly "$data/Karvel.mdb" "SELECT SeriNo FROM Datam ORDER BY rowid DESC LIMIT 1")
+today="Tarih LIKE '2026-03-02%'"
 {
   echo "The day that the robot played"
-  Rows "Day book, slip $slip" Karvel.mdb "SELECT SeriNo, CariAd, StokAd, Durum, Miktar, Fiyat, Tutar, Tarih, DigerId FROM Datam ORDER BY rowid DESC LIMIT 5"
-  Rows "Stock movements" Stok.mdb "SELECT StokHarKod, GirisCikis, Miktar, Fiyat, Tutar, DigerId FROM StokHareket ORDER BY rowid DESC LIMIT 5"
-  Rows "Customer ledger" Cari.mdb "SELECT cariharkod, Aciklama, Borc, Alacak, DigerId FROM CariHareket ORDER BY rowid DESC LIMIT 5"
-  Rows "Customer card" Cari.mdb "SELECT CariKod, Unvan, Borc, Alacak, Bakiye, Hesap FROM CariKartlar
-    WHERE CariKod = (SELECT cariharkod FROM CariHareket ORDER BY rowid DESC LIMIT 1)"
+  Rows "Day book" Karvel.mdb "SELECT SeriNo, CariAd, StokAd, Durum, Miktar, Fiyat, Tutar, Tahsilat, Tarih, DigerId FROM Datam WHERE $today"
+  Rows "Stock movements" Stok.mdb "SELECT StokHarKod, GirisCikis, Miktar, Fiyat, Tutar, DigerId FROM StokHareket WHERE $today"
+  Rows "Ledger" Cari.mdb "SELECT cariharkod, Aciklama, Borc, Alacak, DigerId FROM CariHareket WHERE $today"
+  Rows "Accounts of the day" Cari.mdb "SELECT CariKod, Unvan, Borc, Alacak, Bakiye, Hesap FROM CariKartlar
+    WHERE CariKod IN (SELECT cariharkod FROM CariHareket WHERE $today) OR CariKod = 'zeytindalı'"
 } >"$folder/summary.txt" || Fail "the summary could not be written"
 cat "$folder/summary.txt"
