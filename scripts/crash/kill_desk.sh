@@ -1,5 +1,5 @@
 #!/bin/bash
-# Kills the desk at random moments and looks over the books.
+# Kills the desk at random moments while a clerk does everything that can be done at it, and looks over the books.
 #   kill_desk.sh [times=1000] [seed=1]
 # Builds the release preset first. KARVEL_BIN tells another folder of built programs, and nothing is built then.
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
