@@ -1,5 +1,7 @@
 #include "desk/product_field.h"
 
+#include <initializer_list>
+
 #include "desk/completion.h"
 #include "desk/screen_keyboard.h"
 #include "desk/sources.h"
@@ -58,32 +60,40 @@ void ProductField::EnterDown() {
   const std::string text = screen.Text1(1).Text();
   if (Trim(text).empty()) return;  // a reader that ends a code with two signs must not sell the card without a barcode
   step("find barcode", cards.FindFirst("Barkod='" + text + "'"));
-  // The card in front is the one meant, also when another bears the same name.
-  const bool inFront = cards.NoMatch() && cards.HasCurrent() && cards.Text("StokAdi") == text;
-  if (cards.NoMatch() && !inFront) step("find name", cards.FindFirst("StokAdi='" + text + "'"));
-  if (cards.NoMatch() && !inFront) return;
-  matched_ = true;
+  matched_ = !cards.NoMatch();
+  if (!matched_ && !FindName(text)) return;
   screen.Text1(1).SetText(cards.Text("StokAdi"));
   screen.Text2(1).SetText("1");
+}
+
+bool ProductField::FindName(const std::string& text) {
+  Cursor& cards = parts_.cursors.StokData;
+  // The card in front is the one meant, also when another bears the same name.
+  if (cards.HasCurrent() && cards.Text("StokAdi") == text) {
+    // Its prices are worked out as if it had been found: those of another item may stand there, or a step of its own.
+    return cards.MoveTo(cards.CurrentKey()).Ok();
+  }
+  step("find name", cards.FindFirst("StokAdi='" + text + "'"));
+  return !cards.NoMatch();
 }
 
 bool ProductField::FindCard(const std::string& text) {
   auto& [screen, form, cursors, settings, world] = parts_;
   Cursor& cards = cursors.StokData;
-  const auto find = [&text](Cursor& among) {
-    for (const char* const column : {"Barkod", "StokKod", "StokAdi"}) {
+  const auto find = [&text](Cursor& among, std::initializer_list<const char*> columns) {
+    for (const char* const column : columns) {
       step("find card", among.FindFirst(std::string(column) + "='" + text + "'"));
       if (!among.NoMatch()) return true;
     }
     return false;
   };
-  if (find(cards)) return true;
+  if (find(cards, {"Barkod", "StokKod"}) || FindName(text)) return true;
   if (cards.RecordSource() != sources::kStock) {
     // The list is narrowed to a group or a name; what the customer lays on the counter is sold all the same.
     Cursor all(world.stores, "all cards");
     all.SetDatabaseName(cards.DatabaseName());
     step("all cards", all.Open(sources::kStock));
-    if (find(all)) {
+    if (find(all, {"Barkod", "StokKod", "StokAdi"})) {
       step("all cards", cards.Open(sources::kStock));
       step("found card", cards.MoveTo(all.CurrentKey()));
       return true;

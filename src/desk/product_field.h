@@ -18,6 +18,7 @@ class ProductField {
   void EnterDown();       // first pass, at the key's going down
   void EnterCharacter();  // second pass, at the key's character
   bool FindCard(const std::string& text);
+  bool FindName(const std::string& text);
   void TextChanged();
   void KeyUp(const KeyEvent& event);
   void CodeRead(const std::string& code);
@@ -27,7 +28,7 @@ class ProductField {
   void ScannedText();  // Label11 changed
 
   DeskParts parts_;
-  bool matched_ = false;  // the first pass of this Enter found the card in front
+  bool matched_ = false;  // the first pass of this Enter found the card in front by its barcode
   bool reading_ = false;
   std::deque<std::string> codes_;  // read and not yet entered, the oldest first
 };
