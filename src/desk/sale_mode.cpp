@@ -48,6 +48,7 @@ void SaleMode::DoubleTap(int index) {
 
 void SaleMode::FlipSearch() {
   auto& [screen, form, cursors, settings, world] = parts_;
+  CloseKeyboard(parts_);
   if (!form.LastStokSearch.empty()) {
     Cursor& cards = cursors.StokData;
     const std::string criteria = "StokAdi Like '" + form.LastStokSearch + "'";
@@ -83,6 +84,7 @@ bool SaleMode::Enter() {
   auto& [screen, form, cursors, settings, world] = parts_;
   Cursor& customers = cursors.CariData;
   if (!ListsCustomers(screen)) return false;  // no row of stock or of the day book buys anything
+  CloseKeyboard(parts_);  // what was written on it is taken, so the item in front is shown
   CloseBookingPanels(screen);
   screen.Text2(2).SetText("0");
   screen.Text2(3).SetText("0");
