@@ -3,6 +3,8 @@
 #include <fmt/format.h>
 #include <sqlite3.h>
 
+#include <cctype>
+
 #include "desk/sources.h"
 #include "store/sqlite/sqlite_engine.h"
 #include "store/sqlite/templates.h"
@@ -33,6 +35,12 @@ const std::string& TemplateFolder() {
   }();
   EXPECT_TRUE(made);
   return folder.Path();
+}
+
+// The code that the window gives to the key of a letter: only the plain letters and digits have one.
+int KeyOf(const std::string& letter) {
+  const auto first = static_cast<unsigned char>(letter[0]);
+  return first == ' ' || std::isalnum(first) ? std::toupper(first) : 0;
 }
 
 }  // namespace
@@ -139,7 +147,7 @@ void DeskFixture::Type(const std::string& name, const std::string& letters) {
   field.SetFocus();
   for (std::size_t i = 0; i < LetterCount(letters); ++i) {
     const std::string letter = MidLetters(letters, i, 1);
-    KeyEvent event{static_cast<unsigned char>(letter[0])};
+    KeyEvent event{KeyOf(letter)};
     field.keyDown(event);
     if (event.dropped) continue;
     char32_t code = static_cast<unsigned char>(letter[0]);
@@ -167,6 +175,29 @@ void DeskFixture::Set(const std::string& name, const std::string& text) {
 void DeskFixture::Key(const std::string& name, int code) {
   At(name).SetFocus();
   keyboard.Send(code);
+}
+
+void DeskFixture::Erase(const std::string& name) {
+  Element& field = At(name);
+  field.SetFocus();
+  KeyEvent event{key::kBackspace};
+  field.keyDown(event);
+  CharacterEvent character{key::kBackspace};
+  field.character(character);
+  if (!event.dropped && character.character != 0) {
+    auto start = static_cast<std::size_t>(field.SelectionStart());
+    const auto end = start + static_cast<std::size_t>(field.SelectionLength());
+    if (start == end && start > 0) --start;
+    const std::string before = LeftLetters(field.Text(), start);
+    field.SetText(before + MidLetters(field.Text(), end));
+    if (field.SelectionStart() == 0) field.Select(static_cast<int>(LetterCount(before)), 0);
+  }
+  field.keyUp(event);
+}
+
+void DeskFixture::Tap(const std::string& name) {
+  At(name).SetFocus();
+  Click(name);
 }
 
 void DeskFixture::EnterSale(const std::string& customer) {

@@ -49,6 +49,8 @@ class DeskFixture : public ::testing::Test {
   void Type(const std::string& name, const std::string& letters);  // behind what is there
   void Set(const std::string& name, const std::string& text);      // over what is there
   void Key(const std::string& name, int code);
+  void Erase(const std::string& name);  // Backspace: the selection, or the letter before the caret
+  void Tap(const std::string& name);    // on a field: the focus goes there, then the click
   void EnterSale(const std::string& customer);
   void PickItem(const std::string& code);  // a tap on its row in StokGrid
   void Post(const std::string& quantity);  // the quantity and Tamam

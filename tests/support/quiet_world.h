@@ -64,13 +64,17 @@ class InstantLoop final : public EventLoop {
     if (duringWait) duringWait();
   }
   void RunPendingButInput() override {}
-  void Wait(int) override { RunPending(); }
+  void Wait(int milliseconds) override {
+    waits.push_back(milliseconds);
+    RunPending();
+  }
   void Later(std::function<void()> work) override { work(); }
   std::shared_ptr<void> Every(int, std::function<void()> tick) override {
     timer = tick;
     return std::shared_ptr<void>(this, [this](void*) { timer = nullptr; });
   }
   std::function<void()> duringWait;
+  std::vector<int> waits;        // in milliseconds, since the test began
   std::function<void()> timer;  // the timer that runs now
 };
 
