@@ -6,7 +6,23 @@
 namespace karvel {
 namespace {
 
-class MainButtonTest : public AccountsFixture {};
+using Lines = std::vector<std::string>;
+
+class MainButtonTest : public AccountsFixture {
+ protected:
+  Lines Booked() { return Rows("Karvel.mdb", "SELECT CariKod, StokKod, Miktar, Tutar, Tahsilat, Durum FROM Datam ORDER BY DigerId"); }
+  // A press on the button, however it stands.
+  void Press() {
+    At("Command2").SetEnabled(true);
+    Click("Command2");
+  }
+  // Caption and pointer while the button works, as often as they change.
+  void Watch() {
+    At("Command2").changed.Connect([this] { seen.push_back(At("Command2").Caption()); });
+    desk->screen.pointerChanged.Connect([this](bool busy) { seen.push_back(busy ? "busy" : "normal"); });
+  }
+  Lines seen;
+};
 
 TEST_F(MainButtonTest, it_is_off_and_says_wait_under_a_busy_pointer_while_a_sale_is_posted) {
   EnterSale("Ayşe Yılmaz");
@@ -98,6 +114,202 @@ TEST_F(MainButtonTest, an_item_that_the_screen_does_not_name_is_not_sold) {
   Click("Command2");
   EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam"), "0");
   EXPECT_TRUE(At("Text1(1)").HasFocus());
+}
+
+// What a press means.
+
+TEST_F(MainButtonTest, a_deletion_comes_before_a_payment) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  TapLine(LastId());
+  At("CariGrid").SetVisible(true);
+  Set("Text2(2)", "40");
+  At("Command2").SetCaption("Satır Sil");
+  messages.answers = {"No"};
+  Press();
+  EXPECT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(Booked(), Lines{"C001|1001|2.0|100.0|0.0|Satış"});
+}
+
+TEST_F(MainButtonTest, a_correction_comes_before_the_list_in_front) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string id = LastId();
+  TapLine(id);
+  desk->screen.HareketGrid.DoubleTapCell(2);
+  Click("Command3");
+  Set("Text2(0)", "50");
+  Set("Text2(1)", "3");
+  Set("Text2(2)", "40");
+  At("CariGrid").SetVisible(true);
+  Press();
+  EXPECT_EQ(Booked(), Lines{"C001|1001|3.0|150.0|0.0|Satış"});
+}
+
+TEST_F(MainButtonTest, a_correction_comes_before_a_sale) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  Correct(LastId(), "50", "3");
+  EXPECT_EQ(Booked(), Lines{"C001|1001|3.0|150.0|0.0|Satış"});
+}
+
+TEST_F(MainButtonTest, with_the_customers_in_front_it_takes_the_payment) {
+  Pay("Burak Demir", "40");
+  EXPECT_EQ(Booked(), Lines{"C002||0.0|0.0|40.0|Nakit"});
+}
+
+TEST_F(MainButtonTest, in_a_sale_it_posts_the_line_and_leaves_the_payment) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1002");
+  Set("Text2(2)", "40");
+  Post("2");
+  EXPECT_EQ(Booked(), Lines{"C001|1002|2.0|40.0|0.0|Satış"});
+}
+
+TEST_F(MainButtonTest, after_no_a_tap_on_the_line_opens_the_button_again) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  TapLine(LastId());
+  messages.answers = {"No", "Yes"};
+  Click("Command2");
+  TapLine(LastId());
+  Click("Command2");
+  EXPECT_EQ(Booked(), Lines{"C001|1001|2.0|100.0|0.0|Iptal"});
+}
+
+// While it works.
+
+TEST_F(MainButtonTest, a_payment_shows_that_it_works) {
+  Set("Text1(0)", "Burak Demir");
+  Set("Text2(2)", "40");
+  Watch();
+  Click("Command2");
+  EXPECT_EQ(seen, (Lines{"Bekleyin", "busy", "Tamam", "normal"}));
+}
+
+TEST_F(MainButtonTest, a_second_tap_while_a_line_is_posted_posts_nothing) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  Set("Text2(1)", "2");
+  int taps = 0;
+  At("Command2").changed.Connect([&] {
+    if (At("Command2").Caption() != "Bekleyin") return;
+    ++taps;
+    At("Command2").Press();  // nothing happens while the button is off
+  });
+  Click("Command2");
+  EXPECT_EQ(taps, 1);
+  EXPECT_EQ(Booked(), Lines{"C001|1001|2.0|100.0|0.0|Satış"});
+}
+
+TEST_F(MainButtonTest, after_a_sale_the_button_is_off_until_the_next_quantity) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  EXPECT_EQ(At("Text2(1)").Text(), "0");
+  Set("Text2(1)", "1");
+  EXPECT_TRUE(At("Command2").Enabled());
+}
+
+TEST_F(MainButtonTest, while_names_are_typed_the_stock_list_is_ready_after_a_line) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  EXPECT_TRUE(At("StokGrid").HasFocus());
+}
+
+// The slip's number.
+
+TEST_F(MainButtonTest, the_lines_of_a_slip_have_one_number_that_all_terminals_count) {
+  settings.Save("Velmora Karvel", "Size", "DökNo", "000041");
+  Sell("Ayşe Yılmaz", "1001", "2");
+  PickItem("1002");
+  Post("1");
+  EXPECT_EQ(Rows("Karvel.mdb", "SELECT SeriNo FROM Datam"), (Lines{"000042", "000042"}));
+  EXPECT_EQ(settings.Get("Velmora Karvel", "Size", "DökNo", ""), "000042");
+}
+
+TEST_F(MainButtonTest, a_press_that_sells_nothing_takes_no_number) {
+  EnterSale("Ayşe Yılmaz");
+  Press();
+  EXPECT_EQ(desk->form.SlipNo, "");
+  EXPECT_EQ(settings.Get("Velmora Karvel", "Size", "DökNo", "none"), "none");
+}
+
+// Refusals.
+
+TEST_F(MainButtonTest, without_an_item_on_the_screen_nothing_is_sold) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  At("Text1(1)").SetText(" ");
+  Post("2");
+  EXPECT_EQ(Booked(), Lines{});
+  EXPECT_TRUE(At("Text1(1)").HasFocus());
+  EXPECT_EQ(At("Command2").Caption(), "Tamam");
+}
+
+TEST_F(MainButtonTest, an_item_sells_whatever_signs_its_name_has) {
+  for (const char* name : {"Süt [1 L]", "Kola #2", "Ekmek?", "Yağ*", "Lay''s", "100% Portakal", " Boşluk"}) {
+    Sql("Stok.mdb", std::string("UPDATE StokKartlar SET StokAdi='") + name + "' WHERE StokKod='1001'");
+    Sql("Karvel.mdb", "DELETE FROM Datam");
+    ASSERT_TRUE(Start());
+    Sell("Ayşe Yılmaz", "1001", "2");
+    EXPECT_EQ(Booked(), Lines{"C001|1001|2.0|100.0|0.0|Satış"}) << name;
+  }
+}
+
+TEST_F(MainButtonTest, a_quantity_of_nothing_sells_nothing) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  Set("Text2(2)", "40");
+  Set("Text2(1)", "0");
+  ASSERT_TRUE(At("Command2").Enabled());  // there is a payment
+  Click("Command2");
+  EXPECT_EQ(Booked(), Lines{});
+  EXPECT_TRUE(At("Text2(1)").HasFocus());
+}
+
+TEST_F(MainButtonTest, without_a_customers_name_nothing_is_paid) {
+  Set("Text2(2)", "40");
+  At("Text1(0)").SetText("");
+  Click("Command2");
+  EXPECT_EQ(Booked(), Lines{});
+  EXPECT_TRUE(At("Text1(0)").HasFocus());
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariHareket"), "0");
+}
+
+TEST_F(MainButtonTest, a_name_that_nobody_has_pays_nothing) {
+  Set("Text2(2)", "40");
+  At("Text1(0)").SetText("Kimse Yok");
+  Click("Command2");
+  EXPECT_EQ(Booked(), Lines{});
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariHareket"), "0");
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariKartlar WHERE Unvan='Kimse Yok'"), "0");
+}
+
+TEST_F(MainButtonTest, the_beginning_of_the_name_in_front_is_that_customer) {
+  Set("Text1(0)", "Burak Demir");
+  At("CariGrid").SetFocus();
+  At("Text1(0)").SetText("burak");
+  Set("Text2(2)", "40");
+  Click("Command2");
+  EXPECT_EQ(Booked(), Lines{"C002||0.0|0.0|40.0|Nakit"});
+}
+
+TEST_F(MainButtonTest, over_an_empty_list_nothing_is_paid) {
+  Sql("Cari.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Boş',1)");
+  ASSERT_TRUE(Start());
+  At("GurupCombo").ChooseText("Boş");
+  Set("Text2(2)", "40");
+  Click("Command2");
+  EXPECT_EQ(Booked(), Lines{});
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariHareket"), "0");
+}
+
+TEST_F(MainButtonTest, over_the_stock_list_the_button_is_off_and_pays_nothing) {
+  At("StokChk").SetChecked(true);
+  Set("Text2(2)", "40");
+  EXPECT_FALSE(At("Command2").Enabled());
+  Press();
+  EXPECT_EQ(Booked(), Lines{});
+}
+
+TEST_F(MainButtonTest, after_a_refusal_the_scanner_reads_on) {
+  EnterSale("Ayşe Yılmaz");
+  Press();
+  EXPECT_TRUE(scanner.enabled);
 }
 
 }  // namespace
