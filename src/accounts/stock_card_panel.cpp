@@ -16,14 +16,22 @@ StockCardPanel::StockCardPanel(const DeskParts& parts) : parts_(parts) {
       field.SelectAll();
       parts_.form.ActiveFieldCode = static_cast<float>(i);
     });
+    field.lostFocus.Connect([this] { Left(); });
     field.changed.Connect([this] { OpenSave(); });
   }
-  screen.StokNewCmd(kCancel).click.Connect([this, &screen] {
-    CloseKeyboard(parts_);
+  screen.StokGiris.altered.Connect([this] { Left(); });
+  screen.StokNewCmd(kCancel).click.Connect([&screen] {
     screen.StokGiris.SetVisible(false);
     screen.Text1(1).SetFocus();
   });
   OpenSave();
+}
+
+void StockCardPanel::Left() {
+  const Screen& screen = parts_.screen;
+  const Element* const focused = screen.elements.Focused();
+  // The keyboard over the new code mutes the items: it goes with the panel, and when the clerk goes on elsewhere.
+  if (!screen.StokGiris.Visible() || (focused && focused->Panel() != &screen.StokGiris)) CloseKeyboard(parts_);
 }
 
 void StockCardPanel::OpenSave() {

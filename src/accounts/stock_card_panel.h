@@ -12,6 +12,7 @@ class StockCardPanel {
 
  private:
   void OpenSave();
+  void Left();  // the panel closed, or the focus went on
 
   DeskParts parts_;
 };

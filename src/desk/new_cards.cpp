@@ -23,7 +23,7 @@ void OpenStockCard(const DeskParts& parts, const std::string& name) {
 }
 
 void CloseBookingPanels(Screen& screen) {
-  for (Element* const panel : {&screen.StokAl, &screen.TahsilatFrame, &screen.CariFrm}) panel->SetVisible(false);
+  for (Element* const panel : {&screen.StokAl, &screen.TahsilatFrame, &screen.CariFrm, &screen.StokGiris}) panel->SetVisible(false);
 }
 
 }  // namespace karvel
