@@ -15,7 +15,8 @@ class Gone(Exception):
 
 class Robot:
     def __init__(self, program, home, title="Velmora Karvel1", wrap=(), preexec=None):
-        environment = dict(os.environ, KARVEL_HOME=home, KARVEL_TITLE=title, KARVEL_CLOCK="2026-03-01T10:15:00", QT_QPA_PLATFORM="offscreen")
+        # What a killed one leaves in the folder of temporary files goes with the home.
+        environment = dict(os.environ, KARVEL_HOME=home, KARVEL_TITLE=title, KARVEL_CLOCK="2026-03-01T10:15:00", QT_QPA_PLATFORM="offscreen", TMPDIR=home)
         environment.pop("DISPLAY", None)
         self.process = subprocess.Popen([*wrap, program], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
                                         env=environment, preexec_fn=preexec, restore_signals=preexec is None)
