@@ -108,6 +108,7 @@ void DeskGrid::FetchIfStale() {
       const GridRow anchor = rows_.Rows()[static_cast<std::size_t>(top)];
       scroll_ = rows_.LoadAround(anchor, kMargin, count) * RowHeight() + offset;
     }
+    if (!placedWithRows_ && rows_.Count() > 0) placing_ = true;  // the widths of an empty list were its headings'
     if (current.key != 0 && current.key != followed_) BringIntoView(current);
     followed_ = current.key;
     ClampScroll();
@@ -269,6 +270,7 @@ void DeskGrid::scrollContentsBy(int, int) {
 
 void DeskGrid::PlaceAnew() {
   placing_ = false;
+  placedWithRows_ = rows_.Count() > 0;
   const QFontMetrics head(ui_.theme.Font(FontRole::GridHead));
   const QFont font = TextFont();
   std::vector<ColumnNeed> needs(columns_.size());

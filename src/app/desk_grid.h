@@ -114,7 +114,7 @@ class DeskGrid : public QAbstractScrollArea {
   std::int64_t extent_ = -1;         // rows of a source of modest size; -1: too many to count in passing
   std::optional<ValueScale> scale_;  // of a longer one
   int scaleField_ = -1;              // the position of its sorted field
-  bool stale_ = true, placing_ = true, showingBar_ = false;
+  bool stale_ = true, placing_ = true, placedWithRows_ = false, showingBar_ = false;
   QTimer measure_, hold_;
 
   Drag drag_ = Drag::None;

@@ -109,12 +109,13 @@ void DeskGrid::FitColumns(const QPainter& painter) {
     }
     column.pixelSize = font.pixelSize();
   }
-  // One size for all figures: an amount must not look larger than its neighbour for having fewer digits.
-  int figures = painter.font().pixelSize();
-  for (const ShownColumn& column : shown_)
-    if (column.figures) figures = std::min(figures, column.pixelSize);
-  for (ShownColumn& column : shown_)
-    if (column.figures) column.pixelSize = figures;
+  // One size for all but the names, which may stand on two lines: an amount must not look larger than its neighbour for having fewer digits.
+  const int names = StretchColumn(columns_);
+  int size = painter.font().pixelSize();
+  for (std::size_t i = 0; i < shown_.size(); ++i)
+    if (static_cast<int>(i) != names) size = std::min(size, shown_[i].pixelSize);
+  for (std::size_t i = 0; i < shown_.size(); ++i)
+    if (static_cast<int>(i) != names) shown_[i].pixelSize = size;
 }
 
 QString DeskGrid::TextAt(int index, const ShownColumn& column) const {

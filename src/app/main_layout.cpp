@@ -10,6 +10,7 @@
 #include "app/text_field.h"
 #include "app/touch_button.h"
 #include "app/touch_label.h"
+#include "text/turkish.h"
 
 namespace karvel {
 namespace {
@@ -155,7 +156,12 @@ void MainLayout::BuildMoney() {
   balanceName->SetLook(LabelLook::FieldName);
   auto* const balance = qobject_cast<TouchLabel*>(Of(screen.Label5));
   balance->SetLook(LabelLook::BigAmount);
-  balance->SetRedNote("Alacak");
+  // Red stands by a balance for the shop's debt; by the sum of a slip it only tells that a line was tapped.
+  const auto noteDebt = [balance, &name = screen.Label1(7)] { balance->SetRedNote(Trim(name.Caption()) == "Bakiye" ? "Alacak" : ""); };
+  noteDebt();
+  screen.Label1(7).altered.Connect([self = QPointer<TouchLabel>(balance), noteDebt] {
+    if (self) noteDebt();
+  });
   money_->addWidget(balanceName);
   money_->addWidget(balance);
 
@@ -190,6 +196,7 @@ void MainLayout::BuildMoney() {
   money_->addLayout(commands_);
   mainCommands_ = new QHBoxLayout;
   qobject_cast<TouchButton*>(Of(screen.Command2))->SetLook(ButtonLook::Main);
+  qobject_cast<TouchButton*>(Of(screen.Command2))->SetDeletingCaption("Satır Sil");
   mainCommands_->addWidget(Of(screen.Command3), 2);
   mainCommands_->addWidget(Of(screen.Command2), 3);
   Of(screen.Command3)->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);

@@ -2,7 +2,10 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QLabel>
+#include <QPointer>
 #include <QProgressBar>
+#include <functional>
 #include <initializer_list>
 
 #include "app/choice_fields.h"
@@ -12,6 +15,7 @@
 #include "app/text_field.h"
 #include "app/touch_button.h"
 #include "app/touch_label.h"
+#include "text/format.h"
 
 namespace karvel {
 namespace {
@@ -54,7 +58,19 @@ class Builder {
     Of(field)->setAccessibleName(ToQt(name.Caption()).trimmed());
   }
 
-  void Text(const char* text) { card_->Content().addWidget(new FieldName(ui_, QString::fromUtf8(text), card_, FontRole::Title)); }
+  QLabel* Text(const char* text) {
+    auto* const label = new FieldName(ui_, QString::fromUtf8(text), card_, FontRole::Title);
+    card_->Content().addWidget(label);
+    return label;
+  }
+  // A line of the card that follows these elements.
+  void Following(QLabel* label, std::initializer_list<const Element*> elements, std::function<QString()> text) {
+    label->setText(text());
+    for (const Element* element : elements)
+      const_cast<Element*>(element)->altered.Connect([self = QPointer<QLabel>(label), text] {
+        if (self) self->setText(text());
+      });
+  }
   void Wide(const Element& element, int stretch = 0) { card_->Content().addWidget(Of(element), stretch); }
 
   QHBoxLayout* Row(std::initializer_list<const Element*> elements) {
@@ -148,6 +164,9 @@ void Receipt(Builder& build, DeskUi& ui, const Screen& screen) {
 
 void Money(Builder& build, DeskUi& ui, const Screen& screen) {
   build.Card(screen.TahsilatFrame, CardPlace::OverList, "", 440);
+  // What is collected, and how: the amount itself stands beside the list.
+  build.Following(build.Text(""), {&screen.Label3, &screen.Text2(2)},
+                  [&screen] { return ToQt(screen.Label3.Caption() + "  " + Format(screen.Text2(2).Text(), "Standard")); });
   build.Row({&screen.Command8(0), &screen.Command8(1)});
   build.Wide(screen.Command9);
   build.Gap();
@@ -158,13 +177,18 @@ void Money(Builder& build, DeskUi& ui, const Screen& screen) {
   PanelCard* const due = build.Card(screen.Vadefrm, CardPlace::Corner, "", 240);
   due->SetMovable();
   due->setToolTip("Kapatmak için dokunun");
-  build.Text("Vadesi geçen");
+  build.Following(build.Text(""), {&screen.Label15}, [&screen] {
+    return screen.Label15.Caption().starts_with("-") ? QStringLiteral("Vadesine kalan") : QStringLiteral("Vadesi geçen");
+  });
   auto* const days = qobject_cast<TouchLabel*>(build.Of(screen.Label15));
   days->SetLook(LabelLook::Amount);
   days->setAttribute(Qt::WA_TransparentForMouseEvents);
   build.Wide(screen.Label15);
 
   build.Card(screen.Frame4, CardPlace::OverList, "", 440);
+  build.Following(build.Text(""), {&screen.List1, &screen.Text2(1)}, [&screen] {
+    return QStringLiteral("%1 / %2 okutuldu").arg(screen.List1.Items().size()).arg(ToQt(screen.Text2(1).Text()));
+  });
   build.Field(0, 0, "Okutulan seri numarası", screen.Text4);
   build.Wide(screen.List1, 1);
   build.Of(screen.List1)->setMinimumHeight(ui.theme.Px(220));

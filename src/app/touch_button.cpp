@@ -63,6 +63,10 @@ void TouchButton::paintEvent(QPaintEvent*) {
   QColor ground = green ? palette::kMain : palette::kRaised;
   QColor line = green ? Mixed(palette::kMain, palette::kText, 0.25) : palette::kLine;
   QColor ink = green ? QColor(Qt::white) : palette::kText;
+  if (!deletingCaption_.isEmpty() && text() == deletingCaption_) {
+    ground = StateFill(color::kRed);
+    line = StateInk(color::kRed);
+  }
   if (IsSpecialState(state_)) {
     ground = StateFill(state_);
     ink = StateInk(state_);

@@ -15,6 +15,8 @@ class TouchButton : public QAbstractButton {
  public:
   TouchButton(const DeskUi& ui, const Element& element, QWidget* parent);
   void SetLook(ButtonLook look);
+  // Under this caption a press deletes, and the button looks so.
+  void SetDeletingCaption(const QString& caption) { deletingCaption_ = caption; }
   void Sync();
   [[nodiscard]] QFont TextFont() const;
   [[nodiscard]] QSize sizeHint() const override;
@@ -27,6 +29,7 @@ class TouchButton : public QAbstractButton {
   const DeskUi& ui_;
   const Element& element_;
   ButtonLook look_ = ButtonLook::Usual;
+  QString deletingCaption_;
   int state_ = -1;
 };
 

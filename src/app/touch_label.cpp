@@ -42,6 +42,11 @@ void TouchLabel::SetLook(LabelLook look) {
   update();
 }
 
+void TouchLabel::SetRedNote(const QString& note) {
+  redNote_ = note;
+  update();
+}
+
 void TouchLabel::Sync() {
   const QString text = ToQt(element_.Caption()).trimmed();
   if (text != text_) {

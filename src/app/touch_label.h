@@ -27,7 +27,7 @@ class TouchLabel : public QWidget {
   void SetLook(LabelLook look);
   [[nodiscard]] LabelLook Look() const { return look_; }
   // What a red amount says in words too.
-  void SetRedNote(const QString& note) { redNote_ = note; }
+  void SetRedNote(const QString& note);
   void Sync();
   [[nodiscard]] QFont TextFont() const;
   [[nodiscard]] int InnerWidth() const;

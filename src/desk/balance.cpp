@@ -5,7 +5,9 @@
 namespace karvel {
 
 CardBalance BalanceOf(double debit, double credit) {
-  if (credit > debit) return {RoundTo(credit - debit, 2), "Alacak"};
+  // By the rounded difference: sums of kuruş differ by a hair, and a balance of nothing is nobody's credit.
+  const double over = RoundTo(credit - debit, 2);
+  if (over > 0) return {over, "Alacak"};
   return {RoundTo(debit - credit, 2), "Borç"};
 }
 

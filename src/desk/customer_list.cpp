@@ -42,7 +42,10 @@ void CustomerList::Followed() {
     cursors.HareketData.SetRecordSource(sources::DayBookOf(code));
     cursors.CariHarData.SetRecordSource(sources::LedgerOf(code));
     step("due dates", cursors.VadeData.Open(sources::DueDatesOf(customers.Text(0))));
-    if (listInFront) screen.Label5.SetCaption(PlainNumber(customers.Number("Bakiye")));
+    if (listInFront) {
+      screen.Label5.SetCaption(PlainNumber(customers.Number("Bakiye")));
+      screen.Label8.SetCaption(code);
+    }
     ShowOverdue();
   }
   step("refresh day book", cursors.HareketData.Refresh());

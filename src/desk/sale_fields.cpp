@@ -158,7 +158,10 @@ void SaleFields::Left(int index) {
   if (screen.Label4.Caption() == "Alış" && form.SerialEntryOn && NumberOrZero(screen.Text2(kQuantity).Text()) > 0) {
     screen.Frame4.SetVisible(true);
     screen.Frame4.BringToFront();
-    screen.Text4.SetFocus();
+    // The serials follow the quantity; whoever goes on to another field of the line, or back, is left to type there.
+    const Element* const next = screen.elements.Focused();
+    const bool onLine = next == &screen.Text2(kPrice) || next == &screen.Text2(kQuantity) || next == &screen.Text2(kDiscount);
+    if (!onLine && (index == kQuantity || next != &screen.Text2(kPayment))) screen.Text4.SetFocus();
   }
 }
 

@@ -163,6 +163,9 @@ void SaleMode::Leave() {
   screen.StokGrid.SetVisible(false);
   screen.HareketGrid.SetVisible(false);
   screen.Label5.SetColor(color::kWhite);
+  // Beside the list stands the balance again, not the sum of the day or of a slip.
+  screen.Label1(7).SetCaption("Bakiye");
+  screen.Label5.SetCaption(PlainNumber(cursors.CariData.Number("Bakiye")));
   screen.Text1(0).SetEnabled(true);
   screen.Text2(2).SetText("0");
   screen.Text2(3).SetText("0");

@@ -323,6 +323,7 @@ void SalePosting::ResetFields() {
   screen.Text2(1).SetText("0");
   screen.Label1(2).SetCaption("1.Fiyat");
   screen.Text2(0).SetText(PlainNumber(parts_.form.PriceSlots[0]));
+  screen.Frame4.SetVisible(false);  // a serial read from here on would belong to no line
   if (screen.Command2.Caption() == "Tamam") screen.Command2.SetEnabled(true);
   screen.StokGrid.SetFocus();
 }

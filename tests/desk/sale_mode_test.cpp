@@ -1,4 +1,5 @@
 #include "tests/support/desk_fixture.h"
+#include "text/format.h"
 
 namespace karvel {
 namespace {
@@ -289,6 +290,37 @@ TEST_F(SaleModeTest, purchases_with_serials_open_the_serial_panel_on_leaving_the
   At("Text2(1)").SetFocus();
   At("Text2(0)").SetFocus();
   EXPECT_TRUE(At("Frame4").Visible());
+  // Whoever goes back to the price types a price; the serials follow the quantity.
+  EXPECT_TRUE(At("Text2(0)").HasFocus());
+  At("Text2(1)").SetFocus();
+  EXPECT_TRUE(At("Text2(1)").HasFocus());
+  Key("Text2(1)", key::kEnter);
+  EXPECT_TRUE(At("Text4").HasFocus());
+}
+
+TEST_F(SaleModeTest, a_purchase_that_is_booked_closes_the_serial_panel) {
+  desk->form.SerialEntryOn = true;
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  DoubleTap("Label4");
+  DoubleTap("Label4");
+  Set("Text2(1)", "2");
+  At("Command2").SetFocus();
+  EXPECT_TRUE(At("Frame4").Visible());
+  Click("Command2");
+  EXPECT_FALSE(At("Frame4").Visible());
+}
+
+TEST_F(SaleModeTest, back_at_the_list_the_balance_stands_on_the_screen) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  Set("Text2(1)", "2");
+  Click("Command2");
+  At("Label1(7)").SetCaption("Fiş Top.");
+  At("Label5").SetCaption("7");
+  DoubleTap("Label1(0)");
+  EXPECT_EQ(At("Label1(7)").Caption(), "Bakiye");
+  EXPECT_EQ(At("Label5").Caption(), Format(desk->cursors.CariData.Number("Bakiye"), "Standard"));
 }
 
 TEST_F(SaleModeTest, the_group_list_changes_between_customers_and_stock) {

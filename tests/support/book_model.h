@@ -43,8 +43,9 @@ struct Account {
   std::string side;
 
   void Balance() {
-    balance = Rounded(credit > debit ? credit - debit : debit - credit, 2);
-    side = credit > debit ? "Alacak" : "Borç";
+    const bool over = Rounded(credit - debit, 2) > 0;
+    balance = Rounded(over ? credit - debit : debit - credit, 2);
+    side = over ? "Alacak" : "Borç";
   }
 };
 
