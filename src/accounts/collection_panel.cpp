@@ -30,7 +30,10 @@ CollectionPanel::CollectionPanel(const DeskParts& parts, MoneyPosting& money) : 
     Flip(screen.Command9, "Yazıcı Var", "Yazıcı Yok");
     screen.Command7(kOk).SetFocus();
   });
-  screen.NakitCmd.click.Connect([&screen] { Flip(screen.NakitCmd, "Cari Hesap", "Nakit"); });
+  screen.NakitCmd.click.Connect([&screen] {
+    Flip(screen.NakitCmd, "Cari Hesap", "Nakit");
+    screen.Command7(kOk).SetFocus();
+  });
   screen.DökNoYaz.click.Connect([this] { PrintSlip(); });
   screen.Command7(kCancel).click.Connect([&screen] { screen.TahsilatFrame.SetVisible(false); });
   screen.Command7(kOk).click.Connect([this] { Collect(); });

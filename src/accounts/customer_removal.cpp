@@ -16,7 +16,7 @@ void DeleteAll(Cursor& rows) {
 
 }  // namespace
 
-CustomerRemoval::CustomerRemoval(const DeskParts& parts, CustomerList& customers) : parts_(parts), customers_(customers) {
+CustomerRemoval::CustomerRemoval(const DeskParts& parts, CustomerList& customers) : parts_(parts), customers_(customers), item_(parts) {
   parts_.screen.CarSil.click.Connect([this] { Remove(); });
 }
 
@@ -90,10 +90,9 @@ void CustomerRemoval::ClearCard() {
 void CustomerRemoval::TakeBackSale() {
   auto& [screen, form, cursors, settings, world] = parts_;
   Cursor& movement = cursors.StokHarData;
-  Cursor& card = cursors.StokData;
+  Cursor& card = item_.Find(movement.Text("Carisi"));
   // The customer's code serves as the item's: the stock is taken back only where an item has the code of the customer.
-  step("find stock card", card.FindFirst("StokKod=" + sources::Quoted(movement.Text("Carisi"))));
-  if (!card.NoMatch()) {
+  if (EqualText(card.Text("StokKod"), movement.Text("Carisi"))) {
     step("edit stock card", card.Edit());
     const double out = card.Number("CikanMik") - movement.Number("Miktar");
     const double in = card.Number("GirenMik");

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "accounts/item_card.h"
 #include "desk/customer_list.h"
 #include "desk/parts.h"
 #include "platform/status.h"
@@ -23,6 +24,7 @@ class CustomerRemoval {
 
   DeskParts parts_;
   CustomerList& customers_;
+  ItemCard item_;
 };
 
 }  // namespace karvel

@@ -18,7 +18,12 @@ DayBookList::DayBookList(const DeskParts& parts, DayTotal& dayTotal, CustomerLis
   screen.HareketGrid.click.Connect([this] { Tapped(); });
   screen.HareketGrid.dblClick.Connect([this] { DoubleTapped(); });
   screen.HareketGrid.mouseUp.Connect([this](const MouseEvent&) { Released(); });
-  screen.HareketGrid.keyDown.Connect([this](KeyEvent& event) { DeleteRowOnKey(parts_, parts_.cursors.HareketData, event); });
+  screen.HareketGrid.keyDown.Connect([this](KeyEvent& event) {
+    DeleteRowOnKey(parts_, parts_.cursors.HareketData, event);
+    // With the last line goes what could be cancelled.
+    Element& button = parts_.screen.Command2;
+    if (event.dropped && button.Caption() == "Satır Sil" && !parts_.cursors.HareketData.HasRows()) button.SetEnabled(false);
+  });
   screen.CariGrid.keyDown.Connect([this](KeyEvent& event) { DeleteCustomerOnKey(event); });
 }
 

@@ -21,7 +21,7 @@ struct LineCancellation::Line {
   double total = 0, quantity = 0;
 };
 
-LineCancellation::LineCancellation(const DeskParts& parts, MainButton& button) : parts_(parts) {
+LineCancellation::LineCancellation(const DeskParts& parts, MainButton& button) : parts_(parts), item_(parts) {
   button.cancelLine = [this] { return CancelDayBookLine(); };
 }
 
@@ -82,7 +82,7 @@ void LineCancellation::ReverseLedger() {
     const double debit = ledger.Number("Borc");
     const double credit = ledger.Number("Alacak");
     // A sale is taken back; money that moved is moved back, so that the totals cross over and grow.
-    const bool reverseByAddition = !ContainsText(ledger.Text("Aciklama"), "Satış");
+    const bool reverseByAddition = !ContainsText(TurkishLower(ledger.Text("Aciklama")), "satış");
     step("delete ledger row", ledger.Delete());
     step("edit card", card.Edit());
     if (reverseByAddition) {
@@ -122,8 +122,7 @@ void LineCancellation::ReverseStock(const Line& line) {
     step("delete day-book row", day.Delete());
     return;
   }
-  Cursor& card = cursors.StokData;
-  step("find stock card", card.FindFirst("StokKod=" + sources::Quoted(line.stockCode)));
+  Cursor& card = item_.Find(line.stockCode);
   step("delete movement", movement.Delete());
   step("edit stock card", card.Edit());
   const bool sale = line.state == "Satış";
@@ -146,7 +145,7 @@ void LineCancellation::ShrinkDueDate(const Line& line) {
   if (!due.HasRows()) return;
   step("edit due date", due.Edit());
   due.Set(2, due.Number(2) - line.total);
-  if (due.Number(2) == 0) {
+  if (IsNothing(due.Number(2))) {
     due.CancelUpdate();
     step("delete due date", due.Delete());
   } else {

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "accounts/item_card.h"
 #include "desk/parts.h"
 #include "platform/status.h"
 
@@ -27,6 +28,7 @@ class LineCancellation {
   void ShrinkDueDate(const Line& line);
 
   DeskParts parts_;
+  ItemCard item_;
 };
 
 }  // namespace karvel

@@ -21,10 +21,11 @@ struct LineCorrection::Correction {
   double newTotal = 0;
   double oldQuantity = 0, oldTotal = 0;
   double oldProfit = 0, newProfit = 0;
+  Cursor* card = nullptr;  // stands on the line's item
   [[nodiscard]] std::string ById() const { return "DigerId=" + sources::Quoted(id); }
 };
 
-LineCorrection::LineCorrection(const DeskParts& parts, MainButton& button, PriceSelection& prices) : parts_(parts), prices_(prices) {
+LineCorrection::LineCorrection(const DeskParts& parts, MainButton& button, PriceSelection& prices) : parts_(parts), prices_(prices), item_(parts) {
   button.correctLine = [this] { return Correct(); };
   parts_.screen.Command3.click.Connect([this] {
     if (parts_.screen.Command3.Caption() == "Düzeltme") TakeLine();
@@ -104,9 +105,9 @@ void LineCorrection::CorrectDay(const Correction& line) {
 
 void LineCorrection::CorrectMovement(Correction& line) {
   Cursor& movement = parts_.cursors.StokHarData;
-  Cursor& card = parts_.cursors.StokData;
   step("find movement", movement.FindFirst(line.ById()));
-  step("find stock card", card.FindFirst("StokKod=" + sources::Quoted(movement.Text("StokHarKod"))));
+  Cursor& card = item_.Find(movement.Text("StokHarKod"));
+  line.card = &card;
   step("edit movement", movement.Edit());
   line.oldQuantity = movement.Number("Miktar");
   movement.Set("Miktar", line.quantity);
@@ -123,7 +124,7 @@ void LineCorrection::CorrectMovement(Correction& line) {
 }
 
 void LineCorrection::CorrectStock(const Correction& line) {
-  Cursor& card = parts_.cursors.StokData;
+  Cursor& card = *line.card;
   step("edit stock card", card.Edit());
   card.Set("CikanMik", card.Number("CikanMik") - line.oldQuantity + line.newQuantity);
   card.Set("CikanTutar", card.Number("CikanTutar") - line.oldTotal + line.newTotal);

@@ -5,6 +5,7 @@
 // quantity, and the main button ends it.
 #pragma once
 
+#include "accounts/item_card.h"
 #include "desk/parts.h"
 #include "desk/price_selection.h"
 #include "platform/status.h"
@@ -30,6 +31,7 @@ class LineCorrection {
 
   DeskParts parts_;
   PriceSelection& prices_;
+  ItemCard item_;
 };
 
 }  // namespace karvel

@@ -192,7 +192,7 @@ void MoneyPosting::ConsumeDueDates(const Movement& movement) {
   if (!due.HasCurrent()) return;
   step("edit due date", due.Edit());
   due.Set(2, due.Number(2) - amount);
-  if (due.Number(2) == 0) {
+  if (IsNothing(due.Number(2))) {
     due.CancelUpdate();
     step("delete due date", due.Delete());
   } else {

@@ -92,6 +92,10 @@ void DeskGrid::mouseReleaseEvent(QMouseEvent* event) {
   if (ended != Drag::Pressed || held_ || !ui_.Reaches(element_)) return;
   const QPoint at = event->position().toPoint();
   const int column = ColumnAt(at.x());
+  if (rows_.Count() == 0 && pressedAt_.y() >= HeadHeight() && at.y() >= HeadHeight()) {
+    element_.click();  // there is no row to tap, but the list was tapped
+    return;
+  }
   if (column < 0 || column != ColumnAt(pressedAt_.x())) return;
   const int number = shown_[static_cast<std::size_t>(column)].number;
   if (pressedAt_.y() < HeadHeight()) {

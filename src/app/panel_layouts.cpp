@@ -168,7 +168,7 @@ void Money(Builder& build, DeskUi& ui, const Screen& screen) {
   build.Following(build.Text(""), {&screen.Label3, &screen.Text2(2)},
                   [&screen] { return ToQt(screen.Label3.Caption() + "  " + Format(screen.Text2(2).Text(), "Standard")); });
   build.Row({&screen.Command8(0), &screen.Command8(1)});
-  build.Wide(screen.Command9);
+  build.Row({&screen.Command9, &screen.NakitCmd});
   build.Gap();
   build.Main(screen.Command7(1));
   build.Row({&screen.Command7(0), &screen.Command7(1)});
@@ -211,8 +211,7 @@ void Documents(Builder& build, DeskUi& ui, const Screen& screen) {
   build.Card(screen.FatFrame, CardPlace::FillList, "Fatura");
   build.Field(0, 0, "Fatura No", screen.Fat(0));
   build.Field(0, 1, "Tarih", screen.FatDTPicker);
-  build.At(0, 2, screen.NakitCmd);
-  build.At(0, 3, screen.FatDüzChk);
+  build.At(0, 2, screen.FatDüzChk, 2);
   build.Field(1, 0, "Ünvan", screen.Fat(1), 2);
   build.Field(1, 2, "E-Mail", screen.Fat(9), 2);
   build.Field(2, 0, "Adres", screen.Fat(2), 2);

@@ -28,6 +28,9 @@ CustomerList::CustomerList(const DeskParts& parts, PriceSelection& prices, DayTo
   screen.Text1(0).character.Connect([this](CharacterEvent& event) { Character(event); });
   screen.Text5.changed.Connect([this] { Echoed(); });
   screen.Vadefrm.click.Connect([&screen] { screen.Vadefrm.SetVisible(false); });
+  screen.Frame2.altered.Connect([this, &screen] {
+    if (groupWaits_ && !screen.Frame2.Visible() && screen.ComboCmd.Caption() == "Cari") CustomerGroupChosen();
+  });
 }
 
 void CustomerList::Followed() {
@@ -94,17 +97,29 @@ void CustomerList::ShowGroup(const std::string& group) {
 void CustomerList::GroupChosen() {
   if (showing_ || !parts_.screen.ComboCmd.Visible()) return;
   if (parts_.screen.ComboCmd.Caption() == "Cari") {
-    // In a sale the customer stands; another list under it would book the sale elsewhere.
-    if (parts_.screen.Frame2.Visible()) return ShowGroup(parts_.form.CustomerGroup);
-    CustomerGroupChosen();
+    if (parts_.screen.Frame2.Visible()) {
+      KeepGroupForLater();
+    } else {
+      CustomerGroupChosen();
+    }
   } else {
     StockGroupChosen();
   }
 }
 
+// In a sale the customer stands; another list under it would book the sale elsewhere. The prices follow at once, the list after the sale.
+void CustomerList::KeepGroupForLater() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  form.CustomerGroup = screen.GurupCombo.Text();
+  settings.Save(Setting::CustomerGroup, form.CustomerGroup);
+  prices_.SetFirstPriceColumn();
+  groupWaits_ = true;
+}
+
 void CustomerList::CustomerGroupChosen() {
   auto& [screen, form, cursors, settings, world] = parts_;
   CloseBookingPanels(screen);
+  groupWaits_ = false;
   screen.StokChk.SetChecked(false);  // a group of customers is a wish for customers
   const std::string group = screen.GurupCombo.Text();
   screen.Text1(0).SetText("");
@@ -150,6 +165,8 @@ void CustomerList::FlipGroupList() {
   cursors.GurupData.SetDatabaseName(form.DataDir + (toStock ? "Stok.Mdb" : "Cari.Mdb"));
   FillGroups();
   ShowGroup(toStock ? form.StockGroup : form.CustomerGroup);
+  // The list is that of the group that now stands there. Among the customers it is so already.
+  if (toStock) StockGroupChosen();
 }
 
 void CustomerList::KeepWalkIn() {

@@ -27,6 +27,7 @@ class CustomerList {
   void ShowOverdue();
   void GroupChosen();
   void CustomerGroupChosen();
+  void KeepGroupForLater();
   void StockGroupChosen();
   // Another stock list: the fields name the item in front, and nothing of it is sold yet.
   void ShowUnsoldItem();
@@ -44,6 +45,7 @@ class CustomerList {
   PriceSelection& prices_;
   DayTotal& dayTotal_;
   bool showing_ = false;
+  bool groupWaits_ = false;  // a group was chosen in a sale
 };
 
 }  // namespace karvel

@@ -100,6 +100,10 @@ void MainButton::PostSaleLine() {
     screen.Text2(1).SetFocus();
     return;
   }
+  if (!IsNumeric(screen.Text2(0).Text())) {
+    screen.Text2(0).SetFocus();  // the name of an item that was looked up there is no price
+    return;
+  }
   SetWaiting(true);
   // One number serves all lines of a slip; printing the slip empties it.
   if (form.SlipNo.empty()) form.SlipNo = settings.NextSlipNumber();

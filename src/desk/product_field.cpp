@@ -96,6 +96,7 @@ bool ProductField::FindCard(const std::string& text) {
     if (find(all, {"Barkod", "StokKod", "StokAdi"})) {
       step("all cards", cards.Open(sources::kStock));
       step("found card", cards.MoveTo(all.CurrentKey()));
+      parts_.screen.Text2(1).SetText("1");
       return true;
     }
   }

@@ -159,6 +159,13 @@ void SaleMode::ShowSaleScreen() {
 void SaleMode::Leave() {
   auto& [screen, form, cursors, settings, world] = parts_;
   CloseBookingPanels(screen);
+  // The next customer's items are looked for in the whole list.
+  screen.Text5.SetText("");
+  if (ContainsText(cursors.StokData.RecordSource(), " Like ")) {
+    form.RepositionGuard = 66;
+    step("all stock", cursors.StokData.Open(sources::kStock));
+    form.RepositionGuard = 0;
+  }
   screen.CariGrid.SetVisible(true);
   screen.StokGrid.SetVisible(false);
   screen.HareketGrid.SetVisible(false);

@@ -103,7 +103,7 @@ class Screen {
   ElementArray Command8 = Many("Command8", Kind::Button, {"Nakit", "Kredi Kartı"}, &TahsilatFrame);
   ElementArray Command7 = Many("Command7", Kind::Button, {"Vazgeç", "Tamam"}, &TahsilatFrame);
   Element& Command9 = One("Command9", Kind::Button, "Yazıcı Var", &TahsilatFrame);
-  Element& NakitCmd = One("NakitCmd", Kind::Button, "Cari Hesap", &FatFrame);
+  Element& NakitCmd = One("NakitCmd", Kind::Button, "Cari Hesap", &TahsilatFrame);
 
   // Overdue notice.
   Element& Label15 = One("Label15", Kind::Label, "", &Vadefrm);

@@ -327,5 +327,32 @@ TEST_F(LineCancellationTest, a_payment_out_leaves_totals_that_crossed_over) {
   EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam"), "0");
 }
 
+
+TEST_F(LineCancellationTest, a_line_is_taken_back_from_its_own_item_also_when_the_stock_list_shows_others) {
+  Sell("Ayşe Yılmaz", "1001", "5");
+  const std::string id = LastId();
+  PickItem("1002");
+  Post("1");
+  ASSERT_TRUE(desk->cursors.StokData.Open("Select * From StokKartlar Where StokGizle=False And StokAdi Like 'Şe*' Order By StokAdi ASC").Ok());
+  TapLine(id);
+  messages.answers = {"Yes"};
+  Click("Command2");
+  EXPECT_EQ(Card("1001")["CikanMik"], "0.0");
+  EXPECT_EQ(Card("1001")["KalanA"], "0.0");
+  EXPECT_EQ(Card("1002")["CikanMik"], "1.0");
+  EXPECT_EQ(desk->cursors.StokData.RecordCount(), 1);
+}
+
+TEST_F(LineCancellationTest, satis_in_capitals_is_a_sale_too) {
+  Sell("Ayşe Yılmaz", "1001", "1");
+  Sql("Cari.mdb", "INSERT INTO CariHareket(cariharkod, Aciklama, Alacak, DigerId) VALUES('=110','PİRİNÇ SATIŞ',30,'" + LastId() + "')");
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Alacak=100 WHERE CariKod='=110'");
+  TapLine(LastId());
+  messages.answers = {"Yes"};
+  Click("Command2");
+  EXPECT_EQ(Customer("=110")["Alacak"], "70.0");
+  EXPECT_EQ(Customer("=110")["Borc"], "0.0");
+}
+
 }  // namespace
 }  // namespace karvel

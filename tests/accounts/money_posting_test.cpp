@@ -340,5 +340,25 @@ TEST_F(MoneyPostingTest, a_credit_that_outgrows_the_debit_turns_the_side_and_is_
   EXPECT_EQ(One("Cari.mdb", "SELECT Bakiye, Hesap FROM CariKartlar WHERE CariKod='C001'"), "0.01|Alacak");
 }
 
+
+TEST_F(MoneyPostingTest, a_due_amount_that_is_paid_goes_whatever_hair_of_rounding_is_left) {
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Borc=5.3, Bakiye=5.3, Hesap='Borç' WHERE CariKod='C001'");
+  Sql("Cari.mdb", "INSERT INTO \"VadeGün\" VALUES('C001','2026-01-05 00:00:00',0.1+0.2),('C001','2026-02-05 00:00:00',5)");
+  ASSERT_TRUE(Start());
+  Front("C001");
+  PayInFront("0,3");
+  EXPECT_EQ(Due("C001"), std::vector<std::string>{"5.0"});
+}
+
+TEST_F(MoneyPostingTest, a_balance_of_nothing_is_nobodys_credit) {
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Borc=3.3, Bakiye=3.3, Hesap='Borç' WHERE CariKod='C001'");
+  ASSERT_TRUE(Start());
+  Front("C001");
+  PayInFront("1,1");
+  PayInFront("2,2");
+  EXPECT_EQ(Customer("C001")["Bakiye"], "0.0");
+  EXPECT_EQ(Customer("C001")["Hesap"], "Borç");
+}
+
 }  // namespace
 }  // namespace karvel

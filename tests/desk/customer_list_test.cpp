@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "tests/support/desk_fixture.h"
 
 namespace karvel {
@@ -253,12 +255,32 @@ TEST_F(CustomerListTest, a_group_with_a_quote_in_its_name_lists_its_customers) {
   EXPECT_EQ(Shown(), std::vector<std::string>{"Ahmet Işık"});
 }
 
-TEST_F(CustomerListTest, a_group_is_not_changed_under_a_sale) {
+TEST_F(CustomerListTest, a_group_chosen_in_a_sale_is_listed_when_the_sale_is_left) {
   EnterSale("Ahmet Işık");
   At("GurupCombo").ChooseText("Bayi");
-  EXPECT_EQ(At("GurupCombo").Text(), "Tüm Guruplar");
+  EXPECT_EQ(At("GurupCombo").Text(), "Bayi");
+  EXPECT_EQ(settings.Get("Velmora Karvel1", "Size", "CGurup", ""), "Bayi");
+  // The customer of the sale stands.
   EXPECT_EQ(desk->cursors.CariData.Text("CariKod"), "C001");
-  EXPECT_EQ(settings.Get("Velmora Karvel1", "Size", "CGurup", ""), "");
+  EXPECT_EQ(At("Text1(0)").Text(), "Ahmet Işık");
+  DoubleTap("Label1(0)");
+  EXPECT_EQ(Shown(), (std::vector<std::string>{"Çetin Öz", "İsmail Şahin"}));
+  EXPECT_EQ(At("Text1(0)").Text(), "Çetin Öz");
+  EXPECT_EQ(At("Label5").Caption(), "30,00");
+}
+
+TEST_F(CustomerListTest, a_group_chosen_in_a_sale_has_its_prices_at_once) {
+  AddStock("1001", "Pirinç", "Fiyat=50, Fiyat2=40");
+  ASSERT_TRUE(Start());
+  At("Fiyat2").SetChecked(true);
+  EnterSale("Ahmet Işık");
+  At("GurupCombo").ChooseText("Fatura");
+  PickItem("1001");
+  EXPECT_EQ(At("Text2(0)").Text(), "40,00");
+  const auto& columns = desk->screen.StokGrid.Columns();
+  const auto first = std::ranges::find_if(columns, [](const GridColumn& column) { return Trim(column.caption) == "1.Fiyat"; });
+  ASSERT_NE(first, columns.end());
+  EXPECT_EQ(first->field, "Fiyat2");
 }
 
 TEST_F(CustomerListTest, without_the_button_of_the_group_lists_a_choice_does_nothing) {

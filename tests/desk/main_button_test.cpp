@@ -312,5 +312,17 @@ TEST_F(MainButtonTest, after_a_refusal_the_scanner_reads_on) {
   EXPECT_TRUE(scanner.enabled);
 }
 
+
+TEST_F(MainButtonTest, a_name_in_the_price_sells_nothing) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  Set("Text2(1)", "1");
+  At("Text2(0)").SetText("7 Up");
+  At("Command2").SetEnabled(true);
+  Click("Command2");
+  EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam"), "0");
+  EXPECT_TRUE(At("Text2(0)").HasFocus());
+}
+
 }  // namespace
 }  // namespace karvel

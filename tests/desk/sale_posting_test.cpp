@@ -336,10 +336,11 @@ TEST_F(SalePostingTest, a_group_chosen_in_a_sale_leaves_the_customer_in_front) {
   ASSERT_TRUE(Start());
   EnterSale("Ayşe Yılmaz");
   At("GurupCombo").ChooseText("Bayi");
-  EXPECT_EQ(At("GurupCombo").Text(), "Tüm Guruplar");
+  EXPECT_EQ(At("GurupCombo").Text(), "Bayi");
   PickItem("1001");
   Post("1");
   EXPECT_EQ(Customer("C001")["Borc"], "50.0");
+  EXPECT_EQ(Customer("B001")["Borc"], "0.0");
 }
 
 TEST_F(SalePostingTest, nothing_is_sold_without_a_quantity) {

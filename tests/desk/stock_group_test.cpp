@@ -111,5 +111,23 @@ TEST_F(StockGroupTest, the_entry_that_stands_there_can_be_chosen_once_more) {
   EXPECT_EQ(Cards(), std::vector<std::string>{"Sabun"});
 }
 
+
+TEST_F(StockGroupTest, the_list_is_that_of_the_saved_group_as_soon_as_the_stock_groups_are_shown) {
+  settings.Save("Velmora Karvel1", "Size", "SGurup", "Temizlik");
+  ASSERT_TRUE(Start());
+  Click("ComboCmd");
+  EXPECT_EQ(At("GurupCombo").Text(), "Temizlik");
+  EXPECT_EQ(Cards(), std::vector<std::string>{"Sabun"});
+}
+
+TEST_F(StockGroupTest, a_list_that_a_name_narrowed_is_whole_again_for_the_next_customer) {
+  EnterSale("Ahmet Işık");
+  At("Text5").SetText("Şek");
+  ASSERT_EQ(Cards(), std::vector<std::string>{"Şeker"});
+  DoubleTap("Label1(0)");
+  EXPECT_EQ(At("Text5").Text(), "");
+  EXPECT_EQ(Cards(), (std::vector<std::string>{"Pirinç", "Sabun", "Şeker"}));
+}
+
 }  // namespace
 }  // namespace karvel

@@ -201,7 +201,7 @@ class Books {
     auto& rows = due[line.customer];
     if (line.total == 0 || rows.empty()) return;
     rows.begin()->second -= line.total;
-    if (rows.begin()->second == 0) rows.erase(rows.begin());
+    if (Rounded(rows.begin()->second, 6) == 0) rows.erase(rows.begin());
   }
 
   // A customer's history goes: his ledger, his day book and his sales. What he brought back or delivered, what went over the money accounts
@@ -241,7 +241,7 @@ class Books {
     }
     if (rows.empty()) return;
     rows.begin()->second -= amount;
-    if (rows.begin()->second == 0) rows.erase(rows.begin());
+    if (Rounded(rows.begin()->second, 6) == 0) rows.erase(rows.begin());
   }
 };
 
