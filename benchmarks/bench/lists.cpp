@@ -104,22 +104,20 @@ void AddLists(Shops& shops, RatioTable& table) {
   const auto bare = std::make_shared<BareShop>(home);
   const auto customers = bare->Sample("cari.CariKartlar", "Unvan", "HesKullan=0 AND CariKod GLOB 'M[0-9]*'", kNames);
   const auto items = bare->Sample("stok.StokKartlar", "StokAdi", "StokGizle=0", kNames);
-  const auto till = std::make_shared<Till>(home);
-  Screen& screen = till->TheScreen();
+  // Each measurement has a desk of its own: the list that one leaves must not be the next one's.
+  const auto desk = [&home] { return std::make_shared<Till>(home); };
   const auto pair = [&table](const std::string& name, double limit) { table.Add(Pair{name, name + ", desk", name + ", bare", limit}); };
 
   std::string name = "key in the customer's field, 1,000,000 customers";
-  Measure(name + ", desk", Beginnings(customers, kLetters), [till, &screen, key = std::function<bool(const std::string&)>()](const std::string& text) mutable {
-    if (!key) key = Key(till, screen.Text1(0));
-    return key(text);
-  });
+  const auto typist = desk();
+  Measure(name + ", desk", Beginnings(customers, kLetters), Key(typist, typist->TheScreen().Text1(0)));
   Measure(name + ", bare", Beginnings(customers, kLetters), Prefix(bare, "cari.CariKartlar", "Unvan", kStandard, 1));
   pair(name, 12);
 
   name = "list by the filter, 1,000,000 customers";
-  const auto filter = [till, &screen](const std::string& text) {
-    screen.Text5.SetText("");
-    screen.Text5.SetText(text);
+  const auto filter = [till = desk()](const std::string& text) {
+    till->TheScreen().Text5.SetText("");
+    till->TheScreen().Text5.SetText(text);
     return ReadsRows(till->TheCursors().CariData);
   };
   Measure(name + ", desk", Beginnings(customers, 3), filter);
@@ -127,28 +125,27 @@ void AddLists(Shops& shops, RatioTable& table) {
   pair(name, 12);
 
   name = "list by a filter with i for any letter";
-  const std::vector<std::string> dotted{"ibrahim", "ismail", "ilk", "fil", "İb", "hilmi", "nihat"};
+  const std::vector<std::string> dotted{"ibrahim", "ismail", "ilk", "fil", "İb"};
   Measure(name + ", desk", dotted, filter);
   Measure(name + ", bare", dotted, Pattern(bare));
   pair(name, 12);
 
   name = "list of a group, 1,000,000 customers";
-  const std::vector<std::string> groups(screen.GurupCombo.Items().begin() + 1, screen.GurupCombo.Items().end());
-  Measure(name + ", desk", groups, [till, &screen](const std::string& group) {
-    screen.GurupCombo.Choose(0);
-    screen.GurupCombo.ChooseText(group);
-    return ReadsRows(till->TheCursors().CariData);
+  const auto chooser = desk();
+  const auto& entries = chooser->TheScreen().GurupCombo.Items();
+  const std::vector<std::string> groups(entries.begin() + 1, entries.end());
+  Measure(name + ", desk", groups, [chooser](const std::string& group) {
+    chooser->TheScreen().GurupCombo.Choose(0);
+    chooser->TheScreen().GurupCombo.ChooseText(group);
+    return ReadsRows(chooser->TheCursors().CariData);
   });
   Measure(name + ", bare", groups, Group(bare));
   pair(name, 60);
 
-  const auto seller = std::make_shared<Till>(shops.Copy(Size::Wide));
+  const auto seller = desk();
   seller->EnterSale("M00003");
   name = "key in the product field, 1,000,000 cards";
-  Measure(name + ", desk", Beginnings(items, kLetters), [seller, key = std::function<bool(const std::string&)>()](const std::string& text) mutable {
-    if (!key) key = Key(seller, seller->TheScreen().Text1(1));
-    return key(text);
-  });
+  Measure(name + ", desk", Beginnings(items, kLetters), Key(seller, seller->TheScreen().Text1(1)));
   Measure(name + ", bare", Beginnings(items, kLetters), Prefix(bare, "stok.StokKartlar", "StokAdi", "StokGizle=0", 1));
   pair(name, 12);
 }
