@@ -194,9 +194,9 @@ TEST_F(SerialScannerTest, without_its_port_it_does_not_start_nor_wait_for_one) {
 }
 
 TEST_F(SerialScannerTest, no_port_named_means_the_first_scanner_found) {
-  for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts())
-    if (info.hasVendorIdentifier()) GTEST_SKIP() << "this machine has a device on USB";
-  EXPECT_FALSE(scanner.Start());
+  const auto ports = QSerialPortInfo::availablePorts();
+  const bool plugged = std::ranges::any_of(ports, [](const QSerialPortInfo& info) { return info.hasVendorIdentifier(); });
+  EXPECT_EQ(scanner.Start(), plugged);
 }
 
 TEST_F(SerialScannerTest, a_device_beside_other_ways_is_opened_only_where_it_is_named) {
