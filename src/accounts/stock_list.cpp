@@ -1,8 +1,8 @@
 #include "accounts/stock_list.h"
 
 #include "accounts/row_deletion.h"
+#include "desk/booking_panels.h"
 #include "desk/list_columns.h"
-#include "desk/new_cards.h"
 #include "desk/refresh.h"
 #include "desk/screen_keyboard.h"
 #include "desk/sources.h"

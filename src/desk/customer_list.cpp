@@ -1,5 +1,6 @@
 #include "desk/customer_list.h"
 
+#include "desk/booking_panels.h"
 #include "desk/completion.h"
 #include "desk/list_in_front.h"
 #include "desk/new_cards.h"
@@ -26,7 +27,6 @@ CustomerList::CustomerList(const DeskParts& parts, PriceSelection& prices, DayTo
   screen.Text1(0).gotFocus.Connect([this] { Focused(); });
   screen.Text1(0).keyUp.Connect([this](const KeyEvent& event) { KeyUp(event); });
   screen.Text1(0).character.Connect([this](CharacterEvent& event) { Character(event); });
-  screen.Text5.changed.Connect([this] { Echoed(); });
   screen.Vadefrm.click.Connect([&screen] { screen.Vadefrm.SetVisible(false); });
   screen.Frame2.altered.Connect([this, &screen] {
     if (groupWaits_ && !screen.Frame2.Visible() && screen.ComboCmd.Caption() == "Cari") CustomerGroupChosen();
@@ -268,46 +268,6 @@ void CustomerList::Character(CharacterEvent& event) {
   }
   step("day book", cursors.HareketData.Open(sources::DayBookOf(customers.Text("CariKod"))));
   list.SetFocus();
-}
-
-void CustomerList::Echoed() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  const std::string& text = screen.Text5.Text();
-  constexpr int kFirstOfReceipt = 99, kReceipt = 100, kHeldOff = 999;
-  const int field = static_cast<int>(form.ActiveFieldCode);
-  if (field == kHeldOff) {
-    // The keyboard was closed: the whole list comes back.
-    form.ActiveFieldCode = 0;
-    if (!text.empty()) screen.Text5.SetText("");
-  }
-  if (screen.CariFrm.Visible()) {
-    // The new card is looked for in the whole list, so that stays.
-    if (field >= 0 && field < screen.CariNew.Count()) screen.CariNew(field).SetText(text);
-  } else if (screen.StokAl.IsShown() && field >= kFirstOfReceipt && field < kReceipt + screen.Text6.Count()) {
-    screen.Text6(field == kFirstOfReceipt ? 0 : field - kReceipt).SetText(text);
-  } else if (screen.Frame2.Visible()) {
-    FilterStock();
-  } else if (screen.CariGrid.Visible() && ListsCustomers(screen)) {
-    FilterCustomers();
-  }
-}
-
-void CustomerList::FilterCustomers() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  const std::string text = ReplaceAll(ReplaceAll(screen.Text5.Text(), "İ", "?"), "i", "?");
-  const bool byGroup = screen.ComboCmd.Caption() == "Cari" && screen.GurupCombo.ListIndex() > 0;
-  form.RepositionGuard = 555;
-  step("filter customers", cursors.CariData.Open(sources::CustomersOfGroupNamed(byGroup ? screen.GurupCombo.Text() : "", text)));
-  form.RepositionGuard = 0;
-  FollowInFront();  // a payment goes to the row in front
-}
-
-void CustomerList::FilterStock() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  form.RepositionGuard = 66;
-  step("filter stock", cursors.StokData.Open(sources::StockNamed(screen.Text5.Text())));
-  form.RepositionGuard = 0;
-  ShowUnsoldItem();
 }
 
 }  // namespace karvel

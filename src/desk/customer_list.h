@@ -21,6 +21,8 @@ class CustomerList {
   void KeepWalkIn();
   // Name, balance, day book and due dates follow to the row in front, which was reached under a guard; without rows they name nobody.
   void FollowInFront();
+  // Another stock list in a sale: the fields name the item in front, and nothing of it is sold yet.
+  void ShowUnsoldItem();
 
  private:
   void Followed();  // CariData's current row changed
@@ -29,17 +31,11 @@ class CustomerList {
   void CustomerGroupChosen();
   void KeepGroupForLater();
   void StockGroupChosen();
-  // Another stock list: the fields name the item in front, and nothing of it is sold yet.
-  void ShowUnsoldItem();
   void FlipGroupList();  // ComboCmd
   void Focused();
   void TextChanged();
   void KeyUp(const KeyEvent& event);
   void Character(CharacterEvent& event);
-  // Text5, the list filter, which also echoes what the on-screen keyboard writes into other fields.
-  void Echoed();
-  void FilterCustomers();
-  void FilterStock();
 
   DeskParts parts_;
   PriceSelection& prices_;

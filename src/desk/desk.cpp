@@ -2,6 +2,7 @@
 
 #include "desk/customer_list.h"
 #include "desk/day_total.h"
+#include "desk/list_filter.h"
 #include "desk/main_button.h"
 #include "desk/options.h"
 #include "desk/parts.h"
@@ -31,6 +32,7 @@ struct Desk::Features {
   SaleFields fields{parts, prices};
   SaleMode saleMode{parts, prices, fields, dayTotal};
   CustomerList customers{parts, prices, dayTotal};
+  ListFilter filter{parts, customers};
   ProductField product{parts};
   TappedSearch taps{parts, customers, prices};
   SalePosting posting{parts, numbers};

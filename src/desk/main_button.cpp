@@ -1,5 +1,6 @@
 #include "desk/main_button.h"
 
+#include "desk/completion.h"
 #include "desk/list_in_front.h"
 #include "desk/refusal.h"
 #include "desk/sources.h"
@@ -9,12 +10,6 @@
 #include "text/turkish.h"
 
 namespace karvel {
-namespace {
-
-// What stands in a field means this card: its name, whatever signs of a search are in it, or the beginning of it.
-bool Names(const std::string& shown, const std::string& card) { return shown == Trim(card) || Like(card, shown + "*"); }
-
-}  // namespace
 
 MainButton::MainButton(const DeskParts& parts, SalePosting& posting) : parts_(parts), posting_(posting) {
   parts_.screen.Command2.click.Connect([this] { Pressed(); });
@@ -82,7 +77,7 @@ bool MainButton::PayerInFront() const {
   if (!ListsCustomers(screen) || name.empty()) return false;
   // After the store was away the list comes back with the customer that the screen still names.
   if (!customers.HasCurrent() && !(customers.Refresh().Ok() && customers.FindFirst("Unvan=" + sources::Quoted(name)).Ok())) return false;
-  if (Names(name, customers.Text("Unvan"))) return true;
+  if (NamesCard(name, customers.Text("Unvan"))) return true;
   Cursor named(parts_.world.stores, "payer");
   named.SetDatabaseName(customers.DatabaseName());
   return named.Open("Select * From CariKartlar Where Unvan=" + sources::Quoted(name)).Ok() && named.HasRows();
@@ -91,7 +86,7 @@ bool MainButton::PayerInFront() const {
 void MainButton::PostSaleLine() {
   auto& [screen, form, cursors, settings, world] = parts_;
   const std::string item = Trim(screen.Text1(1).Text());
-  if (item.empty() || !cursors.StokData.HasCurrent() || !Names(item, cursors.StokData.Text("StokAdi"))) {
+  if (item.empty() || !cursors.StokData.HasCurrent() || !NamesCard(item, cursors.StokData.Text("StokAdi"))) {
     screen.Text1(1).SetFocus();  // the screen names no item, or not the one in front
     return;
   }

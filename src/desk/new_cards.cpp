@@ -22,8 +22,4 @@ void OpenStockCard(const DeskParts& parts, const std::string& name) {
   OpenKeyboard(parts, screen.StokNew(0));
 }
 
-void CloseBookingPanels(Screen& screen) {
-  for (Element* const panel : {&screen.StokAl, &screen.TahsilatFrame, &screen.CariFrm, &screen.StokGiris}) panel->SetVisible(false);
-}
-
 }  // namespace karvel

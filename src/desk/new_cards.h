@@ -1,4 +1,4 @@
-// The panels that lie over the lists and go by what stands in front there: those of new cards, and those that book on the customer.
+// The panels of new cards, with the name in them that no card has.
 #pragma once
 
 #include <string>
@@ -11,8 +11,5 @@ namespace karvel {
 void OpenCustomerCard(const DeskParts& parts, const std::string& name);
 // An unknown item: the panel of a new stock card with the name in it, and the keyboard for its code.
 void OpenStockCard(const DeskParts& parts, const std::string& name);
-// What another list or another customer makes void: a receipt, a collection or a card that was begun would be booked on the wrong one,
-// and an item that was typed in a sale is missing in no other.
-void CloseBookingPanels(Screen& screen);
 
 }  // namespace karvel

@@ -1,7 +1,7 @@
 #include "desk/sale_mode.h"
 
+#include "desk/booking_panels.h"
 #include "desk/list_in_front.h"
-#include "desk/new_cards.h"
 #include "desk/screen_keyboard.h"
 #include "desk/sources.h"
 #include "desk/steps.h"

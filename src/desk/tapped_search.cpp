@@ -1,5 +1,6 @@
 #include "desk/tapped_search.h"
 
+#include "desk/completion.h"
 #include "desk/list_in_front.h"
 #include "desk/new_cards.h"
 #include "desk/screen_keyboard.h"
@@ -145,7 +146,7 @@ void TappedSearch::LeftProduct() {
     // Nothing was looked for: the fields name the item in front, and nothing of it is sold yet.
     prices_.ShowItem();
     screen.Text2(1).SetText("0");
-  } else if (cards.HasCurrent() && Like(cards.Text("StokAdi"), text + "*")) {
+  } else if (cards.HasCurrent() && NamesCard(text, cards.Text("StokAdi"))) {
     // What the keyboard muted: the name is completed, and its prices are those of this item and customer.
     form.RepositionGuard = 99;
     prices_.ShowItem();

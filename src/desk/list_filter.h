@@ -1,0 +1,23 @@
+// Text5, the list filter: it narrows the customers at rest and the stock in a sale. The on-screen keyboard writes through it too, so under a
+// panel it echoes into the panel's field.
+#pragma once
+
+#include "desk/customer_list.h"
+#include "desk/parts.h"
+
+namespace karvel {
+
+class ListFilter {
+ public:
+  ListFilter(const DeskParts& parts, CustomerList& customers);
+
+ private:
+  void Changed();
+  void FilterCustomers();
+  void FilterStock();
+
+  DeskParts parts_;
+  CustomerList& customers_;
+};
+
+}  // namespace karvel
