@@ -5,12 +5,14 @@
 #include <utility>
 
 #include "app/app.h"
+#include "app/code_scanner.h"
 #include "app/desk_window.h"
 
 namespace karvel {
 
 Robot::Robot(App& app, RobotWorld& world, int input, std::FILE* output)
     : window_(app.TheWindow()),
+      scanner_(app.TheScanner()),
       requests_(app, world),
       output_(output),
       input_(
@@ -23,6 +25,9 @@ Robot::Robot(App& app, RobotWorld& world, int input, std::FILE* output)
             ended_ = true;
             PumpSoon();
           }) {
+  codeOver_.setSingleShot(true);
+  codeOver_.setInterval(1);
+  connect(&codeOver_, &QTimer::timeout, this, &Robot::Pump);
   connect(&window_, &DeskWindow::activated, this, [this] {
     ready_ = true;
     PumpSoon();
@@ -36,8 +41,10 @@ void Robot::PumpSoon() {
 
 void Robot::Pump() {
   if (closed_) return;
-  if (!ready_ || busy_) {
+  const bool codeEntered = scanner_.Reporting();
+  if (!ready_ || busy_ || codeEntered) {
     HandleEarly();
+    if (codeEntered && !busy_) codeOver_.start();
     if (!ready_ && ended_ && waiting_.empty()) Close();  // nobody is there to wait for
     return;
   }

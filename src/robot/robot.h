@@ -1,8 +1,10 @@
 // Reads requests, one a line, and answers them in their order, one line each. A request is begun when the desk's handlers for the one
-// before have returned, also when they let events run meanwhile.
+// before have returned, also when they let events run meanwhile; and never within a code that a device sends: its handlers let events run
+// too, and a request among them would find the code half entered.
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 #include <cstdio>
 #include <deque>
 #include <optional>
@@ -12,6 +14,8 @@
 #include "robot/requests.h"
 
 namespace karvel {
+
+class CodeScanner;
 
 class Robot : public QObject {
  public:
@@ -31,10 +35,12 @@ class Robot : public QObject {
   void Answer(const Json& answer);
 
   DeskWindow& window_;
+  const CodeScanner& scanner_;
   Requests requests_;
   std::FILE* const output_;
   LineInput input_;
   std::deque<Waiting> waiting_;
+  QTimer codeOver_;      // asks again while a device's code is entered
   bool ready_ = false;   // the window was activated
   bool busy_ = false;    // a request's handlers are running
   bool ended_ = false;   // no more input

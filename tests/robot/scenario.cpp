@@ -8,12 +8,14 @@
 #include <QSettings>
 #include <QString>
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstdlib>
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <stdexcept>
+#include <thread>
 
 #include "text/turkish.h"
 
@@ -206,6 +208,8 @@ void Scenario::Step(const std::string& line, const std::vector<std::string>& exp
       if (ending.empty() || entry.path().extension() == ending) names.push_back(entry.path().filename().string());
     std::sort(names.begin(), names.end());
     Compare(names, expected);
+  } else if (word == "soon") {
+    Soon(rest, expected, answer);
   } else if (word == "restart") {
     Close();
   } else if (word == "ended") {
@@ -218,6 +222,18 @@ void Scenario::Step(const std::string& line, const std::vector<std::string>& exp
     robot_.reset();
   } else {
     Fail("what does this line mean?");
+  }
+}
+
+void Scenario::Soon(const std::string& line, const std::vector<std::string>& expected, const std::string& answer) {
+  const auto end = std::chrono::steady_clock::now() + kPatience;
+  while (true) {
+    try {
+      return Step(line, expected, answer);
+    } catch (const std::exception&) {
+      if (std::chrono::steady_clock::now() > end) throw;
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
   }
 }
 

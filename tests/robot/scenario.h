@@ -5,8 +5,8 @@
 //   env NAME=VALUE                 for the robot's starts from here on
 //   setting SECTION/KEY=VALUE      writes a setting of the terminal; of another application as APPLICATION:SECTION/KEY=VALUE
 //                                  the value {serial} is the port of the serial line
-//   serial BYTES                   what a scanner on the serial line sends; \r and \n are the end marks. Heard while the next
-//                                  request waits
+//   serial BYTES                   what a scanner on the serial line sends; \r and \n are the end marks. The desk hears it when the
+//                                  machine delivers it: look with "soon"
 //   put PATH: LINE                 adds a line to a CP1254 file of the home ("C/…", "net/…") or of the program folder ("program/…")
 //   write FILE: STATEMENT          changes a database file of the data folder from outside; the first time it comes from its template
 //   {"do":…}                       a request to the robot, which is started when it isn't running; must be done unless "<" tells otherwise
@@ -16,7 +16,8 @@
 //   text PATH                      the lines of such a file
 //   files PATH [*.END]             the names in a folder, sorted; of one ending alone
 //   setting? SECTION/KEY           the value of a setting
-//   = LINE                         one expected line of the five above; without any the result is empty
+//   = LINE                         one expected line of those above; without any the result is empty
+//   soon LINE                      any line above again and again until it is as told, for a minute at most
 //   restart                        closes the desk, which must end well; the next request starts it anew
 //   ended                          the desk closed by itself after the last request, and ended well
 //   end                            ends the robot's input, which must end well
@@ -51,6 +52,7 @@ class Scenario {
  private:
   void PlayLines(const std::filesystem::path& script);
   void Step(const std::string& line, const std::vector<std::string>& expected, const std::string& answer);
+  void Soon(const std::string& line, const std::vector<std::string>& expected, const std::string& answer);
   void Request(const std::string& line, const std::string& expectedAnswer);
   void WriteSetting(const std::string& rest);
   void Close();
