@@ -4,6 +4,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <random>
 #include <string>
@@ -51,22 +53,31 @@ std::vector<std::unique_ptr<Cursor>> Books(Stores& stores) {
 
 }  // namespace
 
+// Writes the counter's first row, and posts once. Tells the microseconds that it took.
+useconds_t Begin(const std::string& folder) {
+  Stores stores(MakeSqliteEngine(TestOptions(folder)));
+  EXPECT_TRUE(stores.Open(folder).Ok());
+  auto counter = Opened(stores, "Index.mdb", "Mdbindex");
+  EXPECT_TRUE(counter->AddNew().Ok());
+  counter->Set("Tarih", "2026");
+  counter->Set("Indexi", "0");
+  EXPECT_TRUE(counter->Update().Ok());
+  auto books = Books(stores);
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_TRUE(Post(stores, *counter, books));
+  const auto took = std::chrono::steady_clock::now() - begin;
+  return static_cast<useconds_t>(std::chrono::duration_cast<std::chrono::microseconds>(took).count());
+}
+
 // KARVEL_KILLS sets how often; the usual run is short.
 TEST(KilledAction, lands_in_all_files_or_in_none) {
   const SqliteKind kind;
-  {
-    Stores stores(MakeSqliteEngine(TestOptions(kind.Folder())));
-    ASSERT_TRUE(stores.Open(kind.Folder()).Ok());
-    auto counter = Opened(stores, "Index.mdb", "Mdbindex");
-    ASSERT_TRUE(counter->AddNew().Ok());
-    counter->Set("Tarih", "2026");
-    counter->Set("Indexi", "0");
-    ASSERT_TRUE(counter->Update().Ok());
-  }
+  // On a slow disk they live longer, so that they come to post.
+  const useconds_t life = std::max<useconds_t>(25'000, 4 * Begin(kind.Folder()));
   const char* wanted = getenv("KARVEL_KILLS");
   const int kills = wanted != nullptr ? std::atoi(wanted) : 60;
   std::mt19937 random(20260301);
-  int posted = 0;
+  int posted = 1;
   for (int kill = 0; kill < kills; ++kill) {
     int opened[2];
     ASSERT_EQ(pipe(opened), 0);
@@ -79,7 +90,7 @@ TEST(KilledAction, lands_in_all_files_or_in_none) {
       ASSERT_EQ(read(opened[0], &sign, 1), 1);
     }
     close(opened[0]);
-    usleep(std::uniform_int_distribution<useconds_t>(1'000, 25'000)(random));
+    usleep(std::uniform_int_distribution<useconds_t>(1'000, life)(random));
     ::kill(child, SIGKILL);
     int outcome = 0;
     waitpid(child, &outcome, 0);
@@ -92,7 +103,6 @@ TEST(KilledAction, lands_in_all_files_or_in_none) {
     posted = number;
     for (const auto& book : Books(stores)) {
       ASSERT_EQ(book->RecordCount(), number) << book->Name() << " after kill " << kill;
-      if (number == 0) continue;
       ASSERT_TRUE(book->FindFirst("DigerId='" + std::to_string(number) + "'").Ok()) << book->Name();
     }
     for (const auto& entry : std::filesystem::directory_iterator(kind.Folder())) {

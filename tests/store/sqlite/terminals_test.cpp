@@ -53,22 +53,27 @@ TEST(Gate, opens_for_the_next_as_soon_as_its_holder_leaves_or_dies) {
   const TempFolder folder;
   sqlite::Gate gate;
   ASSERT_TRUE(gate.Open(folder.Path()).Ok());
-  int ready[2];
+  int ready[2], leave[2];
   ASSERT_EQ(pipe(ready), 0);
+  ASSERT_EQ(pipe(leave), 0);
   const pid_t holder = fork();
   if (holder == 0) {
     sqlite::Gate theirs;
     const bool taken = theirs.Open(folder.Path()).Ok() && theirs.Take(1000).Ok();
     const char sign = taken ? '1' : '0';
     if (write(ready[1], &sign, 1) != 1) _exit(1);
-    usleep(150'000);
+    close(leave[1]);
+    char end = 0;
+    (void)!read(leave[0], &end, 1);
+    usleep(100'000);
     _exit(0);  // without leaving
   }
   char sign = 0;
   ASSERT_EQ(read(ready[0], &sign, 1), 1);
   ASSERT_EQ(sign, '1');
   EXPECT_EQ(gate.Take(20).Kind(), ErrorKind::Busy);
-  EXPECT_TRUE(gate.Take(5000).Ok());
+  close(leave[1]);
+  EXPECT_TRUE(gate.Take(60'000).Ok());
   waitpid(holder, nullptr, 0);
   gate.Leave();
   sqlite::Gate second;
