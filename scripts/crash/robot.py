@@ -14,11 +14,12 @@ class Gone(Exception):
 
 
 class Robot:
-    def __init__(self, program, home, title="Velmora Karvel1", wrap=(), preexec=None):
+    def __init__(self, program, home, title="Velmora Karvel1", wrap=(), preexec=None, errors=subprocess.PIPE):
         # What a killed one leaves in the folder of temporary files goes with the home.
-        environment = dict(os.environ, KARVEL_HOME=home, KARVEL_TITLE=title, KARVEL_CLOCK="2026-03-01T10:15:00", QT_QPA_PLATFORM="offscreen", TMPDIR=home)
+        environment = dict(os.environ, KARVEL_HOME=home, KARVEL_TITLE=title, KARVEL_CLOCK="2026-03-01T10:15:00", QT_QPA_PLATFORM="offscreen", TMPDIR=home,
+                           XDG_RUNTIME_DIR=home)
         environment.pop("DISPLAY", None)
-        self.process = subprocess.Popen([*wrap, program], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+        self.process = subprocess.Popen([*wrap, program], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=errors,
                                         env=environment, preexec_fn=preexec, restore_signals=preexec is None)
         self.rest = b""
 
@@ -92,6 +93,7 @@ class Robot:
         self.process.wait()
         for pipe in (self.process.stdin, self.process.stdout, self.process.stderr):
             try:
-                pipe.close()
+                if pipe:
+                    pipe.close()
             except BrokenPipeError:
                 pass

@@ -110,7 +110,8 @@ def balances(connection):
     for code, debit, credit, balance, side in connection.execute("SELECT CariKod, Borc, Alacak, Bakiye, Hesap FROM CariKartlar"):
         # A card that was never posted to may have no side yet; and totals that differ behind the fifteenth digit may stand on either.
         sides = ("Borç", "Alacak") if near(debit, credit) else ("Alacak",) if credit > debit else ("Borç",)
-        if not near(balance, abs(debit - credit)) or (side or "Borç") not in sides:
+        # The balance is kept in whole kuruş.
+        if abs(balance - abs(debit - credit)) > 0.0051 or (side or "Borç") not in sides:
             faults.append(f"account {code}: balance {balance} {side} of {debit} {credit}")
     return faults
 
