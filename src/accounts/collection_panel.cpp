@@ -4,6 +4,7 @@
 #include <array>
 
 #include "desk/refusal.h"
+#include "desk/stored_customer.h"
 #include "text/format.h"
 
 namespace karvel {
@@ -41,7 +42,9 @@ CollectionPanel::CollectionPanel(const DeskParts& parts, MoneyPosting& money) : 
 
 void CollectionPanel::Open() {
   auto& [screen, form, cursors, settings, world] = parts_;
-  const double balance = cursors.CariData.Number("Bakiye");
+  Cursor stored(world.stores, "debtor");
+  if (!OpenStoredCustomer(stored, cursors.CariData)) return;
+  const double balance = stored.Number("Bakiye");
   if (balance == 0) return;
   screen.Text2(2).SetText(PlainNumber(balance));
   screen.TahsilatFrame.SetVisible(true);
@@ -84,10 +87,11 @@ void CollectionPanel::Collect() {
   if (posted.Ok()) {
     if (screen.Command9.Caption() == "Yazıcı Var") screen.DökNoYaz.Press();
     screen.Label5.SetCaption(PlainNumber(cursors.CariData.Number("Bakiye")));
-    screen.TahsilatFrame.SetVisible(false);
   }
   screen.SetBusy(false);
   screen.Command7(kOk).SetEnabled(true);
+  // Last: the codes that waited behind the panel are entered now, by a desk that takes input.
+  if (posted.Ok()) screen.TahsilatFrame.SetVisible(false);
   ShowRefusal(world, posted);
 }
 

@@ -1,7 +1,5 @@
 #include "desk/product_field.h"
 
-#include <initializer_list>
-
 #include "desk/completion.h"
 #include "desk/screen_keyboard.h"
 #include "desk/sources.h"
@@ -47,9 +45,21 @@ void ProductField::Focused() {
   form.ActiveFieldCode = 1;
   Element& field = screen.Text1(1);
   const bool byBarcode = screen.Label1(1).Caption() == " Barkod";
-  if (!byBarcode && field.Text().empty() && cursors.StokData.HasRows()) field.SetText(cursors.StokData.Text("StokAdi"));
+  if (!byBarcode && field.Text().empty() && cursors.StokData.HasRows()) NameItemInFront();
   // The next name or code, typed or scanned, takes the place of what stands there.
   field.SelectAll();
+}
+
+void ProductField::NameItemInFront() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  Cursor& cards = cursors.StokData;
+  if (NumberOrZero(screen.Text2(0).Text()) == 0 && cards.HasCurrent()) {
+    // A code that nobody knows took the price away; the item must not go for nothing.
+    const std::string quantity = screen.Text2(1).Text();
+    step("item in front", cards.MoveTo(cards.CurrentKey()));
+    screen.Text2(1).SetText(quantity);
+  }
+  screen.Text1(1).SetText(cards.Text("StokAdi"));
 }
 
 void ProductField::EnterDown() {
@@ -79,34 +89,42 @@ bool ProductField::FindName(const std::string& text) {
 
 bool ProductField::FindCard(const std::string& text) {
   auto& [screen, form, cursors, settings, world] = parts_;
-  Cursor& cards = cursors.StokData;
-  const auto find = [&text](Cursor& among, std::initializer_list<const char*> columns) {
-    for (const char* const column : columns) {
-      step("find card", among.FindFirst(std::string(column) + "='" + text + "'"));
-      if (!among.NoMatch()) return true;
-    }
-    return false;
-  };
-  if (find(cards, {"Barkod", "StokKod"}) || FindName(text)) return true;
-  if (cards.RecordSource() != sources::kStock) {
-    // The list is narrowed to a group or a name; what the customer lays on the counter is sold all the same.
-    Cursor all(world.stores, "all cards");
-    all.SetDatabaseName(cards.DatabaseName());
-    step("all cards", all.Open(sources::kStock));
-    if (find(all, {"Barkod", "StokKod", "StokAdi"})) {
-      step("all cards", cards.Open(sources::kStock));
-      step("found card", cards.MoveTo(all.CurrentKey()));
-      parts_.screen.Text2(1).SetText("1");
-      return true;
-    }
-  }
+  if (FindBy({"Barkod", "StokKod"}, text) || FindName(text) || FindOutside({"Barkod", "StokKod", "StokAdi"}, text)) return true;
   // A code that was read into the serial numbers sells its item.
   Cursor& serials = cursors.SeriNoData;
   step("find serial", serials.FindFirst("Barcode='" + text + "'"));
   if (serials.NoMatch()) return false;
+  const std::string code = ReplaceAll(serials.Text("StokKod"), "'", "''");
+  if (!FindBy({"StokKod"}, code) && !FindOutside({"StokKod"}, code)) return false;
   form.ScannedSerial = serials.Text("barcode");
-  step("find card of serial", cards.FindFirst("StokKod=" + sources::Quoted(serials.Text("StokKod"))));
-  return !cards.NoMatch();
+  return true;
+}
+
+bool ProductField::FindBy(std::initializer_list<const char*> columns, const std::string& text) {
+  Cursor& cards = parts_.cursors.StokData;
+  for (const char* const column : columns) {
+    step("find card", cards.FindFirst(std::string(column) + "='" + text + "'"));
+    if (!cards.NoMatch()) return true;
+  }
+  return false;
+}
+
+// The list is narrowed to a group or a name; what the customer lays on the counter is sold all the same.
+bool ProductField::FindOutside(std::initializer_list<const char*> columns, const std::string& text) {
+  Cursor& cards = parts_.cursors.StokData;
+  if (cards.RecordSource() == sources::kStock) return false;
+  Cursor all(parts_.world.stores, "all cards");
+  all.SetDatabaseName(cards.DatabaseName());
+  step("all cards", all.Open(sources::kStock));
+  for (const char* const column : columns) {
+    step("find card", all.FindFirst(std::string(column) + "='" + text + "'"));
+    if (all.NoMatch()) continue;
+    step("all cards", cards.Open(sources::kStock));
+    step("found card", cards.MoveTo(all.CurrentKey()));
+    parts_.screen.Text2(1).SetText("1");
+    return true;
+  }
+  return false;
 }
 
 void ProductField::EnterCharacter() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <deque>
+#include <initializer_list>
 #include <string>
 
 #include "desk/parts.h"
@@ -17,8 +18,12 @@ class ProductField {
   void Focused();
   void EnterDown();       // first pass, at the key's going down
   void EnterCharacter();  // second pass, at the key's character
+  // Stands on the card of what was entered.
   bool FindCard(const std::string& text);
+  bool FindBy(std::initializer_list<const char*> columns, const std::string& text);
+  bool FindOutside(std::initializer_list<const char*> columns, const std::string& text);
   bool FindName(const std::string& text);
+  void NameItemInFront();
   void TextChanged();
   void KeyUp(const KeyEvent& event);
   void CodeRead(const std::string& code);

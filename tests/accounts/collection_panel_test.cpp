@@ -259,5 +259,25 @@ TEST_F(CollectionPanelTest, each_button_posts_to_its_own_account) {
   EXPECT_EQ(Balance("Muhtelif Müşteri"), "100.0|100.0|0.0|Borç");
 }
 
+TEST_F(CollectionPanelTest, a_debt_that_another_terminal_has_taken_is_not_offered_again) {
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Alacak=60, Bakiye=40 WHERE CariKod='Muhtelif Müşteri'");
+  Click("Command1");
+  EXPECT_EQ(At("Text2(2)").Text(), "40");
+  Click("Command7(0)");
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Alacak=100, Bakiye=0 WHERE CariKod='Muhtelif Müşteri'");
+  Click("Command1");
+  EXPECT_FALSE(At("TahsilatFrame").Visible());
+}
+
+TEST_F(CollectionPanelTest, codes_that_came_meanwhile_are_entered_by_a_desk_that_takes_input_again) {
+  Click("Command1");
+  bool busy = true;
+  At("TahsilatFrame").altered.Connect([&] {
+    if (!At("TahsilatFrame").Visible()) busy = desk->screen.Busy() || !At("Command7(1)").Enabled();
+  });
+  Click("Command7(1)");
+  EXPECT_FALSE(busy);
+}
+
 }  // namespace
 }  // namespace karvel

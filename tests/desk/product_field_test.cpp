@@ -539,5 +539,38 @@ TEST_F(ProductFieldTest, the_codes_of_an_order_of_serials_come_in_their_order) {
   EXPECT_EQ(At("List1").Items(), (std::vector<std::string>{"SN-901", "SN-902"}));
 }
 
+TEST_F(ProductFieldTest, behind_an_unknown_code_the_item_in_front_comes_back_with_its_price) {
+  PickItem("1001");
+  const std::string price = At("Text2(0)").Text();
+  Set("Text1(1)", "4444444");
+  Key("Text1(1)", key::kEnter);
+  ASSERT_EQ(At("Text1(1)").Text(), "");
+  ASSERT_EQ(At("Text2(0)").Text(), "0");
+  At("StokGrid").SetFocus();
+  Set("Text2(1)", "2");
+  At("Text1(1)").SetFocus();
+  EXPECT_EQ(At("Text1(1)").Text(), desk->cursors.StokData.Text("StokAdi"));
+  EXPECT_EQ(At("Text2(0)").Text(), price);
+  EXPECT_EQ(At("Text2(1)").Text(), "2");
+}
+
+TEST_F(ProductFieldTest, a_serial_of_an_item_outside_the_narrowed_list_sells_it) {
+  Sql("SeriNo.mdb", "INSERT INTO SeriNo(StokKod, barcode) VALUES('1001','SN77')");
+  Sql("Stok.mdb", "UPDATE StokKartlar SET Gurup='Uzak' WHERE StokKod='1001'");
+  ASSERT_TRUE(desk->cursors.StokData.Open("Select * From StokKartlar Where StokGizle=False And StokKod<>'1001' Order By StokAdi ASC").Ok());
+  Set("Text1(1)", "SN77");
+  Key("Text1(1)", key::kEnter);
+  EXPECT_EQ(desk->cursors.StokData.Text("StokKod"), "1001");
+  EXPECT_EQ(desk->form.ScannedSerial, "SN77");
+}
+
+TEST_F(ProductFieldTest, a_serial_without_a_card_is_kept_for_no_other_item) {
+  Sql("SeriNo.mdb", "INSERT INTO SeriNo(StokKod, barcode) VALUES('yok','SN78')");
+  Set("Text1(1)", "SN78");
+  Key("Text1(1)", key::kEnter);
+  EXPECT_EQ(At("Text1(1)").Text(), "");
+  EXPECT_EQ(desk->form.ScannedSerial, "");
+}
+
 }  // namespace
 }  // namespace karvel
