@@ -1,5 +1,6 @@
 #include "accounts/line_cancellation.h"
 
+#include "accounts/line_in_front.h"
 #include "desk/balance.h"
 #include "desk/main_button.h"
 #include "desk/sources.h"
@@ -27,7 +28,7 @@ LineCancellation::LineCancellation(const DeskParts& parts, MainButton& button) :
 
 Status LineCancellation::CancelDayBookLine() {
   auto& [screen, form, cursors, settings, world] = parts_;
-  if (!cursors.HareketData.HasCurrent()) return {};
+  if (!cursors.HareketData.HasCurrent() || !ReadLineAnew(parts_)) return {};
   // 1.
   form.RepositionGuard = 555;
   const std::string list = cursors.CariData.RecordSource();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "accounts/line_in_front.h"
 #include "desk/balance.h"
 #include "desk/main_button.h"
 #include "desk/safe_calc.h"
@@ -41,8 +42,8 @@ void LineCorrection::TakeLine() {
 
 Status LineCorrection::Correct() {
   auto& [screen, form, cursors, settings, world] = parts_;
-  if (!StandOnLine()) {
-    // The line that was taken is not in front any more: what stands there now must not be rewritten in its place.
+  if (!StandOnLine() || !ReadLineAnew(parts_)) {
+    // The line that was taken is not in front any more, or not what it was: what stands there now must not be rewritten in its place.
     EndCorrection();
     screen.Command2.SetEnabled(true);
     return {};

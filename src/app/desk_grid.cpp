@@ -345,7 +345,10 @@ QStringList DeskGrid::VisibleHeadings() {
 }
 
 QList<QStringList> DeskGrid::ShownRows(int max) {
+  // Another terminal's rows are in the answer, so a tap on one of them must find it on the window.
+  stale_ = true;
   FetchIfStale();
+  viewport()->update();
   QList<QStringList> texts;
   if (!watched_ || max <= 0) return texts;
   for (const GridRow& row : watched_->RowsFromStart(max)) {

@@ -34,7 +34,7 @@ class DeskGrid : public QAbstractScrollArea {
   std::optional<QPoint> RowInFront();
   QRect HeadRect(int visibleColumn);
   QStringList VisibleHeadings();
-  // The first `max` rows of the source, each visible column's text as shown.
+  // The first `max` rows of the source, each visible column's text as shown; read anew, and shown from here on.
   QList<QStringList> ShownRows(int max);
   // Counted from the source's first row; -1 without a current record.
   [[nodiscard]] int CurrentRowNumber() const;
@@ -89,6 +89,7 @@ class DeskGrid : public QAbstractScrollArea {
   // Fingers and keys.
   [[nodiscard]] bool IsCurrent(int index) const;
   bool MoveToRow(int index);
+  bool MoveToKey(RowKey key);
   void MoveByRows(int rows);
   void Held();
 
@@ -119,6 +120,7 @@ class DeskGrid : public QAbstractScrollArea {
 
   Drag drag_ = Drag::None;
   QPoint pressedAt_, movedTo_;
+  RowKey tapped_ = 0;  // the row that the last tap took, until the next press
   int borderColumn_ = -1, borderWidth_ = 0;
   bool doubled_ = false, held_ = false, rightPress_ = false;
 };

@@ -32,7 +32,10 @@ bool DeskGrid::IsCurrent(int index) const {
 
 bool DeskGrid::MoveToRow(int index) {
   if (index < 0 || index >= rows_.Count() || !watched_) return false;
-  const RowKey key = rows_.Rows()[static_cast<std::size_t>(index)].key;
+  return MoveToKey(rows_.Rows()[static_cast<std::size_t>(index)].key);
+}
+
+bool DeskGrid::MoveToKey(RowKey key) {
   followed_ = key;  // it is in view where the finger is: nothing jumps away under it
   return watched_->MoveTo(key).Ok();
 }
@@ -42,6 +45,7 @@ void DeskGrid::mousePressEvent(QMouseEvent* event) {
   if (!ui_.Reaches(element_)) return;
   FetchIfStale();
   pressedAt_ = movedTo_ = event->position().toPoint();
+  tapped_ = 0;
   doubled_ = held_ = false;
   rightPress_ = event->button() == Qt::RightButton;
   const bool inHead = pressedAt_.y() < HeadHeight();
@@ -105,6 +109,7 @@ void DeskGrid::mouseReleaseEvent(QMouseEvent* event) {
   const int row = RowAt(at.y());
   if (row < 0 || row != RowAt(pressedAt_.y())) return;
   // A tap on the row in front chooses it again: the fields may have gone another way meanwhile.
+  tapped_ = rows_.Rows()[static_cast<std::size_t>(row)].key;
   if (!MoveToRow(row) || !self) return;
   element_.mouseUp(ToMouseEvent(*event));
   if (self) element_.TapCell(number);
@@ -116,17 +121,21 @@ void DeskGrid::mouseDoubleClickEvent(QMouseEvent* event) {
   FetchIfStale();
   const QPoint at = event->position().toPoint();
   const int column = ColumnAt(at.x());
+  // The second tap means the row of the first, also when that made the list move: with lines of another terminal, say.
   const int row = RowAt(at.y());
-  if (event->button() != Qt::LeftButton || row < 0 || column < 0) {
+  const RowKey meant = at.y() < HeadHeight() ? 0 : tapped_ != 0 ? tapped_ : row < 0 ? 0 : rows_.Rows()[static_cast<std::size_t>(row)].key;
+  if (event->button() != Qt::LeftButton || meant == 0 || column < 0) {
     mousePressEvent(event);  // a second tap on a heading is one more tap
     return;
   }
+  tapped_ = 0;
   pressedAt_ = movedTo_ = at;
   drag_ = Drag::Pressed;
   doubled_ = true;
   const QPointer<DeskGrid> self(this);
   const int number = shown_[static_cast<std::size_t>(column)].number;
-  if ((IsCurrent(row) || MoveToRow(row)) && self) element_.DoubleTapCell(number);
+  if (!watched_ || (watched_->CurrentKey() != meant && !MoveToKey(meant))) return;
+  if (self) element_.DoubleTapCell(number);
 }
 
 void DeskGrid::Held() {

@@ -4,6 +4,7 @@
 #include "desk/list_in_front.h"
 #include "desk/refusal.h"
 #include "desk/sources.h"
+#include "desk/stored_customer.h"
 #include "platform/messages.h"
 #include "platform/scanner.h"
 #include "text/format.h"
@@ -58,6 +59,7 @@ void MainButton::PostMoney() {
   if (!postMoney) return;
   if (!PayerInFront()) {
     parts_.screen.Text1(0).SetFocus();
+    parts_.screen.Command2.SetEnabled(true);  // the amount stays, and is taken when the customer stands
     return;
   }
   SetWaiting(true);
@@ -68,7 +70,7 @@ void MainButton::PostMoney() {
   ShowRefusal(parts_.world, posted);
 }
 
-// The money goes to the row in front, so there must be one, and the name on the screen must be a customer's.
+// The money goes to the row in front, so there must be one, in the files too, and the name on the screen must be a customer's.
 bool MainButton::PayerInFront() const {
   const Screen& screen = parts_.screen;
   Cursor& customers = parts_.cursors.CariData;
@@ -77,10 +79,15 @@ bool MainButton::PayerInFront() const {
   if (!ListsCustomers(screen) || name.empty()) return false;
   // After the store was away the list comes back with the customer that the screen still names.
   if (!customers.HasCurrent() && !(customers.Refresh().Ok() && customers.FindFirst("Unvan=" + sources::Quoted(name)).Ok())) return false;
+  Cursor stored(parts_.world.stores, "payer");
+  if (!OpenStoredCustomer(stored, customers)) {
+    customers.Refresh().Ignore();  // deleted at another terminal: the list shows who is left
+    return false;
+  }
   if (NamesCard(name, customers.Text("Unvan"))) return true;
-  Cursor named(parts_.world.stores, "payer");
-  named.SetDatabaseName(customers.DatabaseName());
-  return named.Open("Select * From CariKartlar Where Unvan=" + sources::Quoted(name)).Ok() && named.HasRows();
+  // A list of all cards can stand on a money account: what a customer pays is not paid by the till.
+  if (customers.Text("CariKod").starts_with('=')) return false;
+  return stored.Open("Select * From CariKartlar Where Unvan=" + sources::Quoted(name)).Ok() && stored.HasRows();
 }
 
 void MainButton::PostSaleLine() {

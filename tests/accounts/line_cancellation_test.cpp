@@ -354,5 +354,33 @@ TEST_F(LineCancellationTest, satis_in_capitals_is_a_sale_too) {
   EXPECT_EQ(Customer("=110")["Borc"], "0.0");
 }
 
+TEST_F(LineCancellationTest, a_line_that_another_terminal_cancelled_meanwhile_is_not_taken_back_twice) {
+  Sell("Ayşe Yılmaz", "1001", "1");
+  PickItem("1001");
+  Post("2");
+  const std::string id = LastId();
+  TapLine(id);
+  Sql("Karvel.mdb", "UPDATE Datam SET Durum='Iptal' WHERE DigerId='" + id + "'");
+  const auto due = Due("C001");
+  messages.answers.push_back("Yes");
+  Click("Command2");
+  EXPECT_EQ(Day(id)["Durum"], "Iptal");
+  EXPECT_EQ(Due("C001"), due);
+  EXPECT_EQ(desk->form.RepositionGuard, 0);
+}
+
+TEST_F(LineCancellationTest, a_line_that_another_terminal_corrected_is_taken_back_as_it_is_now) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string id = LastId();
+  TapLine(id);
+  Sql("Karvel.mdb", "UPDATE Datam SET Miktar=1, Tutar=50 WHERE DigerId='" + id + "'");
+  Sql("Stok.mdb", "UPDATE StokKartlar SET CikanMik=1, CikanTutar=50, KalanA=1 WHERE StokKod='1001'");
+  messages.answers.push_back("Yes");
+  Click("Command2");
+  Fields card = Card("1001");
+  EXPECT_EQ(card["CikanMik"], "0.0");
+  EXPECT_EQ(card["CikanTutar"], "0.0");
+}
+
 }  // namespace
 }  // namespace karvel

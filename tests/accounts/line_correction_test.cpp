@@ -316,5 +316,21 @@ TEST_F(LineCorrectionTest, a_line_is_corrected_on_its_own_item_also_when_the_sto
   EXPECT_EQ(Card("1002")["CikanTutar"], "20.0");
 }
 
+TEST_F(LineCorrectionTest, a_line_that_another_terminal_cancelled_meanwhile_is_not_corrected) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string id = LastId();
+  TapLine(id);
+  desk->screen.HareketGrid.DoubleTapCell(2);
+  Click("Command3");
+  Set("Text2(0)", "45");
+  Set("Text2(1)", "2");
+  Sql("Karvel.mdb", "UPDATE Datam SET Durum='Iptal' WHERE DigerId='" + id + "'");
+  Click("Command2");
+  EXPECT_EQ(Day(id)["Fiyat"], "50.0");
+  EXPECT_EQ(Balance("C001"), "100.0|0.0|100.0|Borç");
+  EXPECT_EQ(At("Command3").Caption(), "Çıkış");
+  EXPECT_EQ(desk->form.EditLineId, "");
+}
+
 }  // namespace
 }  // namespace karvel

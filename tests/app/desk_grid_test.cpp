@@ -265,5 +265,28 @@ TEST_F(DeskGridTest, many_changes_are_painted_once) {
   EXPECT_LE(paints.count, 2);
 }
 
+TEST_F(DeskGridTest, a_double_tap_means_one_row_also_when_the_first_tap_brings_new_ones) {
+  Fill(5);
+  bool arrived = false;
+  screen.StokGrid.click.Connect([&] {
+    if (std::exchange(arrived, true)) return;
+    Cursor other(stores, "other");
+    other.SetDatabaseName(cursor.DatabaseName());
+    EXPECT_TRUE(other.Open(kAll).Ok() && other.AddNew().Ok());
+    other.Set("StokKod", "NEW");
+    other.Set("StokAdi", "Ayran");  // above all others
+    EXPECT_TRUE(other.Update().Ok());
+  });
+  std::string doubled;
+  screen.StokGrid.dblClick.Connect([&] { doubled = cursor.Text("StokKod"); });
+  DoubleTap(Grid()->viewport(), Grid()->CellRect(2, 1).center());
+  EXPECT_EQ(doubled, "K0002");
+  EXPECT_EQ(Grid()->ShownRows(1)[0][0], "NEW");
+  // The next one, of its own, means the row under the finger again.
+  QTest::qWait(QApplication::doubleClickInterval() + 50);
+  DoubleTap(Grid()->viewport(), Grid()->CellRect(0, 1).center());
+  EXPECT_EQ(doubled, "NEW");
+}
+
 }  // namespace
 }  // namespace karvel

@@ -277,6 +277,10 @@ TEST_F(MainButtonTest, a_name_that_nobody_has_pays_nothing) {
   EXPECT_EQ(Booked(), Lines{});
   EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariHareket"), "0");
   EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariKartlar WHERE Unvan='Kimse Yok'"), "0");
+  // With the right name the same amount is taken.
+  Set("Text1(0)", "Burak Demir");
+  Click("Command2");
+  EXPECT_EQ(Booked(), Lines{"C002||0.0|0.0|40.0|Nakit"});
 }
 
 TEST_F(MainButtonTest, the_beginning_of_the_name_in_front_is_that_customer) {
@@ -322,6 +326,30 @@ TEST_F(MainButtonTest, a_name_in_the_price_sells_nothing) {
   Click("Command2");
   EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam"), "0");
   EXPECT_TRUE(At("Text2(0)").HasFocus());
+}
+
+TEST_F(MainButtonTest, a_customer_deleted_at_another_terminal_pays_nothing_and_leaves_the_list) {
+  Front("C002");
+  ASSERT_EQ(At("Text1(0)").Text(), "Burak Demir");
+  Sql("Cari.mdb", "DELETE FROM CariKartlar WHERE CariKod='C002'");
+  PayInFront("5");
+  EXPECT_EQ(Booked(), Lines{});
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariHareket"), "0");
+  EXPECT_TRUE(desk->cursors.CariData.FindFirst("CariKod='C002'").Kind() == ErrorKind::NoRecord);
+  Pay("Ayşe Yılmaz", "5");
+  EXPECT_EQ(Booked(), Lines{"C001||0.0|0.0|5.0|Nakit"});
+}
+
+TEST_F(MainButtonTest, the_till_does_not_pay_what_the_customer_on_the_screen_pays) {
+  LeaveSale();
+  ASSERT_TRUE(desk->cursors.CariData.Open("CariKartlar").Ok());
+  Set("Text1(0)", "Ayşe Yılmaz");
+  desk->form.RepositionGuard = 99;
+  ASSERT_TRUE(desk->cursors.CariData.FindFirst("CariKod='=100'").Ok());
+  desk->form.RepositionGuard = 0;
+  ASSERT_EQ(At("Text1(0)").Text(), "Ayşe Yılmaz");
+  PayInFront("5");
+  EXPECT_EQ(Booked(), Lines{});
 }
 
 }  // namespace

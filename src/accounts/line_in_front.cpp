@@ -1,0 +1,25 @@
+#include "accounts/line_in_front.h"
+
+#include <utility>
+
+#include "desk/steps.h"
+
+namespace karvel {
+namespace {
+const Steps step("LineInFront");
+
+bool IsCancelled(const Cursor& day) { return day.Text("Durum") == "Iptal"; }
+
+}  // namespace
+
+bool ReadLineAnew(const DeskParts& parts) {
+  Cursor& day = parts.cursors.HareketData;
+  const bool wasCancelled = IsCancelled(day);
+  const float guard = std::exchange(parts.form.RepositionGuard, 100.0F);
+  const bool there = day.MoveTo(day.CurrentKey()).Ok() && (wasCancelled || !IsCancelled(day));
+  parts.form.RepositionGuard = guard;
+  if (!there) step("refresh day book", day.Refresh());
+  return there;
+}
+
+}  // namespace karvel
