@@ -114,8 +114,12 @@ bool CustomerCard::IsNew() {
   if (field(kCode).Text().empty()) field(kCode).SetFocus();
   if (field(kName).Text().empty()) field(kName).SetFocus();
   // 2.
-  step("find code", customers.FindFirst("CariKod Like " + sources::Quoted(AnyI(field(kCode).Text()))));
-  if (!customers.NoMatch()) return Refuse("Dikkat Bu Cari Kodu Kayıtlı..!", field(kCode));
+  // Among all cards, whatever the list shows: two of one code would share their ledger.
+  Cursor all(world.stores, "all cards");
+  all.SetDatabaseName(customers.DatabaseName());
+  step("all cards", all.Open("CariKartlar"));
+  step("find code", all.FindFirst("CariKod Like " + sources::Quoted(AnyI(field(kCode).Text()))));
+  if (!all.NoMatch()) return Refuse("Dikkat Bu Cari Kodu Kayıtlı..!", field(kCode));
   // 3.
   step("find name", customers.FindFirst("Unvan Like " + sources::Quoted(AnyI(field(kName).Text()))));
   if (!customers.NoMatch()) return Refuse("Dikkat Bu Unvan Kayıtlı..!", field(kCode));

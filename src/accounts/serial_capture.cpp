@@ -21,6 +21,15 @@ SerialCapture::SerialCapture(const DeskParts& parts) : parts_(parts) {
     event.character = 0;
     CheckSerialEntry();
   });
+  parts_.screen.Label4.changed.Connect([this] { FollowMode(); });
+}
+
+void SerialCapture::FollowMode() {
+  Screen& screen = parts_.screen;
+  if (screen.Label4.Caption() == "Alış") return;
+  // Only what is bought brings serials in; read for a purchase, they would be stored with a sale.
+  screen.Frame4.SetVisible(false);
+  screen.List1.ClearItems();
 }
 
 void SerialCapture::CheckSerialEntry() {

@@ -1,6 +1,7 @@
 // Serial numbers of goods that come in: each is scanned into Text4, gathers in List1, and the line takes the list along when it is posted.
 //
-// What stays true: List1 holds no serial twice, none that is in the stores already, and no item's barcode.
+// What stays true: List1 holds no serial twice, none that is in the stores already, and no item's barcode; outside the mode
+// "Alış" it is empty and the panel closed.
 #pragma once
 
 #include <string>
@@ -16,6 +17,7 @@ class SerialCapture {
   void CheckSerialEntry();
 
  private:
+  void FollowMode();
   void Take();
   void Refuse(const std::string& first, const std::string& second);
   [[nodiscard]] bool IsReadAlready(const std::string& serial);

@@ -5,8 +5,8 @@
 
 namespace karvel {
 
-// What another list or another customer makes void: a receipt, a collection or a card that was begun would be booked on the wrong one,
-// and an item that was typed in a sale is missing in no other.
+// What another list or another customer makes void: a receipt, a collection, a card or serials that were begun would be booked on the
+// wrong one, and an item that was typed in a sale is missing in no other.
 void CloseBookingPanels(Screen& screen);
 
 }  // namespace karvel

@@ -202,6 +202,7 @@ void CustomerList::Focused() {
     step("refresh customers", customers.Refresh());
     screen.Text1(0).SetText(customers.Text("Unvan"));
     form.RepositionGuard = guard;
+    FollowInFront();  // the balance beside the name is this customer's
   }
   screen.Text1(0).SelectAll();  // the next name takes the place of what stands there
 }

@@ -12,6 +12,19 @@ const Steps step("ListFilter");
 
 ListFilter::ListFilter(const DeskParts& parts, CustomerList& customers) : parts_(parts), customers_(customers) {
   parts_.screen.Text5.changed.Connect([this] { Changed(); });
+  parts_.screen.Frame2.altered.Connect([this] {
+    if (!parts_.screen.Frame2.Visible()) ShowAllAgain();
+  });
+}
+
+void ListFilter::ShowAllAgain() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  Cursor& customers = cursors.CariData;
+  // A filter from before the sale went with it: a list that stayed narrow under an empty field would seem to miss customers.
+  if (!screen.Text5.Text().empty() || !ContainsText(customers.RecordSource(), "Unvan Like ")) return;
+  const std::string code = customers.Text("CariKod");
+  OpenCustomers("");
+  step("customer in front", customers.FindFirst("CariKod=" + sources::Quoted(code)));
 }
 
 void ListFilter::Changed() {
@@ -38,12 +51,16 @@ void ListFilter::Changed() {
 
 void ListFilter::FilterCustomers() {
   auto& [screen, form, cursors, settings, world] = parts_;
-  const std::string text = ReplaceAll(ReplaceAll(screen.Text5.Text(), "İ", "?"), "i", "?");
+  OpenCustomers(ReplaceAll(ReplaceAll(screen.Text5.Text(), "İ", "?"), "i", "?"));
+  customers_.FollowInFront();  // a payment goes to the row in front
+}
+
+void ListFilter::OpenCustomers(const std::string& named) {
+  auto& [screen, form, cursors, settings, world] = parts_;
   const bool byGroup = screen.ComboCmd.Caption() == "Cari" && screen.GurupCombo.ListIndex() > 0;
   form.RepositionGuard = 555;
-  step("filter customers", cursors.CariData.Open(sources::CustomersOfGroupNamed(byGroup ? screen.GurupCombo.Text() : "", text)));
+  step("filter customers", cursors.CariData.Open(sources::CustomersOfGroupNamed(byGroup ? screen.GurupCombo.Text() : "", named)));
   form.RepositionGuard = 0;
-  customers_.FollowInFront();  // a payment goes to the row in front
 }
 
 void ListFilter::FilterStock() {

@@ -2,6 +2,8 @@
 // panel it echoes into the panel's field.
 #pragma once
 
+#include <string>
+
 #include "desk/customer_list.h"
 #include "desk/parts.h"
 
@@ -14,6 +16,8 @@ class ListFilter {
  private:
   void Changed();
   void FilterCustomers();
+  void ShowAllAgain();
+  void OpenCustomers(const std::string& named);
   void FilterStock();
 
   DeskParts parts_;

@@ -27,7 +27,8 @@ std::string WithLetter(const Element& box, char32_t letter) {
 bool MayBecomeNumber(const std::string& text) {
   constexpr std::size_t kWholeDigits = 9;  // a barcode that lands in an amount is no amount
   const std::size_t digits = ReplaceAll(text.substr(0, text.find(',')), ".", "").size();
-  return text.empty() || (digits <= kWholeDigits && (IsNumeric(text) || IsNumeric(text + "0")));
+  if (Trim(text).empty()) return text.empty();
+  return digits <= kWholeDigits && (IsNumeric(text) || IsNumeric(text + "0"));
 }
 
 // Groups the whole part of an amount and leaves what is typed behind the comma: "1500,5" is "1.500,5".

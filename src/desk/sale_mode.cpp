@@ -93,6 +93,8 @@ bool SaleMode::Enter() {
     form.RepositionGuard = 100;
     step("customer list", customers.Open(sources::kCustomers));
     form.RepositionGuard = 0;
+    // The balance on the screen is that of the row in front, no more the wholesaler's.
+    if (customers.HasCurrent()) step("customer in front", customers.MoveTo(customers.CurrentKey()));
     screen.Text1(0).SetText("");
     screen.Label1(5).SetCaption(" Tahsilat");
     screen.Label1(0).SetCaption(" Müşteri");

@@ -354,5 +354,19 @@ TEST_F(CustomerCardTest, a_card_with_one_more_letter_is_another) {
   EXPECT_EQ(Customer("C0011")["Unvan"], "zeynep");
 }
 
+TEST_F(CustomerCardTest, a_code_is_refused_also_when_its_card_is_not_in_the_list) {
+  const std::string before = Count();
+  Open("yeni müşteri");
+  for (const char* const taken : {"t001", "=100"}) {  // a wholesaler's, the till's
+    Set("CariNew(0)", taken);
+    Click("CariNewCmd(1)");
+    ASSERT_FALSE(messages.shown.empty()) << taken;
+    EXPECT_EQ(messages.shown.back().text, "Dikkat Bu Cari Kodu Kayıtlı..!");
+    EXPECT_TRUE(At("CariNew(0)").HasFocus());
+    EXPECT_TRUE(At("CariFrm").Visible());
+  }
+  EXPECT_EQ(Count(), before);
+}
+
 }  // namespace
 }  // namespace karvel

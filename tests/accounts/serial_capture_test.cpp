@@ -173,5 +173,30 @@ TEST_F(SerialCaptureTest, the_item_is_found_again_also_with_a_quote_in_its_name)
   EXPECT_EQ(desk->cursors.StokData.Text("StokKod"), "1003");
 }
 
+TEST_F(SerialCaptureTest, what_was_read_for_a_purchase_goes_with_no_sale) {
+  Scan("S1");
+  DoubleTap("Label4");
+  ASSERT_EQ(At("Label4").Caption(), "Satış");
+  EXPECT_FALSE(At("Frame4").Visible());
+  EXPECT_EQ(Taken(), Texts{});
+  Post("1");
+  EXPECT_EQ(One("SeriNo.mdb", "SELECT count(*) FROM SeriNo WHERE yeni=1"), "0");
+}
+
+TEST_F(SerialCaptureTest, a_tap_on_another_item_closes_it_with_the_purchase) {
+  PickItem("1002");
+  ASSERT_EQ(At("Label4").Caption(), "Satış");
+  EXPECT_FALSE(At("Frame4").Visible());
+}
+
+TEST_F(SerialCaptureTest, it_does_not_stay_over_the_customers_when_the_sale_is_left) {
+  Scan("S1");
+  DoubleTap("Label1(0)");
+  ASSERT_TRUE(At("CariGrid").Visible());
+  EXPECT_FALSE(At("Frame4").Visible());
+  EnterSale("Ayşe Yılmaz");
+  EXPECT_EQ(Taken(), Texts{});
+}
+
 }  // namespace
 }  // namespace karvel

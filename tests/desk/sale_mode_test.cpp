@@ -1,3 +1,4 @@
+#include "desk/sources.h"
 #include "tests/support/desk_fixture.h"
 #include "text/format.h"
 
@@ -337,6 +338,34 @@ TEST_F(SaleModeTest, the_group_list_changes_between_customers_and_stock) {
   Click("ComboCmd");
   EXPECT_EQ(At("ComboCmd").Caption(), "Cari");
   EXPECT_EQ(At("GurupCombo").Text(), "Tüm Guruplar");
+}
+
+TEST_F(SaleModeTest, back_from_the_wholesalers_the_balance_is_that_of_the_customer_in_front) {
+  AddCustomer("C050", "Aaa Bakkal", "Borc=7, Bakiye=7");
+  AddCustomer("T050", "Aaa Toptan", "Gurup='Toptan', Alacak=90, Bakiye=90, Hesap='Alacak'");
+  Sql("Cari.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Toptan',1)");
+  ASSERT_TRUE(Start());
+  At("GurupCombo").ChooseText("Toptan");
+  ASSERT_EQ(At("Label5").Caption(), "90,00");
+  DoubleTap("Label1(0)");
+  EXPECT_EQ(At("Text1(0)").Text(), "");
+  ASSERT_EQ(desk->cursors.CariData.Text("CariKod"), "C050");
+  EXPECT_EQ(At("Label5").Caption(), "7,00");
+}
+
+TEST_F(SaleModeTest, a_filter_from_before_the_sale_goes_with_it) {
+  AddCustomer("C050", "Ömer Bakkal");
+  AddCustomer("C051", "Önder Kasap");
+  ASSERT_TRUE(Start());
+  Set("Text5", "ö");
+  ASSERT_TRUE(desk->cursors.CariData.FindFirst("CariKod='C051'").Ok());
+  DoubleTap("Label1(0)");
+  ASSERT_FALSE(At("CariGrid").Visible());
+  DoubleTap("Label1(0)");
+  EXPECT_EQ(At("Text5").Text(), "");
+  EXPECT_EQ(desk->cursors.CariData.RecordSource(), sources::kCustomers);
+  EXPECT_EQ(desk->cursors.CariData.Text("CariKod"), "C051");
+  EXPECT_EQ(At("Text1(0)").Text(), "Önder Kasap");
 }
 
 }  // namespace
