@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Hands that know nothing of the desk: taps, keys, texts, codes and answers at random, wherever the desk lets them. It must go on answering, say
 nothing on its error output, close when it is asked to, and leave sound files with whole postings in them. At every other seed the hands also
-delete customers, which leaves one side of their payments alone.
+delete customers and rows, which leaves what belongs to them alone.
 
     random_hands.py <folder of the programs> [seeds=4] [requests=1500] [first seed=1]
 
@@ -30,7 +30,7 @@ TAPPED = ["Command1", "Command2", "Command3", "Command4", "Label3", "Label4", "L
           "TahsilatCmd", "CiroYazCmd", "ZRaporu", "Command9", "NakitCmd", "Label15", "List1", "List2", "Picture2(0)", "Form1", "Frame2"] + [
     f"{name}({i})" for name, count in (("Label1", 8), ("StokNewCmd", 2), ("CariNewCmd", 2), ("StokAlCmd", 2), ("Command8", 2), ("Command7", 2),
                                        ("Command5", 3), ("FatCmd", 2), ("Command10", 2), ("Label12", 6)) for i in range(count)]
-MENUS = ["Yuzde", "BarkodOku", "SecimTamam", "AySil", "Stoklu", "FiyatSabit", "Fiyat2", "Silme", "AraVer", "A5", "Efatura80cm"]
+MENUS = ["Yuzde", "BarkodOku", "SecimTamam", "AySil", "Stoklu", "FiyatSabit", "Fiyat2", "AraVer", "A5", "Efatura80cm"]
 KEYS = ["Enter", "Tab", "Shift+Tab", "Escape", "Delete", "Backspace", "Left", "Right", "Up", "Down", "Home", "End", "PageUp", "PageDown", "Ctrl+A", "Space", "F1",
         "Ctrl+Left", "Insert", "Ctrl+V", "Ctrl+X", "Ctrl+Z"]
 TEXTS = ["", " ", "1", "2", "12", "0", "-5", "1,5", "1.234,56", "999999999", "0,01", "abc", "Ayşe", "İ", "ı", "I", "i", "Müşteri", "a*", "?a", "[", "[a-", "#", "'",
@@ -41,7 +41,8 @@ CLOCKS = ["2026-03-01T10:15:00", "2026-03-01T23:59:59", "2026-03-02T00:00:00", "
 class Hands:
     def __init__(self, home, chance, deletes):
         self.chance = chance
-        self.tapped_menus = MENUS + (["CarSil"] if deletes else [])
+        self.picture = os.path.join(home, "hands.png")
+        self.tapped_menus = MENUS + (["CarSil", "Silme"] if deletes else [])
         connection = shop_check.Shop(home).open("Stok.mdb")
         self.codes = [str(row[0]) for row in connection.execute("SELECT Barkod FROM StokKartlar WHERE Barkod <> '' LIMIT 20")]
         self.items = [row[0] for row in connection.execute("SELECT StokAdi FROM StokKartlar LIMIT 20")]
@@ -73,7 +74,7 @@ class Hands:
             0.3: lambda: {"do": "clock", "now": pick(CLOCKS)},
             0.5: lambda: {"do": "set", "at": pick(DATES), "value": pick(("2026-03-01", "2020-01-01", "2030-12-31"))},
             0.7: lambda: {"do": "connection", "up": self.chance.random() < 0.7},
-            0.2: lambda: {"do": "shot", "file": "hands"},
+            0.2: lambda: {"do": "shot", "file": self.picture},
             1.5: lambda: {"do": pick(("state", "messages", "printed"))},
             2.5: lambda: {"do": pick(("grid", "get")), "at": pick(GRIDS)},
         }

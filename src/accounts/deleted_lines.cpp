@@ -32,6 +32,7 @@ void DeletedLines::Open() {
   screen.StokGrid.SetVisible(false);
   screen.HareketGrid.SetVisible(true);
   screen.CariGrid.SetVisible(false);
+  screen.Vadefrm.SetVisible(false);  // the lines are everybody's
   OpenDesk(false);
   step("deleted lines", cursors.HareketData.Refresh());
   screen.HareketGrid.SetFocus();

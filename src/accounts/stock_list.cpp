@@ -53,6 +53,7 @@ void StockList::Toggled() {
   }
   if (switching_) return;
   CloseBookingPanels(screen);
+  screen.Vadefrm.SetVisible(false);  // it speaks of a customer
   // 2.
   screen.Command2.SetEnabled(!stock);
   screen.Command3.SetEnabled(!stock);

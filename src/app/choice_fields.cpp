@@ -4,6 +4,7 @@
 #include <utility>
 
 #include <QCalendarWidget>
+#include <QListView>
 #include <QLocale>
 #include <QPainter>
 #include <QStyledItemDelegate>
@@ -47,6 +48,7 @@ ComboField::ComboField(const DeskUi& ui, Element& element, QWidget* parent) : QC
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   setMinimumContentsLength(8);
   setMaxVisibleItems(9);
+  setView(new QListView(this));  // the platform's own pop-up knows no entry as high as a finger
   connect(this, &QComboBox::currentIndexChanged, this, [this](int index) {
     if (syncing_) return;
     chosen_ = true;

@@ -91,12 +91,14 @@ class DeskGrid : public QAbstractScrollArea {
   bool MoveToRow(int index);
   bool MoveToKey(RowKey key);
   void MoveByRows(int rows);
+  void TapRowInFront(bool twice);
   void Held();
 
   // Paint.
   void PaintHead(QPainter& painter) const;
   // One letter size a column, small enough for the longest of the rows in sight.
   void FitColumns(const QPainter& painter);
+  [[nodiscard]] bool MostlyLong(const ShownColumn& column, int first, int behind, const QFontMetrics& metrics) const;
   [[nodiscard]] QString TextAt(int index, const ShownColumn& column) const;
   void PaintRow(QPainter& painter, int index, int y, bool current) const;
   void PaintCell(QPainter& painter, const ShownColumn& column, const QString& text, int y) const;

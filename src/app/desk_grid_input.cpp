@@ -215,9 +215,27 @@ void DeskGrid::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_End:
       watched_->MoveLast().Ignore();
       break;
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      TapRowInFront(event->key() != Qt::Key_Space);
+      break;
     default:
       break;
   }
+}
+
+// What a finger does to the row in front, by its first column. A double tap begins with a tap.
+void DeskGrid::TapRowInFront(bool twice) {
+  FetchIfStale();
+  if (shown_.empty() || !watched_->HasCurrent()) return;
+  const int number = shown_.front().number;
+  const RowKey meant = watched_->CurrentKey();
+  const QPointer<DeskGrid> self(this);
+  if (!MoveToKey(meant) || !self) return;
+  element_.mouseUp(MouseEvent{});
+  if (self) element_.TapCell(number);
+  if (self && twice && watched_ && (watched_->CurrentKey() == meant || MoveToKey(meant)) && self) element_.DoubleTapCell(number);
 }
 
 void DeskGrid::focusInEvent(QFocusEvent* event) {

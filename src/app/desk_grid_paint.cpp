@@ -15,6 +15,8 @@ namespace {
 constexpr int kCellPad = 10;
 constexpr qreal kRadius = 8;
 
+int SmallerName(int pixelSize) { return std::max(12, pixelSize * 4 / 5); }
+
 }  // namespace
 
 void DeskGrid::paintEvent(QPaintEvent*) {
@@ -96,8 +98,15 @@ void DeskGrid::PaintHead(QPainter& painter) const {
 void DeskGrid::FitColumns(const QPainter& painter) {
   const int first = scroll_ / RowHeight();
   const int behind = std::min(rows_.Count(), first + viewport()->height() / RowHeight() + 2);
-  for (ShownColumn& column : shown_) {
+  const int names = StretchColumn(columns_);
+  for (std::size_t i = 0; i < shown_.size(); ++i) {
+    ShownColumn& column = shown_[i];
     QFont font = painter.font();
+    column.pixelSize = font.pixelSize();
+    if (static_cast<int>(i) == names) {
+      if (MostlyLong(column, first, behind, QFontMetrics(font))) column.pixelSize = SmallerName(font.pixelSize());
+      continue;
+    }
     const int room = column.width - 2 * kCellPad;
     for (int index = first; index < behind; ++index) {
       const QString text = TextAt(index, column);
@@ -110,12 +119,19 @@ void DeskGrid::FitColumns(const QPainter& painter) {
     column.pixelSize = font.pixelSize();
   }
   // One size for all but the names, which may stand on two lines: an amount must not look larger than its neighbour for having fewer digits.
-  const int names = StretchColumn(columns_);
   int size = painter.font().pixelSize();
   for (std::size_t i = 0; i < shown_.size(); ++i)
     if (static_cast<int>(i) != names) size = std::min(size, shown_[i].pixelSize);
   for (std::size_t i = 0; i < shown_.size(); ++i)
     if (static_cast<int>(i) != names) shown_[i].pixelSize = size;
+}
+
+// Where long names are the rule all are small alike; where they are the exception each shrinks by itself, and the others stay.
+bool DeskGrid::MostlyLong(const ShownColumn& column, int first, int behind, const QFontMetrics& metrics) const {
+  int longer = 0;
+  for (int index = first; index < behind; ++index)
+    if (metrics.horizontalAdvance(TextAt(index, column)) > column.width - 2 * kCellPad) ++longer;
+  return longer * 3 > behind - first;
 }
 
 QString DeskGrid::TextAt(int index, const ShownColumn& column) const {
@@ -147,7 +163,11 @@ void DeskGrid::PaintCell(QPainter& painter, const ShownColumn& column, const QSt
   } else if (columns_[static_cast<std::size_t>(column.number)].align == Align::Center) {
     painter.drawText(room, Qt::AlignCenter, painter.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(room.width())));
   } else {
-    // A long name goes on two lines rather than losing its end, which tells one article from the next.
+    // A long name goes on two smaller lines rather than losing its end, which tells one article from the next.
+    if (fitted.pixelSize() == usual.pixelSize() && painter.fontMetrics().horizontalAdvance(text) > room.width()) {
+      fitted.setPixelSize(SmallerName(usual.pixelSize()));
+      painter.setFont(fitted);
+    }
     const QRect lines = painter.fontMetrics().boundingRect(room.toRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, text);
     const bool fits = lines.height() <= room.height() && lines.width() <= room.width() + 1;
     painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | (fits ? Qt::TextWordWrap : 0),

@@ -220,6 +220,21 @@ void DeskWindow::closeEvent(QCloseEvent* event) {
   Q_EMIT closed();
 }
 
+// Who had the keyboard was switched off or went with his panel: the list in front has it, or no key would be heard.
+void DeskWindow::focusInEvent(QFocusEvent* event) {
+  QMainWindow::focusInEvent(event);
+  QTimer::singleShot(0, this, [this] {
+    if (!activationAsked_ || focusWidget() != this) return;
+    for (Element* const list : {static_cast<Element*>(&ui_.screen.CariGrid), static_cast<Element*>(&ui_.screen.StokGrid),
+                                static_cast<Element*>(&ui_.screen.HareketGrid)}) {
+      QWidget* const widget = WidgetOf(*list);
+      if (!widget || !widget->isVisible() || !widget->isEnabled()) continue;
+      widget->setFocus();
+      return;
+    }
+  });
+}
+
 void DeskWindow::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
   if (!surface_) return;

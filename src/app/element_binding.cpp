@@ -3,7 +3,9 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
+#include <algorithm>
 #include <cstdlib>
+#include <vector>
 
 #include "app/key_codes.h"
 #include "app/qt_text.h"
@@ -13,6 +15,30 @@ namespace {
 
 constexpr int kHoldMilliseconds = 700;
 constexpr int kHoldSlack = 12;  // pixels that a still finger may wander
+
+bool IsWayOut(const Element& element) {
+  return element.Kind() == ElementKind::Button && (element.Caption() == "Vazgeç" || element.Caption() == "Kapat");
+}
+
+// The elements as they are declared, but the way out of a panel behind the other buttons of its array: who walks through the fields with
+// Enter comes to the button that saves.
+std::vector<Element*> TabOrder(const std::vector<Element*>& declared) {
+  std::vector<Element*> order = declared;
+  const auto arrayOf = [](const Element& element) { return element.Name().substr(0, element.Name().find('(')); };
+  for (std::size_t i = 0; i + 1 < order.size(); ++i) {
+    if (!IsWayOut(*order[i])) continue;
+    std::size_t last = i;
+    while (last + 1 < order.size() && arrayOf(*order[last + 1]) == arrayOf(*order[i])) ++last;
+    std::rotate(order.begin() + static_cast<std::ptrdiff_t>(i), order.begin() + static_cast<std::ptrdiff_t>(i) + 1,
+                order.begin() + static_cast<std::ptrdiff_t>(last) + 1);
+    i = last;
+  }
+  return order;
+}
+
+bool KeepsTab(const Screen& screen, const Element* panel) {
+  return panel && (panel == &screen.StokAl || panel == &screen.CariFrm || panel == &screen.StokGiris || panel == &screen.Frame4);
+}
 
 }  // namespace
 
@@ -129,13 +155,21 @@ bool ElementBinding::OnKeyPress(const QKeyEvent& event) {
   ui_.screen.Form1.keyDown(down);
   if (!self || down.dropped) return true;
   if (element_.Kind() == ElementKind::Form) {
-    if (ui_.spareKey) ui_.spareKey(down.code);
+    if (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab) {
+      MoveTab(event.key() == Qt::Key_Tab && !event.modifiers().testFlag(Qt::ShiftModifier));
+    } else if (ui_.spareKey) {
+      ui_.spareKey(down.code);
+    }
     return true;
   }
   element_.keyDown(down);
   if (!self || down.dropped) return true;
   if (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab) {
     MoveTab(event.key() == Qt::Key_Tab && !event.modifiers().testFlag(Qt::ShiftModifier));
+    return true;
+  }
+  if (down.code == key::kEnter && element_.Kind() == ElementKind::CheckBox) {
+    MoveTab(true);  // Enter walks a card from field to field; the tick is Space's
     return true;
   }
   if (event.key() == Qt::Key_Menu) {
@@ -198,12 +232,15 @@ void ElementBinding::OnHeld() {
 }
 
 void ElementBinding::MoveTab(bool forward) {
-  const auto& all = ui_.screen.elements.All();
+  const std::vector<Element*> all = TabOrder(ui_.screen.elements.All());
+  // A panel that is filled in keeps Tab to itself until it is left by one of its buttons.
+  const Element* const inside = KeepsTab(ui_.screen, element_.Panel()) ? element_.Panel() : nullptr;
   const auto count = static_cast<int>(all.size());
   int at = 0;
   while (at < count && all[static_cast<std::size_t>(at)] != &element_) ++at;
   for (int step = 1; step < count; ++step) {
     const int next = (at + (forward ? step : count - step)) % count;
+    if (inside && all[static_cast<std::size_t>(next)]->Panel() != inside) continue;
     QWidget* const candidate = ui_.widgets.value(all[static_cast<std::size_t>(next)]);
     if (!candidate || !candidate->isVisible() || !candidate->isEnabled() || !(candidate->focusPolicy() & Qt::TabFocus)) continue;
     candidate->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);

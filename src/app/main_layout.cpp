@@ -66,6 +66,7 @@ void MainLayout::BuildLists() {
   lists_->addLayout(filter_);
   qobject_cast<QLineEdit*>(Of(screen.Text5))->setPlaceholderText("Süz…");
   filter_->addWidget(Of(screen.Text5), 3);
+  Of(screen.Text5)->setMinimumWidth(ui_.theme.Px(130));
   filter_->addWidget(Of(screen.ComboCmd));
   filter_->addWidget(Of(screen.GurupCombo), 2);
   filter_->addWidget(Of(screen.StokChk));

@@ -178,7 +178,7 @@ void Money(Builder& build, DeskUi& ui, const Screen& screen) {
   due->SetMovable();
   due->setToolTip("Kapatmak için dokunun");
   build.Following(build.Text(""), {&screen.Label15}, [&screen] {
-    return screen.Label15.Caption().starts_with("-") ? QStringLiteral("Vadesine kalan") : QStringLiteral("Vadesi geçen");
+    return screen.Label15.Caption().starts_with("-") ? QStringLiteral("Vadesi gelmedi  ✕") : QStringLiteral("Vadesi geçen  ✕");
   });
   auto* const days = qobject_cast<TouchLabel*>(build.Of(screen.Label15));
   days->SetLook(LabelLook::Amount);

@@ -1,6 +1,10 @@
 #include "app/text_field.h"
 
+#include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QStyle>
+#include <QStyleOptionFrame>
+#include <utility>
 
 #include "app/qt_text.h"
 
@@ -9,13 +13,51 @@ namespace karvel {
 TextField::TextField(const DeskUi& ui, Element& element, QWidget* parent) : QLineEdit(parent), ui_(ui), element_(element) {
   setContextMenuPolicy(Qt::PreventContextMenu);
   setDragEnabled(false);
-  connect(this, &QLineEdit::textChanged, this, [this] { TakeEdit(); });
+  connect(this, &QLineEdit::textChanged, this, [this] {
+    FitAmount();
+    TakeEdit();
+  });
   connect(this, &QLineEdit::cursorPositionChanged, this, [this] { TakeSelection(); });
   connect(this, &QLineEdit::selectionChanged, this, [this] { TakeSelection(); });
 }
 
 void TextField::ApplyFont() {
   setFont(ui_.theme.Font(amount_ ? FontRole::Amount : FontRole::Field, ToQt(element_.FontName())));
+  FitAmount();
+}
+
+void TextField::FitAmount() {
+  if (!amount_) return;
+  constexpr int kLeastPixels = 12;
+  constexpr int kCaretRoom = 6;
+  QStyleOptionFrame option;
+  initStyleOption(&option);
+  const int room = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).width() - kCaretRoom;
+  QFont fitted = ui_.theme.Font(FontRole::Amount, ToQt(element_.FontName()));
+  while (fitted.pixelSize() > kLeastPixels && QFontMetrics(fitted).horizontalAdvance(text()) > room) fitted.setPixelSize(fitted.pixelSize() - 1);
+  if (fitted != font()) setFont(fitted);
+}
+
+void TextField::resizeEvent(QResizeEvent* event) {
+  QLineEdit::resizeEvent(event);
+  FitAmount();
+}
+
+void TextField::focusInEvent(QFocusEvent* event) {
+  QLineEdit::focusInEvent(event);
+  entering_ = event->reason() == Qt::MouseFocusReason;
+}
+
+void TextField::mousePressEvent(QMouseEvent* event) {
+  if (!entering_) QLineEdit::mousePressEvent(event);
+}
+
+void TextField::mouseMoveEvent(QMouseEvent* event) {
+  if (!entering_) QLineEdit::mouseMoveEvent(event);
+}
+
+void TextField::mouseReleaseEvent(QMouseEvent* event) {
+  if (!std::exchange(entering_, false)) QLineEdit::mouseReleaseEvent(event);
 }
 
 void TextField::SetAmount(bool amount) {

@@ -1,5 +1,8 @@
 // A text box: an edit line that shows its element's text and selection and hands edits back.
 //
+// A tap that brings the focus leaves the caret where the desk puts it on entry; the next one places it under the finger. An amount that is
+// longer than its field is written smaller, never cut.
+//
 // What stays true: after an edit the element has the new text before its handlers run, and the caret where the edit left it, unless a
 // handler placed the caret or wrote another text.
 #pragma once
@@ -26,7 +29,15 @@ class TextField : public QLineEdit {
   [[nodiscard]] const std::string& ElementText() const { return element_.Text(); }
   void ApplyFont();
 
+ protected:
+  void focusInEvent(QFocusEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
+  void FitAmount();
   void TakeEdit();
   void TakeSelection();
 
@@ -35,6 +46,7 @@ class TextField : public QLineEdit {
   bool syncing_ = false;  // the element is being shown: signals of the line are echoes
   bool editing_ = false;  // an edit is on its way to the element
   bool amount_ = false;
+  bool entering_ = false;  // the tap that brought the focus is not over
 };
 
 }  // namespace karvel

@@ -78,7 +78,7 @@ QMenu::item:disabled { color: @faint; }
 QMenu::separator { height: 1px; background: @line; margin: $6px; }
 QMenu::indicator { width: $18px; height: $18px; left: $12px; border: 2px solid @faint; border-radius: $5px; background: @field; }
 QMenu::indicator:checked { background: @accent; border-color: @accent; image: url(:/qt-project.org/styles/commonstyle/images/standardbutton-apply-16.png); }
-QLineEdit, QDateEdit, QComboBox { background: @field; color: @text; border: 1px solid @line; border-radius: $8px; padding: 0 $10px;
+QLineEdit, QDateEdit, QComboBox { background: @field; color: @text; border: 1px solid @faint; border-radius: $8px; padding: 0 $10px;
   min-height: $46px; selection-background-color: @accent; selection-color: @background; }
 QLineEdit:focus, QDateEdit:focus, QComboBox:focus { border: 2px solid @accent; }
 QLineEdit:disabled, QDateEdit:disabled, QComboBox:disabled { color: @muted; background: @surface; border-color: @raised; }
@@ -248,7 +248,7 @@ void ApplyTheme(QApplication& application) {
   look.setColor(QPalette::Base, palette::kField);
   look.setColor(QPalette::AlternateBase, palette::kSurface);
   look.setColor(QPalette::Text, palette::kText);
-  look.setColor(QPalette::PlaceholderText, palette::kFaint);
+  look.setColor(QPalette::PlaceholderText, palette::kMuted);
   look.setColor(QPalette::Button, palette::kRaised);
   look.setColor(QPalette::ButtonText, palette::kText);
   look.setColor(QPalette::BrightText, palette::kRed);

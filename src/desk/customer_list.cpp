@@ -216,6 +216,7 @@ void CustomerList::FollowInFront() {
   }
   screen.Text1(0).SetText("");
   screen.Label5.SetCaption("0");
+  screen.Label8.SetCaption("");
   screen.Vadefrm.SetVisible(false);
 }
 

@@ -15,6 +15,7 @@
 #include "desk/shut_down.h"
 #include "desk/start_up.h"
 #include "desk/tapped_search.h"
+#include "desk/way_out.h"
 #include "desk/window_rule.h"
 
 namespace karvel {
@@ -33,6 +34,7 @@ struct Desk::Features {
   SaleMode saleMode{parts, prices, fields, dayTotal};
   CustomerList customers{parts, prices, dayTotal};
   ListFilter filter{parts, customers};
+  WayOut wayOut{parts};
   ProductField product{parts};
   TappedSearch taps{parts, customers, prices};
   SalePosting posting{parts, numbers};

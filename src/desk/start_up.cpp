@@ -221,6 +221,11 @@ void StartUp::Activate() {
   screen.MnPop(13).SetCaption("Kdv " + settings.Get(Setting::TaxMode));  // 13.
   customers_.KeepWalkIn();                             // 14.
   screen.Label5.SetColor(color::kWhite);
+  if (cursors.CariData.HasCurrent()) {
+    // What the screen says beside the row in front is his.
+    screen.Label5.SetCaption(PlainNumber(cursors.CariData.Number("Bakiye")));
+    screen.Label8.SetCaption(cursors.CariData.Text("CariKod"));
+  }
   screen.Vadefrm.SetVisible(false);                    // 15.
   screen.Frame5.SetVisible(false);
   screen.CariGrid.SetFocus();

@@ -30,6 +30,7 @@ constexpr std::array kNames{
     NamedKey{"Escape", Qt::Key_Escape, "\x1b"},
     NamedKey{"Space", Qt::Key_Space, " "},
     NamedKey{"Insert", Qt::Key_Insert, ""},
+    NamedKey{"Menu", Qt::Key_Menu, ""},
 };
 
 constexpr std::array<std::pair<std::string_view, Qt::KeyboardModifier>, 3> kPrefixes{

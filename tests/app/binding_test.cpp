@@ -311,5 +311,52 @@ TEST_F(BindingTest, ending_at_once_asks_nobody) {
   EXPECT_TRUE(closeRequests.empty());
 }
 
+TEST_F(BindingTest, who_loses_the_keyboard_leaves_it_to_the_list_in_front) {
+  Focus(screen.Command2);
+  screen.Command2.SetEnabled(false);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Of(screen.CariGrid)->hasFocus(); }, 5000));
+  screen.Frame2.SetVisible(true);
+  screen.CariGrid.SetVisible(false);
+  screen.StokGrid.SetVisible(true);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Of(screen.StokGrid)->hasFocus(); }, 5000));
+}
+
+TEST_F(BindingTest, tab_is_heard_also_while_nobody_has_the_keyboard) {
+  window.setFocus();
+  ASSERT_TRUE(window.hasFocus());
+  Strike(&window, Qt::Key_Tab, "\t");
+  EXPECT_FALSE(window.hasFocus());
+  EXPECT_NE(QApplication::focusWidget(), nullptr);
+}
+
+TEST_F(BindingTest, tab_walks_a_panel_round_and_comes_to_its_way_out_last) {
+  screen.CariFrm.SetVisible(true);
+  Focus(screen.CariNew(9));
+  std::string way;
+  for (int i = 0; i < 4; ++i) {
+    Strike(QApplication::focusWidget(), Qt::Key_Tab, "\t");
+    way += screen.elements.Focused()->Name() + " ";
+  }
+  EXPECT_EQ(way, "CariChk CariNewCmd(1) CariNewCmd(0) CariNew(0) ");
+  Strike(QApplication::focusWidget(), Qt::Key_Backtab, "\t", Qt::ShiftModifier);
+  EXPECT_EQ(screen.elements.Focused(), &screen.CariNewCmd(0));
+}
+
+TEST_F(BindingTest, enter_goes_on_from_a_tick) {
+  screen.CariFrm.SetVisible(true);
+  Focus(screen.CariChk);
+  Strike(Of(screen.CariChk), Qt::Key_Return, "\r");
+  EXPECT_EQ(screen.elements.Focused(), &screen.CariNewCmd(1));
+  EXPECT_FALSE(screen.CariChk.Checked());
+}
+
+TEST_F(BindingTest, the_entries_of_an_open_choice_are_as_high_as_a_finger) {
+  screen.GurupCombo.SetItems({"Tüm Guruplar", "Müşteri", "Toptan"});
+  auto* const combo = qobject_cast<QComboBox*>(Of(screen.GurupCombo));
+  combo->showPopup();
+  EXPECT_GE(combo->view()->visualRect(combo->model()->index(1, 0)).height(), 48);
+  combo->hidePopup();
+}
+
 }  // namespace
 }  // namespace karvel

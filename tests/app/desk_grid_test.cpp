@@ -288,5 +288,19 @@ TEST_F(DeskGridTest, a_double_tap_means_one_row_also_when_the_first_tap_brings_n
   EXPECT_EQ(doubled, "NEW");
 }
 
+TEST_F(DeskGridTest, space_taps_the_row_in_front_and_enter_taps_it_twice) {
+  Fill(5);
+  std::string heard;
+  screen.StokGrid.click.Connect([&] { heard += "tap " + cursor.Text("StokKod") + " "; });
+  screen.StokGrid.dblClick.Connect([&] { heard += "double " + cursor.Text("StokKod") + " "; });
+  Focus(screen.StokGrid);
+  Strike(Of(screen.StokGrid), Qt::Key_Down);
+  Strike(Of(screen.StokGrid), Qt::Key_Space, " ");
+  EXPECT_EQ(heard, "tap K0001 ");
+  heard.clear();
+  Strike(Of(screen.StokGrid), Qt::Key_Return, "\r");
+  EXPECT_EQ(heard, "tap K0001 double K0001 ");
+}
+
 }  // namespace
 }  // namespace karvel

@@ -157,5 +157,36 @@ TEST_F(TextFieldTest, ctrl_with_a_letter_is_no_character) {
   EXPECT_EQ(screen.Text1(0).SelectionLength(), 3);
 }
 
+TEST_F(TextFieldTest, a_tap_that_brings_the_focus_leaves_the_caret_where_the_desk_put_it) {
+  Element& amount = screen.Text2(2);
+  amount.gotFocus.Connect([&amount] { amount.CaretToEnd(); });
+  amount.SetText("0");
+  QTest::mouseClick(Of(amount), Qt::LeftButton, {}, QPoint(6, Of(amount)->height() / 2));
+  ASSERT_TRUE(Of(amount)->hasFocus());
+  Type(Of(amount), "5");
+  EXPECT_EQ(amount.Text(), "05");
+  // In a field that has it, a tap places the caret.
+  QTest::mouseClick(Of(amount), Qt::LeftButton, {}, QPoint(6, Of(amount)->height() / 2));
+  Type(Of(amount), "7");
+  EXPECT_EQ(amount.Text(), "705");
+  Element& name = screen.Text1(0);
+  name.gotFocus.Connect([&name] { name.SelectAll(); });
+  name.SetText("Ayşe");
+  QTest::mouseClick(Of(name), Qt::LeftButton, {}, QPoint(20, Of(name)->height() / 2));
+  EXPECT_EQ(Line(name)->selectedText(), "Ayşe");
+}
+
+TEST_F(TextFieldTest, a_long_amount_is_written_smaller_and_a_short_one_large_again) {
+  Element& amount = screen.Text2(2);
+  amount.SetText("0");
+  const int usual = Of(amount)->font().pixelSize();
+  amount.SetText("999.999.999,99");
+  const QFont small = Of(amount)->font();
+  EXPECT_LT(small.pixelSize(), usual);
+  EXPECT_LE(QFontMetrics(small).horizontalAdvance("999.999.999,99"), Of(amount)->width());
+  amount.SetText("12,50");
+  EXPECT_EQ(Of(amount)->font().pixelSize(), usual);
+}
+
 }  // namespace
 }  // namespace karvel

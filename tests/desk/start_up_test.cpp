@@ -346,5 +346,15 @@ TEST_F(StartUpTest, keys_move_and_size_the_frame_unless_it_is_fixed) {
   EXPECT_EQ(window.moved, 2);
 }
 
+TEST_F(StartUpTest, the_balance_on_the_screen_is_that_of_the_customer_in_front) {
+  ASSERT_TRUE(Start());
+  AddCustomer("C1", "Aaa Bakkal", "Borc=75.5, Bakiye=75.5, Hesap='Borç'");
+  ASSERT_TRUE(Start());
+  ASSERT_EQ(At("Text1(0)").Text(), "Aaa Bakkal");
+  EXPECT_EQ(At("Label5").Caption(), "75,50");
+  EXPECT_EQ(At("Label8").Caption(), "C1");
+  EXPECT_FALSE(At("Vadefrm").Visible());
+}
+
 }  // namespace
 }  // namespace karvel

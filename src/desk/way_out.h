@@ -1,0 +1,19 @@
+// Escape leaves the panel in front as its own button would: nothing of it is booked.
+#pragma once
+
+#include "desk/parts.h"
+
+namespace karvel {
+
+class WayOut {
+ public:
+  explicit WayOut(const DeskParts& parts);
+
+ private:
+  // Whether there was a panel to leave.
+  bool Leave();
+
+  DeskParts parts_;
+};
+
+}  // namespace karvel
