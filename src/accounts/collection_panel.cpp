@@ -4,7 +4,7 @@
 #include <array>
 
 #include "desk/refusal.h"
-#include "desk/stored_customer.h"
+#include "desk/stored_cards.h"
 #include "text/format.h"
 
 namespace karvel {

@@ -55,6 +55,8 @@ Status CustomerRemoval::WipeHistory(const std::string& code) {
   auto& [screen, form, cursors, settings, world] = parts_;
   Action action(world.stores, "CarSil");
   if (!action.Begun().Ok()) return action.Finish();
+  // What another terminal posted while this one waited for its turn goes too.
+  step("ledger", cursors.CariHarData.Refresh());
   DeleteAll(cursors.CariHarData);  // 1.
   ClearCard();                     // 2.
   // 3.

@@ -36,8 +36,7 @@ Status LineCancellation::CancelDayBookLine() {
   form.CurrentCustomerCode = cursors.CariData.Text(0);
   // 2.
   const Cursor& day = cursors.HareketData;
-  const Line line{day.Text("DigerId"), day.Text("CariKod"),  day.Text("StokKod"),
-                  day.Text("Durum"),   day.Number("Tutar"), day.Number("Miktar")};
+  Line line = ReadLine();
   // 3. A line that came from another site carries a "T" which its ledger rows don't.
   step("all cards", cursors.CariData.Open("CariKartlar"));
   const std::string ledger = cursors.CariHarData.RecordSource();
@@ -51,7 +50,12 @@ Status LineCancellation::CancelDayBookLine() {
   form.RepositionGuard = 555;
 
   Action action(world.stores, "CancelDayBookLine");
-  const bool begun = action.Begun().Ok();
+  // Another terminal may have come first while this one waited for its turn.
+  const bool begun = action.Begun().Ok() && ReadLineAnew(parts_);
+  if (begun) {
+    line = ReadLine();
+    step("rows of the line", cursors.CariHarData.Refresh());
+  }
   if (begun && !line.id.empty()) ReverseLedger();            // 6.
   step("ledger", cursors.CariHarData.Open(ledger));          // 7.
   step("customer list", cursors.CariData.Open(list));
@@ -73,6 +77,11 @@ Status LineCancellation::CancelDayBookLine() {
   if (!done.Ok()) screen.Command2.SetEnabled(true);
   screen.StokGrid.SetFocus();
   return done;
+}
+
+LineCancellation::Line LineCancellation::ReadLine() const {
+  const Cursor& day = parts_.cursors.HareketData;
+  return {day.Text("DigerId"), day.Text("CariKod"), day.Text("StokKod"), day.Text("Durum"), day.Number("Tutar"), day.Number("Miktar")};
 }
 
 void LineCancellation::ReverseLedger() {

@@ -21,6 +21,7 @@ class LineCancellation {
 
  private:
   struct Line;
+  [[nodiscard]] Line ReadLine() const;
   void ReverseLedger();
   void ShowCustomer();
   void DropSerials();

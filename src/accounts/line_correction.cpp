@@ -1,6 +1,7 @@
 #include "accounts/line_correction.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "accounts/line_in_front.h"
 #include "desk/balance.h"
@@ -36,20 +37,36 @@ LineCorrection::LineCorrection(const DeskParts& parts, MainButton& button, Price
 void LineCorrection::TakeLine() {
   auto& [screen, form, cursors, settings, world] = parts_;
   form.EditLineId = cursors.HareketData.Text("DigerId");
+  ShowLine();
   screen.Command2.SetCaption("Tamam");
   screen.Text2(0).SetFocus();
 }
 
+// What is corrected begins as it is: the item in front is another one's price, and its lowest price would be kept for this line.
+void LineCorrection::ShowLine() {
+  auto& [screen, form, cursors, settings, world] = parts_;
+  const Cursor& day = cursors.HareketData;
+  Cursor& cards = cursors.StokData;
+  const float guard = std::exchange(form.RepositionGuard, 66.0F);
+  step("find stock card", cards.FindFirst("StokKod=" + sources::Quoted(day.Text("StokKod"))));
+  form.RepositionGuard = guard;
+  if (day.Text("StokKod").empty() || cards.NoMatch()) return;
+  screen.Text1(1).SetText(cards.Text("StokAdi"));
+  screen.Text2(0).SetText(Format(day.Number("Fiyat"), form.PriceFormat));
+  screen.Text2(1).SetText(PlainNumber(day.Number("Miktar")));
+}
+
 Status LineCorrection::Correct() {
   auto& [screen, form, cursors, settings, world] = parts_;
+  Action action(world.stores, "CorrectLine");
+  if (!action.Begun().Ok()) {
+    screen.Command2.SetEnabled(true);
+    return action.Finish();
+  }
+  // Looked at when it is this terminal's turn: another one may have come first.
   if (!StandOnLine() || !ReadLineAnew(parts_)) {
     // The line that was taken is not in front any more, or not what it was: what stands there now must not be rewritten in its place.
     EndCorrection();
-    screen.Command2.SetEnabled(true);
-    return {};
-  }
-  Action action(world.stores, "CorrectLine");
-  if (!action.Begun().Ok()) {
     screen.Command2.SetEnabled(true);
     return action.Finish();
   }

@@ -21,6 +21,7 @@ class LineCorrection {
  private:
   struct Correction;
   void TakeLine();  // Command3
+  void ShowLine();
   Status Correct();
   bool StandOnLine();
   void CorrectDay(const Correction& line);

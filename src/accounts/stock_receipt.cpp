@@ -6,6 +6,7 @@
 #include "desk/refusal.h"
 #include "desk/sources.h"
 #include "desk/steps.h"
+#include "desk/stored_cards.h"
 #include "platform/clock.h"
 #include "platform/keyboard.h"
 #include "text/format.h"
@@ -116,6 +117,13 @@ Status StockReceipt::Receive() {
   auto& [screen, form, cursors, settings, world] = parts_;
   Action action(world.stores, "Receive");
   if (!action.Begun().Ok()) return action.Finish();
+  Cursor supplier(world.stores, "supplier");
+  if (!OpenStoredCustomer(supplier, cursors.CariData)) {
+    // Deleted at another terminal: the list shows who is left, and nobody is owed what nobody delivered.
+    screen.StokAl.SetVisible(false);
+    step("refresh suppliers", cursors.CariData.Refresh());
+    return action.Finish();
+  }
   const std::string lineBefore = form.CurrentLineId;
   form.RepositionGuard = 66;  // 1.
   RaiseStockCard();           // 2. to 4.

@@ -81,6 +81,7 @@ void DeskGrid::mouseMoveEvent(QMouseEvent* event) {
 void DeskGrid::mouseReleaseEvent(QMouseEvent* event) {
   event->accept();
   hold_.stop();
+  element_.released();
   if (drag_ == Drag::None) return;
   const Drag ended = drag_;
   drag_ = Drag::None;
@@ -236,6 +237,13 @@ void DeskGrid::TapRowInFront(bool twice) {
   element_.mouseUp(MouseEvent{});
   if (self) element_.TapCell(number);
   if (self && twice && watched_ && (watched_->CurrentKey() == meant || MoveToKey(meant)) && self) element_.DoubleTapCell(number);
+}
+
+void DeskGrid::hideEvent(QHideEvent* event) {
+  QAbstractScrollArea::hideEvent(event);
+  hold_.stop();
+  drag_ = Drag::None;
+  element_.released();  // the finger comes up over something else
 }
 
 void DeskGrid::focusInEvent(QFocusEvent* event) {

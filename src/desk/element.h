@@ -186,6 +186,7 @@ class GridElement : public Element {
   void DoubleTapCell(int column);
 
   Signal<int> headClick;      // column number
+  Signal<> released;          // the finger came up, on a row, a heading or elsewhere; heard before what the tap means
   Signal<> columnsResized;    // the clerk dragged a border
   // Raised by the feature that gave the list other columns, so that the layout kept for them comes back.
   Signal<> columnsSwitched;

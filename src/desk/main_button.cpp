@@ -4,7 +4,7 @@
 #include "desk/list_in_front.h"
 #include "desk/refusal.h"
 #include "desk/sources.h"
-#include "desk/stored_customer.h"
+#include "desk/stored_cards.h"
 #include "platform/messages.h"
 #include "platform/scanner.h"
 #include "text/format.h"
@@ -100,6 +100,11 @@ void MainButton::PostSaleLine() {
   if (NumberOrZero(screen.Text2(1).Text()) == 0) {
     // A payment that was typed in a sale opens the button too, but there is nothing to sell.
     screen.Text2(1).SetFocus();
+    return;
+  }
+  Cursor stored(world.stores, "sold");
+  if (world.stores.Driver().IsOpen() && !OpenStoredItem(stored, cursors.StokData)) {
+    screen.Text1(1).SetFocus();  // its card was deleted at another terminal
     return;
   }
   if (!IsNumeric(screen.Text2(0).Text())) {

@@ -47,6 +47,7 @@ void PriceSelection::ShowItem() {
   const double price = form.PriceSlots[slot];
   const double discount = SafeCalcNumber(CalcOp::Multiply, price, screen.Text2(3).Text()) / 100;
   screen.Text2(0).SetText(Format(price - discount, form.PriceFormat));
+  KeepFloor();  // also where the text stays as it was and nobody hears of a change
   const double pieces = slot == 1 ? cursors.StokData.Number("Adet2") : slot == 2 ? cursors.StokData.Number("Adet3") : 1;
   screen.Text2(1).SetText(PlainNumber(pieces));
 }

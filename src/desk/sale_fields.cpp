@@ -157,6 +157,8 @@ void SaleFields::Left(int index) {
   Element& box = screen.Text2(index);
   if (box.Text().empty()) box.SetText("0");
   if (screen.Label4.Caption() == "Alış" && form.SerialEntryOn && NumberOrZero(screen.Text2(kQuantity).Text()) > 0) {
+    // More than there are pieces now: which of them to leave out only the goods can tell.
+    if (static_cast<double>(screen.List1.Items().size()) > NumberOrZero(screen.Text2(kQuantity).Text())) screen.List1.ClearItems();
     screen.Frame4.SetVisible(true);
     screen.Frame4.BringToFront();
     // The serials follow the quantity; whoever goes on to another field of the line, or back, is left to type there.

@@ -5,6 +5,7 @@
 #include "desk/screen_keyboard.h"
 #include "desk/sources.h"
 #include "desk/steps.h"
+#include "desk/stored_cards.h"
 #include "platform/event_loop.h"
 #include "platform/scanner.h"
 #include "platform/window.h"
@@ -174,7 +175,7 @@ void SaleMode::Leave() {
   screen.Label5.SetColor(color::kWhite);
   // Beside the list stands the balance again, not the sum of the day or of a slip.
   screen.Label1(7).SetCaption("Bakiye");
-  screen.Label5.SetCaption(PlainNumber(cursors.CariData.Number("Bakiye")));
+  screen.Label5.SetCaption(PlainNumber(StoredBalance(world.stores, cursors.CariData)));
   screen.Text1(0).SetEnabled(true);
   screen.Text2(2).SetText("0");
   screen.Text2(3).SetText("0");
@@ -212,7 +213,7 @@ void SaleMode::TapStock() {
   form.ActiveCursor = &cursors.StokData;
   screen.Label4.SetCaption("Satış");
   screen.Label1(7).SetCaption("Bakiye");
-  screen.Label5.SetCaption(PlainNumber(cursors.CariData.Number("Bakiye")));
+  screen.Label5.SetCaption(PlainNumber(StoredBalance(world.stores, cursors.CariData)));
 }
 
 }  // namespace karvel

@@ -25,7 +25,7 @@ WindowRule::WindowRule(const DeskParts& parts) : parts_(parts) {
     grid->mouseDown.Connect([this](const MouseEvent& event) {
       if (event.button == 1 && event.y < kHeadingHeight) Press(2);
     });
-    grid->mouseUp.Connect([this](const MouseEvent&) { StopTimer(); });
+    grid->released.Connect([this] { StopTimer(); });
   }
 }
 

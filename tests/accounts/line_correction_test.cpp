@@ -149,7 +149,7 @@ TEST_F(LineCorrectionTest, a_quantity_of_nothing_corrects_nothing) {
   TapLine(LastId());
   desk->screen.HareketGrid.DoubleTapCell(2);
   Click("Command3");
-  EXPECT_EQ(At("Text2(1)").Text(), "0");
+  Set("Text2(1)", "0");
   At("Command2").SetEnabled(true);
   Click("Command2");
   EXPECT_EQ(Rows("Karvel.mdb", "SELECT Fiyat, Miktar, Tutar FROM Datam"), std::vector<std::string>{"50.0|2.0|100.0"});
@@ -330,6 +330,25 @@ TEST_F(LineCorrectionTest, a_line_that_another_terminal_cancelled_meanwhile_is_n
   EXPECT_EQ(Balance("C001"), "100.0|0.0|100.0|Borç");
   EXPECT_EQ(At("Command3").Caption(), "Çıkış");
   EXPECT_EQ(desk->form.EditLineId, "");
+}
+
+TEST_F(LineCorrectionTest, it_begins_with_the_lines_own_figures_whatever_item_is_in_front) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string id = LastId();
+  PickItem("1002");
+  desk->form.MinSalePercent = 10;
+  TapLine(id);
+  desk->screen.HareketGrid.DoubleTapCell(2);
+  Click("Command3");
+  EXPECT_EQ(At("Text1(1)").Text(), "Pirinç");
+  EXPECT_EQ(At("Text2(0)").Text(), "50,00");
+  EXPECT_EQ(At("Text2(1)").Text(), "2");
+  EXPECT_EQ(At("Label2").Caption(), "100,00");
+  EXPECT_TRUE(At("Text2(0)").HasFocus());
+  EXPECT_EQ(desk->form.EditLineId, id);
+  Set("Text2(1)", "3");
+  Click("Command2");
+  EXPECT_EQ(Rows("Karvel.mdb", "SELECT StokKod, Fiyat, Miktar, Tutar FROM Datam"), std::vector<std::string>{"1001|50.0|3.0|150.0"});
 }
 
 }  // namespace

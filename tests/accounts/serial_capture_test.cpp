@@ -198,5 +198,18 @@ TEST_F(SerialCaptureTest, it_does_not_stay_over_the_customers_when_the_sale_is_l
   EXPECT_EQ(Taken(), Texts{});
 }
 
+TEST_F(SerialCaptureTest, fewer_pieces_than_serials_are_scanned_anew) {
+  Scan("S1");
+  Scan("S2");
+  ASSERT_FALSE(At("Frame4").Visible());
+  Set("Text2(1)", "1");
+  At("StokGrid").SetFocus();
+  EXPECT_TRUE(At("Frame4").Visible());
+  EXPECT_EQ(Taken(), Texts{});
+  Scan("S2");
+  EXPECT_FALSE(At("Frame4").Visible());
+  EXPECT_EQ(Taken(), Texts{"S2"});
+}
+
 }  // namespace
 }  // namespace karvel

@@ -467,5 +467,18 @@ TEST_F(StockReceiptTest, the_next_receipt_takes_the_next_id) {
   EXPECT_EQ(Rows("Karvel.mdb", "SELECT StokKod FROM Datam ORDER BY DigerId"), (std::vector<std::string>{"Bulgur", "Mercimek"}));
 }
 
+TEST_F(StockReceiptTest, a_supplier_deleted_at_another_terminal_delivers_nothing) {
+  const std::string before = One("Stok.mdb", "SELECT sum(GirenMik) FROM StokKartlar");
+  Open();
+  Search("Pirinç");
+  Fill("9", "12", "4");
+  Sql("Cari.mdb", "DELETE FROM CariKartlar WHERE CariKod='" + desk->cursors.CariData.Text("CariKod") + "'");
+  Click("StokAlCmd(1)");
+  EXPECT_EQ(One("Stok.mdb", "SELECT sum(GirenMik) FROM StokKartlar"), before);
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariHareket"), "0");
+  EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam"), "0");
+  EXPECT_FALSE(At("StokAl").Visible());
+}
+
 }  // namespace
 }  // namespace karvel

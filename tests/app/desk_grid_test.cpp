@@ -302,5 +302,27 @@ TEST_F(DeskGridTest, space_taps_the_row_in_front_and_enter_taps_it_twice) {
   EXPECT_EQ(heard, "tap K0001 double K0001 ");
 }
 
+TEST_F(DeskGridTest, a_finger_that_comes_up_is_always_heard) {
+  Fill(5);
+  int pressed = 0, released = 0;
+  screen.StokGrid.mouseDown.Connect([&](const MouseEvent&) { ++pressed; });
+  screen.StokGrid.released.Connect([&] { ++released; });
+  QWidget* const view = Grid()->viewport();
+  const QPoint head = Grid()->HeadRect(0).center(), border = Grid()->HeadRect(1).topRight() + QPoint(0, 10);
+  QTest::mouseClick(view, Qt::LeftButton, {}, head);
+  EXPECT_EQ(std::pair(pressed, released), std::pair(1, 1));
+  // A border that is dragged, and a press that ends elsewhere.
+  QTest::mousePress(view, Qt::LeftButton, {}, border);
+  QTest::mouseMove(view, border + QPoint(30, 0));
+  QTest::mouseRelease(view, Qt::LeftButton, {}, border + QPoint(30, 0));
+  QTest::mousePress(view, Qt::LeftButton, {}, head);
+  QTest::mouseRelease(view, Qt::LeftButton, {}, Grid()->CellRect(2, 1).center());
+  EXPECT_EQ(std::pair(pressed, released), std::pair(3, 3));
+  // A list that goes under the finger.
+  QTest::mousePress(view, Qt::LeftButton, {}, head);
+  screen.StokGrid.SetVisible(false);
+  EXPECT_GE(released, 4);
+}
+
 }  // namespace
 }  // namespace karvel

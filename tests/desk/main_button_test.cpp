@@ -352,5 +352,15 @@ TEST_F(MainButtonTest, the_till_does_not_pay_what_the_customer_on_the_screen_pay
   EXPECT_EQ(Booked(), Lines{});
 }
 
+TEST_F(MainButtonTest, an_item_deleted_at_another_terminal_is_not_sold) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  Set("Text2(1)", "1");
+  Sql("Stok.mdb", "DELETE FROM StokKartlar WHERE StokKod='1001'");
+  Click("Command2");
+  EXPECT_EQ(Booked(), Lines{});
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariHareket"), "0");
+}
+
 }  // namespace
 }  // namespace karvel

@@ -532,5 +532,18 @@ TEST_F(PriceSelectionTest, a_right_press_on_the_price_name_opens_the_percent_men
   EXPECT_EQ(opened, std::vector<const Element*>{&desk->screen.Popyuzde});
 }
 
+TEST_F(PriceSelectionTest, the_floor_holds_also_when_the_price_below_it_stood_in_the_field_before) {
+  AddStock("9001", "Yarı Fiyat", "Fiyat=12.5");
+  AddStock("9002", "Tam Fiyat", "Fiyat=25");
+  ASSERT_TRUE(Start());
+  EnterSale("Ayşe Yılmaz");
+  desk->form.MinSalePercent = 10;
+  PickItem("9001");
+  Set("Text2(3)", "50");
+  ASSERT_EQ(At("Text2(0)").Text(), "12,50");
+  PickItem("9002");
+  EXPECT_EQ(At("Text2(0)").Text(), "22,50");
+}
+
 }  // namespace
 }  // namespace karvel

@@ -368,5 +368,15 @@ TEST_F(SaleModeTest, a_filter_from_before_the_sale_goes_with_it) {
   EXPECT_EQ(At("Text1(0)").Text(), "Önder Kasap");
 }
 
+TEST_F(SaleModeTest, the_balance_in_and_behind_a_sale_is_the_one_in_the_files) {
+  EnterSale("Ayşe Yılmaz");
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Bakiye=25.5, Alacak=50 WHERE CariKod='C001'");
+  desk->screen.StokGrid.TapCell(1);
+  EXPECT_EQ(At("Label5").Caption(), "25,50");
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Bakiye=5.5, Alacak=70 WHERE CariKod='C001'");
+  DoubleTap("Label1(0)");
+  EXPECT_EQ(At("Label5").Caption(), "5,50");
+}
+
 }  // namespace
 }  // namespace karvel

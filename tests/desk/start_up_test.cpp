@@ -315,7 +315,7 @@ TEST_F(StartUpTest, a_released_press_closes_nothing) {
   At("CariGrid").mouseDown({1, false, false, false, 10, 10});
   ASSERT_TRUE(loop.timer);
   for (int i = 0; i < 8; ++i) loop.timer();
-  At("CariGrid").mouseUp({1, false, false, false, 10, 10});
+  desk->screen.CariGrid.released();
   EXPECT_FALSE(loop.timer);
   EXPECT_EQ(window.closes, 0);
 }
