@@ -56,25 +56,30 @@ void MarkLater(const std::string& path, std::int64_t before) {
 }  // namespace
 
 IniSettings::IniSettings(const std::string& homeFolder)
-    : path_(Prepared(homeFolder)), lock_(homeFolder + "/lock/settings.lock"), file_(QString::fromStdString(path_), QSettings::IniFormat) {}
+    : path_(Prepared(homeFolder)), lock_(homeFolder + "/lock/settings.lock") {
+  InLine([this] { file_.emplace(QString::fromStdString(path_), QSettings::IniFormat); });
+}
 
 QString IniSettings::Read(const QString& address, const QString& preset) const {
-  file_.sync();
-  const QVariant value = file_.value(address, preset);
+  QVariant value;
+  InLine([&] {
+    file_->sync();
+    value = file_->value(address, preset);
+  });
   // A text with a comma that someone wrote by hand without quotes reads as a list.
   return value.typeId() == QMetaType::QStringList ? value.toStringList().join(QStringLiteral(", ")) : value.toString();
 }
 
 void IniSettings::Write(const QString& address, const QString& value) {
-  if (file_.contains(address) && file_.value(address).toString() == value) return;
+  if (file_->contains(address) && file_->value(address).toString() == value) return;
   const std::int64_t before = SavedAt(path_);
-  file_.setValue(address, value);
-  file_.sync();
-  if (file_.status() != QSettings::NoError) Log("settings: can't save " + address.toStdString());
+  file_->setValue(address, value);
+  file_->sync();
+  if (file_->status() != QSettings::NoError) Log("settings: can't save " + address.toStdString());
   MarkLater(path_, before);
 }
 
-void IniSettings::InLine(const std::function<void()>& work) {
+void IniSettings::InLine(const std::function<void()>& work) const {
   // Without a lock (a folder that can't be written) the work still runs: a desk must start there too.
   if (depth_++ == 0) lock_.Wait();
   work();
@@ -88,7 +93,7 @@ std::string IniSettings::Get(const std::string& application, const std::string& 
 
 void IniSettings::Save(const std::string& application, const std::string& section, const std::string& key, const std::string& value) {
   InLine([&] {
-    file_.sync();
+    file_->sync();
     Write(Address(application, section, key), QString::fromStdString(value));
   });
 }

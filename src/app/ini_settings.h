@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QSettings>
+#include <optional>
 
 #include "app/file_lock.h"
 #include "platform/settings_store.h"
@@ -23,13 +24,14 @@ class IniSettings : public SettingsStore {
  private:
   [[nodiscard]] QString Read(const QString& address, const QString& preset) const;
   void Write(const QString& address, const QString& value);
-  // Runs the work with no other terminal writing meanwhile; works may nest.
-  void InLine(const std::function<void()>& work);
+  // Runs the work with no other terminal writing meanwhile; works may nest. Reading is such a work too: the file's time is taken behind its
+  // text, so that of a save between the two it would never be seen that it came, and a number be given twice.
+  void InLine(const std::function<void()>& work) const;
 
   const std::string path_;
-  FileLock lock_;
-  int depth_ = 0;
-  mutable QSettings file_;
+  mutable FileLock lock_;
+  mutable int depth_ = 0;
+  mutable std::optional<QSettings> file_;
 };
 
 }  // namespace karvel
