@@ -1,7 +1,6 @@
 #include "accounts/line_correction.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "accounts/line_in_front.h"
 #include "desk/balance.h"
@@ -47,11 +46,9 @@ void LineCorrection::ShowLine() {
   auto& [screen, form, cursors, settings, world] = parts_;
   const Cursor& day = cursors.HareketData;
   Cursor& cards = cursors.StokData;
-  const float guard = std::exchange(form.RepositionGuard, 66.0F);
+  if (day.Text("StokKod").empty()) return;  // money has no item
   step("find stock card", cards.FindFirst("StokKod=" + sources::Quoted(day.Text("StokKod"))));
-  form.RepositionGuard = guard;
-  if (day.Text("StokKod").empty() || cards.NoMatch()) return;
-  screen.Text1(1).SetText(cards.Text("StokAdi"));
+  if (!cards.NoMatch()) screen.Text1(1).SetText(cards.Text("StokAdi"));
   screen.Text2(0).SetText(Format(day.Number("Fiyat"), form.PriceFormat));
   screen.Text2(1).SetText(PlainNumber(day.Number("Miktar")));
 }
