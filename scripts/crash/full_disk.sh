@@ -1,13 +1,4 @@
 #!/bin/bash
 # Posts on a disk that fills up and in a folder that is locked.
 #   full_disk.sh
-# Builds the release preset first. KARVEL_BIN tells another folder of built programs, and nothing is built then.
-here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-cd "$here/../.."
-. scripts/common.sh
-if [ -z "${KARVEL_BIN:-}" ]; then
-  InstallPackages
-  Build release karvel-robot karvel-sample-shop karvel_program_folder
-  KARVEL_BIN=$PWD/build/release/bin
-fi
-exec python3 -B "$here/full_disk.py" "$KARVEL_BIN" "$@"
+. "$(dirname "$0")/check.sh"
