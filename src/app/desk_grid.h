@@ -92,6 +92,7 @@ class DeskGrid : public QAbstractScrollArea {
   bool MoveToRow(int index);
   bool MoveToKey(RowKey key);
   void MoveByRows(int rows);
+  bool TapRow(RowKey key, int column, const MouseEvent& at);
   void TapRowInFront(bool twice);
   void Held();
 

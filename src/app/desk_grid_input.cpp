@@ -85,7 +85,6 @@ void DeskGrid::mouseReleaseEvent(QMouseEvent* event) {
   if (drag_ == Drag::None) return;
   const Drag ended = drag_;
   drag_ = Drag::None;
-  const QPointer<DeskGrid> self(this);
   if (ended == Drag::Border) {
     EndBorderDrag();
     return;
@@ -111,9 +110,16 @@ void DeskGrid::mouseReleaseEvent(QMouseEvent* event) {
   if (row < 0 || row != RowAt(pressedAt_.y())) return;
   // A tap on the row in front chooses it again: the fields may have gone another way meanwhile.
   tapped_ = rows_.Rows()[static_cast<std::size_t>(row)].key;
-  if (!MoveToRow(row) || !self) return;
-  element_.mouseUp(ToMouseEvent(*event));
-  if (self) element_.TapCell(number);
+  TapRow(tapped_, number, ToMouseEvent(*event));
+}
+
+// The row is in front before the element hears of the tap. False when that ended the grid, or the row is gone.
+bool DeskGrid::TapRow(RowKey key, int column, const MouseEvent& at) {
+  const QPointer<DeskGrid> self(this);
+  if (!MoveToKey(key) || !self) return false;
+  element_.mouseUp(at);
+  if (self) element_.TapCell(column);
+  return !self.isNull();
 }
 
 void DeskGrid::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -233,10 +239,8 @@ void DeskGrid::TapRowInFront(bool twice) {
   const int number = shown_.front().number;
   const RowKey meant = watched_->CurrentKey();
   const QPointer<DeskGrid> self(this);
-  if (!MoveToKey(meant) || !self) return;
-  element_.mouseUp(MouseEvent{});
-  if (self) element_.TapCell(number);
-  if (self && twice && watched_ && (watched_->CurrentKey() == meant || MoveToKey(meant)) && self) element_.DoubleTapCell(number);
+  if (!TapRow(meant, number, MouseEvent{}) || !twice || !watched_) return;
+  if ((watched_->CurrentKey() == meant || MoveToKey(meant)) && self) element_.DoubleTapCell(number);
 }
 
 void DeskGrid::hideEvent(QHideEvent* event) {

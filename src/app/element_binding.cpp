@@ -3,42 +3,17 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
-#include <algorithm>
 #include <cstdlib>
-#include <vector>
 
 #include "app/key_codes.h"
 #include "app/qt_text.h"
+#include "app/tab_order.h"
 
 namespace karvel {
 namespace {
 
 constexpr int kHoldMilliseconds = 700;
 constexpr int kHoldSlack = 12;  // pixels that a still finger may wander
-
-bool IsWayOut(const Element& element) {
-  return element.Kind() == ElementKind::Button && (element.Caption() == "Vazgeç" || element.Caption() == "Kapat");
-}
-
-// The elements as they are declared, but the way out of a panel behind the other buttons of its array: who walks through the fields with
-// Enter comes to the button that saves.
-std::vector<Element*> TabOrder(const std::vector<Element*>& declared) {
-  std::vector<Element*> order = declared;
-  const auto arrayOf = [](const Element& element) { return element.Name().substr(0, element.Name().find('(')); };
-  for (std::size_t i = 0; i + 1 < order.size(); ++i) {
-    if (!IsWayOut(*order[i])) continue;
-    std::size_t last = i;
-    while (last + 1 < order.size() && arrayOf(*order[last + 1]) == arrayOf(*order[i])) ++last;
-    std::rotate(order.begin() + static_cast<std::ptrdiff_t>(i), order.begin() + static_cast<std::ptrdiff_t>(i) + 1,
-                order.begin() + static_cast<std::ptrdiff_t>(last) + 1);
-    i = last;
-  }
-  return order;
-}
-
-bool KeepsTab(const Screen& screen, const Element* panel) {
-  return panel && (panel == &screen.StokAl || panel == &screen.CariFrm || panel == &screen.StokGiris || panel == &screen.Frame4);
-}
 
 }  // namespace
 
@@ -232,20 +207,7 @@ void ElementBinding::OnHeld() {
 }
 
 void ElementBinding::MoveTab(bool forward) {
-  const std::vector<Element*> all = TabOrder(ui_.screen.elements.All());
-  // A panel that is filled in keeps Tab to itself until it is left by one of its buttons.
-  const Element* const inside = KeepsTab(ui_.screen, element_.Panel()) ? element_.Panel() : nullptr;
-  const auto count = static_cast<int>(all.size());
-  int at = 0;
-  while (at < count && all[static_cast<std::size_t>(at)] != &element_) ++at;
-  for (int step = 1; step < count; ++step) {
-    const int next = (at + (forward ? step : count - step)) % count;
-    if (inside && all[static_cast<std::size_t>(next)]->Panel() != inside) continue;
-    QWidget* const candidate = ui_.widgets.value(all[static_cast<std::size_t>(next)]);
-    if (!candidate || !candidate->isVisible() || !candidate->isEnabled() || !(candidate->focusPolicy() & Qt::TabFocus)) continue;
-    candidate->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-    return;
-  }
+  if (QWidget* const next = NextInTabOrder(ui_, element_, forward)) next->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
 }
 
 }  // namespace karvel

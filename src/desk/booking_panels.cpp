@@ -3,7 +3,7 @@
 namespace karvel {
 
 void CloseBookingPanels(Screen& screen) {
-  for (Element* const panel : {&screen.StokAl, &screen.TahsilatFrame, &screen.CariFrm, &screen.StokGiris, &screen.Frame4}) panel->SetVisible(false);
+  for (const BookingPanel& panel : BookingPanels(screen)) panel.panel->SetVisible(false);
 }
 
 }  // namespace karvel

@@ -14,7 +14,17 @@
 namespace karvel {
 namespace {
 const Steps step("ProductField");
+
+// By the first of the columns that has the text.
+bool FindIn(Cursor& among, std::initializer_list<const char*> columns, const std::string& text) {
+  for (const char* const column : columns) {
+    step("find card", among.FindFirst(std::string(column) + "='" + text + "'"));
+    if (!among.NoMatch()) return true;
+  }
+  return false;
 }
+
+}  // namespace
 
 ProductField::ProductField(const DeskParts& parts) : parts_(parts) {
   Element& field = parts_.screen.Text1(1);
@@ -89,42 +99,30 @@ bool ProductField::FindName(const std::string& text) {
 
 bool ProductField::FindCard(const std::string& text) {
   auto& [screen, form, cursors, settings, world] = parts_;
-  if (FindBy({"Barkod", "StokKod"}, text) || FindName(text) || FindOutside({"Barkod", "StokKod", "StokAdi"}, text)) return true;
+  Cursor& cards = cursors.StokData;
+  if (FindIn(cards, {"Barkod", "StokKod"}, text) || FindName(text) || FindOutside({"Barkod", "StokKod", "StokAdi"}, text)) return true;
   // A code that was read into the serial numbers sells its item.
   Cursor& serials = cursors.SeriNoData;
   step("find serial", serials.FindFirst("Barcode='" + text + "'"));
   if (serials.NoMatch()) return false;
   const std::string code = ReplaceAll(serials.Text("StokKod"), "'", "''");
-  if (!FindBy({"StokKod"}, code) && !FindOutside({"StokKod"}, code)) return false;
+  if (!FindIn(cards, {"StokKod"}, code) && !FindOutside({"StokKod"}, code)) return false;
   form.ScannedSerial = serials.Text("barcode");
   return true;
 }
 
-bool ProductField::FindBy(std::initializer_list<const char*> columns, const std::string& text) {
-  Cursor& cards = parts_.cursors.StokData;
-  for (const char* const column : columns) {
-    step("find card", cards.FindFirst(std::string(column) + "='" + text + "'"));
-    if (!cards.NoMatch()) return true;
-  }
-  return false;
-}
-
 // The list is narrowed to a group or a name; what the customer lays on the counter is sold all the same.
-bool ProductField::FindOutside(std::initializer_list<const char*> columns, const std::string& text) {
+bool ProductField::FindOutside(Columns columns, const std::string& text) {
   Cursor& cards = parts_.cursors.StokData;
   if (cards.RecordSource() == sources::kStock) return false;
   Cursor all(parts_.world.stores, "all cards");
   all.SetDatabaseName(cards.DatabaseName());
   step("all cards", all.Open(sources::kStock));
-  for (const char* const column : columns) {
-    step("find card", all.FindFirst(std::string(column) + "='" + text + "'"));
-    if (all.NoMatch()) continue;
-    step("all cards", cards.Open(sources::kStock));
-    step("found card", cards.MoveTo(all.CurrentKey()));
-    parts_.screen.Text2(1).SetText("1");
-    return true;
-  }
-  return false;
+  if (!FindIn(all, columns, text)) return false;
+  step("all cards", cards.Open(sources::kStock));
+  step("found card", cards.MoveTo(all.CurrentKey()));
+  parts_.screen.Text2(1).SetText("1");
+  return true;
 }
 
 void ProductField::EnterCharacter() {

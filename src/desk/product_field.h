@@ -15,13 +15,13 @@ class ProductField {
   explicit ProductField(const DeskParts& parts);
 
  private:
+  using Columns = std::initializer_list<const char*>;
   void Focused();
   void EnterDown();       // first pass, at the key's going down
   void EnterCharacter();  // second pass, at the key's character
   // Stands on the card of what was entered.
   bool FindCard(const std::string& text);
-  bool FindBy(std::initializer_list<const char*> columns, const std::string& text);
-  bool FindOutside(std::initializer_list<const char*> columns, const std::string& text);
+  bool FindOutside(Columns columns, const std::string& text);
   bool FindName(const std::string& text);
   void NameItemInFront();
   void TextChanged();

@@ -8,17 +8,13 @@
 
 namespace karvel {
 
-// Opens `card` on the card of the customer in front; false when it is gone, or can't be read. One look-up on an index.
-inline bool OpenStoredCustomer(Cursor& card, const Cursor& customers) {
-  card.SetDatabaseName(customers.DatabaseName());
-  return card.Open("Select * From CariKartlar Where CariKod=" + sources::Quoted(customers.Text("CariKod"))).Ok() && card.HasRows();
+// Opens `card` on the row with the key of the one in front; false when it is gone, or can't be read. One look-up on an index.
+inline bool OpenStored(Cursor& card, const Cursor& list, const std::string& table, const std::string& key) {
+  card.SetDatabaseName(list.DatabaseName());
+  return card.Open("Select * From " + table + " Where " + key + "=" + sources::Quoted(list.Text(key))).Ok() && card.HasRows();
 }
-
-// The same for the item in front.
-inline bool OpenStoredItem(Cursor& card, const Cursor& items) {
-  card.SetDatabaseName(items.DatabaseName());
-  return card.Open("Select * From StokKartlar Where StokKod=" + sources::Quoted(items.Text("StokKod"))).Ok() && card.HasRows();
-}
+inline bool OpenStoredCustomer(Cursor& card, const Cursor& customers) { return OpenStored(card, customers, "CariKartlar", "CariKod"); }
+inline bool OpenStoredItem(Cursor& card, const Cursor& items) { return OpenStored(card, items, "StokKartlar", "StokKod"); }
 
 // The balance of the customer in front; as the list has it where the files can't be read.
 inline double StoredBalance(Stores& stores, const Cursor& customers) {

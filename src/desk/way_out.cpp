@@ -1,7 +1,6 @@
 #include "desk/way_out.h"
 
-#include <array>
-#include <utility>
+#include "desk/booking_panels.h"
 
 namespace karvel {
 
@@ -13,19 +12,15 @@ WayOut::WayOut(const DeskParts& parts) : parts_(parts) {
 
 bool WayOut::Leave() {
   Screen& screen = parts_.screen;
-  const std::array<std::pair<Element*, Element*>, 4> panels{{{&screen.TahsilatFrame, &screen.Command7(0)},
-                                                             {&screen.StokAl, &screen.StokAlCmd(0)},
-                                                             {&screen.CariFrm, &screen.CariNewCmd(0)},
-                                                             {&screen.StokGiris, &screen.StokNewCmd(0)}}};
-  for (const auto& [panel, button] : panels) {
-    if (!panel->IsShown()) continue;
-    button->Press();
-    return true;
-  }
-  if (screen.Frame4.IsShown()) {
-    // More serials were asked for than there are: the quantity is what is wrong, and leaving it asks anew.
-    screen.Frame4.SetVisible(false);
-    screen.Text2(1).SetFocus();
+  for (const BookingPanel& panel : BookingPanels(screen)) {
+    if (!panel.panel->IsShown()) continue;
+    if (panel.wayOut) {
+      panel.wayOut->Press();
+    } else {
+      // More serials were asked for than there are: the quantity is what is wrong, and leaving it asks anew.
+      panel.panel->SetVisible(false);
+      screen.Text2(1).SetFocus();
+    }
     return true;
   }
   if (!screen.Vadefrm.IsShown()) return false;
