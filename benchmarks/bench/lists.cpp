@@ -61,7 +61,8 @@ std::function<bool(const std::string&)> Prefix(const std::shared_ptr<BareShop>& 
                                                const std::string& where, int rows) {
   const std::string key = FoldKeySql("\"" + column + "\"");
   const auto statement = std::make_shared<BareStatement>(
-      shop->Connection(), fmt::format("SELECT * FROM {0} WHERE {1}>=?1 AND {1}<?2 AND {2} ORDER BY {1} LIMIT {3}", table, key, where, rows));
+      shop->Connection(),
+      fmt::format("SELECT * FROM {0} WHERE {1}>=?1 AND {1}<?2 AND {2} ORDER BY {1} LIMIT {3}", table, key, where, rows));
   return [shop, statement](const std::string& text) {
     const std::string from = FoldKey(text), end = FoldKeyPrefixEnd(text);
     bool any = false;

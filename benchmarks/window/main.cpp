@@ -105,7 +105,8 @@ class WindowBench {
   std::vector<std::string> Names(const Cursor& cursor, const char* field, int count) {
     // Spread over the whole list.
     std::vector<std::string> names;
-    for (const char* letter : {"a", "b", "c", "ç", "d", "e", "f", "g", "h", "i", "k", "l", "m", "n", "o", "p", "r", "s", "ş", "t", "u", "v", "y", "z"}) {
+    for (const char* letter :
+         {"a", "b", "c", "ç", "d", "e", "f", "g", "h", "i", "k", "l", "m", "n", "o", "p", "r", "s", "ş", "t", "u", "v", "y", "z"}) {
       GridRow beside;
       beside.values.resize(cursor.SourceTable()->columns.size());
       beside.values[static_cast<std::size_t>(cursor.SourceTable()->Position(field))] = std::string(letter);
@@ -131,18 +132,22 @@ void WindowBench::Wide() {
   Screen& screen = screen_;
   TypeNames("customer's name", screen.Text1(0), Names(desk_.cursors.CariData, "Unvan", 3), 8);
   const auto filter = [&screen](const char* text) { return [&screen, text] { screen.Text5.SetText(text); }; };
-  Each("list by Text5, Unvan Like", {filter("a"), filter("ah"), filter("ahmet"), filter("ş"), filter("zeynep"), filter("çelik"), filter("")});
-  Each("list by Text5, Unvan Like with ? for i", {filter("i"), filter("ib"), filter("ibr"), filter("ibrahim"), filter("ibrahim k"), filter("ali"), filter("fil"), filter("")});
+  Each("list by Text5, Unvan Like",
+       {filter("a"), filter("ah"), filter("ahmet"), filter("ş"), filter("zeynep"), filter("çelik"), filter("")});
+  Each("list by Text5, Unvan Like with ? for i",
+       {filter("i"), filter("ib"), filter("ibr"), filter("ibrahim"), filter("ibrahim k"), filter("ali"), filter("fil"), filter("")});
   Each("list by Text5 that fits nothing", {filter("qqq"), filter("iqq"), filter("iq"), filter("ziqx"), filter("")});
   std::vector<std::function<void()>> groups;
-  for (int i = 0; i < static_cast<int>(screen.GurupCombo.Items().size()); ++i) groups.push_back([&screen, i] { screen.GurupCombo.Choose(i); });
+  for (int i = 0; i < static_cast<int>(screen.GurupCombo.Items().size()); ++i)
+    groups.push_back([&screen, i] { screen.GurupCombo.Choose(i); });
   groups.push_back([&screen] { screen.GurupCombo.Choose(0); });
   Each("list by GurupCombo", groups);
   Enter();
   TypeNames("product's name", screen.Text1(1), Names(desk_.cursors.StokData, "StokAdi", 3), 8);
   screen.ComboCmd.Press();
   groups.clear();
-  for (int i = 0; i < static_cast<int>(screen.GurupCombo.Items().size()); ++i) groups.push_back([&screen, i] { screen.GurupCombo.Choose(i); });
+  for (int i = 0; i < static_cast<int>(screen.GurupCombo.Items().size()); ++i)
+    groups.push_back([&screen, i] { screen.GurupCombo.Choose(i); });
   groups.push_back([&screen] { screen.GurupCombo.Choose(0); });
   Each("stock by GurupCombo", groups);
 }
@@ -160,7 +165,8 @@ void WindowBench::Busy() {
     return taps;
   };
   Each("customers sorted", heads(screen.CariGrid));
-  Each("switch to the stock list and back", {[&screen] { screen.StokChk.SetChecked(true); }, [&screen] { screen.StokChk.SetChecked(false); }}, 5);
+  Each("switch to the stock list and back",
+       {[&screen] { screen.StokChk.SetChecked(true); }, [&screen] { screen.StokChk.SetChecked(false); }}, 5);
   screen.StokChk.SetChecked(true);
   Each("stock list sorted", heads(screen.CariGrid));
   std::vector<std::function<void()>> narrow;

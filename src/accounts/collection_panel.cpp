@@ -15,7 +15,9 @@ constexpr int kAmount = 2;  // of Text2
 // In the order in which a tap on Label3 goes round.
 constexpr std::array<const char*, 4> kInstruments{"Nakit", "Kredi Kartı", "Çek", "Senet"};
 
-void Flip(Element& button, const char* one, const char* other) { button.SetCaption(button.Caption() == one ? other : one); }
+void Flip(Element& button, const char* one, const char* other) {
+  button.SetCaption(button.Caption() == one ? other : one);
+}
 
 }  // namespace
 

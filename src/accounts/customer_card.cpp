@@ -17,7 +17,8 @@ namespace {
 constexpr int kCode = 0, kName = 1, kEmail = 4, kCardNumber = 9;
 constexpr int kCancel = 0, kSave = 1;
 // Where each CariNew is written.
-constexpr std::array<const char*, 10> kFields{"CariKod", "Unvan", "Adres1", "Adres2", "Email", "VergiDa", "VergiNo", "Telefon", "Gsm", "KartNo"};
+constexpr std::array<const char*, 10> kFields{"CariKod", "Unvan",   "Adres1",  "Adres2", "Email",
+                                              "VergiDa", "VergiNo", "Telefon", "Gsm",    "KartNo"};
 const Steps step("CustomerCard");
 
 // Two texts that differ only in the kind of an i are taken for the same.
@@ -27,7 +28,9 @@ std::string AnyI(std::string text) {
 }
 
 // Mail knows no dotless i: there an "I" is the "i" of everywhere else.
-std::string AddressLower(const std::string& text) { return TurkishLower(ReplaceAll(text, "I", "i")); }
+std::string AddressLower(const std::string& text) {
+  return TurkishLower(ReplaceAll(text, "I", "i"));
+}
 
 // A letter in lower case, or itself where it has none of a single letter.
 char32_t Lower(char32_t letter) {

@@ -37,8 +37,7 @@ void CustomerRemoval::Remove() {
 
 void CustomerRemoval::AskAndDeleteCard() {
   auto& [screen, form, cursors, settings, world] = parts_;
-  const MessageAnswer answer =
-      world.messages.MessageBox("Cari Kart Silinecek Emimisiniz..?", "", MessageIcon::Stop, MessageButtons::YesNo);
+  const MessageAnswer answer = world.messages.MessageBox("Cari Kart Silinecek Emimisiniz..?", "", MessageIcon::Stop, MessageButtons::YesNo);
   if (answer != MessageAnswer::Yes) return;
   Cursor& card = cursors.CariData;
   const Status deleted = card.Delete();

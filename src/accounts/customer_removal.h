@@ -1,5 +1,5 @@
-// CarSil, the end of a customer's life on the desk: the first use wipes his history, the second, on a clean card, asks and deletes the card.
-// His due dates stay, and so do the money accounts' rows of what he paid.
+// CarSil, the end of a customer's life on the desk: the first use wipes his history, the second, on a clean card, asks and deletes the
+// card. His due dates stay, and so do the money accounts' rows of what he paid.
 #pragma once
 
 #include <string>

@@ -53,7 +53,8 @@ void DayBookList::DoubleTapped() {
   auto& [screen, form, cursors, settings, world] = parts_;
   const Cursor& day = cursors.HareketData;
   // Only what this terminal wrote can be corrected, and only as a sale.
-  if (!ShowsDeletedLines() && day.HasRows() && day.Number("yeni") == 1 && screen.Label4.Caption() == "Satış") screen.Command3.SetCaption("Düzeltme");
+  if (!ShowsDeletedLines() && day.HasRows() && day.Number("yeni") == 1 && screen.Label4.Caption() == "Satış")
+    screen.Command3.SetCaption("Düzeltme");
 }
 
 void DayBookList::Released() {
@@ -86,7 +87,9 @@ void DayBookList::LoadLine() {
 }
 
 // They are looked at, no more: what they stood for was taken back, and the customer in front is not theirs.
-bool DayBookList::ShowsDeletedLines() const { return parts_.screen.SilinenChk.Checked(); }
+bool DayBookList::ShowsDeletedLines() const {
+  return parts_.screen.SilinenChk.Checked();
+}
 
 bool DayBookList::CancelledForGood() const {
   return parts_.screen.Silme.Checked() && parts_.cursors.HareketData.Text("Durum") == "Iptal";

@@ -16,9 +16,8 @@ constexpr int kLastSortedOfStock = 1;
 // Where " Order By" stands last, in whatever case; npos when nothing is ordered.
 std::size_t OrderPart(const std::string& source) {
   static constexpr std::string_view kOrder = " order by";
-  const auto found = std::find_end(source.begin(), source.end(), kOrder.begin(), kOrder.end(), [](unsigned char a, unsigned char b) {
-    return std::tolower(a) == b;
-  });
+  const auto found = std::find_end(source.begin(), source.end(), kOrder.begin(), kOrder.end(),
+                                   [](unsigned char a, unsigned char b) { return std::tolower(a) == b; });
   return found == source.end() ? std::string::npos : static_cast<std::size_t>(found - source.begin());
 }
 

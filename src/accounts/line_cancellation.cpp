@@ -56,8 +56,8 @@ Status LineCancellation::CancelDayBookLine() {
     line = ReadLine();
     step("rows of the line", cursors.CariHarData.Refresh());
   }
-  if (begun && !line.id.empty()) ReverseLedger();            // 6.
-  step("ledger", cursors.CariHarData.Open(ledger));          // 7.
+  if (begun && !line.id.empty()) ReverseLedger();    // 6.
+  step("ledger", cursors.CariHarData.Open(ledger));  // 7.
   step("customer list", cursors.CariData.Open(list));
   // 8. The card that was in front, also when another bears the same name.
   const bool back = customer != 0 && cursors.CariData.MoveTo(customer).Ok();
@@ -118,8 +118,8 @@ void LineCancellation::DropSerials() {
   auto& [screen, form, cursors, settings, world] = parts_;
   // Keyed by the line that was posted last, not by the one that is cancelled. Before the first posting of a run there is none.
   if (form.CurrentLineId.empty()) return;
-  step("delete serials", world.stores.Execute(cursors.SeriNoData.DatabaseName(),
-                                              "DELETE FROM SeriNo WHERE DigerId='" + form.CurrentLineId + "';"));
+  step("delete serials",
+       world.stores.Execute(cursors.SeriNoData.DatabaseName(), "DELETE FROM SeriNo WHERE DigerId='" + form.CurrentLineId + "';"));
 }
 
 void LineCancellation::ReverseStock(const Line& line) {

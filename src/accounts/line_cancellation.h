@@ -1,5 +1,5 @@
-// Cancelling the day-book line in front: its ledger rows go and their cards take the amounts back, its stock movement goes and the stock card
-// takes the quantity back, its due date shrinks. A stock line stays in the day book as "Iptal"; a money line leaves no trace.
+// Cancelling the day-book line in front: its ledger rows go and their cards take the amounts back, its stock movement goes and the stock
+// card takes the quantity back, its due date shrinks. A stock line stays in the day book as "Iptal"; a money line leaves no trace.
 #pragma once
 
 #include <string>

@@ -26,7 +26,8 @@ struct LineCorrection::Correction {
   [[nodiscard]] std::string ById() const { return "DigerId=" + sources::Quoted(id); }
 };
 
-LineCorrection::LineCorrection(const DeskParts& parts, MainButton& button, PriceSelection& prices) : parts_(parts), prices_(prices), item_(parts) {
+LineCorrection::LineCorrection(const DeskParts& parts, MainButton& button, PriceSelection& prices)
+    : parts_(parts), prices_(prices), item_(parts) {
   button.correctLine = [this] { return Correct(); };
   parts_.screen.Command3.click.Connect([this] {
     if (parts_.screen.Command3.Caption() == "Düzeltme") TakeLine();

@@ -1,8 +1,8 @@
 // Correcting a line that was already posted: the day book, the stock movement and card, the ledger and the customer's card are rewritten in
 // place, all found by the line's DigerId. The line is treated as a sale, whatever it is.
 //
-// Command3 reads "Düzeltme" while a line is marked for it; a press on it takes the line (EditLineId), the fields then hold the new price and
-// quantity, and the main button ends it.
+// Command3 reads "Düzeltme" while a line is marked for it; a press on it takes the line (EditLineId), the fields then hold the new price
+// and quantity, and the main button ends it.
 #pragma once
 
 #include "accounts/item_card.h"

@@ -8,7 +8,9 @@ namespace karvel {
 namespace {
 const Steps step("LineInFront");
 
-bool IsCancelled(const Cursor& day) { return day.Text("Durum") == "Iptal"; }
+bool IsCancelled(const Cursor& day) {
+  return day.Text("Durum") == "Iptal";
+}
 
 }  // namespace
 

@@ -179,7 +179,8 @@ void MoneyPosting::ConsumeDueDates(const Movement& movement) {
   // The customer's own, also where a list in purchase mode muted their following.
   step("due dates", due.Open(sources::DueDatesOf(movement.customer)));
   if (cursors.CariData.Number("Bakiye") == 0) {
-    step("delete due dates", world.stores.Execute(due.DatabaseName(), "DELETE FROM VadeGün Where CariKod=" + sources::Quoted(movement.customer) + ";"));
+    step("delete due dates",
+         world.stores.Execute(due.DatabaseName(), "DELETE FROM VadeGün Where CariKod=" + sources::Quoted(movement.customer) + ";"));
     return;
   }
   // At most two rows: what spans three or more leaves the second below zero.

@@ -87,7 +87,8 @@ bool SerialCapture::IsBarcode(const std::string& serial) {
   if (barcode && item != 0 && cards.CurrentKey() != item) {
     step("back to the item", cards.MoveTo(item));
   }
-  if (cards.Text("StokAdi") != screen.Text1(1).Text()) step("item of the line", cards.FindFirst("StokAdi=" + sources::Quoted(screen.Text1(1).Text())));
+  if (cards.Text("StokAdi") != screen.Text1(1).Text())
+    step("item of the line", cards.FindFirst("StokAdi=" + sources::Quoted(screen.Text1(1).Text())));
   form.RepositionGuard = 0;
   return barcode;
 }

@@ -14,13 +14,13 @@ class StockList {
   explicit StockList(const DeskParts& parts);
 
  private:
-  void Toggled();       // StokChk
-  void OpenReceipt();   // StokChk with the wholesale list in front
+  void Toggled();      // StokChk
+  void OpenReceipt();  // StokChk with the wholesale list in front
   void ShowStock();
   void ShowCustomers();
   void Point(const std::string& file, const std::string& source);
-  void Narrow();        // StokCek, GrpCombo
-  void SearchChanged(); // Stoktxt
+  void Narrow();         // StokCek, GrpCombo
+  void SearchChanged();  // Stoktxt
   void SearchTapped();
   void StartTyping();
   void TakeTyped();

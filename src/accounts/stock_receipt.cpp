@@ -20,7 +20,9 @@ constexpr int kTotal = 5;  // of Label12
 constexpr int kClose = 0, kSave = 1;
 const Steps step("Receive");
 
-bool HoldsNumber(int index) { return index >= kRowPrice && index <= kTax; }
+bool HoldsNumber(int index) {
+  return index >= kRowPrice && index <= kTax;
+}
 
 }  // namespace
 
@@ -263,6 +265,8 @@ void StockReceipt::BookDay() {
   step("update day-book row", day.Update());
 }
 
-double StockReceipt::Total() const { return NumberOrZero(parts_.screen.Label12(kTotal).Caption()); }
+double StockReceipt::Total() const {
+  return NumberOrZero(parts_.screen.Label12(kTotal).Caption());
+}
 
 }  // namespace karvel

@@ -1,7 +1,8 @@
 // StokAl, " Stok Miktar Girişi ": goods received from the supplier in front. It raises the stock card, which a new name makes, credits the
 // supplier, and writes one row each to stock movements, ledger and day book under one DigerId. A receipt has one ledger side only.
 //
-// Text6(0) name or search text, (1) price written to the rows, (2) price of the total, (3) quantity, (4) Kdv, (5) barcode; Label12(5) total.
+// Text6(0) name or search text, (1) price written to the rows, (2) price of the total, (3) quantity, (4) Kdv, (5) barcode; Label12(5)
+// total.
 #pragma once
 
 #include <string>

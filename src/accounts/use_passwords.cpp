@@ -55,7 +55,9 @@ bool UsePasswords::AdmitToCustomerMenu() {
 void UsePasswords::OpenCustomerMenu() {
   auto& [screen, form, cursors, settings, world] = parts_;
   const Cursor& customers = cursors.CariData;
-  const auto onCustomer = [&] { return customers.SourceTable() && customers.SourceTable()->name == "CariKartlar" && customers.HasCurrent(); };
+  const auto onCustomer = [&] {
+    return customers.SourceTable() && customers.SourceTable()->name == "CariKartlar" && customers.HasCurrent();
+  };
   // The same list also shows stock and the day book, which have no such menu.
   if (!onCustomer() || !AdmitToCustomerMenu() || !onCustomer()) return;
   step("ledger", cursors.CariHarData.Open(sources::LedgerOf(customers.Text("CariKod"))));

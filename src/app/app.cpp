@@ -110,7 +110,9 @@ App::App(QApplication& application, const std::string& title, const AppParts& pa
 
 App::~App() = default;
 
-bool App::Load() { return all_->desk.Load(); }
+bool App::Load() {
+  return all_->desk.Load();
+}
 
 int App::Run() {
   if (!Load()) return 0;
@@ -118,10 +120,20 @@ int App::Run() {
   return QCoreApplication::exec();
 }
 
-Desk& App::TheDesk() { return all_->desk; }
-DeskWindow& App::TheWindow() { return all_->deskWindow; }
-const DiskFiles& App::TheFiles() const { return all_->files; }
-CodeScanner& App::TheScanner() { return all_->scanner; }
-ScannerKeys& App::TheScannerKeys() { return all_->keys; }
+Desk& App::TheDesk() {
+  return all_->desk;
+}
+DeskWindow& App::TheWindow() {
+  return all_->deskWindow;
+}
+const DiskFiles& App::TheFiles() const {
+  return all_->files;
+}
+CodeScanner& App::TheScanner() {
+  return all_->scanner;
+}
+ScannerKeys& App::TheScannerKeys() {
+  return all_->keys;
+}
 
 }  // namespace karvel

@@ -1,13 +1,12 @@
 #include "app/choice_fields.h"
 
-#include <QPointer>
-#include <utility>
-
 #include <QCalendarWidget>
 #include <QListView>
 #include <QLocale>
 #include <QPainter>
+#include <QPointer>
 #include <QStyledItemDelegate>
+#include <utility>
 
 #include "app/qt_text.h"
 

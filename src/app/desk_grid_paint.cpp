@@ -15,7 +15,9 @@ namespace {
 constexpr int kCellPad = 10;
 constexpr qreal kRadius = 8;
 
-int SmallerName(int pixelSize) { return std::max(12, pixelSize * 4 / 5); }
+int SmallerName(int pixelSize) {
+  return std::max(12, pixelSize * 4 / 5);
+}
 
 }  // namespace
 
@@ -118,7 +120,8 @@ void DeskGrid::FitColumns(const QPainter& painter) {
     }
     column.pixelSize = font.pixelSize();
   }
-  // One size for all but the names, which may stand on two lines: an amount must not look larger than its neighbour for having fewer digits.
+  // One size for all but the names, which may stand on two lines: an amount must not look larger than its neighbour for having fewer
+  // digits.
   int size = painter.font().pixelSize();
   for (std::size_t i = 0; i < shown_.size(); ++i)
     if (static_cast<int>(i) != names) size = std::min(size, shown_[i].pixelSize);

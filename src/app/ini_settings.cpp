@@ -55,8 +55,7 @@ void MarkLater(const std::string& path, std::int64_t before) {
 
 }  // namespace
 
-IniSettings::IniSettings(const std::string& homeFolder)
-    : path_(Prepared(homeFolder)), lock_(homeFolder + "/lock/settings.lock") {
+IniSettings::IniSettings(const std::string& homeFolder) : path_(Prepared(homeFolder)), lock_(homeFolder + "/lock/settings.lock") {
   InLine([this] { file_.emplace(QString::fromStdString(path_), QSettings::IniFormat); });
 }
 

@@ -18,7 +18,7 @@
 namespace karvel {
 namespace {
 
-constexpr int kLeastLetters = 4;  // of a code
+constexpr int kLeastLetters = 4;   // of a code
 constexpr int kLeastInAmount = 8;  // of a barcode; fewer digits are an amount
 constexpr int kMostLetters = 1024;
 constexpr int kGapMilliseconds = 35;     // within a burst; no hand is that fast for long
@@ -152,8 +152,7 @@ bool ScannerKeys::IsCodeInAmount(bool prompt) const {
 
 void ScannerKeys::Report(const QString& code) {
   // Not from within the key: its handlers let events run.
-  QMetaObject::invokeMethod(
-      this, [this, text = ToUtf8(code)] { scanner_.Take(text); }, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(this, [this, text = ToUtf8(code)] { scanner_.Take(text); }, Qt::QueuedConnection);
 }
 
 bool ScannerKeys::PressEnter(const QObject* target, const QKeyEvent& event, bool prompt) {

@@ -70,9 +70,9 @@ class ScannerKeys : public QObject {
   std::deque<std::unique_ptr<QKeyEvent>> held_;
   QPointer<QObject> target_;  // who was to get the first of them; null once it did
   QString text_;
-  Run run_ = Run::None;                    // of letters that came close behind each other
-  bool alone_ = false;                     // no other letters stood shortly before the run
-  int fast_ = 0;                           // letters that came close behind another, in this run and those shortly before
+  Run run_ = Run::None;  // of letters that came close behind each other
+  bool alone_ = false;   // no other letters stood shortly before the run
+  int fast_ = 0;         // letters that came close behind another, in this run and those shortly before
   AmountRun amount_;
   bool codeEnded_ = false;                 // the last key was a code's Enter
   std::vector<int> heldDown_, takenDown_;  // keys that were struck and not yet let go

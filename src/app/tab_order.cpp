@@ -14,7 +14,9 @@ bool IsWayOut(const Element& element) {
   return element.Kind() == ElementKind::Button && (element.Caption() == "Vazgeç" || element.Caption() == "Kapat");
 }
 
-std::string ArrayOf(const Element& element) { return element.Name().substr(0, element.Name().find('(')); }
+std::string ArrayOf(const Element& element) {
+  return element.Name().substr(0, element.Name().find('('));
+}
 
 std::vector<Element*> InOrder(const std::vector<Element*>& declared) {
   std::vector<Element*> order = declared;

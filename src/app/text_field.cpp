@@ -34,7 +34,8 @@ void TextField::FitAmount() {
   initStyleOption(&option);
   const int room = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).width() - kCaretRoom;
   QFont fitted = ui_.theme.Font(FontRole::Amount, ToQt(element_.FontName()));
-  while (fitted.pixelSize() > kLeastPixels && QFontMetrics(fitted).horizontalAdvance(text()) > room) fitted.setPixelSize(fitted.pixelSize() - 1);
+  while (fitted.pixelSize() > kLeastPixels && QFontMetrics(fitted).horizontalAdvance(text()) > room)
+    fitted.setPixelSize(fitted.pixelSize() - 1);
   if (fitted != font()) setFont(fitted);
 }
 

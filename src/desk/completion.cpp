@@ -32,7 +32,9 @@ bool IsCompletingKey(const KeyEvent& event) {
   }
 }
 
-bool NamesCard(const std::string& shown, const std::string& name) { return shown == Trim(name) || Like(name, shown + "*"); }
+bool NamesCard(const std::string& shown, const std::string& name) {
+  return shown == Trim(name) || Like(name, shown + "*");
+}
 
 void Complete(Element& field, const std::string& name) {
   const int caret = field.SelectionStart();

@@ -17,7 +17,7 @@ class DayTotal {
 
  private:
   void FollowDayBook();  // HareketData's current row changed
-  void TakeDayOfRow();  // a double tap on Label5: the day of the current day-book row, offered as the payment
+  void TakeDayOfRow();   // a double tap on Label5: the day of the current day-book row, offered as the payment
 
   DeskParts parts_;
 };

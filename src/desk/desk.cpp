@@ -50,18 +50,42 @@ Desk::Desk(const World& world, std::string title)
 
 Desk::~Desk() = default;
 
-const DeskParts& Desk::Parts() const { return features_->parts; }
-RunningNumbers& Desk::Numbers() const { return features_->numbers; }
-DayTotal& Desk::Totals() const { return features_->dayTotal; }
-PriceSelection& Desk::Prices() const { return features_->prices; }
-SaleFields& Desk::Fields() const { return features_->fields; }
-CustomerList& Desk::Customers() const { return features_->customers; }
-SalePosting& Desk::Posting() const { return features_->posting; }
-MainButton& Desk::Button() const { return features_->mainButton; }
-Signal<>& Desk::Opening() const { return features_->startUp.opening; }
+const DeskParts& Desk::Parts() const {
+  return features_->parts;
+}
+RunningNumbers& Desk::Numbers() const {
+  return features_->numbers;
+}
+DayTotal& Desk::Totals() const {
+  return features_->dayTotal;
+}
+PriceSelection& Desk::Prices() const {
+  return features_->prices;
+}
+SaleFields& Desk::Fields() const {
+  return features_->fields;
+}
+CustomerList& Desk::Customers() const {
+  return features_->customers;
+}
+SalePosting& Desk::Posting() const {
+  return features_->posting;
+}
+MainButton& Desk::Button() const {
+  return features_->mainButton;
+}
+Signal<>& Desk::Opening() const {
+  return features_->startUp.opening;
+}
 
-bool Desk::Load() { return features_->startUp.Load(); }
-void Desk::Activate() { features_->startUp.Activate(); }
-bool Desk::CloseRequested(bool byProgram) { return features_->shutDown.CloseRequested(byProgram); }
+bool Desk::Load() {
+  return features_->startUp.Load();
+}
+void Desk::Activate() {
+  features_->startUp.Activate();
+}
+bool Desk::CloseRequested(bool byProgram) {
+  return features_->shutDown.CloseRequested(byProgram);
+}
 
 }  // namespace karvel

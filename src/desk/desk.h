@@ -1,4 +1,5 @@
-// The desk: the screen's state, the stores' cursors, and the features connected to them. The one composition root of the house below the window.
+// The desk: the screen's state, the stores' cursors, and the features connected to them. The one composition root of the house below the
+// window.
 //
 // Order of life: construct, Load (false: end at once), show the window, Activate at each activation of the window, CloseRequested.
 #pragma once

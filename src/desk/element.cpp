@@ -78,8 +78,12 @@ void Element::Select(int start, int length) {
   altered();
 }
 
-void Element::SelectAll() { Select(0, static_cast<int>(LetterCount(text_))); }
-void Element::CaretToEnd() { Select(static_cast<int>(LetterCount(text_)), 0); }
+void Element::SelectAll() {
+  Select(0, static_cast<int>(LetterCount(text_)));
+}
+void Element::CaretToEnd() {
+  Select(static_cast<int>(LetterCount(text_)), 0);
+}
 
 void Element::SetItems(std::vector<std::string> items) {
   items_ = std::move(items);
@@ -129,14 +133,15 @@ void Element::SetFocus() {
   if (IsShown() && IsOpen()) all_.MoveFocus(this);
 }
 
-bool Element::HasFocus() const { return all_.Focused() == this; }
+bool Element::HasFocus() const {
+  return all_.Focused() == this;
+}
 
 void Element::Press() {
   if (enabled_) click();
 }
 
-GridElement::GridElement(Elements& all, std::string name, Element* panel)
-    : Element(all, std::move(name), ElementKind::Grid, "", panel) {}
+GridElement::GridElement(Elements& all, std::string name, Element* panel) : Element(all, std::move(name), ElementKind::Grid, "", panel) {}
 
 void GridElement::SetColumns(std::vector<GridColumn> columns) {
   columns_ = std::move(columns);

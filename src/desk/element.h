@@ -165,7 +165,7 @@ struct GridColumn {
   bool visible = true;
   Align align = Align::Left;
   std::string format{};  // of numbers and dates; "" shows the plain text
-  double width = 0;    // screen units of the layout file (twips); 0: fitted to heading and grid
+  double width = 0;      // screen units of the layout file (twips); 0: fitted to heading and grid
 };
 
 class GridElement : public Element {
@@ -185,9 +185,9 @@ class GridElement : public Element {
   void TapCell(int column);
   void DoubleTapCell(int column);
 
-  Signal<int> headClick;      // column number
-  Signal<> released;          // the finger came up, on a row, a heading or elsewhere; heard before what the tap means
-  Signal<> columnsResized;    // the clerk dragged a border
+  Signal<int> headClick;    // column number
+  Signal<> released;        // the finger came up, on a row, a heading or elsewhere; heard before what the tap means
+  Signal<> columnsResized;  // the clerk dragged a border
   // Raised by the feature that gave the list other columns, so that the layout kept for them comes back.
   Signal<> columnsSwitched;
 

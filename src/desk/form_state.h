@@ -16,27 +16,27 @@ struct FormState {
   // Mutes reposition handlers while a posting moves cursors: 66 StokData off; 555 CariData off; 100 HareketData off;
   // 99 StokData and CariData do the fields-free part only; 2 and 4 short markers; 0 all on.
   float RepositionGuard = 0;
-  std::string CurrentCustomerCode;      // CariKod of the sale in front
-  std::array<double, 4> PriceSlots{};   // 1.Fiyat, 2.Fiyat, 3.Fiyat, Özel
-  std::string LastStokSearch;           // last name searched for in Text1(1)
-  std::string CriteriaText;             // scratch for date criteria, shared by all
-  std::string PriceFormat = "#,##0";    // until the first activation gives it a default
+  std::string CurrentCustomerCode;     // CariKod of the sale in front
+  std::array<double, 4> PriceSlots{};  // 1.Fiyat, 2.Fiyat, 3.Fiyat, Özel
+  std::string LastStokSearch;          // last name searched for in Text1(1)
+  std::string CriteriaText;            // scratch for date criteria, shared by all
+  std::string PriceFormat = "#,##0";   // until the first activation gives it a default
   std::string QuantityFormat = "#,##0";
   float MinSalePercent = 0;
-  std::string TerminalNo;               // two digits
-  std::string CurrentLineId;            // DigerId of the line posted last
-  std::string EditLineId;               // DigerId of the line in correction
+  std::string TerminalNo;     // two digits
+  std::string CurrentLineId;  // DigerId of the line posted last
+  std::string EditLineId;     // DigerId of the line in correction
   std::string ScannedSerial;
-  std::string SlipNo;                   // six digits, empty between slips
+  std::string SlipNo;  // six digits, empty between slips
   std::array<std::string, 6> CompanyLines;
   bool SerialEntryOn = false;
   std::string CustomerGroup, StockGroup;
-  Cursor* ActiveCursor = nullptr;       // CariData or StokData, the list in front
+  Cursor* ActiveCursor = nullptr;  // CariData or StokData, the list in front
   bool KeyboardOpen = false, PadOpen = false;
-  float ActiveFieldCode = 0;            // 0, 1 Text1; 0 to 3 Text2; 100 on Text6; 99 the first of Text6
+  float ActiveFieldCode = 0;  // 0, 1 Text1; 0 to 3 Text2; 100 on Text6; 99 the first of Text6
   std::string DataDir = "C:\\KarvelData\\";
-  bool Closing = false;                 // the window goes: waits end
-  bool Sabit = false;                   // the window is fixed
+  bool Closing = false;  // the window goes: waits end
+  bool Sabit = false;    // the window is fixed
 
   // Every value by its name, for support: numbers, texts and booleans; PriceSlots and CompanyLines entry by entry, "PriceSlots(0)".
   [[nodiscard]] std::vector<std::pair<std::string, Value>> ByName() const;

@@ -3,11 +3,8 @@
 namespace karvel {
 
 std::vector<GridColumn> CustomerColumns(const FormState& form) {
-  return {{"Ünvan", "Unvan"},
-          {"", "", false},
-          {"Bakiye", "Bakiye", true, Align::Right, form.PriceFormat},
-          {"Hesap", "Hesap"},
-          {"", "", false}};
+  return {
+      {"Ünvan", "Unvan"}, {"", "", false}, {"Bakiye", "Bakiye", true, Align::Right, form.PriceFormat}, {"Hesap", "Hesap"}, {"", "", false}};
 }
 
 std::vector<GridColumn> StockStatusColumns(const FormState& form) {

@@ -6,6 +6,8 @@
 namespace karvel {
 
 // Customers, not stock cards, nor the day's turnover.
-inline bool ListsCustomers(const Screen& screen) { return !screen.StokChk.Checked() && !screen.CiroChk.Checked(); }
+inline bool ListsCustomers(const Screen& screen) {
+  return !screen.StokChk.Checked() && !screen.CiroChk.Checked();
+}
 
 }  // namespace karvel

@@ -15,11 +15,16 @@ struct Option {
 
 auto OptionsOf(Screen& screen) {
   return std::array{
-      Option{screen.AySil, Setting::PurgeMonth},    Option{screen.FiyatSabit, Setting::PriceFixed},
-      Option{screen.Fiyat2, Setting::GroupSecondPrice}, Option{screen.Stoklu, Setting::StockedSale},
-      Option{screen.A5, Setting::A5Size},           Option{screen.Efatura80cm, Setting::EInvoice80mm},
-      Option{screen.SecimTamam, Setting::PostOnScan}, Option{screen.AraVer, Setting::NameOnOwnLine},
-      Option{screen.Silme, Setting::DeletionOpen},  Option{screen.BarkodOku, Setting::ScannerOn},
+      Option{screen.AySil, Setting::PurgeMonth},
+      Option{screen.FiyatSabit, Setting::PriceFixed},
+      Option{screen.Fiyat2, Setting::GroupSecondPrice},
+      Option{screen.Stoklu, Setting::StockedSale},
+      Option{screen.A5, Setting::A5Size},
+      Option{screen.Efatura80cm, Setting::EInvoice80mm},
+      Option{screen.SecimTamam, Setting::PostOnScan},
+      Option{screen.AraVer, Setting::NameOnOwnLine},
+      Option{screen.Silme, Setting::DeletionOpen},
+      Option{screen.BarkodOku, Setting::ScannerOn},
   };
 }
 
@@ -47,7 +52,8 @@ void Options::Read() {
 
   settings.SaveNumber(Setting::FeedLines, settings.GetNumber(Setting::FeedLines));
   const std::string marks = settings.Get(Setting::InvoiceMarks);
-  for (int i = 0; i <= 9; ++i) screen.MnPop(i).SetChecked(static_cast<std::size_t>(i) < marks.size() && marks[static_cast<std::size_t>(i)] != '0');
+  for (int i = 0; i <= 9; ++i)
+    screen.MnPop(i).SetChecked(static_cast<std::size_t>(i) < marks.size() && marks[static_cast<std::size_t>(i)] != '0');
   screen.MnPop(10).SetCaption(settings.Get(Setting::InvoicePrinter, screen.MnPop(10).Caption()));
   form.MinSalePercent = static_cast<float>(settings.GetNumber(Setting::MinSalePercent));
   const int turnover = static_cast<int>(settings.GetNumber(Setting::TurnoverChoice));

@@ -58,9 +58,8 @@ void PriceSelection::FillSlots() {
   Cursor& special = cursors.OzelFiyat;
   auto& slots = form.PriceSlots;
   slots[kSpecial] = 0;
-  step("find special price",
-       special.FindFirst("StokKod=" + sources::Quoted(card.Text("StokKod")) + " And CariKod=" +
-                         sources::Quoted(cursors.CariData.Text("CariKod"))));
+  step("find special price", special.FindFirst("StokKod=" + sources::Quoted(card.Text("StokKod")) +
+                                               " And CariKod=" + sources::Quoted(cursors.CariData.Text("CariKod"))));
   slots[0] = card.Number(SecondPriceForGroup() ? "Fiyat2" : "Fiyat");
   slots[1] = card.Number("Fiyat2");
   slots[2] = card.Number("Fiyat3");

@@ -189,7 +189,7 @@ void ProductField::CodeRead(const std::string& code) {
 
 Element& ProductField::CodeField() const {
   const Screen& screen = parts_.screen;
-  if (screen.Frame4.IsShown()) return screen.Text4;                                    // the serials of a purchase
+  if (screen.Frame4.IsShown()) return screen.Text4;                                                    // the serials of a purchase
   if (screen.StokAl.IsShown()) return screen.Text6(5).HasFocus() ? screen.Text6(5) : screen.Text6(0);  // a delivery
   return screen.Text1(1);
 }

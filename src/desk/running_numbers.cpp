@@ -17,8 +17,7 @@ RunningNumbers::RunningNumbers(const DeskParts& parts) : parts_(parts) {
 void RunningNumbers::FollowYear() {
   const Cursor& primary = parts_.cursors.IndexPrimary;
   if (!primary.HasRows()) return;
-  Steps("FollowYear")("refresh",
-                      parts_.cursors.IndexSecondary.Open("Select * From Mdbindex where Tarih='" + primary.Text("Tarih") + "'"));
+  Steps("FollowYear")("refresh", parts_.cursors.IndexSecondary.Open("Select * From Mdbindex where Tarih='" + primary.Text("Tarih") + "'"));
 }
 
 std::string RunningNumbers::NextIndex(int mode, const std::string& key) {
@@ -69,8 +68,12 @@ std::string RunningNumbers::NextLineId() {
   return Format(serial, TerminalNumber() + "0000000000");
 }
 
-std::string RunningNumbers::TerminalNumber() const { return karvel::TerminalNumber(parts_.form.TerminalNo); }
+std::string RunningNumbers::TerminalNumber() const {
+  return karvel::TerminalNumber(parts_.form.TerminalNo);
+}
 
-std::string RunningNumbers::DayBookTag() const { return "WinKarvel" + PlainNumber(NumberOrZero(parts_.form.TerminalNo) - 1); }
+std::string RunningNumbers::DayBookTag() const {
+  return "WinKarvel" + PlainNumber(NumberOrZero(parts_.form.TerminalNo) - 1);
+}
 
 }  // namespace karvel

@@ -22,9 +22,15 @@ std::string SafeCalc(CalcOp op, const Value& a, const Value& b) {
   const double right = Operand(b);
   double result = 0;
   switch (op) {
-    case CalcOp::Subtract: result = left - right; break;
-    case CalcOp::Add: result = left + right; break;
-    case CalcOp::Multiply: result = left * right; break;
+    case CalcOp::Subtract:
+      result = left - right;
+      break;
+    case CalcOp::Add:
+      result = left + right;
+      break;
+    case CalcOp::Multiply:
+      result = left * right;
+      break;
     case CalcOp::Divide:
       result = right == 0 ? 0 : left / right;
       if (left < 1) result = std::floor(result * 1000) / 1000;
@@ -33,6 +39,8 @@ std::string SafeCalc(CalcOp op, const Value& a, const Value& b) {
   return PlainNumber(RoundTo(result, 6));
 }
 
-double SafeCalcNumber(CalcOp op, const Value& a, const Value& b) { return NumberOrZero(SafeCalc(op, a, b)); }
+double SafeCalcNumber(CalcOp op, const Value& a, const Value& b) {
+  return NumberOrZero(SafeCalc(op, a, b));
+}
 
 }  // namespace karvel

@@ -36,13 +36,26 @@ void SaleMode::DoubleTap(int index) {
   screen.Form1.SetEnabled(true);
   label.SetEnabled(true);
   switch (index) {
-    case 0: EnterOrLeave(); break;
-    case 1: FlipSearch(); break;
-    case 2: prices_.Step(); break;
-    case 3: screen.Text2(1).SetFocus(); break;
-    case 5: screen.Text2(2).SetFocus(); break;
-    case 6: screen.Text2(3).SetFocus(); break;
-    default: break;
+    case 0:
+      EnterOrLeave();
+      break;
+    case 1:
+      FlipSearch();
+      break;
+    case 2:
+      prices_.Step();
+      break;
+    case 3:
+      screen.Text2(1).SetFocus();
+      break;
+    case 5:
+      screen.Text2(2).SetFocus();
+      break;
+    case 6:
+      screen.Text2(3).SetFocus();
+      break;
+    default:
+      break;
   }
   world.scanner.SetEnabled(true);
 }
@@ -85,7 +98,7 @@ bool SaleMode::Enter() {
   auto& [screen, form, cursors, settings, world] = parts_;
   Cursor& customers = cursors.CariData;
   if (!ListsCustomers(screen)) return false;  // no row of stock or of the day book buys anything
-  CloseKeyboard(parts_);  // what was written on it is taken, so the item in front is shown
+  CloseKeyboard(parts_);                      // what was written on it is taken, so the item in front is shown
   CloseBookingPanels(screen);
   screen.Text2(2).SetText("0");
   screen.Text2(3).SetText("0");

@@ -15,7 +15,9 @@ class Screen {
 
  private:
   using Kind = ElementKind;
-  Element& One(const std::string& name, Kind kind, const std::string& text, Element* panel) { return elements.Add(name, kind, text, panel); }
+  Element& One(const std::string& name, Kind kind, const std::string& text, Element* panel) {
+    return elements.Add(name, kind, text, panel);
+  }
   Element& Hidden(const std::string& name, Kind kind, const std::string& text, Element* panel);
   ElementArray Many(const std::string& name, Kind kind, std::initializer_list<const char*> texts, Element* panel);
   // Entries of an array that begin at an index above 0 or lie on different panels, by index.
@@ -25,7 +27,7 @@ class Screen {
   Element& Form1 = One("Form1", Kind::Form, "", nullptr);
 
   // Panels. Those that the desk opens over a list begin hidden.
-  Element& Frame2 = Hidden("Frame2", Kind::Panel, "", &Form1);               // the sale screen
+  Element& Frame2 = Hidden("Frame2", Kind::Panel, "", &Form1);  // the sale screen
   Element& Frame4 = Hidden("Frame4", Kind::Panel, " Seri Numarası Girişi ", &Form1);
   Element& StokGiris = Hidden("StokGiris", Kind::Panel, " Stok Kayıt ", &Form1);
   Element& CariFrm = Hidden("CariFrm", Kind::Panel, " Müşteri Kayıt ", &Form1);
@@ -37,9 +39,9 @@ class Screen {
   Element& CiroFrm = Hidden("CiroFrm", Kind::Panel, "", &Form1);
   Element& FatFrame = Hidden("FatFrame", Kind::Panel, "", &Form1);
   Element& StkFrame = Hidden("StkFrame", Kind::Panel, "", &Form1);
-  Element& Frame1 = Hidden("Frame1", Kind::Panel, "", &Form1);               // backup
-  Element& Frame3 = Hidden("Frame3", Kind::Panel, "", &Form1);               // print choice
-  Element& Frame5 = Hidden("Frame5", Kind::Panel, "", &Form1);               // please wait
+  Element& Frame1 = Hidden("Frame1", Kind::Panel, "", &Form1);  // backup
+  Element& Frame3 = Hidden("Frame3", Kind::Panel, "", &Form1);  // print choice
+  Element& Frame5 = Hidden("Frame5", Kind::Panel, "", &Form1);  // please wait
   Element& BağlantıFrm = Hidden("BağlantıFrm", Kind::Panel, " Bağlantı Yok ", &Form1);
 
   // The fields of the sale and the money column.

@@ -8,7 +8,9 @@
 namespace karvel::sources {
 
 // A stored text as a literal of the dialect: a code with a quote in it still finds its rows. What the clerk types goes in as typed.
-inline std::string Quoted(const std::string& text) { return "'" + ReplaceAll(text, "'", "''") + "'"; }
+inline std::string Quoted(const std::string& text) {
+  return "'" + ReplaceAll(text, "'", "''") + "'";
+}
 
 // The walk-in customer's name and code.
 inline constexpr const char* kWalkIn = "Muhtelif Müşteri";
@@ -30,7 +32,8 @@ inline std::string CustomersOfGroup(const std::string& group) {
 inline std::string CustomersOfGroupNamed(const std::string& group, const std::string& text) {
   const std::string named = text.empty() ? std::string() : " And Unvan Like '" + text + "*'";
   if (group.empty() || group == kAllGroups) return kCustomersUnordered + named + " Order By Unvan Asc";
-  if (EqualText(group, "Toptan")) return "Select * From CariKartlar Where HesKullan=False And Gurup='Toptan'" + named + " Order By Unvan Asc";
+  if (EqualText(group, "Toptan"))
+    return "Select * From CariKartlar Where HesKullan=False And Gurup='Toptan'" + named + " Order By Unvan Asc";
   return kCustomersUnordered + named + " And Gurup=" + Quoted(group) + " Order By Unvan Asc";
 }
 

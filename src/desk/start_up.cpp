@@ -31,21 +31,21 @@ StartUp::StartUp(const DeskParts& parts, CustomerList& customers, Options& optio
 
 bool StartUp::Load() {
   auto& [screen, form, cursors, settings, world] = parts_;
-  if (!world.shell.ClaimOnlyCopy(settings.Title())) return false;         // 1.
-  world.window.RestoreFitting(kFitting);                                  // 2.
-  world.shell.MakeShortcut(settings.Title());                             // 3.
-  screen.Label1(1).SetCaption(settings.Get(Setting::SearchCaption));      // 4.
-  FixTerminal();                                                          // 5.
-  ReadCompanyFiles();                                                     // 6.
-  FixDataFolder();                                                        // 7.
+  if (!world.shell.ClaimOnlyCopy(settings.Title())) return false;                                 // 1.
+  world.window.RestoreFitting(kFitting);                                                          // 2.
+  world.shell.MakeShortcut(settings.Title());                                                     // 3.
+  screen.Label1(1).SetCaption(settings.Get(Setting::SearchCaption));                              // 4.
+  FixTerminal();                                                                                  // 5.
+  ReadCompanyFiles();                                                                             // 6.
+  FixDataFolder();                                                                                // 7.
   if (const Status made = world.files.MakeFolder(form.DataDir); !made.Ok()) return Refuse(made);  // 8.
-  if (!CopyTemplates() || !OpenStores()) return false;                    // 9.
-  KeepTerminalGroup();                                                    // 10.
-  FillStockGroups();                                                      // 11.
-  form.CustomerGroup = settings.Get(Setting::CustomerGroup);              // 12.
+  if (!CopyTemplates() || !OpenStores()) return false;                                            // 9.
+  KeepTerminalGroup();                                                                            // 10.
+  FillStockGroups();                                                                              // 11.
+  form.CustomerGroup = settings.Get(Setting::CustomerGroup);                                      // 12.
   form.StockGroup = settings.Get(Setting::StockGroup);
   SetSources();
-  RefreshAll();  // 13.
+  RefreshAll();                                        // 13.
   screen.DTPicker1.SetDate(world.clock.Now().Date());  // 14.
   ReadFormats();
   form.Sabit = settings.GetBoolean(Setting::WindowFixed);
@@ -57,8 +57,7 @@ void StartUp::FixTerminal() {
   form.TerminalNo = TerminalNo(settings.Title());
   const std::string number = TerminalNumber(form.TerminalNo);
   settings.Save(Setting::TerminalNumber, number);
-  screen.Form1.SetCaption(" Velmora  " + number + ".Karvel Programı        Tarih > " +
-                          Format(world.clock.Now(), "dd mmmm yyyy dddd"));
+  screen.Form1.SetCaption(" Velmora  " + number + ".Karvel Programı        Tarih > " + Format(world.clock.Now(), "dd mmmm yyyy dddd"));
   world.window.SetTitle(screen.Form1.Caption());
 }
 
@@ -171,10 +170,10 @@ void StartUp::SetSources() {
 void StartUp::RefreshAll() {
   auto& [screen, form, cursors, settings, world] = parts_;
   form.RepositionGuard = 555;
-  for (Cursor* const cursor : {&cursors.StokData, &cursors.CariData, &cursors.IndexPrimary, &cursors.GunData, &cursors.SeriNoData,
-                               &cursors.OzelFiyat, &cursors.GurupData, &cursors.Fatura, &cursors.FatHareket, &cursors.DataTmp,
-                               &cursors.DataMevcut, &cursors.HareketData, &cursors.CariHarData, &cursors.StokHarData,
-                               &cursors.IndexSecondary})
+  for (Cursor* const cursor :
+       {&cursors.StokData, &cursors.CariData, &cursors.IndexPrimary, &cursors.GunData, &cursors.SeriNoData, &cursors.OzelFiyat,
+        &cursors.GurupData, &cursors.Fatura, &cursors.FatHareket, &cursors.DataTmp, &cursors.DataMevcut, &cursors.HareketData,
+        &cursors.CariHarData, &cursors.StokHarData, &cursors.IndexSecondary})
     step(cursor->Name(), cursor->Refresh());
 }
 
@@ -191,10 +190,10 @@ void StartUp::Activate() {
   screen.Frame5.SetVisible(true);
   screen.Frame5.BringToFront();
   world.loop.Wait(1000);
-  options_.Read();                                     // 2., 5.
-  if (screen.FtpVar.Checked()) WaitForConnection();    // 4.
-  options_.StartScanner();                             // 6.
-  ReadFormats();                                       // 7.
+  options_.Read();                                   // 2., 5.
+  if (screen.FtpVar.Checked()) WaitForConnection();  // 4.
+  options_.StartScanner();                           // 6.
+  ReadFormats();                                     // 7.
   if (settings.Get(Setting::QuantityFormat, "").empty()) {
     form.QuantityFormat = "General Number";
     settings.Save(Setting::QuantityFormat, form.QuantityFormat);
@@ -203,12 +202,12 @@ void StartUp::Activate() {
     form.PriceFormat = "Standard";
     settings.Save(Setting::PriceFormat, form.PriceFormat);
   }
-  screen.GrpCombo.Choose(0);                           // 8.
-  screen.Command3.SetVisible(true);                    // 9.
+  screen.GrpCombo.Choose(0);                                                                // 8.
+  screen.Command3.SetVisible(true);                                                         // 9.
   if (cursors.CariData.HasRows()) screen.Text1(0).SetText(cursors.CariData.Text("Unvan"));  // 10.
-  LayOutGrids();                                       // 11.
+  LayOutGrids();                                                                            // 11.
   windowRule_.ApplyFonts();
-  form.ActiveCursor = &cursors.CariData;               // 12.
+  form.ActiveCursor = &cursors.CariData;  // 12.
   customers_.FillGroups();
   customers_.ShowGroup(form.CustomerGroup.empty() ? sources::kAllGroups : form.CustomerGroup);
   if (EqualText(screen.GurupCombo.Text(), "Toptan")) {
@@ -219,14 +218,14 @@ void StartUp::Activate() {
   prices_.SetFirstPriceColumn();
   opening();
   screen.MnPop(13).SetCaption("Kdv " + settings.Get(Setting::TaxMode));  // 13.
-  customers_.KeepWalkIn();                             // 14.
+  customers_.KeepWalkIn();                                               // 14.
   screen.Label5.SetColor(color::kWhite);
   if (cursors.CariData.HasCurrent()) {
     // What the screen says beside the row in front is his.
     screen.Label5.SetCaption(PlainNumber(cursors.CariData.Number("Bakiye")));
     screen.Label8.SetCaption(cursors.CariData.Text("CariKod"));
   }
-  screen.Vadefrm.SetVisible(false);                    // 15.
+  screen.Vadefrm.SetVisible(false);  // 15.
   screen.Frame5.SetVisible(false);
   screen.CariGrid.SetFocus();
 }

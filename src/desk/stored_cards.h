@@ -1,4 +1,5 @@
-// The cards in front as the files hold them now. The lists read them a while ago: another terminal may have taken a debt, or deleted a card.
+// The cards in front as the files hold them now. The lists read them a while ago: another terminal may have taken a debt, or deleted a
+// card.
 #pragma once
 
 #include <string>
@@ -13,8 +14,12 @@ inline bool OpenStored(Cursor& card, const Cursor& list, const std::string& tabl
   card.SetDatabaseName(list.DatabaseName());
   return card.Open("Select * From " + table + " Where " + key + "=" + sources::Quoted(list.Text(key))).Ok() && card.HasRows();
 }
-inline bool OpenStoredCustomer(Cursor& card, const Cursor& customers) { return OpenStored(card, customers, "CariKartlar", "CariKod"); }
-inline bool OpenStoredItem(Cursor& card, const Cursor& items) { return OpenStored(card, items, "StokKartlar", "StokKod"); }
+inline bool OpenStoredCustomer(Cursor& card, const Cursor& customers) {
+  return OpenStored(card, customers, "CariKartlar", "CariKod");
+}
+inline bool OpenStoredItem(Cursor& card, const Cursor& items) {
+  return OpenStored(card, items, "StokKartlar", "StokKod");
+}
 
 // The balance of the customer in front; as the list has it where the files can't be read.
 inline double StoredBalance(Stores& stores, const Cursor& customers) {

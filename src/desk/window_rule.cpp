@@ -7,9 +7,9 @@
 
 namespace karvel {
 namespace {
-constexpr int kStep = 2;             // pixels a key press moves: 30 screen units
+constexpr int kStep = 2;  // pixels a key press moves: 30 screen units
 constexpr int kTickMilliseconds = 250;
-constexpr int kHeadingHeight = 44;   // pixels of a grid that take the long press
+constexpr int kHeadingHeight = 44;  // pixels of a grid that take the long press
 }  // namespace
 
 WindowRule::WindowRule(const DeskParts& parts) : parts_(parts) {
@@ -29,7 +29,9 @@ WindowRule::WindowRule(const DeskParts& parts) : parts_(parts) {
   }
 }
 
-void WindowRule::ApplyFixed() { parts_.world.window.SetFixed(parts_.form.Sabit); }
+void WindowRule::ApplyFixed() {
+  parts_.world.window.SetFixed(parts_.form.Sabit);
+}
 
 void WindowRule::ApplyFonts() {
   auto& [screen, form, cursors, settings, world] = parts_;

@@ -1,4 +1,5 @@
-// What the desk stands on, handed to its features: the interfaces to the world outside. The front end, the robot and the tests each bring theirs.
+// What the desk stands on, handed to its features: the interfaces to the world outside. The front end, the robot and the tests each bring
+// theirs.
 #pragma once
 
 namespace karvel {

@@ -21,7 +21,9 @@ bool Purge::IsDue(const DateTime& day) {
   return (day.DayNumber() - newYear.DayNumber()) % kDays == 0;
 }
 
-std::string Purge::Filter(const DateTime& day) { return "Tarih<=#" + Format(day.PlusDays(-kDays), "mm/dd/yyyy") + " 23:59:59#"; }
+std::string Purge::Filter(const DateTime& day) {
+  return "Tarih<=#" + Format(day.PlusDays(-kDays), "mm/dd/yyyy") + " 23:59:59#";
+}
 
 void Purge::Run() {
   auto& [screen, form, cursors, settings, world] = parts_;

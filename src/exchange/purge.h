@@ -1,5 +1,5 @@
-// The purge of old movements: with "30 Gün Öncesini Sil" checked, a start on every thirtieth day of the year, 1 January among them, drops the
-// ledger, stock and day-book rows that are thirty days old or older. The cards keep their sums.
+// The purge of old movements: with "30 Gün Öncesini Sil" checked, a start on every thirtieth day of the year, 1 January among them, drops
+// the ledger, stock and day-book rows that are thirty days old or older. The cards keep their sums.
 //
 // What stays true: the three books lose the same days, whole, or none does.
 #pragma once

@@ -21,7 +21,8 @@ class Window {
   [[nodiscard]] virtual bool IsActive() const = 0;
   // Asks the window to close, as its close box does.
   virtual void Close() = 0;
-  // Ends the program at once, with exit code 0: nobody is asked, nothing is saved or backed up. It ends when the handlers that run have returned.
+  // Ends the program at once, with exit code 0: nobody is asked, nothing is saved or backed up. It ends when the handlers that run have
+  // returned.
   virtual void End() = 0;
   // The width of a text in an element's font, in pixels, and the element's own inner width.
   [[nodiscard]] virtual int TextWidth(const std::string& elementName, const std::string& text) const = 0;

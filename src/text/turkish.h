@@ -36,7 +36,7 @@ std::size_t LetterCount(std::string_view text);
 std::string LeftLetters(std::string_view text, std::size_t count);
 std::string RightLetters(std::string_view text, std::size_t count);
 std::string MidLetters(std::string_view text, std::size_t from, std::size_t count = std::string_view::npos);  // from counts from 0
-std::string Trim(std::string_view text);  // blanks at both ends
+std::string Trim(std::string_view text);                                                                      // blanks at both ends
 std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view with);
 std::string LetterToUtf8(char32_t letter);
 

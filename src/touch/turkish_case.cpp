@@ -10,7 +10,13 @@ namespace karvel {
 namespace {
 
 constexpr std::array<std::pair<char32_t, char32_t>, 7> kTurkish{{
-    {U'ğ', U'Ğ'}, {U'ü', U'Ü'}, {U'ş', U'Ş'}, {U'i', U'İ'}, {U'ı', U'I'}, {U'ö', U'Ö'}, {U'ç', U'Ç'},
+    {U'ğ', U'Ğ'},
+    {U'ü', U'Ü'},
+    {U'ş', U'Ş'},
+    {U'i', U'İ'},
+    {U'ı', U'I'},
+    {U'ö', U'Ö'},
+    {U'ç', U'Ç'},
 }};
 
 }  // namespace

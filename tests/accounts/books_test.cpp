@@ -1,6 +1,6 @@
-// Random days at the desk: sales, returns, purchases, receipts, collections, payments, corrections, cancellations and wiped customers, through the
-// elements, and after each day every figure of the stores against the plain model of the rules.
-// KARVEL_BOOK_SEEDS days (3), of KARVEL_BOOK_ACTIONS actions (2000); with KARVEL_BOOK_EACH compared after every action.
+// Random days at the desk: sales, returns, purchases, receipts, collections, payments, corrections, cancellations and wiped customers,
+// through the elements, and after each day every figure of the stores against the plain model of the rules. KARVEL_BOOK_SEEDS days (3), of
+// KARVEL_BOOK_ACTIONS actions (2000); with KARVEL_BOOK_EACH compared after every action.
 
 #include <cstdlib>
 #include <random>
@@ -47,10 +47,11 @@ class BooksTest : public AccountsFixture, public ::testing::WithParamInterface<i
   }
   void AddItem(int i) {
     const std::string code = fmt::format("U{:02}", i);
-    books::Item item{fmt::format("Ürün {:02}", i), 1000 + 137 * i, i % 3 == 0 ? 9000 + 111 * i : 0, 600 + 83 * i, i % 3 == 0 ? 12.0 : 0.0, i % 2 == 0};
+    books::Item item{fmt::format("Ürün {:02}", i), 1000 + 137 * i, i % 3 == 0 ? 9000 + 111 * i : 0, 600 + 83 * i,
+                     i % 3 == 0 ? 12.0 : 0.0,      i % 2 == 0};
     AddStock(code, item.name,
-             fmt::format("Fiyat={}, Fiyat2={}, Adet2={}, gFiyat={}, Maliyet={}", books::Decimal(item.price, 2), books::Decimal(item.secondPrice, 2),
-                         item.pieces, books::Decimal(item.cost, 2), item.countsProfit ? 1 : 0));
+             fmt::format("Fiyat={}, Fiyat2={}, Adet2={}, gFiyat={}, Maliyet={}", books::Decimal(item.price, 2),
+                         books::Decimal(item.secondPrice, 2), item.pieces, books::Decimal(item.cost, 2), item.countsProfit ? 1 : 0));
     book.items[code] = item;
     itemCodes.push_back(code);
   }
@@ -263,15 +264,15 @@ class BooksTest : public AccountsFixture, public ::testing::WithParamInterface<i
     for (const auto& [code, a] : book.accounts)
       cards.push_back(fmt::format("{}|{}|{}|{}|{}", code, Digits(a.debit), Digits(a.credit), Digits(a.balance), a.side));
     for (const auto& [code, i] : book.items)
-      items.push_back(fmt::format("{}|{}|{}|{}|{}|{}|{}|{}|{}|{}", code, Digits(books::Decimal(i.price, 2)), Digits(books::Decimal(i.cost, 2)),
-                                  Digits(i.in), Digits(i.inTotal), Digits(i.out), Digits(i.outTotal), Digits(i.over), Digits(i.left),
-                                  Digits(i.profit)));
+      items.push_back(fmt::format("{}|{}|{}|{}|{}|{}|{}|{}|{}|{}", code, Digits(books::Decimal(i.price, 2)),
+                                  Digits(books::Decimal(i.cost, 2)), Digits(i.in), Digits(i.inTotal), Digits(i.out), Digits(i.outTotal),
+                                  Digits(i.over), Digits(i.left), Digits(i.profit)));
     for (const auto& [id, rows] : book.ledger)
       for (const auto& row : rows)
         ledger.push_back(fmt::format("{}|{}|{}|{}|{}", id, row.account, row.text, Digits(row.debit), Digits(row.credit)));
     for (const auto& [id, l] : book.day)
-      day.push_back(fmt::format("{}|{}|{}|{}|{}|{}|{}|{}|{}", id, l.customer, l.item, l.state, Digits(l.price), Digits(l.quantity), Digits(l.total),
-                                Digits(l.collected), Digits(l.profit)));
+      day.push_back(fmt::format("{}|{}|{}|{}|{}|{}|{}|{}|{}", id, l.customer, l.item, l.state, Digits(l.price), Digits(l.quantity),
+                                Digits(l.total), Digits(l.collected), Digits(l.profit)));
     for (const auto& [id, m] : book.movements)
       movements.push_back(fmt::format("{}|{}|{}|{}", id, Digits(m.quantity), Digits(m.total), Digits(m.profit)));
     for (const auto& [customer, rows] : book.due)
@@ -281,11 +282,13 @@ class BooksTest : public AccountsFixture, public ::testing::WithParamInterface<i
 
     ExpectSame("CariKartlar", Stored("Cari.mdb", "SELECT CariKod, Borc, Alacak, Bakiye, Hesap FROM CariKartlar"), cards);
     ExpectSame("StokKartlar",
-               Stored("Stok.mdb", "SELECT StokKod, Fiyat, gFiyat, GirenMik, GirenTutar, CikanMik, CikanTutar, KalanA, KalanB, Kar "
-                                  "FROM StokKartlar WHERE StokKod NOT IN ('1001','1002')"),
+               Stored("Stok.mdb",
+                      "SELECT StokKod, Fiyat, gFiyat, GirenMik, GirenTutar, CikanMik, CikanTutar, KalanA, KalanB, Kar "
+                      "FROM StokKartlar WHERE StokKod NOT IN ('1001','1002')"),
                items);
     ExpectSame("CariHareket", Stored("Cari.mdb", "SELECT DigerId, cariharkod, Aciklama, Borc, Alacak FROM CariHareket"), ledger);
-    ExpectSame("Datam", Stored("Karvel.mdb", "SELECT DigerId, CariKod, StokKod, Durum, Fiyat, Miktar, Tutar, Tahsilat, Kar FROM Datam"), day);
+    ExpectSame("Datam", Stored("Karvel.mdb", "SELECT DigerId, CariKod, StokKod, Durum, Fiyat, Miktar, Tutar, Tahsilat, Kar FROM Datam"),
+               day);
     ExpectSame("StokHareket", Stored("Stok.mdb", "SELECT DigerId, Miktar, Tutar, Kar FROM StokHareket"), movements);
     ExpectSame("VadeGün", Stored("Cari.mdb", "SELECT CariKod, VadeTarih, Tutar FROM \"VadeGün\""), due);
     ExpectSame("Cari", Stored("Cari.mdb", "SELECT StokKod, CariKod, \"0Fiyat\", \"1Fiyat\" FROM Cari"), special);

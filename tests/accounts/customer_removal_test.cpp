@@ -49,7 +49,8 @@ TEST_F(CustomerRemovalTest, a_history_goes_without_a_question_and_the_card_stays
   Remove("Ayşe Yılmaz");
   EXPECT_TRUE(messages.shown.empty());
   Fields card = Customer("C001");
-  for (const char* const field : {"Borc", "Alacak", "dBorc", "eBorc", "Bakiye", "dBakiye", "eBakiye"}) EXPECT_EQ(card[field], "0.0") << field;
+  for (const char* const field : {"Borc", "Alacak", "dBorc", "eBorc", "Bakiye", "dBakiye", "eBakiye"})
+    EXPECT_EQ(card[field], "0.0") << field;
   EXPECT_EQ(card["Hesap"], "Borç");
   EXPECT_EQ(Count("Cari.mdb", "CariHareket WHERE cariharkod='C001'"), "0");
   EXPECT_EQ(Count("Karvel.mdb", "Datam WHERE CariKod='C001'"), "0");

@@ -76,8 +76,9 @@ TEST_F(DayBookFollowTest, the_print_choice_leads_back_to_the_whole_day_book) {
 
 TEST_F(DayBookFollowTest, the_totals_find_a_customer_with_a_quote_in_code_and_name) {
   AddCustomer("O''1", "O''Neil", "Bakiye=7, Borc=7, Hesap='Borç'");
-  Sql("Karvel.mdb", "INSERT INTO Datam(CariKod, CariAd, Tutar, Tarih, Durum, Tahsilat) VALUES"
-                    "('O''1','O''Neil',5,'2026-03-01 09:00:00','Satış',0),('O''1','O''Neil',2,'2026-03-01 10:00:00','İade',0)");
+  Sql("Karvel.mdb",
+      "INSERT INTO Datam(CariKod, CariAd, Tutar, Tarih, Durum, Tahsilat) VALUES"
+      "('O''1','O''Neil',5,'2026-03-01 09:00:00','Satış',0),('O''1','O''Neil',2,'2026-03-01 10:00:00','İade',0)");
   ASSERT_TRUE(Start());
   desk->form.PriceFormat = "#,##0.00";
   ASSERT_TRUE(desk->cursors.CariData.FindFirst("CariKod='O''1'").Ok());
@@ -86,7 +87,7 @@ TEST_F(DayBookFollowTest, the_totals_find_a_customer_with_a_quote_in_code_and_na
   ASSERT_TRUE(desk->cursors.HareketData.MoveNext().Ok());
   EXPECT_EQ(At("Label5").Caption(), "7,00");  // the day's rows, by code
   DoubleTap("Label5");
-  EXPECT_EQ(At("Text2(2)").Text(), "5,00");   // the sales of the row's day, by code
+  EXPECT_EQ(At("Text2(2)").Text(), "5,00");  // the sales of the row's day, by code
 }
 
 }  // namespace

@@ -218,7 +218,8 @@ class DeletedLinesTest : public DayBookListTest {
     for (const char* const name : {"Command2", "Command3", "Label5", "Label1(0)", "Label1(5)", "Label1(7)", "Text1(0)", "Text1(1)",
                                    "Text2(0)", "Text2(1)", "Text2(2)"}) {
       const Element& element = At(name);
-      all.push_back(element.Name() + "=" + element.Caption() + "|" + std::to_string(element.Color()) + (element.Enabled() ? "|on" : "|off"));
+      all.push_back(element.Name() + "=" + element.Caption() + "|" + std::to_string(element.Color()) +
+                    (element.Enabled() ? "|on" : "|off"));
     }
     return all;
   }

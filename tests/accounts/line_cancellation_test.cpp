@@ -51,7 +51,8 @@ TEST_F(LineCancellationTest, it_asks_first_and_no_changes_nothing) {
 TEST_F(LineCancellationTest, a_sale_with_two_ledger_rows_takes_each_part_back_by_subtraction) {
   Sell("Ayşe Yılmaz", "1001", "1");
   const std::string id = LastId();
-  Sql("Cari.mdb", "INSERT INTO CariHareket(cariharkod, Aciklama, Borc, Alacak, DigerId) VALUES('=110','Perakende satış',0,50,'" + id + "')");
+  Sql("Cari.mdb",
+      "INSERT INTO CariHareket(cariharkod, Aciklama, Borc, Alacak, DigerId) VALUES('=110','Perakende satış',0,50,'" + id + "')");
   Sql("Cari.mdb", "UPDATE CariKartlar SET Alacak=80, Bakiye=80, Hesap='Alacak' WHERE CariKod='=110'");
   Cancel(id);
   EXPECT_EQ(Balance("C001"), "0.0|0.0|0.0|Borç");
@@ -179,7 +180,8 @@ TEST_F(LineCancellationTest, the_serials_that_go_are_those_of_the_line_posted_la
 }
 
 TEST_F(LineCancellationTest, a_line_without_an_id_takes_nobody_elses_rows) {
-  Sql("Karvel.mdb", "INSERT INTO Datam(CariKod, CariAd, StokKod, Durum, Tarih) VALUES('C001','Ayşe Yılmaz','1001','Satış','2026-02-01 10:00:00')");
+  Sql("Karvel.mdb",
+      "INSERT INTO Datam(CariKod, CariAd, StokKod, Durum, Tarih) VALUES('C001','Ayşe Yılmaz','1001','Satış','2026-02-01 10:00:00')");
   Sql("Cari.mdb", "INSERT INTO CariHareket(cariharkod, Aciklama, Borc) VALUES('C002','Eski',40)");
   Sql("Stok.mdb", "INSERT INTO StokHareket(StokHarKod, Miktar) VALUES('1002',4)");
   EnterSale("Ayşe Yılmaz");
@@ -327,13 +329,13 @@ TEST_F(LineCancellationTest, a_payment_out_leaves_totals_that_crossed_over) {
   EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam"), "0");
 }
 
-
 TEST_F(LineCancellationTest, a_line_is_taken_back_from_its_own_item_also_when_the_stock_list_shows_others) {
   Sell("Ayşe Yılmaz", "1001", "5");
   const std::string id = LastId();
   PickItem("1002");
   Post("1");
-  ASSERT_TRUE(desk->cursors.StokData.Open("Select * From StokKartlar Where StokGizle=False And StokAdi Like 'Şe*' Order By StokAdi ASC").Ok());
+  ASSERT_TRUE(
+      desk->cursors.StokData.Open("Select * From StokKartlar Where StokGizle=False And StokAdi Like 'Şe*' Order By StokAdi ASC").Ok());
   TapLine(id);
   messages.answers = {"Yes"};
   Click("Command2");

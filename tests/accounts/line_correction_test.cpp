@@ -297,13 +297,13 @@ TEST_F(LineCorrectionTest, the_price_kept_for_the_customer_and_the_slip_number_s
   EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam"), "1");
 }
 
-
 TEST_F(LineCorrectionTest, a_line_is_corrected_on_its_own_item_also_when_the_stock_list_shows_others) {
   Sell("Ayşe Yılmaz", "1001", "2");
   const std::string id = LastId();
   PickItem("1002");
   Post("1");
-  ASSERT_TRUE(desk->cursors.StokData.Open("Select * From StokKartlar Where StokGizle=False And StokAdi Like 'Şe*' Order By StokAdi ASC").Ok());
+  ASSERT_TRUE(
+      desk->cursors.StokData.Open("Select * From StokKartlar Where StokGizle=False And StokAdi Like 'Şe*' Order By StokAdi ASC").Ok());
   TapLine(id);
   desk->screen.HareketGrid.DoubleTapCell(2);
   Click("Command3");

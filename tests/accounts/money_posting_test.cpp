@@ -14,22 +14,63 @@ TEST_F(MoneyPostingTest, a_collection_writes_every_field_of_every_row) {
   Pay("Ayşe Yılmaz", "60");
   ASSERT_EQ(LastId(), "10000000262");
 
-  const Fields account{{"cariharkod", "=100"},     {"Tarih", "2026-03-01 10:15:00"}, {"Aciklama", "Nakit Tahsilat"}, {"Bilgi1", ""},
-                       {"Bilgi2", ""},             {"Birim", ""},                    {"Borc", "60.0"},               {"Alacak", "0.0"},
-                       {"Carisi", "=100"},         {"Unvan", "Ayşe Yılmaz"},         {"DigerId", LastId()},          {"Nerde", "C"},
-                       {"Miktar", "0.0"},          {"Fiyat", "0.0"},                 {"yeni", "1.0"},                {"Gurup", ""}};
+  const Fields account{{"cariharkod", "=100"},
+                       {"Tarih", "2026-03-01 10:15:00"},
+                       {"Aciklama", "Nakit Tahsilat"},
+                       {"Bilgi1", ""},
+                       {"Bilgi2", ""},
+                       {"Birim", ""},
+                       {"Borc", "60.0"},
+                       {"Alacak", "0.0"},
+                       {"Carisi", "=100"},
+                       {"Unvan", "Ayşe Yılmaz"},
+                       {"DigerId", LastId()},
+                       {"Nerde", "C"},
+                       {"Miktar", "0.0"},
+                       {"Fiyat", "0.0"},
+                       {"yeni", "1.0"},
+                       {"Gurup", ""}};
   EXPECT_EQ(Ledger(LastId(), "=100"), account);
-  const Fields customer{{"cariharkod", "C001"}, {"Tarih", "2026-03-01 10:15:00"}, {"Aciklama", "Ayşe Yılmaz Tahsilat İle"}, {"Bilgi1", ""},
-                        {"Bilgi2", ""},         {"Birim", ""},                    {"Borc", "0.0"},                          {"Alacak", "60.0"},
-                        {"Carisi", "C001"},     {"Unvan", "Ayşe Yılmaz"},         {"DigerId", LastId()},                    {"Nerde", "C"},
-                        {"Miktar", "0.0"},      {"Fiyat", "0.0"},                 {"yeni", "1.0"},                          {"Gurup", ""}};
+  const Fields customer{{"cariharkod", "C001"},
+                        {"Tarih", "2026-03-01 10:15:00"},
+                        {"Aciklama", "Ayşe Yılmaz Tahsilat İle"},
+                        {"Bilgi1", ""},
+                        {"Bilgi2", ""},
+                        {"Birim", ""},
+                        {"Borc", "0.0"},
+                        {"Alacak", "60.0"},
+                        {"Carisi", "C001"},
+                        {"Unvan", "Ayşe Yılmaz"},
+                        {"DigerId", LastId()},
+                        {"Nerde", "C"},
+                        {"Miktar", "0.0"},
+                        {"Fiyat", "0.0"},
+                        {"yeni", "1.0"},
+                        {"Gurup", ""}};
   EXPECT_EQ(Ledger(LastId(), "C001"), customer);
-  const Fields day{{"CariKod", "C001"},   {"StokKod", ""},            {"CariAd", "Ayşe Yılmaz"}, {"StokAd", "Nakit Tahsilat"},
-                   {"Fiyat", "0.0"},      {"Miktar", "0.0"},          {"Tutar", "0.0"},          {"Tarih", "2026-03-01 10:15:00"},
-                   {"DigerId", LastId()}, {"Birim", ""},              {"yeni", "1.0"},           {"Durum", "Nakit"},
-                   {"Gurup", "Müşteri"},  {"Plasiyer", "WinKarvel0"}, {"tGurup", ""},            {"SeriNo", ""},
-                   {"Kar", "0.0"},        {"Tahsilat", "60.0"},       {"Sec", ""},               {"Secc", ""},
-                   {"Eksik", "0.0"},      {"Aciklama", ""},           {"Sube", ""}};
+  const Fields day{{"CariKod", "C001"},
+                   {"StokKod", ""},
+                   {"CariAd", "Ayşe Yılmaz"},
+                   {"StokAd", "Nakit Tahsilat"},
+                   {"Fiyat", "0.0"},
+                   {"Miktar", "0.0"},
+                   {"Tutar", "0.0"},
+                   {"Tarih", "2026-03-01 10:15:00"},
+                   {"DigerId", LastId()},
+                   {"Birim", ""},
+                   {"yeni", "1.0"},
+                   {"Durum", "Nakit"},
+                   {"Gurup", "Müşteri"},
+                   {"Plasiyer", "WinKarvel0"},
+                   {"tGurup", ""},
+                   {"SeriNo", ""},
+                   {"Kar", "0.0"},
+                   {"Tahsilat", "60.0"},
+                   {"Sec", ""},
+                   {"Secc", ""},
+                   {"Eksik", "0.0"},
+                   {"Aciklama", ""},
+                   {"Sube", ""}};
   EXPECT_EQ(Day(LastId()), day);
   EXPECT_EQ(Balance("=100"), "60.0|0.0|60.0|Borç");
   EXPECT_EQ(Balance("C001"), "150.0|60.0|90.0|Borç");
@@ -87,8 +128,9 @@ TEST_F(MoneyPostingTest, each_form_of_payment_has_its_account_and_its_name_in_th
 }
 
 TEST_F(MoneyPostingTest, a_collection_of_exactly_the_balance_deletes_every_due_date_whatever_its_amount) {
-  Sql("Cari.mdb", "INSERT INTO \"VadeGün\" VALUES('C001','2026-01-05 00:00:00',999),('C001','2026-02-05 00:00:00',-3),"
-                  "('C002','2026-02-05 00:00:00',7)");
+  Sql("Cari.mdb",
+      "INSERT INTO \"VadeGün\" VALUES('C001','2026-01-05 00:00:00',999),('C001','2026-02-05 00:00:00',-3),"
+      "('C002','2026-02-05 00:00:00',7)");
   Sell("Ayşe Yılmaz", "1001", "3");
   Pay("Ayşe Yılmaz", "150");
   EXPECT_EQ(Balance("C001"), "150.0|150.0|0.0|Borç");
@@ -119,8 +161,9 @@ TEST_F(MoneyPostingTest, a_payment_over_two_due_dates_deletes_the_first_and_lowe
 
 TEST_F(MoneyPostingTest, a_payment_over_three_due_dates_leaves_the_second_below_zero) {
   Sql("Cari.mdb", "UPDATE CariKartlar SET Borc=300, Bakiye=300 WHERE CariKod='C001'");
-  Sql("Cari.mdb", "INSERT INTO \"VadeGün\" VALUES('C001','2026-01-05 00:00:00',50),('C001','2026-02-05 00:00:00',100),"
-                  "('C001','2026-02-15 00:00:00',150)");
+  Sql("Cari.mdb",
+      "INSERT INTO \"VadeGün\" VALUES('C001','2026-01-05 00:00:00',50),('C001','2026-02-05 00:00:00',100),"
+      "('C001','2026-02-15 00:00:00',150)");
   Pay("Ayşe Yılmaz", "200");
   EXPECT_EQ(Due("C001"), (Lines{"-50.0", "150.0"}));
 }
@@ -289,8 +332,9 @@ TEST_F(MoneyPostingTest, a_filtered_list_is_back_afterwards) {
 
 TEST_F(MoneyPostingTest, a_payment_out_consumes_the_suppliers_due_dates_and_balance_zero_deletes_them_all) {
   Sql("Cari.mdb", "UPDATE CariKartlar SET Alacak=300, Bakiye=300, Hesap='Alacak' WHERE CariKod='T001'");
-  Sql("Cari.mdb", "INSERT INTO \"VadeGün\" VALUES('T001','2026-01-05 00:00:00',100),('T001','2026-02-05 00:00:00',100),"
-                  "('T001','2026-02-15 00:00:00',500)");
+  Sql("Cari.mdb",
+      "INSERT INTO \"VadeGün\" VALUES('T001','2026-01-05 00:00:00',100),('T001','2026-02-05 00:00:00',100),"
+      "('T001','2026-02-15 00:00:00',500)");
   At("GurupCombo").ChooseText("Toptan");
   Pay("Toptan Gıda", "150");
   EXPECT_EQ(Balance("T001"), "150.0|300.0|150.0|Alacak");
@@ -339,7 +383,6 @@ TEST_F(MoneyPostingTest, a_credit_that_outgrows_the_debit_turns_the_side_and_is_
   Pay("Ayşe Yılmaz", "10,01");
   EXPECT_EQ(One("Cari.mdb", "SELECT Bakiye, Hesap FROM CariKartlar WHERE CariKod='C001'"), "0.01|Alacak");
 }
-
 
 TEST_F(MoneyPostingTest, a_due_amount_that_is_paid_goes_whatever_hair_of_rounding_is_left) {
   Sql("Cari.mdb", "UPDATE CariKartlar SET Borc=5.3, Bakiye=5.3, Hesap='Borç' WHERE CariKod='C001'");

@@ -348,7 +348,8 @@ TEST_F(StockListTest, no_sale_is_entered_from_the_cards) {
 }
 
 TEST_F(StockListTest, with_the_days_turnover_in_front_the_search_looks_for_the_lines_item) {
-  Sql("Karvel.mdb", "INSERT INTO Datam(CariKod, StokAd, Tarih) VALUES('C001','Bal','2026-03-01 10:00:00'),('C001','Un','2026-03-01 09:00:00')");
+  Sql("Karvel.mdb",
+      "INSERT INTO Datam(CariKod, StokAd, Tarih) VALUES('C001','Bal','2026-03-01 10:00:00'),('C001','Un','2026-03-01 09:00:00')");
   desk->form.RepositionGuard = 555;
   At("CiroChk").SetChecked(true);
   desk->cursors.CariData.SetDatabaseName(desk->form.DataDir + "Karvel.Mdb");

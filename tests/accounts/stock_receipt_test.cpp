@@ -50,26 +50,71 @@ TEST_F(StockReceiptTest, a_new_product_writes_every_field_of_every_row) {
 
   Fields movement = Movement(LastId());
   movement.erase("SatTar");
-  const Fields movementWanted{{"StokHarKod", "Bulgur"}, {"Tarih", "2026-03-01 10:15:00"}, {"Aciklama", "Bulgur Alış"}, {"Tutar", "50.0"},
-                              {"Birim", ""},            {"Miktar", "5.0"},                {"Fiyat", "8.0"},            {"GirisCikis", "Alış"},
-                              {"Carisi", ""},           {"DigerId", LastId()},            {"Nerde", "C"},              {"StokAd", "Bulgur"},
-                              {"Unvan", ""},            {"Barkod", ""},                   {"Maliyet", "0.0"},          {"SeriNo", ""},
-                              {"Gurup", ""},            {"yeni", "0.0"},                  {"Plasiyer", ""},            {"tGurup", ""},
-                              {"Kar", "0.0"},           {"Kdv", "18.0"}};
+  const Fields movementWanted{{"StokHarKod", "Bulgur"},
+                              {"Tarih", "2026-03-01 10:15:00"},
+                              {"Aciklama", "Bulgur Alış"},
+                              {"Tutar", "50.0"},
+                              {"Birim", ""},
+                              {"Miktar", "5.0"},
+                              {"Fiyat", "8.0"},
+                              {"GirisCikis", "Alış"},
+                              {"Carisi", ""},
+                              {"DigerId", LastId()},
+                              {"Nerde", "C"},
+                              {"StokAd", "Bulgur"},
+                              {"Unvan", ""},
+                              {"Barkod", ""},
+                              {"Maliyet", "0.0"},
+                              {"SeriNo", ""},
+                              {"Gurup", ""},
+                              {"yeni", "0.0"},
+                              {"Plasiyer", ""},
+                              {"tGurup", ""},
+                              {"Kar", "0.0"},
+                              {"Kdv", "18.0"}};
   EXPECT_EQ(movement, movementWanted);
 
-  const Fields ledger{{"cariharkod", "T001"}, {"Tarih", "2026-03-01 10:15:00"}, {"Aciklama", "Bulgur Alış"}, {"Bilgi1", "Bulgur"},
-                      {"Bilgi2", "Bulgur"},   {"Birim", ""},                    {"Borc", "0.0"},             {"Alacak", "50.0"},
-                      {"Carisi", "Bulgur"},   {"Unvan", "Bulgur"},              {"DigerId", LastId()},       {"Nerde", "S"},
-                      {"Miktar", "5.0"},      {"Fiyat", "8.0"},                 {"yeni", "1.0"},             {"Gurup", ""}};
+  const Fields ledger{{"cariharkod", "T001"},
+                      {"Tarih", "2026-03-01 10:15:00"},
+                      {"Aciklama", "Bulgur Alış"},
+                      {"Bilgi1", "Bulgur"},
+                      {"Bilgi2", "Bulgur"},
+                      {"Birim", ""},
+                      {"Borc", "0.0"},
+                      {"Alacak", "50.0"},
+                      {"Carisi", "Bulgur"},
+                      {"Unvan", "Bulgur"},
+                      {"DigerId", LastId()},
+                      {"Nerde", "S"},
+                      {"Miktar", "5.0"},
+                      {"Fiyat", "8.0"},
+                      {"yeni", "1.0"},
+                      {"Gurup", ""}};
   EXPECT_EQ(Ledger(LastId(), "T001"), ledger);
 
-  const Fields day{{"CariKod", "T001"},   {"StokKod", "Bulgur"},      {"CariAd", "Toptan Gıda"}, {"StokAd", "Bulgur"},
-                   {"Fiyat", "8.0"},      {"Miktar", "5.0"},          {"Tutar", "50.0"},         {"Tarih", "2026-03-01 10:15:00"},
-                   {"DigerId", LastId()}, {"Birim", ""},              {"yeni", "1.0"},           {"Durum", "Alış"},
-                   {"Gurup", ""},         {"Plasiyer", "WinKarvel0"}, {"tGurup", "WinKarvel0"},  {"SeriNo", ""},
-                   {"Kar", "0.0"},        {"Tahsilat", "0.0"},        {"Sec", ""},               {"Secc", ""},
-                   {"Eksik", "0.0"},      {"Aciklama", ""},           {"Sube", ""}};
+  const Fields day{{"CariKod", "T001"},
+                   {"StokKod", "Bulgur"},
+                   {"CariAd", "Toptan Gıda"},
+                   {"StokAd", "Bulgur"},
+                   {"Fiyat", "8.0"},
+                   {"Miktar", "5.0"},
+                   {"Tutar", "50.0"},
+                   {"Tarih", "2026-03-01 10:15:00"},
+                   {"DigerId", LastId()},
+                   {"Birim", ""},
+                   {"yeni", "1.0"},
+                   {"Durum", "Alış"},
+                   {"Gurup", ""},
+                   {"Plasiyer", "WinKarvel0"},
+                   {"tGurup", "WinKarvel0"},
+                   {"SeriNo", ""},
+                   {"Kar", "0.0"},
+                   {"Tahsilat", "0.0"},
+                   {"Sec", ""},
+                   {"Secc", ""},
+                   {"Eksik", "0.0"},
+                   {"Aciklama", ""},
+                   {"Sube", ""}};
   EXPECT_EQ(Day(LastId()), day);
   EXPECT_EQ(Balance("T001"), "0.0|50.0|50.0|Alacak");
   EXPECT_EQ(Balance("=100"), "0.0|0.0|0.0|");

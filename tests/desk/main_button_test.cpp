@@ -28,9 +28,8 @@ TEST_F(MainButtonTest, it_is_off_and_says_wait_under_a_busy_pointer_while_a_sale
   EnterSale("Ayşe Yılmaz");
   PickItem("1001");
   bool waiting = false;
-  desk->cursors.StokHarData.repositioned.Connect([&] {
-    waiting = desk->screen.Busy() && At("Command2").Caption() == "Bekleyin" && !At("Command2").Enabled() && !scanner.enabled;
-  });
+  desk->cursors.StokHarData.repositioned.Connect(
+      [&] { waiting = desk->screen.Busy() && At("Command2").Caption() == "Bekleyin" && !At("Command2").Enabled() && !scanner.enabled; });
   Post("1");
   EXPECT_TRUE(waiting);
   EXPECT_FALSE(desk->screen.Busy());
@@ -315,7 +314,6 @@ TEST_F(MainButtonTest, after_a_refusal_the_scanner_reads_on) {
   Press();
   EXPECT_TRUE(scanner.enabled);
 }
-
 
 TEST_F(MainButtonTest, a_name_in_the_price_sells_nothing) {
   EnterSale("Ayşe Yılmaz");

@@ -311,8 +311,8 @@ TEST_F(ProductFieldTest, the_special_price_of_the_customer_is_in_the_slots_of_an
 
 TEST_F(ProductFieldTest, keys_that_only_take_away_or_move_do_not_complete) {
   Put("Şe");
-  for (const int code : {key::kBackspace, key::kDelete, key::kF1, key::kF8, key::kLeft, key::kRight, key::kHome, key::kEnd, key::kTab, 16, 17,
-                         18, 20, 33, 34, 45}) {
+  for (const int code : {key::kBackspace, key::kDelete, key::kF1, key::kF8, key::kLeft, key::kRight, key::kHome, key::kEnd, key::kTab, 16,
+                         17, 18, 20, 33, 34, 45}) {
     KeyEvent event{code};
     At("Text1(1)").keyUp(event);
     EXPECT_EQ(At("Text1(1)").Text(), "Şe") << code;

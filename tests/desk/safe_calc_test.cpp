@@ -5,7 +5,9 @@
 namespace karvel {
 namespace {
 
-std::string Calc(CalcOp op, const std::string& a, const std::string& b) { return SafeCalc(op, Value(a), Value(b)); }
+std::string Calc(CalcOp op, const std::string& a, const std::string& b) {
+  return SafeCalc(op, Value(a), Value(b));
+}
 
 TEST(SafeCalc, works_out_the_four_operations) {
   EXPECT_EQ(Calc(CalcOp::Subtract, "5", "7,5"), "-2,5");

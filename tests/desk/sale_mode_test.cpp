@@ -201,8 +201,7 @@ TEST_F(SaleModeTest, due_dates_follow_the_customer_also_when_the_last_sale_was_l
   Post("1");
   DoubleTap("Label1(0)");
   Sell("Bora Çetin", "1002", "1");
-  EXPECT_EQ(Rows("Cari.mdb", "SELECT CariKod, Tutar FROM \"VadeGün\" ORDER BY 1"),
-            (std::vector<std::string>{"C001|50.0", "C002|20.0"}));
+  EXPECT_EQ(Rows("Cari.mdb", "SELECT CariKod, Tutar FROM \"VadeGün\" ORDER BY 1"), (std::vector<std::string>{"C001|50.0", "C002|20.0"}));
 }
 
 // Fields.

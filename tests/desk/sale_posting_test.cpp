@@ -32,28 +32,72 @@ TEST_F(SalePostingTest, a_sale_writes_every_field_of_every_row) {
   Sell("Ayşe Yılmaz", "1001", "3");
   ASSERT_EQ(LastId(), "10000000261");
 
-  const Fields movement{{"StokHarKod", "1001"},      {"Tarih", "2026-03-01 00:00:00"}, {"Aciklama", "Pirinç Satış İle"},
-                        {"Tutar", "150.0"},          {"Birim", "Adet"},                {"Miktar", "3.0"},
-                        {"Fiyat", "50.0"},           {"GirisCikis", "Satış"},          {"Carisi", "C001"},
-                        {"DigerId", "10000000261"},  {"Nerde", "C"},                   {"SatTar", "2026-03-01 00:00:00"},
-                        {"StokAd", "Pirinç"},        {"Unvan", "Ayşe Yılmaz"},         {"Barkod", "8691001"},
-                        {"Maliyet", "40.0"},         {"SeriNo", ""},                   {"Gurup", "Gıda"},
-                        {"yeni", "1.0"},             {"Plasiyer", "WinKarvel01"},      {"tGurup", "WinKarvel01"},
-                        {"Kar", "0.0"},              {"Kdv", "0.0"}};
+  const Fields movement{{"StokHarKod", "1001"},
+                        {"Tarih", "2026-03-01 00:00:00"},
+                        {"Aciklama", "Pirinç Satış İle"},
+                        {"Tutar", "150.0"},
+                        {"Birim", "Adet"},
+                        {"Miktar", "3.0"},
+                        {"Fiyat", "50.0"},
+                        {"GirisCikis", "Satış"},
+                        {"Carisi", "C001"},
+                        {"DigerId", "10000000261"},
+                        {"Nerde", "C"},
+                        {"SatTar", "2026-03-01 00:00:00"},
+                        {"StokAd", "Pirinç"},
+                        {"Unvan", "Ayşe Yılmaz"},
+                        {"Barkod", "8691001"},
+                        {"Maliyet", "40.0"},
+                        {"SeriNo", ""},
+                        {"Gurup", "Gıda"},
+                        {"yeni", "1.0"},
+                        {"Plasiyer", "WinKarvel01"},
+                        {"tGurup", "WinKarvel01"},
+                        {"Kar", "0.0"},
+                        {"Kdv", "0.0"}};
   EXPECT_EQ(Movement(LastId()), movement);
 
-  const Fields day{{"CariKod", "C001"},     {"StokKod", "1001"},        {"CariAd", "Ayşe Yılmaz"}, {"StokAd", "Pirinç"},
-                   {"Fiyat", "50.0"},       {"Miktar", "3.0"},          {"Tutar", "150.0"},        {"Tarih", "2026-03-01 10:15:00"},
-                   {"DigerId", LastId()},   {"Birim", "Adet"},          {"yeni", "1.0"},           {"Durum", "Satış"},
-                   {"Gurup", "Gıda"},       {"Plasiyer", "WinKarvel0"}, {"tGurup", "WinKarvel0"},  {"SeriNo", "000001"},
-                   {"Kar", "0.0"},          {"Tahsilat", "0.0"},        {"Sec", ""},               {"Secc", ""},
-                   {"Eksik", "0.0"},        {"Aciklama", ""},           {"Sube", ""}};
+  const Fields day{{"CariKod", "C001"},
+                   {"StokKod", "1001"},
+                   {"CariAd", "Ayşe Yılmaz"},
+                   {"StokAd", "Pirinç"},
+                   {"Fiyat", "50.0"},
+                   {"Miktar", "3.0"},
+                   {"Tutar", "150.0"},
+                   {"Tarih", "2026-03-01 10:15:00"},
+                   {"DigerId", LastId()},
+                   {"Birim", "Adet"},
+                   {"yeni", "1.0"},
+                   {"Durum", "Satış"},
+                   {"Gurup", "Gıda"},
+                   {"Plasiyer", "WinKarvel0"},
+                   {"tGurup", "WinKarvel0"},
+                   {"SeriNo", "000001"},
+                   {"Kar", "0.0"},
+                   {"Tahsilat", "0.0"},
+                   {"Sec", ""},
+                   {"Secc", ""},
+                   {"Eksik", "0.0"},
+                   {"Aciklama", ""},
+                   {"Sube", ""}};
   EXPECT_EQ(Day(LastId()), day);
 
-  const Fields ledger{{"cariharkod", "C001"}, {"Tarih", "2026-03-01 10:15:00"}, {"Aciklama", "Pirinç Satış"}, {"Bilgi1", "1001"},
-                      {"Bilgi2", "Pirinç"},   {"Birim", "Adet"},                {"Borc", "150.0"},            {"Alacak", "0.0"},
-                      {"Carisi", "1001"},     {"Unvan", "Pirinç"},              {"DigerId", LastId()},        {"Nerde", "S"},
-                      {"Miktar", "3.0"},      {"Fiyat", "50.0"},                {"yeni", "1.0"},              {"Gurup", ""}};
+  const Fields ledger{{"cariharkod", "C001"},
+                      {"Tarih", "2026-03-01 10:15:00"},
+                      {"Aciklama", "Pirinç Satış"},
+                      {"Bilgi1", "1001"},
+                      {"Bilgi2", "Pirinç"},
+                      {"Birim", "Adet"},
+                      {"Borc", "150.0"},
+                      {"Alacak", "0.0"},
+                      {"Carisi", "1001"},
+                      {"Unvan", "Pirinç"},
+                      {"DigerId", LastId()},
+                      {"Nerde", "S"},
+                      {"Miktar", "3.0"},
+                      {"Fiyat", "50.0"},
+                      {"yeni", "1.0"},
+                      {"Gurup", ""}};
   EXPECT_EQ(Ledger(LastId()), ledger);
 
   Fields card = Card("1001");
@@ -463,7 +507,8 @@ TEST_F(SalePostingTest, a_disk_that_fails_at_any_step_leaves_nothing_of_the_line
   }
   EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam"), std::to_string(lines));
   EXPECT_EQ(One("Karvel.mdb", "SELECT count(DISTINCT DigerId) FROM Datam"), std::to_string(lines));
-  EXPECT_EQ(One("Stok.mdb", "SELECT CikanMik FROM StokKartlar WHERE StokKod='1001'"), One("Stok.mdb", "SELECT sum(Miktar) FROM StokHareket"));
+  EXPECT_EQ(One("Stok.mdb", "SELECT CikanMik FROM StokKartlar WHERE StokKod='1001'"),
+            One("Stok.mdb", "SELECT sum(Miktar) FROM StokHareket"));
   EXPECT_EQ(One("Cari.mdb", "SELECT Borc FROM CariKartlar WHERE CariKod='C001'"), One("Cari.mdb", "SELECT sum(Borc) FROM CariHareket"));
   EXPECT_EQ(One("Cari.mdb", "SELECT Tutar FROM \"VadeGün\""), One("Cari.mdb", "SELECT sum(Borc) FROM CariHareket"));
 }

@@ -21,7 +21,8 @@ class StartUpTest : public DeskFixture {
     std::size_t rows = 0;
     for (const DatabaseFile& file : Catalogue::Files().first(8))
       for (const Table& table : file.tables)
-        rows += static_cast<std::size_t>(std::stoi(One(std::string(file.name), "SELECT count(*) FROM \"" + std::string(table.name) + "\"")));
+        rows +=
+            static_cast<std::size_t>(std::stoi(One(std::string(file.name), "SELECT count(*) FROM \"" + std::string(table.name) + "\"")));
     return rows;
   }
 };
@@ -174,11 +175,16 @@ TEST_F(StartUpTest, a_scanner_that_is_plugged_in_later_starts_by_the_menu) {
 }
 
 TEST_F(StartUpTest, every_option_toggles_under_its_own_key) {
-  const std::vector<std::array<const char*, 3>> options{
-      {"AySil", "AySil", "AySil"},       {"FiyatSabit", "FiyatSabit", "FiyatSabit"},    {"Fiyat2", "FiyatSabit", "Fiyat2"},
-      {"Stoklu", "Stoklu", "Stoklu"},    {"A5", "A5", "A5"},                            {"Efatura80cm", "Efatura80cm", "Efatura80cm"},
-      {"SecimTamam", "Size", "SecimTamam"}, {"AraVer", "Size", "AraVer"},               {"Silme", "Size", "Silme"},
-      {"BarkodOku", "Karvel", "BarkodOku"}};
+  const std::vector<std::array<const char*, 3>> options{{"AySil", "AySil", "AySil"},
+                                                        {"FiyatSabit", "FiyatSabit", "FiyatSabit"},
+                                                        {"Fiyat2", "FiyatSabit", "Fiyat2"},
+                                                        {"Stoklu", "Stoklu", "Stoklu"},
+                                                        {"A5", "A5", "A5"},
+                                                        {"Efatura80cm", "Efatura80cm", "Efatura80cm"},
+                                                        {"SecimTamam", "Size", "SecimTamam"},
+                                                        {"AraVer", "Size", "AraVer"},
+                                                        {"Silme", "Size", "Silme"},
+                                                        {"BarkodOku", "Karvel", "BarkodOku"}};
   ASSERT_TRUE(Start());
   for (const auto& [entry, section, key] : options) {
     ASSERT_FALSE(At(entry).Checked()) << entry;
@@ -215,9 +221,9 @@ TEST_F(StartUpTest, the_monthly_purge_is_switched_and_saved_at_once) {
 
 TEST_F(StartUpTest, the_sale_list_shows_eight_fields_of_a_card) {
   ASSERT_TRUE(Start());
-  const std::vector<std::pair<std::string, std::string>> wanted{
-      {"Stok Kodu", "StokKod"}, {"Stok Adı", "StokAdi"}, {"Maliyet", "gFiyat"}, {"1.Fiyat", "Fiyat"},
-      {"2.Fiyat", "Fiyat2"},    {"3.Fiyat", "Fiyat3"},   {"Kalan", "KalanB"},   {"Yeri", "Yeri"}};
+  const std::vector<std::pair<std::string, std::string>> wanted{{"Stok Kodu", "StokKod"}, {"Stok Adı", "StokAdi"}, {"Maliyet", "gFiyat"},
+                                                                {"1.Fiyat", "Fiyat"},     {"2.Fiyat", "Fiyat2"},   {"3.Fiyat", "Fiyat3"},
+                                                                {"Kalan", "KalanB"},      {"Yeri", "Yeri"}};
   std::vector<std::pair<std::string, std::string>> shown;
   for (const GridColumn& column : desk->screen.StokGrid.Columns())
     if (column.visible) shown.emplace_back(Trim(column.caption), column.field);

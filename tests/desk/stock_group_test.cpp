@@ -111,7 +111,6 @@ TEST_F(StockGroupTest, the_entry_that_stands_there_can_be_chosen_once_more) {
   EXPECT_EQ(Cards(), std::vector<std::string>{"Sabun"});
 }
 
-
 TEST_F(StockGroupTest, the_list_is_that_of_the_saved_group_as_soon_as_the_stock_groups_are_shown) {
   settings.Save("Velmora Karvel1", "Size", "SGurup", "Temizlik");
   ASSERT_TRUE(Start());

@@ -234,9 +234,9 @@ TEST_F(TappedCustomerTest, a_tap_without_a_keyboard_open_tells_no_end) {
 // Whatever is written.
 
 TEST_F(TappedCustomerTest, signs_of_the_dialect_never_break_the_customers_search) {
-  for (const std::string& text : {std::string("*"), std::string("?"), std::string("'"), std::string("\""), std::string("["), std::string("#"),
-                                  std::string("a'b"), std::string("x' Or 'a'='a"), std::string("'; DELETE FROM CariKartlar; --"),
-                                  std::string(10000, 'q'), std::string("\x01\x02\t")}) {
+  for (const std::string& text :
+       {std::string("*"), std::string("?"), std::string("'"), std::string("\""), std::string("["), std::string("#"), std::string("a'b"),
+        std::string("x' Or 'a'='a"), std::string("'; DELETE FROM CariKartlar; --"), std::string(10000, 'q'), std::string("\x01\x02\t")}) {
     Search("Text1(0)", text);
     At("CariFrm").SetVisible(false);
   }

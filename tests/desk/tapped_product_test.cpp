@@ -290,9 +290,9 @@ TEST_F(TappedProductTest, two_taps_with_nothing_written_take_the_first_of_the_li
 
 TEST_F(TappedProductTest, signs_of_the_dialect_never_break_the_products_search) {
   EnterSale("Ahmet Işık");
-  for (const std::string& text : {std::string("*"), std::string("?"), std::string("'"), std::string("\""), std::string("["), std::string("#"),
-                                  std::string("a'b"), std::string("x' Or 'a'='a"), std::string("'; DELETE FROM StokKartlar; --"),
-                                  std::string(10000, 'q'), std::string("\x01\x02\t")}) {
+  for (const std::string& text :
+       {std::string("*"), std::string("?"), std::string("'"), std::string("\""), std::string("["), std::string("#"), std::string("a'b"),
+        std::string("x' Or 'a'='a"), std::string("'; DELETE FROM StokKartlar; --"), std::string(10000, 'q'), std::string("\x01\x02\t")}) {
     Tap("Text1(1)");
     Write("Text1(1)", text);
     Tap("Text1(1)");

@@ -23,8 +23,8 @@
 //   end                            ends the robot's input, which must end well
 //   kill                           kills the robot at once
 //
-// Every scenario has a home and a program folder of its own. Pictures that are named without a folder ("shot") go to the scenario's pictures
-// folder, which is its own too and goes with it unless the runner is told another one.
+// Every scenario has a home and a program folder of its own. Pictures that are named without a folder ("shot") go to the scenario's
+// pictures folder, which is its own too and goes with it unless the runner is told another one.
 #pragma once
 
 #include <filesystem>

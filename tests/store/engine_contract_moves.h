@@ -392,7 +392,8 @@ TEST_P(EngineContract, a_row_that_another_cursor_deleted_is_no_current_record_an
 // Names whose pattern begins with any letter: each list must hold the very rows, in the very order, that a look at every row gives.
 TEST_P(EngineContract, a_pattern_that_begins_with_any_letter_gives_every_row_that_fits_in_order) {
   std::vector<std::string> names;
-  for (const char* const first : {"", "a", "Ç", "i", "I", "ı", "İ", "Ğ", "z", "â", "Î", "û", "Q", "7", "=", " ", "'", "{", "~", "é", "Я", "€", "😀"})
+  for (const char* const first :
+       {"", "a", "Ç", "i", "I", "ı", "İ", "Ğ", "z", "â", "Î", "û", "Q", "7", "=", " ", "'", "{", "~", "é", "Я", "€", "😀"})
     for (const char* const rest : {"brahim", "brah", "bRAHİM", "xbrahim", "lker"}) names.push_back(std::string(first) + rest);
   names.insert(names.end(), {"İbrahim", "İbrahim", "Kâbrahim", "Kıbrahim", "kebrahim", "K😀brahim", "K", ""});
   AddCustomers(stores_, names);
@@ -401,14 +402,16 @@ TEST_P(EngineContract, a_pattern_that_begins_with_any_letter_gives_every_row_tha
   const std::vector<GridRow> every = all->RowsFromStart(1000);
   ASSERT_EQ(every.size(), names.size());
 
-  for (const std::string pattern : {"?brah*", "?brah?m", "?brah*m", "?brahim", "K?brah*", "k?b*", "?b*", "?x*", "?=*", "?*", "??rah*", "[ai]brah*", "?qq*"}) {
+  for (const std::string pattern :
+       {"?brah*", "?brah?m", "?brah*m", "?brahim", "K?brah*", "k?b*", "?b*", "?x*", "?=*", "?*", "??rah*", "[ai]brah*", "?qq*"}) {
     for (const std::string direction : {"Asc", "Desc"}) {
       SCOPED_TRACE(pattern + " " + direction);
       std::vector<GridRow> wanted;
       for (const GridRow& row : every)
         if (karvel::Like(AsText(row.values[static_cast<std::size_t>(position)]), pattern)) wanted.push_back(row);
       if (direction == "Desc") std::ranges::reverse(wanted);
-      auto list = Customers(stores_, "Select * From CariKartlar Where HesKullan=False And Unvan Like '" + pattern + "' Order By Unvan " + direction);
+      auto list = Customers(stores_,
+                            "Select * From CariKartlar Where HesKullan=False And Unvan Like '" + pattern + "' Order By Unvan " + direction);
       const auto keys = [](const std::vector<GridRow>& rows) {
         std::vector<RowKey> theirs;
         for (const GridRow& row : rows) theirs.push_back(row.key);
@@ -420,8 +423,10 @@ TEST_P(EngineContract, a_pattern_that_begins_with_any_letter_gives_every_row_tha
       EXPECT_EQ(list->RecordCount(), static_cast<std::int64_t>(expected.size()));
       EXPECT_EQ(list->HasRows(), !expected.empty());
       for (std::size_t i = 0; i < wanted.size(); ++i) {
-        EXPECT_EQ(keys(list->RowsAfter(wanted[i], 1000)), std::vector<RowKey>(expected.begin() + static_cast<std::ptrdiff_t>(i) + 1, expected.end()));
-        EXPECT_EQ(keys(list->RowsBefore(wanted[i], 1000)), std::vector<RowKey>(expected.begin(), expected.begin() + static_cast<std::ptrdiff_t>(i)));
+        EXPECT_EQ(keys(list->RowsAfter(wanted[i], 1000)),
+                  std::vector<RowKey>(expected.begin() + static_cast<std::ptrdiff_t>(i) + 1, expected.end()));
+        EXPECT_EQ(keys(list->RowsBefore(wanted[i], 1000)),
+                  std::vector<RowKey>(expected.begin(), expected.begin() + static_cast<std::ptrdiff_t>(i)));
         EXPECT_EQ(list->PositionOf(wanted[i]), static_cast<std::int64_t>(i));
         const auto here = list->RowsAt(static_cast<std::int64_t>(i), 2);
         ASSERT_FALSE(here.empty());
@@ -431,7 +436,8 @@ TEST_P(EngineContract, a_pattern_that_begins_with_any_letter_gives_every_row_tha
       // The same as a find in the whole list.
       auto finder = Customers(stores_, "Select * From CariKartlar Order By Unvan " + direction);
       std::vector<RowKey> found;
-      for (Status next = finder->FindFirst("Unvan Like '" + pattern + "'"); next.Ok(); next = finder->FindNext("Unvan Like '" + pattern + "'"))
+      for (Status next = finder->FindFirst("Unvan Like '" + pattern + "'"); next.Ok();
+           next = finder->FindNext("Unvan Like '" + pattern + "'"))
         found.push_back(finder->CurrentKey());
       EXPECT_EQ(found, expected);
     }

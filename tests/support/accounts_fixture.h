@@ -1,4 +1,5 @@
-// A desk with a small shop: two customers, a wholesaler, two items, and the money accounts; and the readers of the rows that one line leaves.
+// A desk with a small shop: two customers, a wholesaler, two items, and the money accounts; and the readers of the rows that one line
+// leaves.
 #pragma once
 
 #include <string>

@@ -31,12 +31,20 @@ inline double Decimal(std::int64_t value, int decimals) {
   return std::strtod(text.c_str(), nullptr);
 }
 // Price times quantity as the clerk sees it: to the kuruş, halves up.
-inline double Amount(std::int64_t price, std::int64_t quantity) { return Decimal((price * quantity + 500) / 1000, 2); }
+inline double Amount(std::int64_t price, std::int64_t quantity) {
+  return Decimal((price * quantity + 500) / 1000, 2);
+}
 
-inline double Rounded(double value, int decimals) { return std::strtod(fmt::format("{:.{}f}", value, decimals).c_str(), nullptr); }
+inline double Rounded(double value, int decimals) {
+  return std::strtod(fmt::format("{:.{}f}", value, decimals).c_str(), nullptr);
+}
 // A number as it reads to 15 digits: "to the last digit" for amounts of any size.
-inline std::string Digits(double value) { return fmt::format("{:.15g}", value + 0.0); }
-inline std::string Digits(const std::string& text) { return Digits(std::strtod(text.c_str(), nullptr)); }
+inline std::string Digits(double value) {
+  return fmt::format("{:.15g}", value + 0.0);
+}
+inline std::string Digits(const std::string& text) {
+  return Digits(std::strtod(text.c_str(), nullptr));
+}
 
 struct Account {
   double debit = 0, credit = 0, balance = 0;
@@ -52,8 +60,8 @@ struct Account {
 struct Item {
   std::string name;
   std::int64_t price = 0, secondPrice = 0, cost = 0;  // kuruş
-  double pieces = 0;                                   // of the second unit
-  bool countsProfit = false;                           // Maliyet
+  double pieces = 0;                                  // of the second unit
+  bool countsProfit = false;                          // Maliyet
   double in = 0, inTotal = 0, out = 0, outTotal = 0, over = 0, left = 0, profit = 0;
 
   void Balance() {
@@ -83,8 +91,8 @@ class Books {
   std::map<std::string, std::vector<LedgerRow>> ledger;  // by line id
   std::map<std::string, Line> day;
   std::map<std::string, Movement> movements;
-  std::map<std::string, std::map<std::string, double>> due;      // by customer, by date
-  std::map<std::string, std::array<double, 2>> specialPrices;    // by "item|customer": 0Fiyat, 1Fiyat
+  std::map<std::string, std::map<std::string, double>> due;    // by customer, by date
+  std::map<std::string, std::array<double, 2>> specialPrices;  // by "item|customer": 0Fiyat, 1Fiyat
   int numbers = 0;
 
   std::string NextId() { return "1" + fmt::format("{:0>10}", "26" + std::to_string(++numbers)); }
@@ -133,8 +141,8 @@ class Books {
     Consume(due[customer], account.balance, amount);
   }
 
-  void Receive(const std::string& supplier, const std::string& code, const std::string& name, std::int64_t rowPrice, std::int64_t totalPrice,
-               std::int64_t quantity) {
+  void Receive(const std::string& supplier, const std::string& code, const std::string& name, std::int64_t rowPrice,
+               std::int64_t totalPrice, std::int64_t quantity) {
     Item& item = items[code];
     item.name = name;
     item.price = totalPrice;

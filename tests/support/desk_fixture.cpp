@@ -49,13 +49,16 @@ DeskFixture::DeskFixture() {
   std::filesystem::copy(TemplateFolder(), files.ProgramFolder(), std::filesystem::copy_options::recursive);
 }
 
-DeskFixture::~DeskFixture() { Stop(); }
+DeskFixture::~DeskFixture() {
+  Stop();
+}
 
 bool DeskFixture::Start(const std::string& title) {
   Stop();
   stores = std::make_unique<Stores>(
       std::make_unique<testing::WatchedEngine>(MakeSqliteEngine({.programFolder = files.ProgramFolder(), .vfs = vfs}), engine));
-  desk = std::make_unique<Desk>(World{clock, loop, files, messages, settings, shell, keyboard, window, scanner, connection, *stores}, title);
+  desk =
+      std::make_unique<Desk>(World{clock, loop, files, messages, settings, shell, keyboard, window, scanner, connection, *stores}, title);
   accounts = std::make_unique<Accounts>(*desk);
   exchange = std::make_unique<Exchange>(*desk);
   keyboard.elements = &desk->screen.elements;

@@ -74,7 +74,7 @@ class InstantLoop final : public EventLoop {
     return std::shared_ptr<void>(this, [this](void*) { timer = nullptr; });
   }
   std::function<void()> duringWait;
-  std::vector<int> waits;        // in milliseconds, since the test began
+  std::vector<int> waits;       // in milliseconds, since the test began
   std::function<void()> timer;  // the timer that runs now
 };
 
@@ -121,7 +121,9 @@ class QuietWindow final : public Window {
   [[nodiscard]] bool IsActive() const override { return active; }
   void Close() override { ++closes; }
   void End() override { ++ends; }
-  [[nodiscard]] int TextWidth(const std::string&, const std::string& text) const override { return 10 * static_cast<int>(LetterCount(text)); }
+  [[nodiscard]] int TextWidth(const std::string&, const std::string& text) const override {
+    return 10 * static_cast<int>(LetterCount(text));
+  }
   [[nodiscard]] int InnerWidth(const std::string&) const override { return 300; }
   void SetDeskFont(const std::string& name, double, bool) override { deskFont = name; }
   void SetGridFont(const std::string& name, double, bool) override { gridFont = name; }

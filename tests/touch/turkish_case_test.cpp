@@ -12,7 +12,9 @@ TEST(TurkishCase, a_name_begins_with_a_turkish_capital) {
   EXPECT_EQ(TürkçeBüyük("", 0, U'a'), U'A');
 }
 
-TEST(TurkishCase, a_letter_typed_over_the_whole_text_begins_it) { EXPECT_EQ(TürkçeBüyük("şeker", 0, U'ç'), U'Ç'); }
+TEST(TurkishCase, a_letter_typed_over_the_whole_text_begins_it) {
+  EXPECT_EQ(TürkçeBüyük("şeker", 0, U'ç'), U'Ç');
+}
 
 TEST(TurkishCase, letters_behind_a_point_or_a_stroke_begin_anew) {
   EXPECT_EQ(TürkçeBüyük("A.", 2, U'ö'), U'Ö');

@@ -126,10 +126,13 @@ class SqlPrinter {
     if (TypeOf(*compare.left) != ColumnType::Date) return nullptr;
     switch (compare.op) {
       case CompareOp::Less:
-      case CompareOp::LessEqual: return std::get_if<Field>(&compare.left->node);
+      case CompareOp::LessEqual:
+        return std::get_if<Field>(&compare.left->node);
       case CompareOp::Greater:
-      case CompareOp::GreaterEqual: return std::get_if<Field>(&compare.right->node);
-      default: return nullptr;
+      case CompareOp::GreaterEqual:
+        return std::get_if<Field>(&compare.right->node);
+      default:
+        return nullptr;
     }
   }
 

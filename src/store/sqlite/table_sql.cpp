@@ -95,8 +95,8 @@ std::vector<Stretch> TableSql::Stretches(const RowQuery& query, const GridRow& b
   return stretches;
 }
 
-Sql TableSql::Select(const RowQuery& query, bool reversed, const Stretch* stretch, const GridRow* beside, int limit,
-                     std::int64_t offset, const KeySpan* span) const {
+Sql TableSql::Select(const RowQuery& query, bool reversed, const Stretch* stretch, const GridRow* beside, int limit, std::int64_t offset,
+                     const KeySpan* span) const {
   Sql sql;
   sql.text.reserve(4096);
   sql.text = select_;
