@@ -3,6 +3,7 @@
 
 #include "accounts/money_posting.h"
 #include "desk/parts.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -18,9 +19,12 @@ class CollectionPanel {
   void Collect();                    // Command7(1)
   void PrintSlip();                  // DökNoYaz
 
-  DeskParts parts_;
+  Screen& screen_;
+  Cursors& cursors_;
+  const World& world_;
   MoneyPosting& money_;
   Element* defaultButton_ = nullptr;  // the Command8 chosen last, which Enter in the amount presses
+  Connections connections_;
 };
 
 }  // namespace karvel

@@ -42,34 +42,35 @@ char32_t Lower(char32_t letter) {
 
 }  // namespace
 
-CustomerCard::CustomerCard(const DeskParts& parts, CustomerList& customers) : parts_(parts), customers_(customers) {
-  Screen& screen = parts_.screen;
+CustomerCard::CustomerCard(const DeskParts& parts, CustomerList& customers)
+    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world), customers_(customers) {
+  Screen& screen = screen_;
   for (int i = 0; i < screen.CariNew.Count(); ++i) {
     Element& box = screen.CariNew(i);
-    box.changed.Connect([this] { Changed(); });
-    box.gotFocus.Connect([this, i] { Focused(i); });
-    box.click.Connect([&screen, &box] { screen.Text5.SetText(box.Text()); });
-    box.character.Connect([this, i](CharacterEvent& event) { Character(i, event); });
+    connections_ += box.changed.Connect([this] { Changed(); });
+    connections_ += box.gotFocus.Connect([this, i] { Focused(i); });
+    connections_ += box.click.Connect([&screen, &box] { screen.Text5.SetText(box.Text()); });
+    connections_ += box.character.Connect([this, i](CharacterEvent& event) { Character(i, event); });
   }
   Changed();
-  screen.CariNewCmd(kCancel).click.Connect([this] { Cancel(); });
-  screen.CariNewCmd(kSave).click.Connect([this] { Save(); });
+  connections_ += screen.CariNewCmd(kCancel).click.Connect([this] { Cancel(); });
+  connections_ += screen.CariNewCmd(kSave).click.Connect([this] { Save(); });
 }
 
 void CustomerCard::Changed() {
-  Screen& screen = parts_.screen;
+  Screen& screen = screen_;
   screen.CariNewCmd(kSave).SetEnabled(!screen.CariNew(kCode).Text().empty() && !screen.CariNew(kName).Text().empty());
 }
 
 void CustomerCard::Focused(int index) {
-  parts_.screen.CariNew(index).SelectAll();
-  parts_.form.ActiveFieldCode = static_cast<float>(index);
+  screen_.CariNew(index).SelectAll();
+  form_.ActiveFieldCode = static_cast<float>(index);
 }
 
 void CustomerCard::Character(int index, CharacterEvent& event) {
   if (event.character == key::kEnter) {
     event.character = 0;
-    parts_.world.keyboard.Send(key::kTab);
+    world_.keyboard.Send(key::kTab);
     return;
   }
   const bool searched = index == kCode || index == kName;
@@ -82,43 +83,41 @@ void CustomerCard::Character(int index, CharacterEvent& event) {
 }
 
 void CustomerCard::Cancel() {
-  CloseKeyboard(parts_);
+  CloseKeyboard(form_, screen_);
   Close();
 }
 
 void CustomerCard::Save() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  CloseKeyboard(parts_);
+  CloseKeyboard(form_, screen_);
   // Off until the next change of a field; a refused card is not tried again as it is.
-  screen.CariNewCmd(kSave).SetEnabled(false);
-  form.RepositionGuard = 555;
-  const RowKey inFront = cursors.CariData.CurrentKey();
+  screen_.CariNewCmd(kSave).SetEnabled(false);
+  form_.RepositionGuard = 555;
+  const RowKey inFront = cursors_.CariData.CurrentKey();
   if (!IsNew()) {
     // The card that stands in the way was found, no more: a payment must not go to it.
-    if (inFront != 0) step("customer in front", cursors.CariData.MoveTo(inFront));
-    form.RepositionGuard = 0;
+    if (inFront != 0) step("customer in front", cursors_.CariData.MoveTo(inFront));
+    form_.RepositionGuard = 0;
     return;
   }
   const Status added = AddCard();
-  screen.CariNewCmd(kSave).SetEnabled(true);
+  screen_.CariNewCmd(kSave).SetEnabled(true);
   if (!added.Ok()) {
-    ShowRefusal(world, added);
+    ShowRefusal(world_, added);
     return;
   }
-  step("refresh customers", cursors.CariData.Refresh());
+  step("refresh customers", cursors_.CariData.Refresh());
   Close();
 }
 
 bool CustomerCard::IsNew() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  Cursor& customers = cursors.CariData;
-  const auto field = [&screen](int index) -> Element& { return screen.CariNew(index); };
+  Cursor& customers = cursors_.CariData;
+  const auto field = [this](int index) -> Element& { return screen_.CariNew(index); };
   // 1.
   if (field(kCode).Text().empty()) field(kCode).SetFocus();
   if (field(kName).Text().empty()) field(kName).SetFocus();
   // 2.
   // Among all cards, whatever the list shows: two of one code would share their ledger.
-  Cursor all(world.stores, "all cards");
+  Cursor all(world_.stores, "all cards");
   all.SetDatabaseName(customers.DatabaseName());
   step("all cards", all.Open("CariKartlar"));
   step("find code", all.FindFirst("CariKod Like " + sources::Quoted(AnyI(field(kCode).Text()))));
@@ -130,43 +129,42 @@ bool CustomerCard::IsNew() {
   step("find card number", customers.FindFirst("KartNo=" + sources::Quoted(field(kCardNumber).Text())));
   if (field(kCardNumber).Text().empty() || customers.NoMatch()) return true;
   field(kCardNumber).SetText("");
-  screen.CariNewCmd(kSave).SetEnabled(false);
+  screen_.CariNewCmd(kSave).SetEnabled(false);
   return Refuse("Bu Kart Numarası Kullanılmış...?", field(kCardNumber));
 }
 
 bool CustomerCard::Refuse(const std::string& text, Element& focus) {
-  parts_.world.messages.MessageBox(text, "Dikkat...", MessageIcon::Information, MessageButtons::Ok);
+  world_.messages.MessageBox(text, "Dikkat...", MessageIcon::Information, MessageButtons::Ok);
   focus.SetFocus();
   return false;
 }
 
 Status CustomerCard::AddCard() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  Cursor& card = cursors.CariData;
+  Cursor& card = cursors_.CariData;
   Status added = card.AddNew();
   if (!added.Ok()) return added;
-  for (int i = 0; i < screen.CariNew.Count(); ++i) {
-    const std::string& text = screen.CariNew(i).Text();
+  for (int i = 0; i < screen_.CariNew.Count(); ++i) {
+    const std::string& text = screen_.CariNew(i).Text();
     card.Set(kFields[static_cast<std::size_t>(i)], i == kEmail ? AddressLower(text) : text);
   }
   card.Set("Hes", "C");
   card.Set("Hesap", "Borç");
-  if (screen.CariChk.Checked()) {
+  if (screen_.CariChk.Checked()) {
     card.Set("Gurup", "Toptan");
   } else {
-    card.Set("Gurup", screen.GurupCombo.ListIndex() <= 0 ? std::string("Müşteri") : screen.GurupCombo.Text());
+    card.Set("Gurup", screen_.GurupCombo.ListIndex() <= 0 ? std::string("Müşteri") : screen_.GurupCombo.Text());
   }
   card.Set("yeni", 1);
   return card.Update();
 }
 
 void CustomerCard::Close() {
-  Screen& screen = parts_.screen;
+  Screen& screen = screen_;
   screen.Text1(0).SetText("");
   for (int i = 0; i < screen.CariNew.Count(); ++i) screen.CariNew(i).SetText("");
   screen.CariFrm.SetVisible(false);
   screen.Text1(0).SetFocus();
-  parts_.form.RepositionGuard = 0;
+  form_.RepositionGuard = 0;
   customers_.FollowInFront();
   screen.Text1(0).SelectAll();
 }

@@ -5,6 +5,7 @@
 
 #include "desk/customer_list.h"
 #include "desk/parts.h"
+#include "platform/signal.h"
 #include "platform/status.h"
 
 namespace karvel {
@@ -24,8 +25,12 @@ class CustomerCard {
   Status AddCard();
   void Close();
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
+  const World& world_;
   CustomerList& customers_;
+  Connections connections_;
 };
 
 }  // namespace karvel

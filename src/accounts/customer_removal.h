@@ -7,6 +7,7 @@
 #include "accounts/item_card.h"
 #include "desk/customer_list.h"
 #include "desk/parts.h"
+#include "platform/signal.h"
 #include "platform/status.h"
 
 namespace karvel {
@@ -22,9 +23,13 @@ class CustomerRemoval {
   void ClearCard();
   void TakeBackSale();
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
+  const World& world_;
   CustomerList& customers_;
   ItemCard item_;
+  Connections connections_;
 };
 
 }  // namespace karvel

@@ -5,6 +5,7 @@
 #include "desk/customer_list.h"
 #include "desk/day_total.h"
 #include "desk/parts.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -21,9 +22,13 @@ class DayBookList {
   [[nodiscard]] bool ShowsDeletedLines() const;
   [[nodiscard]] bool CancelledForGood() const;
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
+  const World& world_;
   DayTotal& dayTotal_;
   CustomerList& customers_;
+  Connections connections_;
 };
 
 }  // namespace karvel

@@ -8,12 +8,13 @@ const Steps step("DeletedLines");
 constexpr const char* kDeleted = "Select * From Datam Where Durum='Iptal' Order By Tarih Desc";
 }  // namespace
 
-DeletedLines::DeletedLines(const DeskParts& parts, UsePasswords& passwords) : parts_(parts), passwords_(passwords) {
-  parts_.screen.SilinenChk.click.Connect([this] { Toggled(); });
+DeletedLines::DeletedLines(const DeskParts& parts, UsePasswords& passwords)
+    : screen_(parts.screen), cursors_(parts.cursors), passwords_(passwords) {
+  connections_ += screen_.SilinenChk.click.Connect([this] { Toggled(); });
 }
 
 void DeletedLines::Toggled() {
-  Screen& screen = parts_.screen;
+  Screen& screen = screen_;
   if (!screen.SilinenChk.Checked()) {
     Close();
   } else if (screen.CariGrid.Visible() && passwords_.AdmitToDeletedLines()) {
@@ -24,35 +25,33 @@ void DeletedLines::Toggled() {
 }
 
 void DeletedLines::Open() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  screen.StokChk.SetChecked(false);
-  keptSource_ = cursors.HareketData.RecordSource();
-  cursors.HareketData.SetRecordSource(kDeleted);
-  stockGridShown_ = screen.StokGrid.Visible();
-  screen.StokGrid.SetVisible(false);
-  screen.HareketGrid.SetVisible(true);
-  screen.CariGrid.SetVisible(false);
-  screen.Vadefrm.SetVisible(false);  // the lines are everybody's
+  screen_.StokChk.SetChecked(false);
+  keptSource_ = cursors_.HareketData.RecordSource();
+  cursors_.HareketData.SetRecordSource(kDeleted);
+  stockGridShown_ = screen_.StokGrid.Visible();
+  screen_.StokGrid.SetVisible(false);
+  screen_.HareketGrid.SetVisible(true);
+  screen_.CariGrid.SetVisible(false);
+  screen_.Vadefrm.SetVisible(false);  // the lines are everybody's
   OpenDesk(false);
-  step("deleted lines", cursors.HareketData.Refresh());
-  screen.HareketGrid.SetFocus();
+  step("deleted lines", cursors_.HareketData.Refresh());
+  screen_.HareketGrid.SetFocus();
 }
 
 void DeletedLines::Close() {
-  auto& [screen, form, cursors, settings, world] = parts_;
   if (keptSource_.empty()) return;
-  screen.StokGrid.SetVisible(stockGridShown_);
-  screen.HareketGrid.SetVisible(false);
-  screen.CariGrid.SetVisible(true);
-  screen.Label5.SetColor(color::kWhite);
+  screen_.StokGrid.SetVisible(stockGridShown_);
+  screen_.HareketGrid.SetVisible(false);
+  screen_.CariGrid.SetVisible(true);
+  screen_.Label5.SetColor(color::kWhite);
   OpenDesk(true);
-  if (cursors.CariData.HasCurrent()) step("customer in front", cursors.CariData.MoveTo(cursors.CariData.CurrentKey()));
-  step("day book", cursors.HareketData.Open(keptSource_));
+  if (cursors_.CariData.HasCurrent()) step("customer in front", cursors_.CariData.MoveTo(cursors_.CariData.CurrentKey()));
+  step("day book", cursors_.HareketData.Open(keptSource_));
   keptSource_.clear();
 }
 
 void DeletedLines::OpenDesk(bool open) {
-  Screen& screen = parts_.screen;
+  Screen& screen = screen_;
   for (Element* const element : {&screen.StokChk, &screen.Command2, &screen.Command4, &screen.Label1(0), &screen.Text1(0)})
     element->SetEnabled(open);
 }

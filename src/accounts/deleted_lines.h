@@ -5,6 +5,7 @@
 
 #include "accounts/use_passwords.h"
 #include "desk/parts.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -19,10 +20,12 @@ class DeletedLines {
   // What belongs to a sale or to the customer in front is out of reach while the lines are shown.
   void OpenDesk(bool open);
 
-  DeskParts parts_;
+  Screen& screen_;
+  Cursors& cursors_;
   UsePasswords& passwords_;
   std::string keptSource_;  // of HareketData; empty while the lines aren't shown
   bool stockGridShown_ = false;
+  Connections connections_;
 };
 
 }  // namespace karvel

@@ -23,12 +23,12 @@ std::size_t OrderPart(const std::string& source) {
 
 }  // namespace
 
-GridSorting::GridSorting(const DeskParts& parts) : parts_(parts) {
-  Screen& screen = parts_.screen;
-  screen.CariGrid.headClick.Connect([this](int column) { Sort(parts_.screen.CariGrid, column, " ASC", " DESC"); });
-  screen.HareketGrid.headClick.Connect([this](int column) { Sort(parts_.screen.HareketGrid, column, " Asc", " Desc"); });
-  screen.StokGrid.headClick.Connect([this](int column) {
-    if (column <= kLastSortedOfStock) Sort(parts_.screen.StokGrid, column, " ASC", " DESC");
+GridSorting::GridSorting(const DeskParts& parts) : screen_(parts.screen) {
+  Screen& screen = screen_;
+  connections_ += screen.CariGrid.headClick.Connect([this](int column) { Sort(screen_.CariGrid, column, " ASC", " DESC"); });
+  connections_ += screen.HareketGrid.headClick.Connect([this](int column) { Sort(screen_.HareketGrid, column, " Asc", " Desc"); });
+  connections_ += screen.StokGrid.headClick.Connect([this](int column) {
+    if (column <= kLastSortedOfStock) Sort(screen_.StokGrid, column, " ASC", " DESC");
   });
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "desk/parts.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -17,7 +18,8 @@ class GridSorting {
  private:
   void Sort(GridElement& grid, int column, const std::string& up, const std::string& down);
 
-  DeskParts parts_;
+  Screen& screen_;
+  Connections connections_;
 };
 
 }  // namespace karvel

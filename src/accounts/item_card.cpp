@@ -8,10 +8,10 @@ namespace {
 const Steps step("ItemCard");
 }
 
-ItemCard::ItemCard(const DeskParts& parts) : parts_(parts), beside_(parts.world.stores, "item card") {}
+ItemCard::ItemCard(const DeskParts& parts) : cursors_(parts.cursors), beside_(parts.world.stores, "item card") {}
 
 Cursor& ItemCard::Find(const std::string& code) {
-  Cursor& list = parts_.cursors.StokData;
+  Cursor& list = cursors_.StokData;
   const std::string byCode = "StokKod=" + sources::Quoted(code);
   step("find stock card", list.FindFirst(byCode));
   if (!list.NoMatch()) return list;

@@ -16,7 +16,7 @@ class ItemCard {
   Cursor& Find(const std::string& code);
 
  private:
-  DeskParts parts_;
+  Cursors& cursors_;
   Cursor beside_;
 };
 

@@ -8,16 +8,15 @@ namespace {
 const Steps step("LedgerView");
 }
 
-LedgerView::LedgerView(const DeskParts& parts) : parts_(parts) {
-  parts_.screen.VzgCmd.click.Connect([this] { ShowAll(); });
+LedgerView::LedgerView(const DeskParts& parts) : screen_(parts.screen), cursors_(parts.cursors) {
+  connections_ += screen_.VzgCmd.click.Connect([this] { ShowAll(); });
 }
 
 void LedgerView::ShowAll() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  step("day book", cursors.HareketData.Open(sources::DayBookOf(cursors.CariData.Text("CariKod"))));
-  screen.Command5(1).SetEnabled(true);
-  screen.Command5(2).SetCaption("Tümünü Yazdır");
-  screen.Command1.Press();
+  step("day book", cursors_.HareketData.Open(sources::DayBookOf(cursors_.CariData.Text("CariKod"))));
+  screen_.Command5(1).SetEnabled(true);
+  screen_.Command5(2).SetCaption("Tümünü Yazdır");
+  screen_.Command1.Press();
 }
 
 }  // namespace karvel

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "desk/parts.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -12,7 +13,9 @@ class LedgerView {
  private:
   void ShowAll();
 
-  DeskParts parts_;
+  Screen& screen_;
+  Cursors& cursors_;
+  Connections connections_;
 };
 
 }  // namespace karvel

@@ -22,71 +22,71 @@ struct LineCancellation::Line {
   double total = 0, quantity = 0;
 };
 
-LineCancellation::LineCancellation(const DeskParts& parts, MainButton& button) : parts_(parts), item_(parts) {
+LineCancellation::LineCancellation(const DeskParts& parts, MainButton& button)
+    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world), item_(parts) {
   button.cancelLine = [this] { return CancelDayBookLine(); };
 }
 
 Status LineCancellation::CancelDayBookLine() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  if (!cursors.HareketData.HasCurrent() || !ReadLineAnew(parts_)) return {};
+  if (!cursors_.HareketData.HasCurrent() || !ReadLineAnew(form_, cursors_)) return {};
   // 1.
-  form.RepositionGuard = 555;
-  const std::string list = cursors.CariData.RecordSource();
-  const RowKey customer = cursors.CariData.Text("Unvan") == screen.Text1(0).Text() ? cursors.CariData.CurrentKey() : 0;
-  form.CurrentCustomerCode = cursors.CariData.Text(0);
+  form_.RepositionGuard = 555;
+  const std::string list = cursors_.CariData.RecordSource();
+  const RowKey customer = cursors_.CariData.Text("Unvan") == screen_.Text1(0).Text() ? cursors_.CariData.CurrentKey() : 0;
+  form_.CurrentCustomerCode = cursors_.CariData.Text(0);
   // 2.
-  const Cursor& day = cursors.HareketData;
+  const Cursor& day = cursors_.HareketData;
   Line line = ReadLine();
   // 3. A line that came from another site carries a "T" which its ledger rows don't.
-  step("all cards", cursors.CariData.Open("CariKartlar"));
-  const std::string ledger = cursors.CariHarData.RecordSource();
+  step("all cards", cursors_.CariData.Open("CariKartlar"));
+  const std::string ledger = cursors_.CariHarData.RecordSource();
   step("rows of the line",
-       cursors.CariHarData.Open("Select * From CariHareket Where DigerId=" + sources::Quoted(ReplaceAll(line.id, "T", ""))));
+       cursors_.CariHarData.Open("Select * From CariHareket Where DigerId=" + sources::Quoted(ReplaceAll(line.id, "T", ""))));
   if (day.Text("Sube") == "X") {  // 4. What was handed on stays, and the desk stays as it is here.
-    world.messages.MessageBox("Veri Aktarımı Yapılmış Silinemez..!", "", MessageIcon::None, MessageButtons::Ok);
+    world_.messages.MessageBox("Veri Aktarımı Yapılmış Silinemez..!", "", MessageIcon::None, MessageButtons::Ok);
     return {};
   }
-  form.RepositionGuard = 100;  // 5.
-  form.RepositionGuard = 555;
+  form_.RepositionGuard = 100;  // 5.
+  form_.RepositionGuard = 555;
 
-  Action action(world.stores, "CancelDayBookLine");
+  Action action(world_.stores, "CancelDayBookLine");
   // Another terminal may have come first while this one waited for its turn.
-  const bool begun = action.Begun().Ok() && ReadLineAnew(parts_);
+  const bool begun = action.Begun().Ok() && ReadLineAnew(form_, cursors_);
   if (begun) {
     line = ReadLine();
-    step("rows of the line", cursors.CariHarData.Refresh());
+    step("rows of the line", cursors_.CariHarData.Refresh());
   }
-  if (begun && !line.id.empty()) ReverseLedger();    // 6.
-  step("ledger", cursors.CariHarData.Open(ledger));  // 7.
-  step("customer list", cursors.CariData.Open(list));
+  if (begun && !line.id.empty()) ReverseLedger();     // 6.
+  step("ledger", cursors_.CariHarData.Open(ledger));  // 7.
+  step("customer list", cursors_.CariData.Open(list));
   // 8. The card that was in front, also when another bears the same name.
-  const bool back = customer != 0 && cursors.CariData.MoveTo(customer).Ok();
-  if (!back) step("find customer", cursors.CariData.FindFirst("Unvan=" + sources::Quoted(screen.Text1(0).Text())));
+  const bool back = customer != 0 && cursors_.CariData.MoveTo(customer).Ok();
+  if (!back) step("find customer", cursors_.CariData.FindFirst("Unvan=" + sources::Quoted(screen_.Text1(0).Text())));
   if (begun) {
     DropSerials();        // 10.
     ReverseStock(line);   // 11. to 13.
     ShrinkDueDate(line);  // 15.
   }
   const Status done = action.Finish();
-  step("refresh serials", cursors.SeriNoData.Refresh());
-  step("refresh day book", cursors.HareketData.Refresh());  // 14.
-  screen.HareketGrid.SetMarker(cursors.HareketData.HasRows());
+  step("refresh serials", cursors_.SeriNoData.Refresh());
+  step("refresh day book", cursors_.HareketData.Refresh());  // 14.
+  screen_.HareketGrid.SetMarker(cursors_.HareketData.HasRows());
   ShowCustomer();  // 9. Behind the day book, which shows its own sum as it is refreshed.
-  step("refresh due dates", cursors.VadeData.Refresh());
-  form.RepositionGuard = 0;  // 16.
-  if (!done.Ok()) screen.Command2.SetEnabled(true);
-  screen.StokGrid.SetFocus();
+  step("refresh due dates", cursors_.VadeData.Refresh());
+  form_.RepositionGuard = 0;  // 16.
+  if (!done.Ok()) screen_.Command2.SetEnabled(true);
+  screen_.StokGrid.SetFocus();
   return done;
 }
 
 LineCancellation::Line LineCancellation::ReadLine() const {
-  const Cursor& day = parts_.cursors.HareketData;
+  const Cursor& day = cursors_.HareketData;
   return {day.Text("DigerId"), day.Text("CariKod"), day.Text("StokKod"), day.Text("Durum"), day.Number("Tutar"), day.Number("Miktar")};
 }
 
 void LineCancellation::ReverseLedger() {
-  Cursor& ledger = parts_.cursors.CariHarData;
-  Cursor& card = parts_.cursors.CariData;
+  Cursor& ledger = cursors_.CariHarData;
+  Cursor& card = cursors_.CariData;
   for (; ledger.HasCurrent(); step("next ledger row", ledger.MoveNext())) {
     step("find card", card.FindFirst("CariKod=" + sources::Quoted(ledger.Text(0))));
     const double debit = ledger.Number("Borc");
@@ -108,24 +108,21 @@ void LineCancellation::ReverseLedger() {
 }
 
 void LineCancellation::ShowCustomer() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  screen.Label1(7).SetCaption("Bakiye");
-  screen.Label5.SetColor(cursors.CariData.Text("Hesap") == "Borç" ? color::kBlack : color::kRed);
-  screen.Label5.SetCaption(PlainNumber(cursors.CariData.Number("Bakiye")));
+  screen_.Label1(7).SetCaption("Bakiye");
+  screen_.Label5.SetColor(cursors_.CariData.Text("Hesap") == "Borç" ? color::kBlack : color::kRed);
+  screen_.Label5.SetCaption(PlainNumber(cursors_.CariData.Number("Bakiye")));
 }
 
 void LineCancellation::DropSerials() {
-  auto& [screen, form, cursors, settings, world] = parts_;
   // Keyed by the line that was posted last, not by the one that is cancelled. Before the first posting of a run there is none.
-  if (form.CurrentLineId.empty()) return;
+  if (form_.CurrentLineId.empty()) return;
   step("delete serials",
-       world.stores.Execute(cursors.SeriNoData.DatabaseName(), "DELETE FROM SeriNo WHERE DigerId='" + form.CurrentLineId + "';"));
+       world_.stores.Execute(cursors_.SeriNoData.DatabaseName(), "DELETE FROM SeriNo WHERE DigerId='" + form_.CurrentLineId + "';"));
 }
 
 void LineCancellation::ReverseStock(const Line& line) {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  Cursor& movement = cursors.StokHarData;
-  Cursor& day = cursors.HareketData;
+  Cursor& movement = cursors_.StokHarData;
+  Cursor& day = cursors_.HareketData;
   step("find movement", movement.FindFirst("DigerId=" + sources::Quoted(line.id)));
   // A line without an id has no rows of its own: those that also lack one belong to others.
   if (line.id.empty() || movement.NoMatch()) {
@@ -148,7 +145,7 @@ void LineCancellation::ReverseStock(const Line& line) {
 }
 
 void LineCancellation::ShrinkDueDate(const Line& line) {
-  Cursor& due = parts_.cursors.VadeData;
+  Cursor& due = cursors_.VadeData;
   if (line.total == 0) return;
   // The earliest of the line's own customer, whoever the list stands on.
   step("due dates", due.Open(sources::DueDatesOf(line.customer)));

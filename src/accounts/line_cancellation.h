@@ -28,7 +28,10 @@ class LineCancellation {
   void ReverseStock(const Line& line);
   void ShrinkDueDate(const Line& line);
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
+  const World& world_;
   ItemCard item_;
 };
 

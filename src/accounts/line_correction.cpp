@@ -27,91 +27,87 @@ struct LineCorrection::Correction {
 };
 
 LineCorrection::LineCorrection(const DeskParts& parts, MainButton& button, PriceSelection& prices)
-    : parts_(parts), prices_(prices), item_(parts) {
+    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world), prices_(prices), item_(parts) {
   button.correctLine = [this] { return Correct(); };
-  parts_.screen.Command3.click.Connect([this] {
-    if (parts_.screen.Command3.Caption() == "Düzeltme") TakeLine();
+  connections_ += screen_.Command3.click.Connect([this] {
+    if (screen_.Command3.Caption() == "Düzeltme") TakeLine();
   });
 }
 
 void LineCorrection::TakeLine() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  form.EditLineId = cursors.HareketData.Text("DigerId");
+  form_.EditLineId = cursors_.HareketData.Text("DigerId");
   ShowLine();
-  screen.Command2.SetCaption("Tamam");
-  screen.Text2(0).SetFocus();
+  screen_.Command2.SetCaption("Tamam");
+  screen_.Text2(0).SetFocus();
 }
 
 // What is corrected begins as it is: the item in front is another one's price, and its lowest price would be kept for this line.
 void LineCorrection::ShowLine() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  const Cursor& day = cursors.HareketData;
-  Cursor& cards = cursors.StokData;
+  const Cursor& day = cursors_.HareketData;
+  Cursor& cards = cursors_.StokData;
   if (day.Text("StokKod").empty()) return;  // money has no item
   step("find stock card", cards.FindFirst("StokKod=" + sources::Quoted(day.Text("StokKod"))));
-  if (!cards.NoMatch()) screen.Text1(1).SetText(cards.Text("StokAdi"));
-  screen.Text2(0).SetText(Format(day.Number("Fiyat"), form.PriceFormat));
-  screen.Text2(1).SetText(PlainNumber(day.Number("Miktar")));
+  if (!cards.NoMatch()) screen_.Text1(1).SetText(cards.Text("StokAdi"));
+  screen_.Text2(0).SetText(Format(day.Number("Fiyat"), form_.PriceFormat));
+  screen_.Text2(1).SetText(PlainNumber(day.Number("Miktar")));
 }
 
 Status LineCorrection::Correct() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  Action action(world.stores, "CorrectLine");
+  Action action(world_.stores, "CorrectLine");
   if (!action.Begun().Ok()) {
-    screen.Command2.SetEnabled(true);
+    screen_.Command2.SetEnabled(true);
     return action.Finish();
   }
   // Looked at when it is this terminal's turn: another one may have come first.
-  if (!StandOnLine() || !ReadLineAnew(parts_)) {
+  if (!StandOnLine() || !ReadLineAnew(form_, cursors_)) {
     // The line that was taken is not in front any more, or not what it was: what stands there now must not be rewritten in its place.
     EndCorrection();
-    screen.Command2.SetEnabled(true);
+    screen_.Command2.SetEnabled(true);
     return action.Finish();
   }
   // 1.
-  screen.Command3.SetEnabled(false);
-  screen.Command2.SetEnabled(false);
+  screen_.Command3.SetEnabled(false);
+  screen_.Command2.SetEnabled(false);
   Correction line;
-  line.id = form.EditLineId;
-  line.price = screen.Text2(0).Text();
-  line.quantity = screen.Text2(1).Text();
+  line.id = form_.EditLineId;
+  line.price = screen_.Text2(0).Text();
+  line.quantity = screen_.Text2(1).Text();
   line.newQuantity = NumberOrZero(line.quantity);
-  line.newTotal = NumberOrZero(screen.Label2.Caption());
-  form.RepositionGuard = 100;
+  line.newTotal = NumberOrZero(screen_.Label2.Caption());
+  form_.RepositionGuard = 100;
   CorrectDay(line);  // 2.
-  form.RepositionGuard = 66;
+  form_.RepositionGuard = 66;
   CorrectMovement(line);  // 3. to 5.
   CorrectStock(line);     // 6.
-  form.RepositionGuard = 555;
+  form_.RepositionGuard = 555;
   CorrectLedger(line);  // 7. to 9.
 
   const Status done = action.Finish();
-  step("refresh day book", cursors.HareketData.Refresh());
-  step("find line", cursors.HareketData.FindFirst(line.ById()));
-  form.RepositionGuard = 0;
-  screen.Command3.SetEnabled(true);
+  step("refresh day book", cursors_.HareketData.Refresh());
+  step("find line", cursors_.HareketData.FindFirst(line.ById()));
+  form_.RepositionGuard = 0;
+  screen_.Command3.SetEnabled(true);
   if (done.Ok()) {
     EndCorrection();  // 10.
     // The list stands on the corrected item now, and nothing more of it is sold.
     prices_.ShowItem();
-    screen.Text2(1).SetText("0");
+    screen_.Text2(1).SetText("0");
   } else {
-    screen.Command2.SetEnabled(true);
+    screen_.Command2.SetEnabled(true);
   }
   return done;
 }
 
 bool LineCorrection::StandOnLine() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  Cursor& day = cursors.HareketData;
-  if (form.EditLineId.empty()) return false;
-  if (day.Text("DigerId") == form.EditLineId) return true;
-  step("find line", day.FindFirst("DigerId=" + sources::Quoted(form.EditLineId)));
+  Cursor& day = cursors_.HareketData;
+  if (form_.EditLineId.empty()) return false;
+  if (day.Text("DigerId") == form_.EditLineId) return true;
+  step("find line", day.FindFirst("DigerId=" + sources::Quoted(form_.EditLineId)));
   return !day.NoMatch();
 }
 
 void LineCorrection::CorrectDay(const Correction& line) {
-  Cursor& day = parts_.cursors.HareketData;
+  Cursor& day = cursors_.HareketData;
   step("edit day-book row", day.Edit());
   day.Set("Fiyat", line.price);
   day.Set("Miktar", line.quantity);
@@ -120,7 +116,7 @@ void LineCorrection::CorrectDay(const Correction& line) {
 }
 
 void LineCorrection::CorrectMovement(Correction& line) {
-  Cursor& movement = parts_.cursors.StokHarData;
+  Cursor& movement = cursors_.StokHarData;
   step("find movement", movement.FindFirst(line.ById()));
   Cursor& card = item_.Find(movement.Text("StokHarKod"));
   line.card = &card;
@@ -150,8 +146,8 @@ void LineCorrection::CorrectStock(const Correction& line) {
 }
 
 void LineCorrection::CorrectLedger(const Correction& line) {
-  Cursor& ledger = parts_.cursors.CariHarData;
-  Cursor& card = parts_.cursors.CariData;
+  Cursor& ledger = cursors_.CariHarData;
+  Cursor& card = cursors_.CariData;
   step("find ledger row", ledger.FindFirst(line.ById()));
   step("find customer", card.FindFirst("CariKod=" + sources::Quoted(ledger.Text("cariharkod"))));
   step("edit ledger row", ledger.Edit());
@@ -165,8 +161,8 @@ void LineCorrection::CorrectLedger(const Correction& line) {
 }
 
 void LineCorrection::EndCorrection() {
-  parts_.screen.Command3.SetCaption("Çıkış");
-  parts_.form.EditLineId.clear();
+  screen_.Command3.SetCaption("Çıkış");
+  form_.EditLineId.clear();
 }
 
 }  // namespace karvel

@@ -8,6 +8,7 @@
 #include "accounts/item_card.h"
 #include "desk/parts.h"
 #include "desk/price_selection.h"
+#include "platform/signal.h"
 #include "platform/status.h"
 
 namespace karvel {
@@ -30,9 +31,13 @@ class LineCorrection {
   void CorrectLedger(const Correction& line);
   void EndCorrection();
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
+  const World& world_;
   PriceSelection& prices_;
   ItemCard item_;
+  Connections connections_;
 };
 
 }  // namespace karvel

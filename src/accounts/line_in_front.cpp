@@ -14,12 +14,12 @@ bool IsCancelled(const Cursor& day) {
 
 }  // namespace
 
-bool ReadLineAnew(const DeskParts& parts) {
-  Cursor& day = parts.cursors.HareketData;
+bool ReadLineAnew(FormState& form, Cursors& cursors) {
+  Cursor& day = cursors.HareketData;
   const bool wasCancelled = IsCancelled(day);
-  const float guard = std::exchange(parts.form.RepositionGuard, 100.0F);
+  const float guard = std::exchange(form.RepositionGuard, 100.0F);
   const bool there = day.MoveTo(day.CurrentKey()).Ok() && (wasCancelled || !IsCancelled(day));
-  parts.form.RepositionGuard = guard;
+  form.RepositionGuard = guard;
   if (!there) step("refresh day book", day.Refresh());
   return there;
 }

@@ -47,125 +47,122 @@ struct MoneyPosting::Movement {
   [[nodiscard]] bool PaysOut() const { return direction == " Ödeme"; }
 };
 
-MoneyPosting::MoneyPosting(const DeskParts& parts, RunningNumbers& numbers, MainButton& button) : parts_(parts), numbers_(numbers) {
+MoneyPosting::MoneyPosting(const DeskParts& parts, RunningNumbers& numbers, MainButton& button)
+    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world), numbers_(numbers) {
   button.postMoney = [this] { return PostMoneyMovement(); };
 }
 
 Status MoneyPosting::PostMoneyMovement() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  Action action(world.stores, "PostMoneyMovement");
+  Action action(world_.stores, "PostMoneyMovement");
   if (!action.Begun().Ok()) return action.Finish();
 
   // 1. What is posted.
   Movement movement;
-  movement.now = world.clock.Now();
-  movement.customer = cursors.CariData.Text("CariKod");
-  movement.amount = NumberOrZero(screen.Text2(2).Text());
-  movement.instrument = screen.Label3.Caption();
-  movement.direction = screen.Label1(5).Caption();
-  const std::string lineBefore = form.CurrentLineId;
+  movement.now = world_.clock.Now();
+  movement.customer = cursors_.CariData.Text("CariKod");
+  movement.amount = NumberOrZero(screen_.Text2(2).Text());
+  movement.instrument = screen_.Label3.Caption();
+  movement.direction = screen_.Label1(5).Caption();
+  const std::string lineBefore = form_.CurrentLineId;
 
   // 2. Both cards are found whatever list is in front.
-  form.RepositionGuard = 99;
-  movement.list = cursors.CariData.RecordSource();
-  step("all cards", cursors.CariData.Open("CariKartlar"));
+  form_.RepositionGuard = 99;
+  movement.list = cursors_.CariData.RecordSource();
+  step("all cards", cursors_.CariData.Open("CariKartlar"));
   movement.account = AccountOf(movement.instrument);  // 3.
   // 4. Behind an open sale and without the panel, the money is for the item in front.
-  if (screen.CariGrid.Visible()) {
+  if (screen_.CariGrid.Visible()) {
     movement.description = movement.instrument + (movement.PaysOut() ? " Ödeme" : " Tahsilat");
-  } else if (screen.TahsilatFrame.Visible()) {
+  } else if (screen_.TahsilatFrame.Visible()) {
     movement.description = movement.instrument + " Tahsilat";
   } else {
-    movement.description = cursors.StokData.Text("StokAdi");
+    movement.description = cursors_.StokData.Text("StokAdi");
   }
-  form.CurrentLineId = numbers_.NextLineId();  // 5.
+  form_.CurrentLineId = numbers_.NextLineId();  // 5.
 
   // 6. A missing account stops nothing: the card in front takes its place.
-  step("find money account", cursors.CariData.FindFirst("CariKod=" + sources::Quoted(movement.account)));
+  step("find money account", cursors_.CariData.FindFirst("CariKod=" + sources::Quoted(movement.account)));
   BookAccount(movement);  // 7.
-  form.RepositionGuard = 99;
+  form_.RepositionGuard = 99;
   MoveBalance(movement, !movement.PaysOut());  // 8.
   // 9., 10. The day book's row lands before the customer's ledger row.
-  step("find customer", cursors.CariData.FindFirst("CariKod=" + sources::Quoted(movement.customer)));
+  step("find customer", cursors_.CariData.FindFirst("CariKod=" + sources::Quoted(movement.customer)));
   OpenCustomerRow(movement);
-  form.RepositionGuard = 100;
+  form_.RepositionGuard = 100;
   BookDay(movement);
-  step("update customer's row", cursors.CariHarData.Update());
+  step("update customer's row", cursors_.CariHarData.Update());
   MoveBalance(movement, movement.PaysOut());  // 11.
   ConsumeDueDates(movement);                  // 13.
 
   const Status done = action.Finish();
   ShowCustomer(movement);  // 12.
   if (!done.Ok()) {
-    form.CurrentLineId = lineBefore;
+    form_.CurrentLineId = lineBefore;
     return done;
   }
-  step("refresh due dates", cursors.VadeData.Refresh());  // 14.
-  screen.Text2(2).SetText("0");
-  screen.Command2.SetCaption("Tamam");
+  step("refresh due dates", cursors_.VadeData.Refresh());  // 14.
+  screen_.Text2(2).SetText("0");
+  screen_.Command2.SetCaption("Tamam");
   return done;
 }
 
 void MoneyPosting::BookAccount(const Movement& movement) {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  Cursor& ledger = cursors.CariHarData;
-  const Cursor& account = cursors.CariData;
+  Cursor& ledger = cursors_.CariHarData;
+  const Cursor& account = cursors_.CariData;
   if (ledger.HasRows()) step("last ledger row", ledger.MoveLast());
   step("add account's row", ledger.AddNew());
   ledger.Set("cariharkod", account.Text("CariKod"));
   ledger.Set("Tarih", movement.now);
   ledger.Set("Aciklama", movement.description);
-  if (!screen.CariGrid.Visible()) {
-    ledger.Set("Bilgi1", cursors.StokData.Text("StokKod"));
-    ledger.Set("Bilgi2", cursors.StokData.Text("StokAdi"));
-    ledger.Set("Birim", cursors.StokData.Text("Birim"));
+  if (!screen_.CariGrid.Visible()) {
+    ledger.Set("Bilgi1", cursors_.StokData.Text("StokKod"));
+    ledger.Set("Bilgi2", cursors_.StokData.Text("StokAdi"));
+    ledger.Set("Birim", cursors_.StokData.Text("Birim"));
     ledger.Set("Gurup", account.Text("Gurup"));
   }
   ledger.Set(movement.PaysOut() ? "Alacak" : "Borc", movement.amount);
   ledger.Set("Carisi", account.Text("CariKod"));
-  ledger.Set("Unvan", screen.Text1(0).Text());
-  ledger.Set("DigerId", form.CurrentLineId);
+  ledger.Set("Unvan", screen_.Text1(0).Text());
+  ledger.Set("DigerId", form_.CurrentLineId);
   ledger.Set("Nerde", "C");
   ledger.Set("yeni", 1);
   step("update account's row", ledger.Update());
 }
 
 void MoneyPosting::OpenCustomerRow(const Movement& movement) {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  Cursor& ledger = cursors.CariHarData;
-  const Cursor& customer = cursors.CariData;
+  Cursor& ledger = cursors_.CariHarData;
+  const Cursor& customer = cursors_.CariData;
   step("add customer's row", ledger.AddNew());
   ledger.Set("cariharkod", customer.Text("CariKod"));
   ledger.Set("Unvan", customer.Text("Unvan"));
   ledger.Set("Carisi", customer.Text("CariKod"));
   ledger.Set("Tarih", movement.now);
-  ledger.Set("Aciklama", screen.Text1(0).Text() + movement.direction + " İle");
+  ledger.Set("Aciklama", screen_.Text1(0).Text() + movement.direction + " İle");
   ledger.Set(movement.PaysOut() ? "Borc" : "Alacak", movement.amount);
-  ledger.Set("DigerId", form.CurrentLineId);
+  ledger.Set("DigerId", form_.CurrentLineId);
   ledger.Set("Nerde", "C");
   ledger.Set("yeni", 1);
 }
 
 void MoneyPosting::BookDay(const Movement& movement) {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  const Cursor& ledger = cursors.CariHarData;
-  Cursor& day = cursors.HareketData;
+  const Cursor& ledger = cursors_.CariHarData;
+  Cursor& day = cursors_.HareketData;
   step("add day-book row", day.AddNew());
   day.Set("CariKod", ledger.Get("Carisi"));
   day.Set("CariAd", ledger.Get("Unvan"));
   day.Set("StokAd", movement.description);
   day.Set("Tarih", ledger.Get("Tarih"));
-  day.Set("DigerId", form.CurrentLineId);
+  day.Set("DigerId", form_.CurrentLineId);
   day.Set("Tahsilat", movement.amount);
   day.Set("Durum", movement.instrument == "Kredi Kartı" ? "K.Kartı" : movement.instrument);
   day.Set("yeni", 1);
   day.Set("Plasiyer", numbers_.DayBookTag());
-  day.Set("Gurup", cursors.CariData.Text("Gurup"));
+  day.Set("Gurup", cursors_.CariData.Text("Gurup"));
   step("update day-book row", day.Update());
 }
 
 void MoneyPosting::MoveBalance(const Movement& movement, bool debit) {
-  Cursor& card = parts_.cursors.CariData;
+  Cursor& card = cursors_.CariData;
   step("edit card", card.Edit());
   const char* const side = debit ? "Borc" : "Alacak";
   card.Set(side, card.Number(side) + movement.amount);
@@ -174,13 +171,12 @@ void MoneyPosting::MoveBalance(const Movement& movement, bool debit) {
 }
 
 void MoneyPosting::ConsumeDueDates(const Movement& movement) {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  Cursor& due = cursors.VadeData;
+  Cursor& due = cursors_.VadeData;
   // The customer's own, also where a list in purchase mode muted their following.
   step("due dates", due.Open(sources::DueDatesOf(movement.customer)));
-  if (cursors.CariData.Number("Bakiye") == 0) {
+  if (cursors_.CariData.Number("Bakiye") == 0) {
     step("delete due dates",
-         world.stores.Execute(due.DatabaseName(), "DELETE FROM VadeGün Where CariKod=" + sources::Quoted(movement.customer) + ";"));
+         world_.stores.Execute(due.DatabaseName(), "DELETE FROM VadeGün Where CariKod=" + sources::Quoted(movement.customer) + ";"));
     return;
   }
   // At most two rows: what spans three or more leaves the second below zero.
@@ -202,11 +198,10 @@ void MoneyPosting::ConsumeDueDates(const Movement& movement) {
 }
 
 void MoneyPosting::ShowCustomer(const Movement& movement) {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  form.RepositionGuard = 2;
-  step("customer list", cursors.CariData.Open(movement.list));
-  form.RepositionGuard = 0;
-  step("find customer", cursors.CariData.FindFirst("CariKod=" + sources::Quoted(movement.customer)));
+  form_.RepositionGuard = 2;
+  step("customer list", cursors_.CariData.Open(movement.list));
+  form_.RepositionGuard = 0;
+  step("find customer", cursors_.CariData.FindFirst("CariKod=" + sources::Quoted(movement.customer)));
 }
 
 }  // namespace karvel

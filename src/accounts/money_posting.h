@@ -37,7 +37,10 @@ class MoneyPosting {
   void ConsumeDueDates(const Movement& movement);
   void ShowCustomer(const Movement& movement);
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
+  const World& world_;
   RunningNumbers& numbers_;
 };
 

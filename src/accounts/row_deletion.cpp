@@ -4,23 +4,24 @@
 #include "desk/steps.h"
 #include "platform/files.h"
 #include "platform/shell.h"
+#include "store/cursor.h"
 
 namespace karvel {
 
-void DeleteRowOnKey(const DeskParts& parts, Cursor& cursor, KeyEvent& event) {
+void DeleteRowOnKey(const Screen& screen, const World& world, Cursor& cursor, KeyEvent& event) {
   static const Steps step("DeleteRowOnKey");
   if (event.code != key::kDelete) return;
   event.dropped = true;
-  if (!parts.screen.Silme.Checked() || !cursor.HasRows()) return;
+  if (!screen.Silme.Checked() || !cursor.HasRows()) return;
   const Status deleted = cursor.Delete();
   if (!deleted.Ok()) {
     step("delete row", deleted);
-    if (deleted.Kind() != ErrorKind::NoRecord) ShowRefusal(parts.world, deleted);
+    if (deleted.Kind() != ErrorKind::NoRecord) ShowRefusal(world, deleted);
     return;
   }
   step("next row", cursor.MoveNext());
   if (cursor.Eof() && cursor.HasRows()) step("last row", cursor.MoveLast());
-  parts.world.shell.PlaySound(parts.world.files.ProgramFolder() + "/Recycle.wav");
+  world.shell.PlaySound(world.files.ProgramFolder() + "/Recycle.wav");
 }
 
 }  // namespace karvel

@@ -2,11 +2,12 @@
 // nothing is taken back.
 #pragma once
 
-#include "desk/parts.h"
+#include "desk/screen.h"
+#include "desk/world.h"
 
 namespace karvel {
 
 // Swallows the key. After a deletion the next row is current, at the end the last one, and the bin is heard.
-void DeleteRowOnKey(const DeskParts& parts, Cursor& cursor, KeyEvent& event);
+void DeleteRowOnKey(const Screen& screen, const World& world, Cursor& cursor, KeyEvent& event);
 
 }  // namespace karvel

@@ -15,17 +15,18 @@ const Steps step("CheckSerialEntry");
 
 }  // namespace
 
-SerialCapture::SerialCapture(const DeskParts& parts) : parts_(parts) {
-  parts_.screen.Text4.character.Connect([this](CharacterEvent& event) {
+SerialCapture::SerialCapture(const DeskParts& parts)
+    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world) {
+  connections_ += screen_.Text4.character.Connect([this](CharacterEvent& event) {
     if (event.character != key::kEnter) return;
     event.character = 0;
     CheckSerialEntry();
   });
-  parts_.screen.Label4.changed.Connect([this] { FollowMode(); });
+  connections_ += screen_.Label4.changed.Connect([this] { FollowMode(); });
 }
 
 void SerialCapture::FollowMode() {
-  Screen& screen = parts_.screen;
+  Screen& screen = screen_;
   if (screen.Label4.Caption() == "Alış") return;
   // Only what is bought brings serials in; read for a purchase, they would be stored with a sale.
   screen.Frame4.SetVisible(false);
@@ -33,18 +34,16 @@ void SerialCapture::FollowMode() {
 }
 
 void SerialCapture::CheckSerialEntry() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  if (!screen.Text4.Text().empty()) Take();  // 1.
+  if (!screen_.Text4.Text().empty()) Take();  // 1.
   // 2. As many serials as pieces.
-  if (static_cast<double>(screen.List1.Items().size()) != NumberOrZero(screen.Text2(1).Text())) return;
-  world.messages.MessageBox("Seri Numarası Girişi Tamamlandı.", "Giriş Tamam", MessageIcon::None, MessageButtons::Ok);
-  screen.Frame4.SetVisible(false);
-  screen.Command2.SetFocus();
+  if (static_cast<double>(screen_.List1.Items().size()) != NumberOrZero(screen_.Text2(1).Text())) return;
+  world_.messages.MessageBox("Seri Numarası Girişi Tamamlandı.", "Giriş Tamam", MessageIcon::None, MessageButtons::Ok);
+  screen_.Frame4.SetVisible(false);
+  screen_.Command2.SetFocus();
 }
 
 void SerialCapture::Take() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  const std::string serial = screen.Text4.Text();
+  const std::string serial = screen_.Text4.Text();
   if (IsReadAlready(serial)) {
     Refuse("Bu Seri Numarası", "Daha önce okutulmuş");
     return;
@@ -52,21 +51,21 @@ void SerialCapture::Take() {
   if (IsBarcode(serial)) {
     Refuse("Bu Seri Numarası Değil", "Stok Barkodu");
   } else {
-    const auto& taken = screen.List1.Items();
+    const auto& taken = screen_.List1.Items();
     // One that was scanned twice is passed over without a word.
-    if (std::ranges::none_of(taken, [&](const std::string& one) { return EqualText(one, serial); })) screen.List1.AddItem(serial);
+    if (std::ranges::none_of(taken, [&](const std::string& one) { return EqualText(one, serial); })) screen_.List1.AddItem(serial);
   }
-  screen.Text4.SetText("");
-  screen.Text4.SetFocus();
+  screen_.Text4.SetText("");
+  screen_.Text4.SetFocus();
 }
 
 void SerialCapture::Refuse(const std::string& first, const std::string& second) {
-  parts_.world.messages.MessageBox(first + "\n\n" + second, "Dikkat", MessageIcon::Stop, MessageButtons::Ok);
-  parts_.screen.Text4.SetText("");
+  world_.messages.MessageBox(first + "\n\n" + second, "Dikkat", MessageIcon::Stop, MessageButtons::Ok);
+  screen_.Text4.SetText("");
 }
 
 bool SerialCapture::IsReadAlready(const std::string& serial) {
-  Cursor& serials = parts_.cursors.SeriNoData;
+  Cursor& serials = cursors_.SeriNoData;
   step("refresh serials", serials.Refresh());
   // One column at a time: each has its index.
   for (const char* const column : {"barcode", "BarCode1"}) {
@@ -77,19 +76,18 @@ bool SerialCapture::IsReadAlready(const std::string& serial) {
 }
 
 bool SerialCapture::IsBarcode(const std::string& serial) {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  Cursor& cards = cursors.StokData;
+  Cursor& cards = cursors_.StokData;
   const RowKey item = cards.CurrentKey();
   // The look must not move the sale: its list of serials would be dropped with the item.
-  form.RepositionGuard = 66;
+  form_.RepositionGuard = 66;
   step("find barcode", cards.FindFirst("Barkod=" + sources::Quoted(serial)));
   const bool barcode = !cards.NoMatch();
   if (barcode && item != 0 && cards.CurrentKey() != item) {
     step("back to the item", cards.MoveTo(item));
   }
-  if (cards.Text("StokAdi") != screen.Text1(1).Text())
-    step("item of the line", cards.FindFirst("StokAdi=" + sources::Quoted(screen.Text1(1).Text())));
-  form.RepositionGuard = 0;
+  if (cards.Text("StokAdi") != screen_.Text1(1).Text())
+    step("item of the line", cards.FindFirst("StokAdi=" + sources::Quoted(screen_.Text1(1).Text())));
+  form_.RepositionGuard = 0;
   return barcode;
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "desk/parts.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -23,7 +24,11 @@ class SerialCapture {
   [[nodiscard]] bool IsReadAlready(const std::string& serial);
   [[nodiscard]] bool IsBarcode(const std::string& serial);
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
+  const World& world_;
+  Connections connections_;
 };
 
 }  // namespace karvel

@@ -8,19 +8,19 @@ constexpr int kCode = 0, kName = 1;
 constexpr int kCancel = 0, kSave = 1;
 }  // namespace
 
-StockCardPanel::StockCardPanel(const DeskParts& parts) : parts_(parts) {
-  Screen& screen = parts_.screen;
+StockCardPanel::StockCardPanel(const DeskParts& parts) : screen_(parts.screen), form_(parts.form) {
+  Screen& screen = screen_;
   for (int i = 0; i < screen.StokNew.Count(); ++i) {
     Element& field = screen.StokNew(i);
-    field.gotFocus.Connect([this, i, &field] {
+    connections_ += field.gotFocus.Connect([this, i, &field] {
       field.SelectAll();
-      parts_.form.ActiveFieldCode = static_cast<float>(i);
+      form_.ActiveFieldCode = static_cast<float>(i);
     });
-    field.lostFocus.Connect([this] { Left(); });
-    field.changed.Connect([this] { OpenSave(); });
+    connections_ += field.lostFocus.Connect([this] { Left(); });
+    connections_ += field.changed.Connect([this] { OpenSave(); });
   }
-  screen.StokGiris.altered.Connect([this] { Left(); });
-  screen.StokNewCmd(kCancel).click.Connect([&screen] {
+  connections_ += screen.StokGiris.altered.Connect([this] { Left(); });
+  connections_ += screen.StokNewCmd(kCancel).click.Connect([&screen] {
     screen.StokGiris.SetVisible(false);
     screen.Text1(1).SetFocus();
   });
@@ -28,14 +28,14 @@ StockCardPanel::StockCardPanel(const DeskParts& parts) : parts_(parts) {
 }
 
 void StockCardPanel::Left() {
-  const Screen& screen = parts_.screen;
+  const Screen& screen = screen_;
   const Element* const focused = screen.elements.Focused();
   // The keyboard over the new code mutes the items: it goes with the panel, and when the clerk goes on elsewhere.
-  if (!screen.StokGiris.Visible() || (focused && focused->Panel() != &screen.StokGiris)) CloseKeyboard(parts_);
+  if (!screen.StokGiris.Visible() || (focused && focused->Panel() != &screen.StokGiris)) CloseKeyboard(form_, screen_);
 }
 
 void StockCardPanel::OpenSave() {
-  const Screen& screen = parts_.screen;
+  const Screen& screen = screen_;
   screen.StokNewCmd(kSave).SetEnabled(!screen.StokNew(kCode).Text().empty() && !screen.StokNew(kName).Text().empty());
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "desk/parts.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -14,7 +15,9 @@ class StockCardPanel {
   void OpenSave();
   void Left();  // the panel closed, or the focus went on
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Connections connections_;
 };
 
 }  // namespace karvel

@@ -20,64 +20,63 @@ const std::string kCustomersBack =
 
 }  // namespace
 
-StockList::StockList(const DeskParts& parts) : parts_(parts) {
-  Screen& screen = parts_.screen;
-  screen.StokChk.click.Connect([this] { Toggled(); });
-  screen.StokCek.click.Connect([this] { Narrow(); });
-  screen.GrpCombo.click.Connect([this] { Narrow(); });
-  screen.Stoktxt.changed.Connect([this] { SearchChanged(); });
-  screen.Stoktxt.click.Connect([this] { SearchTapped(); });
-  screen.Stoktxt.gotFocus.Connect([&screen] { screen.Stoktxt.SelectAll(); });
-  screen.StokGrid.keyDown.Connect([this](KeyEvent& event) { DeleteRowOnKey(parts_, parts_.cursors.StokData, event); });
+StockList::StockList(const DeskParts& parts) : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world) {
+  Screen& screen = screen_;
+  connections_ += screen.StokChk.click.Connect([this] { Toggled(); });
+  connections_ += screen.StokCek.click.Connect([this] { Narrow(); });
+  connections_ += screen.GrpCombo.click.Connect([this] { Narrow(); });
+  connections_ += screen.Stoktxt.changed.Connect([this] { SearchChanged(); });
+  connections_ += screen.Stoktxt.click.Connect([this] { SearchTapped(); });
+  connections_ += screen.Stoktxt.gotFocus.Connect([&screen] { screen.Stoktxt.SelectAll(); });
+  connections_ += screen.StokGrid.keyDown.Connect([this](KeyEvent& event) { DeleteRowOnKey(screen_, world_, cursors_.StokData, event); });
 }
 
 bool StockList::ListsStock() const {
-  const DatabaseFile* const file = Catalogue::File(parts_.cursors.CariData.DatabaseName());
-  return parts_.screen.StokChk.Checked() && file && file->Find("StokKartlar");
+  const DatabaseFile* const file = Catalogue::File(cursors_.CariData.DatabaseName());
+  return screen_.StokChk.Checked() && file && file->Find("StokKartlar");
 }
 
 void StockList::Toggled() {
-  auto& [screen, form, cursors, settings, world] = parts_;
   // 1. A wholesaler delivers: the tick opens the receipt.
-  if (screen.Label1(0).Caption() == " Toptan") {
+  if (screen_.Label1(0).Caption() == " Toptan") {
     OpenReceipt();
     return;
   }
-  const bool stock = screen.StokChk.Checked();
+  const bool stock = screen_.StokChk.Checked();
   // A sale needs its customer's row: the list turns only at rest.
-  if (stock && !screen.CariGrid.Visible()) {
+  if (stock && !screen_.CariGrid.Visible()) {
     switching_ = true;
-    screen.StokChk.SetChecked(false);
+    screen_.StokChk.SetChecked(false);
     switching_ = false;
     return;
   }
   if (switching_) return;
-  CloseBookingPanels(screen);
-  screen.Vadefrm.SetVisible(false);  // it speaks of a customer
+  CloseBookingPanels(screen_);
+  screen_.Vadefrm.SetVisible(false);  // it speaks of a customer
   // 2.
-  screen.Command2.SetEnabled(!stock);
-  screen.Command3.SetEnabled(!stock);
-  screen.Command4.SetEnabled(!stock);
-  screen.StokFrm.SetVisible(stock);
-  if (stock) screen.StokFrm.BringToFront();
-  screen.Label5.SetVisible(!stock);
-  screen.Label1(7).SetVisible(!stock);
-  screen.SilinenChk.SetEnabled(!stock);
+  screen_.Command2.SetEnabled(!stock);
+  screen_.Command3.SetEnabled(!stock);
+  screen_.Command4.SetEnabled(!stock);
+  screen_.StokFrm.SetVisible(stock);
+  if (stock) screen_.StokFrm.BringToFront();
+  screen_.Label5.SetVisible(!stock);
+  screen_.Label1(7).SetVisible(!stock);
+  screen_.SilinenChk.SetEnabled(!stock);
   // 3. to 5.
-  form.RepositionGuard = 555;
-  cursors.CariData.Close();
+  form_.RepositionGuard = 555;
+  cursors_.CariData.Close();
   if (stock) {
     ShowStock();
   } else {
     ShowCustomers();
   }
-  form.RepositionGuard = 0;
-  // Text1(0), the balance and the day book follow to the customer in front: a payment must never go to a name that isn't on the screen.
-  if (!stock) step("first customer", cursors.CariData.MoveFirst());
+  form_.RepositionGuard = 0;
+  // Text1(0), the balance and the day book follow to the customer in front: a payment must never go to a name that isn't on the screen_.
+  if (!stock) step("first customer", cursors_.CariData.MoveFirst());
 }
 
 void StockList::OpenReceipt() {
-  Screen& screen = parts_.screen;
+  Screen& screen = screen_;
   screen.StokAl.SetVisible(true);
   screen.StokAl.BringToFront();
   screen.StokChk.SetChecked(false);
@@ -85,8 +84,8 @@ void StockList::OpenReceipt() {
 }
 
 void StockList::ShowStock() {
-  Screen& screen = parts_.screen;
-  screen.CariGrid.SetColumns(StockStatusColumns(parts_.form));
+  Screen& screen = screen_;
+  screen.CariGrid.SetColumns(StockStatusColumns(form_));
   // All cards are listed at first, so the strip narrows nothing.
   switching_ = true;
   screen.GrpCombo.Choose(0);
@@ -96,71 +95,65 @@ void StockList::ShowStock() {
 }
 
 void StockList::ShowCustomers() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  CloseKeyboard(parts_);
-  screen.CariGrid.SetColumns(CustomerColumns(form));
+  CloseKeyboard(form_, screen_);
+  screen_.CariGrid.SetColumns(CustomerColumns(form_));
   Point("Cari.Mdb", kCustomersBack);
 }
 
 void StockList::Point(const std::string& file, const std::string& source) {
-  Cursor& list = parts_.cursors.CariData;
-  list.SetDatabaseName(parts_.form.DataDir + file);
+  Cursor& list = cursors_.CariData;
+  list.SetDatabaseName(form_.DataDir + file);
   list.SetRecordSource(source);
-  parts_.screen.CariGrid.columnsSwitched();
-  step("refresh list", VeriTazele(list, parts_.world.loop));
+  screen_.CariGrid.columnsSwitched();
+  step("refresh list", VeriTazele(list, world_.loop));
 }
 
 void StockList::Narrow() {
-  auto& [screen, form, cursors, settings, world] = parts_;
   // Before the desk has opened the first entry is only being chosen.
-  if (switching_ || !screen.Command3.Visible() || !ListsStock()) return;
+  if (switching_ || !screen_.Command3.Visible() || !ListsStock()) return;
   std::string narrowed;
-  if (screen.GrpCombo.ListIndex() > 0) narrowed = " And Gurup=" + sources::Quoted(screen.GrpCombo.Text());
-  if (screen.StokCek.Checked()) narrowed += " And KalanB<>0";
-  cursors.CariData.SetRecordSource("Select * From StokKartlar Where StokGizle=False " + narrowed + " Order By StokAdi ASC");
-  step("narrow", VeriTazele(cursors.CariData, world.loop));
-  screen.Stoktxt.SetText("");
-  screen.Stoktxt.SetFocus();
+  if (screen_.GrpCombo.ListIndex() > 0) narrowed = " And Gurup=" + sources::Quoted(screen_.GrpCombo.Text());
+  if (screen_.StokCek.Checked()) narrowed += " And KalanB<>0";
+  cursors_.CariData.SetRecordSource("Select * From StokKartlar Where StokGizle=False " + narrowed + " Order By StokAdi ASC");
+  step("narrow", VeriTazele(cursors_.CariData, world_.loop));
+  screen_.Stoktxt.SetText("");
+  screen_.Stoktxt.SetFocus();
 }
 
 void StockList::SearchChanged() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  const std::string& text = screen.Stoktxt.Text();
+  const std::string& text = screen_.Stoktxt.Text();
   if (Trim(text).empty()) return;
   // With the day's turnover in front the list is the day book.
-  const char* const name = screen.CiroChk.Checked() ? "StokAd" : "StokAdi";
-  step("find name", cursors.CariData.FindFirst(std::string(name) + " Like '" + text + "*'"));
+  const char* const name = screen_.CiroChk.Checked() ? "StokAd" : "StokAdi";
+  step("find name", cursors_.CariData.FindFirst(std::string(name) + " Like '" + text + "*'"));
 }
 
 void StockList::SearchTapped() {
-  auto& [screen, form, cursors, settings, world] = parts_;
   if (!ListsStock()) return;
-  form.RepositionGuard = 555;
-  if (form.KeyboardOpen) {
+  form_.RepositionGuard = 555;
+  if (form_.KeyboardOpen) {
     TakeTyped();
   } else {
     StartTyping();
   }
-  form.RepositionGuard = 0;
+  form_.RepositionGuard = 0;
 }
 
 void StockList::StartTyping() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  step("all cards", cursors.CariData.Open(sources::kStock));
-  screen.Stoktxt.SetText("");
-  OpenKeyboard(parts_, screen.Stoktxt);
+  step("all cards", cursors_.CariData.Open(sources::kStock));
+  screen_.Stoktxt.SetText("");
+  OpenKeyboard(form_, screen_, screen_.Stoktxt);
 }
 
 void StockList::TakeTyped() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  CloseKeyboard(parts_);
-  Cursor& cards = cursors.CariData;
-  const std::string text = screen.Stoktxt.Text();
-  form.LastStokSearch = text;
+  CloseKeyboard(form_, screen_);
+  Cursor& cards = cursors_.CariData;
+  const std::string text = screen_.Stoktxt.Text();
+  form_.LastStokSearch = text;
   step("cards of that name", cards.Open(sources::StockNamed(text)));
   step("find name", cards.FindFirst("StokAdi Like '" + text + "*'"));
-  if (!cards.NoMatch()) screen.Stoktxt.SetText(cards.Text("StokAdi"));
-  screen.CariGrid.SetFocus();
+  if (!cards.NoMatch()) screen_.Stoktxt.SetText(cards.Text("StokAdi"));
+  screen_.CariGrid.SetFocus();
 }
 
 }  // namespace karvel

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "desk/parts.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -26,8 +27,12 @@ class StockList {
   void TakeTyped();
   [[nodiscard]] bool ListsStock() const;
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
+  const World& world_;
   bool switching_ = false;
+  Connections connections_;
 };
 
 }  // namespace karvel

@@ -26,24 +26,25 @@ bool HoldsNumber(int index) {
 
 }  // namespace
 
-StockReceipt::StockReceipt(const DeskParts& parts, RunningNumbers& numbers) : parts_(parts), numbers_(numbers) {
-  Screen& screen = parts_.screen;
+StockReceipt::StockReceipt(const DeskParts& parts, RunningNumbers& numbers)
+    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world), numbers_(numbers) {
+  Screen& screen = screen_;
   for (int i = 0; i < screen.Text6.Count(); ++i) {
     Element& box = screen.Text6(i);
-    box.changed.Connect([this, i] { Changed(i); });
-    box.gotFocus.Connect([this, i, &box] {
-      parts_.form.ActiveFieldCode = static_cast<float>(i == kName ? 99 : 100 + i);
+    connections_ += box.changed.Connect([this, i] { Changed(i); });
+    connections_ += box.gotFocus.Connect([this, i, &box] {
+      form_.ActiveFieldCode = static_cast<float>(i == kName ? 99 : 100 + i);
       box.SelectAll();
     });
-    box.character.Connect([this, i](CharacterEvent& event) { Character(i, event); });
+    connections_ += box.character.Connect([this, i](CharacterEvent& event) { Character(i, event); });
   }
   screen.StokAlCmd(kSave).SetEnabled(false);
-  screen.StokAlCmd(kClose).click.Connect([&screen] { screen.StokAl.SetVisible(false); });
-  screen.StokAlCmd(kSave).click.Connect([this] { Save(); });
+  connections_ += screen.StokAlCmd(kClose).click.Connect([&screen] { screen.StokAl.SetVisible(false); });
+  connections_ += screen.StokAlCmd(kSave).click.Connect([this] { Save(); });
 }
 
 void StockReceipt::Changed(int index) {
-  Screen& screen = parts_.screen;
+  Screen& screen = screen_;
   const std::string& text = Field(index);
   const bool needsNumber = HoldsNumber(index) && index != kRowPrice;
   if (needsNumber && text.empty()) {
@@ -58,7 +59,7 @@ void StockReceipt::Changed(int index) {
     return;
   }
   const double total = NumberOrZero(Field(kTotalPrice)) * NumberOrZero(Field(kQuantity));
-  screen.Label12(kTotal).SetCaption(Format(total, parts_.form.PriceFormat));
+  screen.Label12(kTotal).SetCaption(Format(total, form_.PriceFormat));
   screen.StokAlCmd(kSave).SetEnabled(Total() != 0);
 }
 
@@ -68,7 +69,7 @@ void StockReceipt::Character(int index, CharacterEvent& event) {
     if (index == kName) {
       Search();
     } else {
-      parts_.world.keyboard.Send(key::kTab);
+      world_.keyboard.Send(key::kTab);
     }
   } else if (event.character == '.' && HoldsNumber(index)) {
     event.character = ',';
@@ -76,85 +77,83 @@ void StockReceipt::Character(int index, CharacterEvent& event) {
 }
 
 void StockReceipt::Search() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  Cursor& cards = cursors.StokData;
+  Cursor& cards = cursors_.StokData;
   const std::string text = Field(kName);
-  form.RepositionGuard = 66;
+  form_.RepositionGuard = 66;
   step("find barcode", cards.FindFirst("Barkod='" + text + "'"));
   if (cards.NoMatch()) step("find name", cards.FindFirst("StokAdi Like '" + text + "*'"));
   if (cards.NoMatch()) step("find code", cards.FindFirst("StokKod Like '" + text + "*'"));
   if (cards.NoMatch()) {
     // The text stays as the name of a new product.
-    screen.Text6(kBarcode).SetFocus();
-    screen.Text6(kBarcode).SetText("");
-    for (const int index : {kRowPrice, kTotalPrice, kQuantity}) screen.Text6(index).SetText("0");
+    screen_.Text6(kBarcode).SetFocus();
+    screen_.Text6(kBarcode).SetText("");
+    for (const int index : {kRowPrice, kTotalPrice, kQuantity}) screen_.Text6(index).SetText("0");
   } else {
-    screen.Text6(kName).SetText(cards.Text("StokAdi"));
-    screen.Text6(kRowPrice).SetText(Format(cards.Number("gFiyat"), form.PriceFormat));
-    screen.Text6(kTotalPrice).SetText(Format(cards.Number("Fiyat"), form.PriceFormat));
-    screen.Text6(kTax).SetText(PlainNumber(cards.Number("Kdv")));
-    screen.Text6(kBarcode).SetText(cards.Text("Barkod"));
-    screen.Text6(kQuantity).SetFocus();
+    screen_.Text6(kName).SetText(cards.Text("StokAdi"));
+    screen_.Text6(kRowPrice).SetText(Format(cards.Number("gFiyat"), form_.PriceFormat));
+    screen_.Text6(kTotalPrice).SetText(Format(cards.Number("Fiyat"), form_.PriceFormat));
+    screen_.Text6(kTax).SetText(PlainNumber(cards.Number("Kdv")));
+    screen_.Text6(kBarcode).SetText(cards.Text("Barkod"));
+    screen_.Text6(kQuantity).SetFocus();
   }
-  form.RepositionGuard = 0;
+  form_.RepositionGuard = 0;
 }
 
 void StockReceipt::Save() {
   if (!IsNumeric(Field(kQuantity))) return;  // nothing can be booked, and the panel stays
   if (Trim(Field(kName)).empty() && NumberOrZero(Field(kQuantity)) != 0) {
-    parts_.screen.Text6(kName).SetFocus();  // a card without a name would never be found again
+    screen_.Text6(kName).SetFocus();  // a card without a name would never be found again
     return;
   }
   if (NumberOrZero(Field(kQuantity)) == 0) {
-    parts_.screen.StokAl.SetVisible(false);
+    screen_.StokAl.SetVisible(false);
     return;
   }
-  parts_.screen.SetBusy(true);
+  screen_.SetBusy(true);
   const Status received = Receive();
-  parts_.screen.SetBusy(false);
-  ShowRefusal(parts_.world, received);
+  screen_.SetBusy(false);
+  ShowRefusal(world_, received);
 }
 
 Status StockReceipt::Receive() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  Action action(world.stores, "Receive");
+  Action action(world_.stores, "Receive");
   if (!action.Begun().Ok()) return action.Finish();
-  Cursor supplier(world.stores, "supplier");
-  if (!OpenStoredCustomer(supplier, cursors.CariData)) {
+  Cursor supplier(world_.stores, "supplier");
+  if (!OpenStoredCustomer(supplier, cursors_.CariData)) {
     // Deleted at another terminal: the list shows who is left, and nobody is owed what nobody delivered.
-    screen.StokAl.SetVisible(false);
-    step("refresh suppliers", cursors.CariData.Refresh());
+    screen_.StokAl.SetVisible(false);
+    step("refresh suppliers", cursors_.CariData.Refresh());
     return action.Finish();
   }
-  const std::string lineBefore = form.CurrentLineId;
-  form.RepositionGuard = 66;  // 1.
-  RaiseStockCard();           // 2. to 4.
-  StandOnCard();              // 5.
-  form.RepositionGuard = 0;
-  CreditSupplier();                            // 6.
-  form.CurrentLineId = numbers_.NextLineId();  // 7.
-  BookMovement();                              // 8.
-  BookLedger();                                // 9.
-  BookDay();                                   // 10.
+  const std::string lineBefore = form_.CurrentLineId;
+  form_.RepositionGuard = 66;  // 1.
+  RaiseStockCard();            // 2. to 4.
+  StandOnCard();               // 5.
+  form_.RepositionGuard = 0;
+  CreditSupplier();                             // 6.
+  form_.CurrentLineId = numbers_.NextLineId();  // 7.
+  BookMovement();                               // 8.
+  BookLedger();                                 // 9.
+  BookDay();                                    // 10.
   const Status done = action.Finish();
   if (!narrowed_.empty()) {
-    form.RepositionGuard = 66;
-    step("stock list", cursors.StokData.Open(std::exchange(narrowed_, {})));
+    form_.RepositionGuard = 66;
+    step("stock list", cursors_.StokData.Open(std::exchange(narrowed_, {})));
   }
-  form.RepositionGuard = 0;  // 11.
+  form_.RepositionGuard = 0;  // 11.
   if (!done.Ok()) {
-    form.CurrentLineId = lineBefore;
-    form.RepositionGuard = 66;
+    form_.CurrentLineId = lineBefore;
+    form_.RepositionGuard = 66;
     StandOnCard();
-    form.RepositionGuard = 0;
+    form_.RepositionGuard = 0;
     return done;
   }
-  for (int i = 0; i < screen.Text6.Count(); ++i) screen.Text6(i).SetText("");
+  for (int i = 0; i < screen_.Text6.Count(); ++i) screen_.Text6(i).SetText("");
   return done;
 }
 
 void StockReceipt::RaiseStockCard() {
-  Cursor& card = parts_.cursors.StokData;
+  Cursor& card = cursors_.StokData;
   // Only the card in front is compared, letter by letter: a name that differs makes a new card.
   if (card.HasRows() && card.Text("StokAdi") == Field(kName)) {
     step("edit stock card", card.Edit());
@@ -181,7 +180,7 @@ void StockReceipt::RaiseStockCard() {
 }
 
 void StockReceipt::StandOnCard() {
-  Cursor& card = parts_.cursors.StokData;
+  Cursor& card = cursors_.StokData;
   const std::string byName = "StokAdi=" + sources::Quoted(Field(kName));
   step("refresh stock", card.Refresh());
   step("find stock card", card.FindFirst(byName));
@@ -193,7 +192,7 @@ void StockReceipt::StandOnCard() {
 }
 
 void StockReceipt::CreditSupplier() {
-  Cursor& supplier = parts_.cursors.CariData;
+  Cursor& supplier = cursors_.CariData;
   step("edit supplier's card", supplier.Edit());
   supplier.Set("Alacak", supplier.Number("Alacak") + Total());
   ApplyBalance(supplier);
@@ -201,12 +200,12 @@ void StockReceipt::CreditSupplier() {
 }
 
 void StockReceipt::BookMovement() {
-  Cursor& movement = parts_.cursors.StokHarData;
+  Cursor& movement = cursors_.StokHarData;
   const std::string& name = Field(kName);
   if (movement.HasRows()) step("last movement", movement.MoveLast());
   step("add movement", movement.AddNew());
   movement.Set("StokHarKod", LeftLetters(name, 20));
-  movement.Set("Tarih", parts_.world.clock.Now());
+  movement.Set("Tarih", world_.clock.Now());
   movement.Set("Aciklama", name + " Alış");
   movement.Set("GirisCikis", "Alış");
   movement.Set("Nerde", "C");
@@ -214,19 +213,18 @@ void StockReceipt::BookMovement() {
   movement.Set("Fiyat", Field(kRowPrice));
   movement.Set("Miktar", Field(kQuantity));
   movement.Set("Tutar", Total());
-  movement.Set("DigerId", parts_.form.CurrentLineId);
+  movement.Set("DigerId", form_.CurrentLineId);
   movement.Set("Kdv", Field(kTax));
   step("update movement", movement.Update());
 }
 
 void StockReceipt::BookLedger() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  Cursor& ledger = cursors.CariHarData;
-  const Cursor& card = cursors.StokData;
+  Cursor& ledger = cursors_.CariHarData;
+  const Cursor& card = cursors_.StokData;
   if (ledger.HasRows()) step("last ledger row", ledger.MoveLast());
   step("add ledger row", ledger.AddNew());
-  ledger.Set("cariharkod", cursors.CariData.Text("CariKod"));
-  ledger.Set("Tarih", world.clock.Now());
+  ledger.Set("cariharkod", cursors_.CariData.Text("CariKod"));
+  ledger.Set("Tarih", world_.clock.Now());
   ledger.Set("Aciklama", card.Text("StokAdi") + " Alış");
   ledger.Set("Bilgi1", card.Text("StokKod"));
   ledger.Set("Bilgi2", card.Text("StokAdi"));
@@ -234,7 +232,7 @@ void StockReceipt::BookLedger() {
   ledger.Set("Alacak", Total());
   ledger.Set("Carisi", card.Text("StokKod"));
   ledger.Set("Unvan", card.Text("StokAdi"));
-  ledger.Set("DigerId", form.CurrentLineId);
+  ledger.Set("DigerId", form_.CurrentLineId);
   ledger.Set("Nerde", "S");
   ledger.Set("Miktar", Field(kQuantity));
   ledger.Set("Fiyat", Field(kRowPrice));
@@ -243,19 +241,18 @@ void StockReceipt::BookLedger() {
 }
 
 void StockReceipt::BookDay() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  Cursor& day = cursors.HareketData;
-  const Cursor& card = cursors.StokData;
+  Cursor& day = cursors_.HareketData;
+  const Cursor& card = cursors_.StokData;
   step("add day-book row", day.AddNew());
-  day.Set("CariKod", cursors.CariData.Text("CariKod"));
+  day.Set("CariKod", cursors_.CariData.Text("CariKod"));
   day.Set("StokKod", card.Text("StokKod"));
-  day.Set("CariAd", cursors.CariData.Text("Unvan"));
+  day.Set("CariAd", cursors_.CariData.Text("Unvan"));
   day.Set("StokAd", card.Text("StokAdi"));
   day.Set("Fiyat", Field(kRowPrice));
   day.Set("Miktar", Field(kQuantity));
   day.Set("Tutar", Total());
-  day.Set("Tarih", world.clock.Now());
-  day.Set("DigerId", form.CurrentLineId);
+  day.Set("Tarih", world_.clock.Now());
+  day.Set("DigerId", form_.CurrentLineId);
   day.Set("Birim", card.Text("Birim"));
   day.Set("yeni", 1);
   day.Set("Durum", "Alış");
@@ -266,7 +263,7 @@ void StockReceipt::BookDay() {
 }
 
 double StockReceipt::Total() const {
-  return NumberOrZero(parts_.screen.Label12(kTotal).Caption());
+  return NumberOrZero(screen_.Label12(kTotal).Caption());
 }
 
 }  // namespace karvel

@@ -9,6 +9,7 @@
 
 #include "desk/parts.h"
 #include "desk/running_numbers.h"
+#include "platform/signal.h"
 #include "platform/status.h"
 
 namespace karvel {
@@ -31,12 +32,16 @@ class StockReceipt {
   void BookMovement();
   void BookLedger();
   void BookDay();
-  [[nodiscard]] const std::string& Field(int index) const { return parts_.screen.Text6(index).Text(); }
+  [[nodiscard]] const std::string& Field(int index) const { return screen_.Text6(index).Text(); }
   [[nodiscard]] double Total() const;
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
+  const World& world_;
   RunningNumbers& numbers_;
   std::string narrowed_;  // the stock list that the new card is not in
+  Connections connections_;
 };
 
 }  // namespace karvel

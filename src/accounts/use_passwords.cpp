@@ -16,54 +16,52 @@ const Steps step("UsePasswords");
 
 }  // namespace
 
-UsePasswords::UsePasswords(const DeskParts& parts) : parts_(parts) {
-  parts_.screen.CariGrid.mouseDown.Connect([this](const MouseEvent& event) {
+UsePasswords::UsePasswords(const DeskParts& parts)
+    : screen_(parts.screen), cursors_(parts.cursors), settings_(parts.settings), world_(parts.world) {
+  connections_ += screen_.CariGrid.mouseDown.Connect([this](const MouseEvent& event) {
     if (event.button == kRightButton) OpenCustomerMenu();
   });
 }
 
 bool UsePasswords::AdmitToDeletedLines() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  const std::string password = settings.Get(Setting::DeletedLinesPassword);
-  const auto typed = world.messages.InputBox(kPrompt, kTitle, "");
+  const std::string password = settings_.Get(Setting::DeletedLinesPassword);
+  const auto typed = world_.messages.InputBox(kPrompt, kTitle, "");
   if (!typed) return false;
   if (password.empty()) {
-    if (!typed->empty()) settings.Save(Setting::DeletedLinesPassword, *typed);
+    if (!typed->empty()) settings_.Save(Setting::DeletedLinesPassword, *typed);
     return false;
   }
   if (*typed == password) return true;
-  world.messages.MessageBox("Key is invalid.", "SecureKey", MessageIcon::Stop, MessageButtons::Ok);
+  world_.messages.MessageBox("Key is invalid.", "SecureKey", MessageIcon::Stop, MessageButtons::Ok);
   // Whoever guesses gets no second try.
-  screen.Form1.SetEnabled(false);
-  world.window.End();
+  screen_.Form1.SetEnabled(false);
+  world_.window.End();
   return false;
 }
 
 bool UsePasswords::AdmitToCustomerMenu() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  const std::string password = settings.Get(Setting::UsePassword);
-  const auto typed = world.messages.InputBox(kPrompt, kTitle, "");
+  const std::string password = settings_.Get(Setting::UsePassword);
+  const auto typed = world_.messages.InputBox(kPrompt, kTitle, "");
   if (!typed) return false;
   if (!password.empty()) return *typed == password;
   // None is set yet: what was typed is offered again, and what the clerk then leaves there becomes it.
-  const auto chosen = world.messages.InputBox(kNewPrompt, kTitle, *typed);
+  const auto chosen = world_.messages.InputBox(kNewPrompt, kTitle, *typed);
   if (!chosen || chosen->empty()) return false;
-  settings.Save(Setting::UsePassword, *chosen);
+  settings_.Save(Setting::UsePassword, *chosen);
   return true;
 }
 
 void UsePasswords::OpenCustomerMenu() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  const Cursor& customers = cursors.CariData;
+  const Cursor& customers = cursors_.CariData;
   const auto onCustomer = [&] {
     return customers.SourceTable() && customers.SourceTable()->name == "CariKartlar" && customers.HasCurrent();
   };
   // The same list also shows stock and the day book, which have no such menu.
   if (!onCustomer() || !AdmitToCustomerMenu() || !onCustomer()) return;
-  step("ledger", cursors.CariHarData.Open(sources::LedgerOf(customers.Text("CariKod"))));
-  screen.CarSil.SetCaption(cursors.CariHarData.HasRows() ? "Cari Hareketleri Sil" : "Cari Kartı Sil");
-  screen.CarSil.SetVisible(true);
-  screen.popUp(screen.PopMenu);
+  step("ledger", cursors_.CariHarData.Open(sources::LedgerOf(customers.Text("CariKod"))));
+  screen_.CarSil.SetCaption(cursors_.CariHarData.HasRows() ? "Cari Hareketleri Sil" : "Cari Kartı Sil");
+  screen_.CarSil.SetVisible(true);
+  screen_.popUp(screen_.PopMenu);
 }
 
 }  // namespace karvel

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "desk/parts.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -22,7 +23,11 @@ class UsePasswords {
   void OpenCustomerMenu();
   bool AdmitToCustomerMenu();
 
-  DeskParts parts_;
+  Screen& screen_;
+  Cursors& cursors_;
+  Settings& settings_;
+  const World& world_;
+  Connections connections_;
 };
 
 }  // namespace karvel

@@ -2,7 +2,6 @@
 
 #include <QEvent>
 #include <QFontMetrics>
-#include <QPointer>
 #include <QResizeEvent>
 #include <QScrollBar>
 #include <algorithm>
@@ -64,12 +63,11 @@ void DeskGrid::Watch(Cursor* cursor) {
   extent_ = -1;
   table_ = nullptr;
   source_.clear();
-  if (!cursor || std::ranges::find(heard_, cursor) != heard_.end()) return;
-  heard_.push_back(cursor);
-  cursor->shown.Connect([self = QPointer<DeskGrid>(this), cursor] {
-    if (!self || self->watched_ != cursor) return;
-    self->stale_ = true;
-    self->viewport()->update();
+  watching_.End();
+  if (!cursor) return;
+  watching_ = cursor->shown.Connect([this] {
+    stale_ = true;
+    viewport()->update();
   });
 }
 

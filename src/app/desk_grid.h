@@ -108,7 +108,6 @@ class DeskGrid : public QAbstractScrollArea {
   const DeskUi& ui_;
   GridElement& element_;
   Cursor* watched_ = nullptr;
-  std::vector<Cursor*> heard_;  // each cursor is listened to once
   const Table* table_ = nullptr;
   std::string source_;
   RowWindow rows_;
@@ -127,6 +126,7 @@ class DeskGrid : public QAbstractScrollArea {
   RowKey tapped_ = 0;  // the row that the last tap took, until the next press
   int borderColumn_ = -1, borderWidth_ = 0;
   bool doubled_ = false, held_ = false, rightPress_ = false;
+  ScopedConnection watching_;  // of what the watched cursor shows
 };
 
 }  // namespace karvel

@@ -1,6 +1,5 @@
 #include "app/desk_menus.h"
 
-#include <QPointer>
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -22,9 +21,7 @@ bool IsCommand(const Element& element) {
 DeskMenus::DeskMenus(DeskUi& ui, QWidget* window) : QObject(window), ui_(ui), window_(window) {
   for (Element* element : ui.screen.elements.All())
     if (element->Kind() == ElementKind::Menu) AddEntry(*element);
-  ui.screen.popUp.Connect([self = QPointer<DeskMenus>(this)](Element& element) {
-    if (self) self->PopUp(element, self->ui_.lastPress);
-  });
+  connections_ += ui.screen.popUp.Connect([this](Element& element) { PopUp(element, ui_.lastPress); });
 }
 
 void DeskMenus::AddEntry(Element& element) {
@@ -48,9 +45,7 @@ void DeskMenus::AddEntry(Element& element) {
     });
   }
   Show(element);
-  element.altered.Connect([self = QPointer<DeskMenus>(this), &element] {
-    if (self) self->Show(element);
-  });
+  connections_ += element.altered.Connect([this, &element] { Show(element); });
 }
 
 void DeskMenus::Show(Element& element) {

@@ -28,6 +28,7 @@ class DeskMenus : public QObject {
   QWidget* const window_;
   QHash<const Element*, QAction*> actions_;
   QHash<const Element*, QMenu*> menus_;
+  Connections connections_;
 };
 
 }  // namespace karvel

@@ -77,9 +77,7 @@ DeskWindow::DeskWindow(Screen& screen, DeskLife life) : ui_(screen), life_(std::
   FollowFocus();
   FollowPointer();
   ui_.spareKey = [this](int code) { return SpareKey(code); };
-  ui_.theme.changed.Connect([self = QPointer<DeskWindow>(this)] {
-    if (self) self->ApplyTheme();
-  });
+  connections_ += ui_.theme.changed.Connect([this] { ApplyTheme(); });
   ui_.theme.FitTo(width(), height());
   ApplyTheme();
   for (Element* element : screen.elements.All())
@@ -113,30 +111,28 @@ void DeskWindow::NameFields() {
 void DeskWindow::FollowPanels() {
   for (Element* panel : ui_.screen.elements.All()) {
     if (panel->Kind() != ElementKind::Panel) continue;
-    panel->altered.Connect([self = QPointer<DeskWindow>(this), panel] {
-      if (!self) return;
-      for (Element* element : self->ui_.screen.elements.All())
+    connections_ += panel->altered.Connect([this, panel] {
+      for (Element* element : ui_.screen.elements.All())
         if (element->Panel() == panel)
-          if (ElementBinding* const binding = ElementBinding::Of(self->WidgetOf(*element))) binding->RefreshShown();
+          if (ElementBinding* const binding = ElementBinding::Of(WidgetOf(*element))) binding->RefreshShown();
     });
   }
 }
 
 void DeskWindow::FollowFocus() {
-  ui_.screen.elements.focusMoved.Connect([self = QPointer<DeskWindow>(this)](Element* to) {
-    if (!self) return;
-    QWidget* const widget = to ? self->WidgetOf(*to) : nullptr;
+  connections_ += ui_.screen.elements.focusMoved.Connect([this](Element* to) {
+    QWidget* const widget = to ? WidgetOf(*to) : nullptr;
     if (!widget)
-      self->setFocus();
+      setFocus();
     else if (widget->isEnabled() && !widget->isHidden() && !widget->hasFocus())
       widget->setFocus();
   });
 }
 
 void DeskWindow::FollowPointer() {
-  ui_.screen.pointerChanged.Connect([self = QPointer<DeskWindow>(this)](bool busy) {
-    if (!self || busy == self->pointerBusy_) return;
-    self->pointerBusy_ = busy;
+  connections_ += ui_.screen.pointerChanged.Connect([this](bool busy) {
+    if (busy == pointerBusy_) return;
+    pointerBusy_ = busy;
     if (busy)
       QApplication::setOverrideCursor(Qt::WaitCursor);
     else

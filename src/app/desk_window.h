@@ -76,6 +76,7 @@ class DeskWindow : public QMainWindow {
   DeskMenus* menus_ = nullptr;
   std::vector<PanelCard*> cards_;
   bool activationAsked_ = false, closing_ = false, ended_ = false, byProgram_ = false, pointerBusy_ = false, laying_ = false;
+  Connections connections_;
 };
 
 }  // namespace karvel

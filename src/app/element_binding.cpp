@@ -36,9 +36,7 @@ ElementBinding::ElementBinding(DeskUi& ui, Element& element, QWidget& widget, Pa
   hold_.setSingleShot(true);
   hold_.setInterval(kHoldMilliseconds);
   connect(&hold_, &QTimer::timeout, this, &ElementBinding::OnHeld);
-  element.altered.Connect([self = QPointer<ElementBinding>(this)] {
-    if (self) self->Refresh();
-  });
+  connections_ += element.altered.Connect([this] { Refresh(); });
 }
 
 ElementBinding* ElementBinding::Of(const QWidget* widget) {

@@ -63,6 +63,7 @@ class ElementBinding : public QObject {
   QTimer hold_;
   MouseEvent pressedAt_;
   bool pressed_ = false, doubled_ = false, held_ = false, wandered_ = false;
+  Connections connections_;
 };
 
 // Open along all panels; the form apart, whose state is a gate in front of all input and no look.

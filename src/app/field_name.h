@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QLabel>
-#include <QPointer>
 
 #include "app/desk_ui.h"
 
@@ -18,14 +17,13 @@ class FieldName : public QLabel {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setFont(ui_.theme.Font(role_));
-    ui.theme.changed.Connect([self = QPointer<FieldName>(this)] {
-      if (self) self->setFont(self->ui_.theme.Font(self->role_));
-    });
+    connections_ += ui.theme.changed.Connect([this] { setFont(ui_.theme.Font(role_)); });
   }
 
  private:
   const DeskUi& ui_;
   const FontRole role_;
+  Connections connections_;
 };
 
 }  // namespace karvel

@@ -1,7 +1,6 @@
 #include "app/main_layout.h"
 
 #include <QPainter>
-#include <QPointer>
 #include <algorithm>
 
 #include "app/element_binding.h"
@@ -93,10 +92,9 @@ void MainLayout::BuildLists() {
   const auto uncovered = [&screen] { return !screen.CariGrid.IsShown(); };
   for (const Element* under : {static_cast<const Element*>(&screen.HareketGrid), static_cast<const Element*>(&screen.StokGrid)})
     ElementBinding::Of(Of(*under))->SetPlaced(uncovered);
-  ui_.screen.CariGrid.altered.Connect([self = QPointer<MainLayout>(this)] {
-    if (!self) return;
-    ElementBinding::Of(self->Of(self->ui_.screen.StokGrid))->RefreshShown();
-    ElementBinding::Of(self->Of(self->ui_.screen.HareketGrid))->RefreshShown();
+  connections_ += ui_.screen.CariGrid.altered.Connect([this] {
+    ElementBinding::Of(Of(ui_.screen.StokGrid))->RefreshShown();
+    ElementBinding::Of(Of(ui_.screen.HareketGrid))->RefreshShown();
   });
 }
 
@@ -160,9 +158,7 @@ void MainLayout::BuildMoney() {
   // Red stands by a balance for the shop's debt; by the sum of a slip it only tells that a line was tapped.
   const auto noteDebt = [balance, &name = screen.Label1(7)] { balance->SetRedNote(Trim(name.Caption()) == "Bakiye" ? "Alacak" : ""); };
   noteDebt();
-  screen.Label1(7).altered.Connect([self = QPointer<TouchLabel>(balance), noteDebt] {
-    if (self) noteDebt();
-  });
+  connections_ += screen.Label1(7).altered.Connect(noteDebt);
   money_->addWidget(balanceName);
   money_->addWidget(balance);
 

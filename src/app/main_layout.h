@@ -48,6 +48,7 @@ class MainLayout : public QWidget {
   QFrame* moneyColumn_;
   QLabel* title_;
   QToolButton* menuButton_;
+  Connections connections_;
 };
 
 }  // namespace karvel

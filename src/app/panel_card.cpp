@@ -23,9 +23,7 @@ PanelCard::PanelCard(DeskUi& ui, Element& element, CardPlace place, QWidget* par
   outer->addLayout(content_);
   title_->setAttribute(Qt::WA_TransparentForMouseEvents);
   ApplyTheme();
-  ui.theme.changed.Connect([self = QPointer<PanelCard>(this)] {
-    if (self) self->ApplyTheme();
-  });
+  connections_ += ui.theme.changed.Connect([this] { ApplyTheme(); });
 }
 
 void PanelCard::ApplyTheme() {
@@ -41,17 +39,14 @@ void PanelCard::ApplyTheme() {
 }
 
 void PanelCard::SetMovable() {
-  element_.mouseDown.Connect([self = QPointer<PanelCard>(this)](const MouseEvent& at) {
-    if (self) self->pressedAt_ = QPoint(at.x, at.y);
-  });
-  element_.mouseMove.Connect([self = QPointer<PanelCard>(this)](const MouseEvent& at) {
-    if (!self || at.button != 1) return;
-    const QRect room = self->parentWidget()->rect();
-    const QPoint wanted = self->pos() + QPoint(at.x, at.y) - self->pressedAt_;
-    self->moved_ = self->moved_ || (wanted - self->pos()).manhattanLength() > 12;
-    if (!self->moved_) return;
-    self->move(std::clamp(wanted.x(), 0, std::max(0, room.width() - self->width())),
-               std::clamp(wanted.y(), 0, std::max(0, room.height() - self->height())));
+  connections_ += element_.mouseDown.Connect([this](const MouseEvent& at) { pressedAt_ = QPoint(at.x, at.y); });
+  connections_ += element_.mouseMove.Connect([this](const MouseEvent& at) {
+    if (at.button != 1) return;
+    const QRect room = parentWidget()->rect();
+    const QPoint wanted = pos() + QPoint(at.x, at.y) - pressedAt_;
+    moved_ = moved_ || (wanted - pos()).manhattanLength() > 12;
+    if (!moved_) return;
+    move(std::clamp(wanted.x(), 0, std::max(0, room.width() - width())), std::clamp(wanted.y(), 0, std::max(0, room.height() - height())));
   });
 }
 

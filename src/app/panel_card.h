@@ -30,6 +30,8 @@ class PanelCard : public QFrame {
   void SetLeastWidth(int base) { leastWidth_ = base; }
   // The clerk may move it by its ground; once moved it keeps its place.
   void SetMovable();
+  // What the card hears as long as it lives.
+  void Keep(ScopedConnection connection) { connections_ += std::move(connection); }
   void Sync();
   // Places the card inside the areas at hand, in pixels of its parent.
   void Lay(const QRect& list, const QRect& desk);
@@ -54,6 +56,7 @@ class PanelCard : public QFrame {
   std::int64_t depth_ = 0;
   QPoint pressedAt_;
   bool moved_ = false;
+  Connections connections_;
 };
 
 }  // namespace karvel

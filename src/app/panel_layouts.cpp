@@ -3,7 +3,6 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPointer>
 #include <QProgressBar>
 #include <functional>
 #include <initializer_list>
@@ -64,12 +63,9 @@ class Builder {
     return label;
   }
   // A line of the card that follows these elements.
-  void Following(QLabel* label, std::initializer_list<const Element*> elements, std::function<QString()> text) {
+  void Following(QLabel* label, std::initializer_list<Element*> elements, const std::function<QString()>& text) {
     label->setText(text());
-    for (const Element* element : elements)
-      const_cast<Element*>(element)->altered.Connect([self = QPointer<QLabel>(label), text] {
-        if (self) self->setText(text());
-      });
+    for (Element* element : elements) card_->Keep(element->altered.Connect([label, text] { label->setText(text()); }));
   }
   void Wide(const Element& element, int stretch = 0) { card_->Content().addWidget(Of(element), stretch); }
 

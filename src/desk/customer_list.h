@@ -6,6 +6,7 @@
 #include "desk/day_total.h"
 #include "desk/parts.h"
 #include "desk/price_selection.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -37,11 +38,16 @@ class CustomerList {
   void KeyUp(const KeyEvent& event);
   void Character(CharacterEvent& event);
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
+  Settings& settings_;
+  const World& world_;
   PriceSelection& prices_;
   DayTotal& dayTotal_;
   bool showing_ = false;
   bool groupWaits_ = false;  // a group was chosen in a sale
+  Connections connections_;
 };
 
 }  // namespace karvel

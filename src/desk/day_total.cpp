@@ -10,11 +10,11 @@ namespace {
 const Steps step("DayTotal");
 }
 
-DayTotal::DayTotal(const DeskParts& parts) : parts_(parts) {
-  Element& label = parts_.screen.Label5;
-  label.changed.Connect([&label] { label.SetCaption(Format(label.Caption(), "Standard")); });
-  label.dblClick.Connect([this] { TakeDayOfRow(); });
-  parts_.cursors.HareketData.repositioned.Connect([this] { FollowDayBook(); });
+DayTotal::DayTotal(const DeskParts& parts) : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world) {
+  Element& label = screen_.Label5;
+  connections_ += label.changed.Connect([&label] { label.SetCaption(Format(label.Caption(), "Standard")); });
+  connections_ += label.dblClick.Connect([this] { TakeDayOfRow(); });
+  connections_ += cursors_.HareketData.repositioned.Connect([this] { FollowDayBook(); });
 }
 
 std::string DayTotal::DayCriteria(const DateTime& day) {
@@ -23,50 +23,49 @@ std::string DayTotal::DayCriteria(const DateTime& day) {
 }
 
 void DayTotal::ShowToday() {
-  const Cursor& day = parts_.cursors.HareketData;
+  const Cursor& day = cursors_.HareketData;
   if (!day.HasRows()) return;
-  parts_.form.CriteriaText = DayCriteria(parts_.world.clock.Now());
+  form_.CriteriaText = DayCriteria(world_.clock.Now());
   Value sum;
-  step("sum", parts_.world.stores.QueryValue(day.DatabaseName(),
-                                             "Select Sum(Tutar) FROM Datam Where " + parts_.form.CriteriaText + " And CariAd=" +
-                                                 sources::Quoted(parts_.screen.Text1(0).Text()) + " And Durum='Satış' And Tahsilat=0",
-                                             sum));
+  step("sum", world_.stores.QueryValue(day.DatabaseName(),
+                                       "Select Sum(Tutar) FROM Datam Where " + form_.CriteriaText +
+                                           " And CariAd=" + sources::Quoted(screen_.Text1(0).Text()) + " And Durum='Satış' And Tahsilat=0",
+                                       sum));
   // The "0" in front makes a sum over no row a number.
-  parts_.screen.Label5.SetCaption(Format("0" + AsText(sum), "Standard"));
+  screen_.Label5.SetCaption(Format("0" + AsText(sum), "Standard"));
 }
 
 void DayTotal::FollowDayBook() {
-  auto& [screen, form, cursors, settings, world] = parts_;
   // A posting that moves the day book shows what it means to show itself.
-  if (form.RepositionGuard == 100 || world.stores.InAction()) return;
-  const bool rows = cursors.HareketData.HasRows();
-  screen.HareketGrid.SetMarker(rows);
+  if (form_.RepositionGuard == 100 || world_.stores.InAction()) return;
+  const bool rows = cursors_.HareketData.HasRows();
+  screen_.HareketGrid.SetMarker(rows);
   // At rest Label5 is the balance of the customer in front; the deleted lines are nobody's.
-  if (screen.CariGrid.Visible() || screen.SilinenChk.Checked()) return;
+  if (screen_.CariGrid.Visible() || screen_.SilinenChk.Checked()) return;
   Value sum;
   if (rows)
     step("sum of today",
-         world.stores.QueryValue(cursors.GunData.DatabaseName(),
-                                 "Select Sum(Tutar) FROM Datam Where CariKod=" + sources::Quoted(cursors.CariData.Text("CariKod")) +
-                                     " And " + DayCriteria(world.clock.Now()),
-                                 sum));
-  screen.Label5.SetCaption(Format(AsNumber(sum), form.PriceFormat));
+         world_.stores.QueryValue(cursors_.GunData.DatabaseName(),
+                                  "Select Sum(Tutar) FROM Datam Where CariKod=" + sources::Quoted(cursors_.CariData.Text("CariKod")) +
+                                      " And " + DayCriteria(world_.clock.Now()),
+                                  sum));
+  screen_.Label5.SetCaption(Format(AsNumber(sum), form_.PriceFormat));
 }
 
 void DayTotal::TakeDayOfRow() {
-  const Cursor& day = parts_.cursors.HareketData;
+  const Cursor& day = cursors_.HareketData;
   if (!day.HasRows()) return;
   const DateTime date = AsDate(day.Get("Tarih"));
   if (date.IsEmpty()) return;
-  parts_.form.CriteriaText = DayCriteria(date);
+  form_.CriteriaText = DayCriteria(date);
   Value sum;
-  step("sum of day", parts_.world.stores.QueryValue(
-                         day.DatabaseName(),
-                         "select sum(Tutar) FROM Datam Where CariKod=" + sources::Quoted(parts_.cursors.CariData.Text("CariKod")) +
-                             " And Durum='Satış' And " + parts_.form.CriteriaText,
-                         sum));
-  parts_.screen.Label5.SetCaption(Format("0" + AsText(sum), parts_.form.PriceFormat));
-  parts_.screen.Text2(2).SetText(parts_.screen.Label5.Caption());
+  step("sum of day",
+       world_.stores.QueryValue(day.DatabaseName(),
+                                "select sum(Tutar) FROM Datam Where CariKod=" + sources::Quoted(cursors_.CariData.Text("CariKod")) +
+                                    " And Durum='Satış' And " + form_.CriteriaText,
+                                sum));
+  screen_.Label5.SetCaption(Format("0" + AsText(sum), form_.PriceFormat));
+  screen_.Text2(2).SetText(screen_.Label5.Caption());
 }
 
 }  // namespace karvel

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "desk/parts.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -19,7 +20,11 @@ class DayTotal {
   void FollowDayBook();  // HareketData's current row changed
   void TakeDayOfRow();   // a double tap on Label5: the day of the current day-book row, offered as the payment
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
+  const World& world_;
+  Connections connections_;
 };
 
 }  // namespace karvel

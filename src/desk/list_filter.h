@@ -6,6 +6,7 @@
 
 #include "desk/customer_list.h"
 #include "desk/parts.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -20,8 +21,11 @@ class ListFilter {
   void OpenCustomers(const std::string& named);
   void FilterStock();
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
   CustomerList& customers_;
+  Connections connections_;
 };
 
 }  // namespace karvel

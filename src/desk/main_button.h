@@ -5,6 +5,7 @@
 
 #include "desk/parts.h"
 #include "desk/sale_posting.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -27,8 +28,13 @@ class MainButton {
   void PostSaleLine();
   void SetWaiting(bool waiting);
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
+  Settings& settings_;
+  const World& world_;
   SalePosting& posting_;
+  Connections connections_;
 };
 
 }  // namespace karvel

@@ -4,8 +4,7 @@
 
 namespace karvel {
 
-void OpenCustomerCard(const DeskParts& parts, const std::string& name) {
-  Screen& screen = parts.screen;
+void OpenCustomerCard(Screen& screen, const std::string& name) {
   screen.CariFrm.SetVisible(true);
   screen.CariFrm.BringToFront();
   screen.CariNew(0).SetText(name);
@@ -13,13 +12,12 @@ void OpenCustomerCard(const DeskParts& parts, const std::string& name) {
   screen.CariNew(0).SetFocus();
 }
 
-void OpenStockCard(const DeskParts& parts, const std::string& name) {
-  Screen& screen = parts.screen;
+void OpenStockCard(FormState& form, Screen& screen, const std::string& name) {
   screen.StokGiris.SetVisible(true);
   screen.StokGiris.BringToFront();
   screen.StokNew(1).SetText(name);
   screen.StokNew(0).SetFocus();
-  OpenKeyboard(parts, screen.StokNew(0));
+  OpenKeyboard(form, screen, screen.StokNew(0));
 }
 
 }  // namespace karvel

@@ -3,13 +3,14 @@
 
 #include <string>
 
-#include "desk/parts.h"
+#include "desk/form_state.h"
+#include "desk/screen.h"
 
 namespace karvel {
 
 // An unknown name is a new customer: his card opens with the name in it.
-void OpenCustomerCard(const DeskParts& parts, const std::string& name);
+void OpenCustomerCard(Screen& screen, const std::string& name);
 // An unknown item: the panel of a new stock card with the name in it, and the keyboard for its code.
-void OpenStockCard(const DeskParts& parts, const std::string& name);
+void OpenStockCard(FormState& form, Screen& screen, const std::string& name);
 
 }  // namespace karvel

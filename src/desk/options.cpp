@@ -30,56 +30,54 @@ auto OptionsOf(Screen& screen) {
 
 }  // namespace
 
-Options::Options(const DeskParts& parts, PriceSelection& prices) : parts_(parts), prices_(prices) {
-  Screen& screen = parts_.screen;
+Options::Options(const DeskParts& parts, PriceSelection& prices)
+    : screen_(parts.screen), form_(parts.form), settings_(parts.settings), world_(parts.world), prices_(prices) {
+  Screen& screen = screen_;
   for (const Option& option : OptionsOf(screen)) {
     Element& entry = option.entry;
-    entry.click.Connect([this, &entry, setting = option.setting] {
+    connections_ += entry.click.Connect([this, &entry, setting = option.setting] {
       entry.SetChecked(!entry.Checked());
-      if (&entry == &parts_.screen.BarkodOku) StartScanner();
-      parts_.settings.SaveBoolean(setting, entry.Checked());
+      if (&entry == &screen_.BarkodOku) StartScanner();
+      settings_.SaveBoolean(setting, entry.Checked());
     });
   }
-  screen.FiyatSabit.click.Connect([&screen] { screen.Text2(0).SetEnabled(!screen.FiyatSabit.Checked()); });
-  screen.Fiyat2.click.Connect([this] { prices_.SetFirstPriceColumn(); });
-  screen.Label1(7).mouseDown.Connect([this](const MouseEvent& event) { OpenMenu(event); });
+  connections_ += screen.FiyatSabit.click.Connect([&screen] { screen.Text2(0).SetEnabled(!screen.FiyatSabit.Checked()); });
+  connections_ += screen.Fiyat2.click.Connect([this] { prices_.SetFirstPriceColumn(); });
+  connections_ += screen.Label1(7).mouseDown.Connect([this](const MouseEvent& event) { OpenMenu(event); });
 }
 
 void Options::Read() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  for (const Option& option : OptionsOf(screen)) option.entry.SetChecked(settings.GetBoolean(option.setting));
-  screen.Text2(0).SetEnabled(!screen.FiyatSabit.Checked());
+  for (const Option& option : OptionsOf(screen_)) option.entry.SetChecked(settings_.GetBoolean(option.setting));
+  screen_.Text2(0).SetEnabled(!screen_.FiyatSabit.Checked());
 
-  settings.SaveNumber(Setting::FeedLines, settings.GetNumber(Setting::FeedLines));
-  const std::string marks = settings.Get(Setting::InvoiceMarks);
+  settings_.SaveNumber(Setting::FeedLines, settings_.GetNumber(Setting::FeedLines));
+  const std::string marks = settings_.Get(Setting::InvoiceMarks);
   for (int i = 0; i <= 9; ++i)
-    screen.MnPop(i).SetChecked(static_cast<std::size_t>(i) < marks.size() && marks[static_cast<std::size_t>(i)] != '0');
-  screen.MnPop(10).SetCaption(settings.Get(Setting::InvoicePrinter, screen.MnPop(10).Caption()));
-  form.MinSalePercent = static_cast<float>(settings.GetNumber(Setting::MinSalePercent));
-  const int turnover = static_cast<int>(settings.GetNumber(Setting::TurnoverChoice));
-  if (!settings.Get(Setting::TurnoverChoice).empty() && turnover >= 0 && turnover < screen.CiroYaz.Count()) {
-    screen.CiroYaz(turnover).SetChecked(true);
-    screen.CiroYazCmd.SetCaption(screen.CiroYaz(turnover).Caption());
+    screen_.MnPop(i).SetChecked(static_cast<std::size_t>(i) < marks.size() && marks[static_cast<std::size_t>(i)] != '0');
+  screen_.MnPop(10).SetCaption(settings_.Get(Setting::InvoicePrinter, screen_.MnPop(10).Caption()));
+  form_.MinSalePercent = static_cast<float>(settings_.GetNumber(Setting::MinSalePercent));
+  const int turnover = static_cast<int>(settings_.GetNumber(Setting::TurnoverChoice));
+  if (!settings_.Get(Setting::TurnoverChoice).empty() && turnover >= 0 && turnover < screen_.CiroYaz.Count()) {
+    screen_.CiroYaz(turnover).SetChecked(true);
+    screen_.CiroYazCmd.SetCaption(screen_.CiroYaz(turnover).Caption());
   }
 }
 
 void Options::StartScanner() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  if (!screen.BarkodOku.Checked()) {
-    world.scanner.Stop();
-  } else if (!world.scanner.Start()) {
-    screen.BarkodOku.SetChecked(false);
+  if (!screen_.BarkodOku.Checked()) {
+    world_.scanner.Stop();
+  } else if (!world_.scanner.Start()) {
+    screen_.BarkodOku.SetChecked(false);
   }
 }
 
 void Options::OpenMenu(const MouseEvent& event) {
-  auto& [screen, form, cursors, settings, world] = parts_;
   if (event.button != 2) return;
   if (event.ctrl) {
-    screen.OnLine.SetChecked(!screen.OnLine.Checked());
-    screen.FtpVar.SetChecked(!screen.FtpVar.Checked());
+    screen_.OnLine.SetChecked(!screen_.OnLine.Checked());
+    screen_.FtpVar.SetChecked(!screen_.FtpVar.Checked());
   }
-  if (form.Sabit) screen.popUp(screen.PopBrk);
+  if (form_.Sabit) screen_.popUp(screen_.PopBrk);
 }
 
 }  // namespace karvel

@@ -3,6 +3,7 @@
 
 #include "desk/parts.h"
 #include "desk/price_selection.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -17,8 +18,12 @@ class Options {
  private:
   void OpenMenu(const MouseEvent& event);
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Settings& settings_;
+  const World& world_;
   PriceSelection& prices_;
+  Connections connections_;
 };
 
 }  // namespace karvel

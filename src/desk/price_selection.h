@@ -5,6 +5,7 @@
 #include <string>
 
 #include "desk/parts.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -25,7 +26,12 @@ class PriceSelection {
   [[nodiscard]] bool SecondPriceForGroup() const;
   void AskMinPercent();
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
+  Settings& settings_;
+  const World& world_;
+  Connections connections_;
 };
 
 }  // namespace karvel

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "desk/parts.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -32,10 +33,14 @@ class ProductField {
   [[nodiscard]] Element& CodeField() const;
   void ScannedText();  // Label11 changed
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
+  const World& world_;
   bool matched_ = false;  // the first pass of this Enter found the card in front by its barcode
   bool reading_ = false;
   std::deque<std::string> codes_;  // read and not yet entered, the oldest first
+  Connections connections_;
 };
 
 }  // namespace karvel

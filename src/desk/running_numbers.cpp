@@ -10,25 +10,25 @@
 
 namespace karvel {
 
-RunningNumbers::RunningNumbers(const DeskParts& parts) : parts_(parts) {
-  parts_.cursors.IndexPrimary.repositioned.Connect([this] { FollowYear(); });
+RunningNumbers::RunningNumbers(const DeskParts& parts) : form_(parts.form), cursors_(parts.cursors), world_(parts.world) {
+  connections_ += cursors_.IndexPrimary.repositioned.Connect([this] { FollowYear(); });
 }
 
 void RunningNumbers::FollowYear() {
-  const Cursor& primary = parts_.cursors.IndexPrimary;
+  const Cursor& primary = cursors_.IndexPrimary;
   if (!primary.HasRows()) return;
-  Steps("FollowYear")("refresh", parts_.cursors.IndexSecondary.Open("Select * From Mdbindex where Tarih='" + primary.Text("Tarih") + "'"));
+  Steps("FollowYear")("refresh", cursors_.IndexSecondary.Open("Select * From Mdbindex where Tarih='" + primary.Text("Tarih") + "'"));
 }
 
 std::string RunningNumbers::NextIndex(int mode, const std::string& key) {
   const Steps step("NextIndex");
-  Cursor& primary = parts_.cursors.IndexPrimary;
-  Cursor& secondary = parts_.cursors.IndexSecondary;
+  Cursor& primary = cursors_.IndexPrimary;
+  Cursor& secondary = cursors_.IndexSecondary;
   const std::string criteria = "Tarih='" + key + "'";
   const char* const counted = mode == 0 ? "Indexi" : "Serino";
   const char* const other = mode == 0 ? "Serino" : "Indexi";
 
-  Action action(parts_.world.stores, "NextIndex");
+  Action action(world_.stores, "NextIndex");
   // 1. The year's own row.
   step("find year", primary.FindFirst(criteria));
   if (primary.NoMatch()) {
@@ -64,16 +64,16 @@ std::string RunningNumbers::NextIndex(int mode, const std::string& key) {
 }
 
 std::string RunningNumbers::NextLineId() {
-  const std::string serial = NextIndex(0, Format(parts_.world.clock.Now(), "yyyy"));
+  const std::string serial = NextIndex(0, Format(world_.clock.Now(), "yyyy"));
   return Format(serial, TerminalNumber() + "0000000000");
 }
 
 std::string RunningNumbers::TerminalNumber() const {
-  return karvel::TerminalNumber(parts_.form.TerminalNo);
+  return karvel::TerminalNumber(form_.TerminalNo);
 }
 
 std::string RunningNumbers::DayBookTag() const {
-  return "WinKarvel" + PlainNumber(NumberOrZero(parts_.form.TerminalNo) - 1);
+  return "WinKarvel" + PlainNumber(NumberOrZero(form_.TerminalNo) - 1);
 }
 
 }  // namespace karvel

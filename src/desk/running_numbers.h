@@ -7,6 +7,7 @@
 #include <string>
 
 #include "desk/parts.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -27,7 +28,10 @@ class RunningNumbers {
  private:
   void FollowYear();  // IndexPrimary moved: IndexSecondary shows the counters of that year
 
-  DeskParts parts_;
+  FormState& form_;
+  Cursors& cursors_;
+  const World& world_;
+  Connections connections_;
 };
 
 }  // namespace karvel

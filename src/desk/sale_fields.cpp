@@ -44,32 +44,32 @@ void UnmarkFieldNames(Screen& screen) {
   for (int i = 0; i <= 6; ++i) screen.Label1(i).SetColor(color::kYellow);
 }
 
-SaleFields::SaleFields(const DeskParts& parts, PriceSelection& prices) : parts_(parts), prices_(prices) {
-  Screen& screen = parts_.screen;
+SaleFields::SaleFields(const DeskParts& parts, PriceSelection& prices)
+    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world), prices_(prices) {
+  Screen& screen = screen_;
   for (int i = 0; i < screen.Text2.Count(); ++i) {
     Element& box = screen.Text2(i);
     box.SetFontName("Agency FB");
-    box.changed.Connect([this, i] { Changed(i); });
-    box.gotFocus.Connect([this, i] { Focused(i); });
-    box.lostFocus.Connect([this, i] { Left(i); });
-    box.character.Connect([this, i](CharacterEvent& event) { Character(i, event); });
+    connections_ += box.changed.Connect([this, i] { Changed(i); });
+    connections_ += box.gotFocus.Connect([this, i] { Focused(i); });
+    connections_ += box.lostFocus.Connect([this, i] { Left(i); });
+    connections_ += box.character.Connect([this, i](CharacterEvent& event) { Character(i, event); });
   }
   screen.Label2.SetFontName("Agency FB");
   screen.Label5.SetFontName("Agency FB");
-  screen.Label2.changed.Connect([&screen] { screen.Label2.SetCaption(Format(screen.Label2.Caption(), "#,##0.00")); });
-  screen.Text3.changed.Connect([this] { TakePadValue(); });
+  connections_ += screen.Label2.changed.Connect([&screen] { screen.Label2.SetCaption(Format(screen.Label2.Caption(), "#,##0.00")); });
+  connections_ += screen.Text3.changed.Connect([this] { TakePadValue(); });
   for (int i = 0; i < screen.Label9.Count(); ++i) {
     Element& figure = screen.Label9(i);
-    figure.changed.Connect([&figure] {
+    connections_ += figure.changed.Connect([&figure] {
       if (figure.Caption().empty()) figure.SetCaption("0");
     });
   }
 }
 
 void SaleFields::Changed(int index) {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  if (form.RepositionGuard == 66) return;
-  Element& box = screen.Text2(index);
+  if (form_.RepositionGuard == 66) return;
+  Element& box = screen_.Text2(index);
   if (box.Text().empty()) {
     box.SetText("0");
     return;
@@ -81,10 +81,10 @@ void SaleFields::Changed(int index) {
   }
   if (index == kPrice) KeepFloor();
   if (index < kDiscount) {
-    const double amount = NumberOrZero(screen.Text2(kPrice).Text()) * NumberOrZero(screen.Text2(kQuantity).Text());
-    screen.Label2.SetCaption(Format(amount, form.PriceFormat));
+    const double amount = NumberOrZero(screen_.Text2(kPrice).Text()) * NumberOrZero(screen_.Text2(kQuantity).Text());
+    screen_.Label2.SetCaption(Format(amount, form_.PriceFormat));
   }
-  if (screen.Command2.Caption() == "Tamam") OpenMainButton();
+  if (screen_.Command2.Caption() == "Tamam") OpenMainButton();
   if (index == kPayment) {
     const std::string grouped = Grouped(box.Text());
     if (grouped != box.Text()) {
@@ -96,7 +96,7 @@ void SaleFields::Changed(int index) {
 }
 
 void SaleFields::KeepFloor() {
-  Element& price = parts_.screen.Text2(kPrice);
+  Element& price = screen_.Text2(kPrice);
   const std::string asked = price.Text();
   if (asked == floored_.shown) return;
   const bool typed = std::exchange(typing_, false);
@@ -106,90 +106,86 @@ void SaleFields::KeepFloor() {
 }
 
 void SaleFields::OpenMainButton() {
-  Screen& screen = parts_.screen;
+  Screen& screen = screen_;
   // While the list shows stock or deleted lines there is no customer to post to.
   const bool customers = !screen.StokChk.Checked() && !screen.SilinenChk.Checked();
   screen.Command2.SetEnabled(customers && NumberOrZero(screen.Text2(kQuantity).Text()) + NumberOrZero(screen.Text2(kPayment).Text()) != 0);
 }
 
 void SaleFields::Focused(int index) {
-  Screen& screen = parts_.screen;
+  Screen& screen = screen_;
   floored_ = {};
   typing_ = false;
-  parts_.form.ActiveFieldCode = static_cast<float>(index);
+  form_.ActiveFieldCode = static_cast<float>(index);
   UnmarkFieldNames(screen);
   screen.Label1(kNameOf[static_cast<std::size_t>(index)]).SetColor(color::kGreen);
   screen.Text2(index).CaretToEnd();
 }
 
 void SaleFields::Character(int index, CharacterEvent& event) {
-  auto& [screen, form, cursors, settings, world] = parts_;
   if (event.character == key::kEnter) {
     event.character = 0;
     if (index == kPrice) LookUpPriceText();
-    world.keyboard.Send(key::kTab);
+    world_.keyboard.Send(key::kTab);
     return;
   }
   if (index >= kDiscount || event.character < ' ') return;
   if (event.character == '.') event.character = ',';
   const bool sign = event.character == '-' || event.character == '+';
-  const std::string& shown = screen.Text2(index).Text();
-  if (index == kPrice && !sign && !floored_.shown.empty() && shown == floored_.shown && screen.Text2(index).SelectionLength() == 0) {
+  const std::string& shown = screen_.Text2(index).Text();
+  if (index == kPrice && !sign && !floored_.shown.empty() && shown == floored_.shown && screen_.Text2(index).SelectionLength() == 0) {
     // The floor stands where only the first digits of a price were: the next one goes on behind those.
     const std::string price = floored_.typed + LetterToUtf8(event.character);
     if (MayBecomeNumber(price)) {
       event.character = 0;
       typing_ = true;
-      screen.Text2(index).SetText(price);
+      screen_.Text2(index).SetText(price);
       return;
     }
   }
-  if (!sign && MayBecomeNumber(WithLetter(screen.Text2(index), event.character))) {
+  if (!sign && MayBecomeNumber(WithLetter(screen_.Text2(index), event.character))) {
     typing_ = index == kPrice;
     return;
   }
   event.character = 0;
-  world.keyboard.Beep();
+  world_.keyboard.Beep();
 }
 
 void SaleFields::Left(int index) {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  Element& box = screen.Text2(index);
+  Element& box = screen_.Text2(index);
   if (box.Text().empty()) box.SetText("0");
-  if (screen.Label4.Caption() == "Alış" && form.SerialEntryOn && NumberOrZero(screen.Text2(kQuantity).Text()) > 0) {
+  if (screen_.Label4.Caption() == "Alış" && form_.SerialEntryOn && NumberOrZero(screen_.Text2(kQuantity).Text()) > 0) {
     // More than there are pieces now: which of them to leave out only the goods can tell.
-    if (static_cast<double>(screen.List1.Items().size()) > NumberOrZero(screen.Text2(kQuantity).Text())) screen.List1.ClearItems();
-    screen.Frame4.SetVisible(true);
-    screen.Frame4.BringToFront();
+    if (static_cast<double>(screen_.List1.Items().size()) > NumberOrZero(screen_.Text2(kQuantity).Text())) screen_.List1.ClearItems();
+    screen_.Frame4.SetVisible(true);
+    screen_.Frame4.BringToFront();
     // The serials follow the quantity; whoever goes on to another field of the line, or back, is left to type there.
-    const Element* const next = screen.elements.Focused();
-    const bool onLine = next == &screen.Text2(kPrice) || next == &screen.Text2(kQuantity) || next == &screen.Text2(kDiscount);
-    if (!onLine && (index == kQuantity || next != &screen.Text2(kPayment))) screen.Text4.SetFocus();
+    const Element* const next = screen_.elements.Focused();
+    const bool onLine = next == &screen_.Text2(kPrice) || next == &screen_.Text2(kQuantity) || next == &screen_.Text2(kDiscount);
+    if (!onLine && (index == kQuantity || next != &screen_.Text2(kPayment))) screen_.Text4.SetFocus();
   }
 }
 
 void SaleFields::LookUpPriceText() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  Cursor& cards = cursors.StokData;
-  const std::string text = screen.Text2(kPrice).Text();
+  Cursor& cards = cursors_.StokData;
+  const std::string text = screen_.Text2(kPrice).Text();
   step("find barcode", cards.FindFirst("Barkod='" + text + "'"));
   if (cards.NoMatch()) step("find name", cards.FindFirst("StokAdi like '" + text + "*'"));
   if (cards.NoMatch()) return;
-  screen.Text2(kPrice).SetText(cards.Text("StokAdi"));
-  screen.Text6(5).SetText(cards.Text("Barkod"));
+  screen_.Text2(kPrice).SetText(cards.Text("StokAdi"));
+  screen_.Text6(5).SetText(cards.Text("Barkod"));
 }
 
 void SaleFields::TakePadValue() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  const std::string text = screen.Text3.Text();
+  const std::string text = screen_.Text3.Text();
   if (text.empty()) return;
-  const int field = static_cast<int>(form.ActiveFieldCode);
-  const double onHand = cursors.StokData.Number("KalanB");
-  if (field >= 0 && field < screen.Text2.Count()) {
-    const bool tooMuch = screen.Stoklu.Checked() && NumberOrZero(text) > onHand;
-    screen.Text2(field).SetText(tooMuch ? PlainNumber(onHand) : text);
+  const int field = static_cast<int>(form_.ActiveFieldCode);
+  const double onHand = cursors_.StokData.Number("KalanB");
+  if (field >= 0 && field < screen_.Text2.Count()) {
+    const bool tooMuch = screen_.Stoklu.Checked() && NumberOrZero(text) > onHand;
+    screen_.Text2(field).SetText(tooMuch ? PlainNumber(onHand) : text);
   }
-  screen.Text3.SetText("");
+  screen_.Text3.SetText("");
 }
 
 }  // namespace karvel

@@ -4,6 +4,7 @@
 
 #include "desk/parts.h"
 #include "desk/price_selection.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -26,10 +27,14 @@ class SaleFields {
   void LookUpPriceText();
   void TakePadValue();
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
+  const World& world_;
   PriceSelection& prices_;
   Floored floored_;
   bool typing_ = false;  // a letter is on its way into the price
+  Connections connections_;
 };
 
 // All field names Label1(0) to Label1(6) yellow, none marked.

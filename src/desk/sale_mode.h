@@ -5,6 +5,7 @@
 #include "desk/parts.h"
 #include "desk/price_selection.h"
 #include "desk/sale_fields.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -22,10 +23,15 @@ class SaleMode {
   void NextMode();  // Label4
   void TapStock();
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
+  Settings& settings_;
+  const World& world_;
   PriceSelection& prices_;
   SaleFields& fields_;
   DayTotal& dayTotal_;
+  Connections connections_;
 };
 
 }  // namespace karvel

@@ -16,7 +16,8 @@ namespace karvel {
 
 class SalePosting {
  public:
-  SalePosting(const DeskParts& parts, RunningNumbers& numbers) : parts_(parts), numbers_(numbers) {}
+  SalePosting(const DeskParts& parts, RunningNumbers& numbers)
+      : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world), numbers_(numbers) {}
 
   // Posts the line on the screen and resets the fields for the next. When the stores refuse it, nothing of the line is in them,
   // the fields stay for another try, and the outcome says why.
@@ -36,7 +37,10 @@ class SalePosting {
   void MoveBalance(const Line& line);
   void ResetFields();
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
+  const World& world_;
   RunningNumbers& numbers_;
 };
 

@@ -2,15 +2,15 @@
 
 namespace karvel {
 
-void OpenKeyboard(const DeskParts& parts, Element& field) {
-  parts.form.KeyboardOpen = true;
-  parts.screen.keyboardWanted(field);
+void OpenKeyboard(FormState& form, Screen& screen, Element& field) {
+  form.KeyboardOpen = true;
+  screen.keyboardWanted(field);
 }
 
-void CloseKeyboard(const DeskParts& parts) {
-  if (!parts.form.KeyboardOpen) return;
-  parts.form.KeyboardOpen = false;
-  parts.screen.keyboardDone();
+void CloseKeyboard(FormState& form, Screen& screen) {
+  if (!form.KeyboardOpen) return;
+  form.KeyboardOpen = false;
+  screen.keyboardDone();
 }
 
 }  // namespace karvel

@@ -6,26 +6,26 @@
 
 namespace karvel {
 
-ShutDown::ShutDown(const DeskParts& parts, WindowRule& windowRule) : parts_(parts), windowRule_(windowRule) {
-  parts_.screen.Command3.click.Connect([this] {
-    if (parts_.screen.Command3.Caption() == "Çıkış") parts_.world.window.Close();
+ShutDown::ShutDown(const DeskParts& parts, WindowRule& windowRule)
+    : screen_(parts.screen), form_(parts.form), settings_(parts.settings), world_(parts.world), windowRule_(windowRule) {
+  connections_ += screen_.Command3.click.Connect([this] {
+    if (screen_.Command3.Caption() == "Çıkış") world_.window.Close();
   });
 }
 
 bool ShutDown::CloseRequested(bool byProgram) {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  form.Closing = true;
-  screen.SetBusy(true);
-  if (!byProgram) world.window.SaveFitting("VelmoraKrv");
-  settings.SaveBoolean(Setting::WindowFixed, form.Sabit);
+  form_.Closing = true;
+  screen_.SetBusy(true);
+  if (!byProgram) world_.window.SaveFitting("VelmoraKrv");
+  settings_.SaveBoolean(Setting::WindowFixed, form_.Sabit);
   windowRule_.StopTimer();
-  screen.Frame5.SetVisible(true);
-  screen.Frame5.BringToFront();
-  CloseKeyboard(parts_);
-  form.PadOpen = false;
-  screen.Label16.SetCaption("Yedekleniyor.");
-  world.loop.RunPendingButInput();
-  screen.SetBusy(false);
+  screen_.Frame5.SetVisible(true);
+  screen_.Frame5.BringToFront();
+  CloseKeyboard(form_, screen_);
+  form_.PadOpen = false;
+  screen_.Label16.SetCaption("Yedekleniyor.");
+  world_.loop.RunPendingButInput();
+  screen_.SetBusy(false);
   return true;
 }
 

@@ -3,6 +3,7 @@
 
 #include "desk/parts.h"
 #include "desk/window_rule.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -13,8 +14,12 @@ class ShutDown {
   bool CloseRequested(bool byProgram);
 
  private:
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Settings& settings_;
+  const World& world_;
   WindowRule& windowRule_;
+  Connections connections_;
 };
 
 }  // namespace karvel

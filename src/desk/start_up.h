@@ -36,7 +36,11 @@ class StartUp {
   void LayOutGrids();
   bool Refuse(const Status& status);  // tells the clerk; false
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
+  Settings& settings_;
+  const World& world_;
   CustomerList& customers_;
   Options& options_;
   PriceSelection& prices_;

@@ -5,6 +5,7 @@
 #include "desk/customer_list.h"
 #include "desk/parts.h"
 #include "desk/price_selection.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -23,9 +24,12 @@ class TappedSearch {
   void LeftCustomer();
   void LeftProduct();
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
   CustomerList& customers_;
   PriceSelection& prices_;
+  Connections connections_;
 };
 
 }  // namespace karvel

@@ -4,14 +4,14 @@
 
 namespace karvel {
 
-WayOut::WayOut(const DeskParts& parts) : parts_(parts) {
-  parts_.screen.Form1.keyDown.Connect([this](KeyEvent& event) {
+WayOut::WayOut(const DeskParts& parts) : screen_(parts.screen) {
+  connections_ += screen_.Form1.keyDown.Connect([this](KeyEvent& event) {
     if (event.code == key::kEscape && Leave()) event.dropped = true;
   });
 }
 
 bool WayOut::Leave() {
-  Screen& screen = parts_.screen;
+  Screen& screen = screen_;
   for (const BookingPanel& panel : BookingPanels(screen)) {
     if (!panel.panel->IsShown()) continue;
     if (panel.wayOut) {

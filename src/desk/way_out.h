@@ -2,6 +2,7 @@
 #pragma once
 
 #include "desk/parts.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -13,7 +14,8 @@ class WayOut {
   // Whether there was a panel to leave.
   bool Leave();
 
-  DeskParts parts_;
+  Screen& screen_;
+  Connections connections_;
 };
 
 }  // namespace karvel

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "desk/parts.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -19,9 +20,13 @@ class WindowRule {
   void ChooseFont();
   void Press(int deadlineSeconds);
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  Settings& settings_;
+  const World& world_;
   std::shared_ptr<void> timer_;  // Timer1
   int ticks_ = 0;
+  Connections connections_;
 };
 
 }  // namespace karvel

@@ -64,20 +64,20 @@ std::vector<std::string> Lines(const std::string& bytes) {
 
 }  // namespace
 
-GridLayout::GridLayout(const DeskParts& parts, Signal<>& opening) : parts_(parts) {
-  Screen& screen = parts_.screen;
+GridLayout::GridLayout(const DeskParts& parts, Signal<>& opening) : screen_(parts.screen), form_(parts.form), world_(parts.world) {
+  Screen& screen = screen_;
   const std::array grids{&screen.CariGrid, &screen.StokGrid, &screen.HareketGrid, &screen.FatGrid, &screen.CariDBGrid};
   for (GridElement* const grid : grids) {
-    grid->columnsResized.Connect([this, grid] { Resized(*grid); });
-    grid->columnsSwitched.Connect([this, grid] { Load(*grid); });
-    opening.Connect([this, grid] { Load(*grid); });
+    connections_ += grid->columnsResized.Connect([this, grid] { Resized(*grid); });
+    connections_ += grid->columnsSwitched.Connect([this, grid] { Load(*grid); });
+    connections_ += opening.Connect([this, grid] { Load(*grid); });
   }
 }
 
 std::string GridLayout::Path(const GridElement& grid) const {
-  const Screen& screen = parts_.screen;
+  const Screen& screen = screen_;
   const char* const suffix = screen.CiroChk.Checked() ? "C" : screen.StokChk.Checked() ? "S" : "";
-  return parts_.form.DataDir + grid.Name() + suffix + ".dat";
+  return form_.DataDir + grid.Name() + suffix + ".dat";
 }
 
 void GridLayout::Load(GridElement& grid) {
@@ -85,9 +85,9 @@ void GridLayout::Load(GridElement& grid) {
   if (columns.empty()) return;
   const std::string path = Path(grid);
   std::string bytes;
-  const bool kept = parts_.world.files.Exists(path);
+  const bool kept = world_.files.Exists(path);
   if (kept) {
-    step("read", parts_.world.files.Read(path, bytes));
+    step("read", world_.files.Read(path, bytes));
     const std::vector<std::string> lines = Lines(bytes);
     for (std::size_t i = 0; i < std::min(lines.size(), columns.size()); ++i) {
       const auto record = ReadRecord(lines[i]);
@@ -113,7 +113,7 @@ void GridLayout::Save(GridElement& grid) {
 }
 
 void GridLayout::Resized(GridElement& grid) {
-  if (&grid == &parts_.screen.StokGrid) {
+  if (&grid == &screen_.StokGrid) {
     std::vector<GridColumn> columns = grid.Columns();
     StretchSecond(grid, columns);
     grid.SetColumns(std::move(columns));
@@ -125,7 +125,7 @@ void GridLayout::Write(const GridElement& grid) {
   std::string bytes;
   for (const GridColumn& column : grid.Columns())
     bytes += fmt::format("{},{}{}", static_cast<float>(column.width), column.visible ? "#TRUE#" : "#FALSE#", kLineEnd);
-  step("write", parts_.world.files.Write(Path(grid), bytes));
+  step("write", world_.files.Write(Path(grid), bytes));
 }
 
 void GridLayout::PadHeadings(const GridElement& grid, std::vector<GridColumn>& columns) const {
@@ -148,14 +148,14 @@ void GridLayout::FitToHeadings(const GridElement& grid, std::vector<GridColumn>&
 
 void GridLayout::StretchSecond(const GridElement& grid, std::vector<GridColumn>& columns) const {
   if (columns.size() < 2) return;
-  double rest = parts_.world.window.InnerWidth(grid.Name()) * kTwipsPerPixel;
+  double rest = world_.window.InnerWidth(grid.Name()) * kTwipsPerPixel;
   for (std::size_t i = 0; i < columns.size(); ++i)
     if (i != 1 && columns[i].visible) rest -= columns[i].width;
   columns[1].width = std::max(0.0, rest);
 }
 
 double GridLayout::TextWidth(const GridElement& grid, const std::string& text) const {
-  return text.empty() ? 0 : parts_.world.window.TextWidth(grid.Name(), text) * kTwipsPerPixel;
+  return text.empty() ? 0 : world_.window.TextWidth(grid.Name(), text) * kTwipsPerPixel;
 }
 
 }  // namespace karvel

@@ -38,7 +38,10 @@ class GridLayout {
   void StretchSecond(const GridElement& grid, std::vector<GridColumn>& columns) const;
   [[nodiscard]] double TextWidth(const GridElement& grid, const std::string& text) const;
 
-  DeskParts parts_;
+  Screen& screen_;
+  FormState& form_;
+  const World& world_;
+  Connections connections_;
 };
 
 }  // namespace karvel

@@ -10,9 +10,9 @@ constexpr int kDays = 30;
 const Steps step("Purge");
 }  // namespace
 
-Purge::Purge(const DeskParts& parts, Signal<>& opening) : parts_(parts) {
-  opening.Connect([this] {
-    if (parts_.screen.AySil.Checked() && IsDue(parts_.world.clock.Now())) Run();
+Purge::Purge(const DeskParts& parts, Signal<>& opening) : screen_(parts.screen), cursors_(parts.cursors), world_(parts.world) {
+  connections_ += opening.Connect([this] {
+    if (screen_.AySil.Checked() && IsDue(world_.clock.Now())) Run();
   });
 }
 
@@ -26,16 +26,16 @@ std::string Purge::Filter(const DateTime& day) {
 }
 
 void Purge::Run() {
-  auto& [screen, form, cursors, settings, world] = parts_;
-  const std::string filter = Filter(world.clock.Now());
-  Action action(world.stores, "Purge");
+  const std::string filter = Filter(world_.clock.Now());
+  Action action(world_.stores, "Purge");
   if (action.Begun().Ok()) {
-    step("ledger", world.stores.Execute(cursors.CariHarData.DatabaseName(), "DELETE FROM CariHareket Where " + filter));
-    step("movements", world.stores.Execute(cursors.StokHarData.DatabaseName(), "DELETE FROM StokHareket Where " + filter));
-    step("day book", world.stores.Execute(cursors.HareketData.DatabaseName(), "DELETE FROM Datam Where " + filter));
+    step("ledger", world_.stores.Execute(cursors_.CariHarData.DatabaseName(), "DELETE FROM CariHareket Where " + filter));
+    step("movements", world_.stores.Execute(cursors_.StokHarData.DatabaseName(), "DELETE FROM StokHareket Where " + filter));
+    step("day book", world_.stores.Execute(cursors_.HareketData.DatabaseName(), "DELETE FROM Datam Where " + filter));
   }
   step("commit", action.Finish());
-  for (Cursor* const cursor : {&cursors.CariHarData, &cursors.StokHarData, &cursors.HareketData}) step(cursor->Name(), cursor->Refresh());
+  for (Cursor* const cursor : {&cursors_.CariHarData, &cursors_.StokHarData, &cursors_.HareketData})
+    step(cursor->Name(), cursor->Refresh());
 }
 
 }  // namespace karvel

@@ -23,7 +23,10 @@ class Purge {
  private:
   void Run();
 
-  DeskParts parts_;
+  Screen& screen_;
+  Cursors& cursors_;
+  const World& world_;
+  Connections connections_;
 };
 
 }  // namespace karvel

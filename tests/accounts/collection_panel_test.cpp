@@ -116,7 +116,7 @@ TEST_F(CollectionPanelTest, with_a_printer_the_slip_is_pressed_once_after_the_po
   int pressed = 0;
   std::string lineThen;
   bool hidden = false, off = false;
-  At("Command5(1)").click.Connect([&] {
+  connections += At("Command5(1)").click.Connect([&] {
     ++pressed;
     lineThen = LastId();
     hidden = !At("DökNoYaz").Visible();
@@ -132,7 +132,7 @@ TEST_F(CollectionPanelTest, with_a_printer_the_slip_is_pressed_once_after_the_po
 
 TEST_F(CollectionPanelTest, without_a_printer_no_slip_is_pressed) {
   int pressed = 0;
-  At("Command5(1)").click.Connect([&] { ++pressed; });
+  connections += At("Command5(1)").click.Connect([&] { ++pressed; });
   Click("Command1");
   Click("Command7(1)");
   EXPECT_EQ(pressed, 0);
@@ -141,7 +141,7 @@ TEST_F(CollectionPanelTest, without_a_printer_no_slip_is_pressed) {
 TEST_F(CollectionPanelTest, a_store_that_refuses_keeps_the_panel_and_prints_nothing) {
   At("Command9").SetCaption("Yazıcı Var");
   int pressed = 0;
-  At("Command5(1)").click.Connect([&] { ++pressed; });
+  connections += At("Command5(1)").click.Connect([&] { ++pressed; });
   Click("Command1");
   stores->Close();
   Click("Command7(1)");
@@ -272,7 +272,7 @@ TEST_F(CollectionPanelTest, a_debt_that_another_terminal_has_taken_is_not_offere
 TEST_F(CollectionPanelTest, codes_that_came_meanwhile_are_entered_by_a_desk_that_takes_input_again) {
   Click("Command1");
   bool busy = true;
-  At("TahsilatFrame").altered.Connect([&] {
+  connections += At("TahsilatFrame").altered.Connect([&] {
     if (!At("TahsilatFrame").Visible()) busy = desk->screen.Busy() || !At("Command7(1)").Enabled();
   });
   Click("Command7(1)");

@@ -61,7 +61,7 @@ TEST_F(DayBookFollowTest, after_a_posting_the_balance_stands) {
 
 TEST_F(DayBookFollowTest, the_print_choice_leads_back_to_the_whole_day_book) {
   int printed = 0;
-  At("Command1").click.Connect([&printed] { ++printed; });
+  connections += At("Command1").click.Connect([&printed] { ++printed; });
   ASSERT_TRUE(desk->cursors.CariData.FindFirst("CariKod='C001'").Ok());
   At("Command5(1)").SetEnabled(false);
   At("Command5(2)").SetCaption("x");

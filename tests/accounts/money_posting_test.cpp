@@ -272,7 +272,7 @@ TEST_F(MoneyPostingTest, a_store_that_fails_at_the_end_leaves_nothing_of_the_mov
 
 TEST_F(MoneyPostingTest, the_button_is_off_and_busy_while_it_posts) {
   bool seen = false;
-  desk->cursors.HareketData.repositioned.Connect([&] {
+  connections += desk->cursors.HareketData.repositioned.Connect([&] {
     if (desk->screen.Busy() && At("Command2").Caption() == "Bekleyin" && !At("Command2").Enabled()) seen = true;
   });
   Pay("Ayşe Yılmaz", "10");
@@ -370,7 +370,7 @@ TEST_F(MoneyPostingTest, every_row_carries_the_one_time_read_at_the_start) {
   Front("C001");
   Set("Text2(2)", "10");
   // The clock goes on while the rows are written.
-  desk->cursors.CariHarData.repositioned.Connect([this] { clock.now = clock.now.PlusSeconds(60); });
+  connections += desk->cursors.CariHarData.repositioned.Connect([this] { clock.now = clock.now.PlusSeconds(60); });
   Click("Command2");
   EXPECT_NE(clock.now, (DateTime{2026, 3, 1, 10, 15, 0}));
   EXPECT_EQ(Ledger(LastId(), "=100")["Tarih"], "2026-03-01 10:15:00");

@@ -438,7 +438,7 @@ TEST_F(StockReceiptTest, each_row_reads_the_clock_anew) {
   Open();
   Search("Bulgur");
   Fill("8", "10", "5");
-  desk->cursors.StokHarData.repositioned.Connect([this] { clock.now = {2026, 3, 2, 0, 0, 1}; });
+  connections += desk->cursors.StokHarData.repositioned.Connect([this] { clock.now = {2026, 3, 2, 0, 0, 1}; });
   Click("StokAlCmd(1)");
   EXPECT_EQ(Movement(LastId())["Tarih"], "2026-03-01 10:15:00");
   EXPECT_EQ(Ledger(LastId(), "T001")["Tarih"], "2026-03-02 00:00:01");

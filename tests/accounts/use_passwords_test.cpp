@@ -22,7 +22,7 @@ class UsePasswordsTest : public DeskFixture {
         "('C001','Ayşe Yılmaz','Eski','2026-02-01 11:00:00','Iptal'),"
         "('C002','Bora Çetin','Yeni','2026-02-02 11:00:00','Iptal')");
     ASSERT_TRUE(Start());
-    desk->screen.popUp.Connect([this](Element& menu) { popUps.push_back(menu.Name()); });
+    connections += desk->screen.popUp.Connect([this](Element& menu) { popUps.push_back(menu.Name()); });
     ASSERT_TRUE(desk->cursors.CariData.FindFirst("CariKod='C001'").Ok());
   }
   void Keep(const std::string& key, const std::string& password) { settings.Save(kTerminal, "Size", key, password); }

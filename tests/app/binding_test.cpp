@@ -17,8 +17,8 @@ class BindingTest : public WindowTest {
 
 TEST_F(BindingTest, a_tap_on_a_label_clicks_once_and_a_double_tap_once_more_as_double) {
   int clicks = 0, doubles = 0;
-  screen.Label3.click.Connect([&] { ++clicks; });
-  screen.Label3.dblClick.Connect([&] { ++doubles; });
+  connections += screen.Label3.click.Connect([&] { ++clicks; });
+  connections += screen.Label3.dblClick.Connect([&] { ++doubles; });
   Tap(screen.Label3);
   EXPECT_EQ(clicks, 1);
   EXPECT_EQ(doubles, 0);
@@ -29,8 +29,8 @@ TEST_F(BindingTest, a_tap_on_a_label_clicks_once_and_a_double_tap_once_more_as_d
 
 TEST_F(BindingTest, a_press_that_ends_elsewhere_is_no_tap) {
   int clicks = 0, ups = 0;
-  screen.Label3.click.Connect([&] { ++clicks; });
-  screen.Label3.mouseUp.Connect([&](const MouseEvent&) { ++ups; });
+  connections += screen.Label3.click.Connect([&] { ++clicks; });
+  connections += screen.Label3.mouseUp.Connect([&](const MouseEvent&) { ++ups; });
   QTest::mousePress(Of(screen.Label3), Qt::LeftButton);
   QTest::mouseRelease(Of(screen.Label3), Qt::LeftButton, {}, QPoint(-20, -20));
   EXPECT_EQ(clicks, 0);
@@ -40,8 +40,8 @@ TEST_F(BindingTest, a_press_that_ends_elsewhere_is_no_tap) {
 TEST_F(BindingTest, a_right_press_tells_its_button_and_shift) {
   MouseEvent seen;
   int clicks = 0;
-  screen.Label1(7).mouseDown.Connect([&](const MouseEvent& event) { seen = event; });
-  screen.Label1(7).click.Connect([&] { ++clicks; });
+  connections += screen.Label1(7).mouseDown.Connect([&](const MouseEvent& event) { seen = event; });
+  connections += screen.Label1(7).click.Connect([&] { ++clicks; });
   QTest::mouseClick(Of(screen.Label1(7)), Qt::RightButton, Qt::ShiftModifier);
   EXPECT_EQ(seen.button, 2);
   EXPECT_TRUE(seen.shift);
@@ -50,8 +50,8 @@ TEST_F(BindingTest, a_right_press_tells_its_button_and_shift) {
 
 TEST_F(BindingTest, a_finger_held_on_a_label_is_the_right_press) {
   int rights = 0, clicks = 0;
-  screen.Label1(7).mouseDown.Connect([&](const MouseEvent& event) { rights += event.button == 2; });
-  screen.Label1(7).click.Connect([&] { ++clicks; });
+  connections += screen.Label1(7).mouseDown.Connect([&](const MouseEvent& event) { rights += event.button == 2; });
+  connections += screen.Label1(7).click.Connect([&] { ++clicks; });
   QTest::mousePress(Of(screen.Label1(7)), Qt::LeftButton);
   QTest::qWait(900);
   QTest::mouseRelease(Of(screen.Label1(7)), Qt::LeftButton);
@@ -61,7 +61,7 @@ TEST_F(BindingTest, a_finger_held_on_a_label_is_the_right_press) {
 
 TEST_F(BindingTest, buttons_click_by_finger_space_and_enter) {
   int clicks = 0;
-  screen.Command1.click.Connect([&] { ++clicks; });
+  connections += screen.Command1.click.Connect([&] { ++clicks; });
   Tap(screen.Command1);
   EXPECT_TRUE(Of(screen.Command1)->hasFocus());
   Strike(Of(screen.Command1), Qt::Key_Space, " ");
@@ -71,9 +71,9 @@ TEST_F(BindingTest, buttons_click_by_finger_space_and_enter) {
 
 TEST_F(BindingTest, press_and_release_of_a_button_frame_its_click) {
   std::string order;
-  screen.Command2.mouseDown.Connect([&](const MouseEvent&) { order += "down "; });
-  screen.Command2.mouseUp.Connect([&](const MouseEvent&) { order += "up "; });
-  screen.Command2.click.Connect([&] { order += "click "; });
+  connections += screen.Command2.mouseDown.Connect([&](const MouseEvent&) { order += "down "; });
+  connections += screen.Command2.mouseUp.Connect([&](const MouseEvent&) { order += "up "; });
+  connections += screen.Command2.click.Connect([&] { order += "click "; });
   Tap(screen.Command2);
   EXPECT_EQ(order, "down up click ");
 }
@@ -81,7 +81,7 @@ TEST_F(BindingTest, press_and_release_of_a_button_frame_its_click) {
 TEST_F(BindingTest, a_check_box_ticks_its_element_and_follows_it) {
   int clicks = 0;
   auto* const box = qobject_cast<QAbstractButton*>(Of(screen.StokChk));
-  screen.StokChk.click.Connect([&] { ++clicks; });
+  connections += screen.StokChk.click.Connect([&] { ++clicks; });
   Tap(screen.StokChk);
   EXPECT_TRUE(screen.StokChk.Checked());
   EXPECT_TRUE(box->isChecked());
@@ -91,7 +91,7 @@ TEST_F(BindingTest, a_check_box_ticks_its_element_and_follows_it) {
 }
 
 TEST_F(BindingTest, a_handler_that_clears_the_tick_leaves_it_cleared) {
-  screen.StokChk.click.Connect([&] { screen.StokChk.SetChecked(false); });
+  connections += screen.StokChk.click.Connect([&] { screen.StokChk.SetChecked(false); });
   Tap(screen.StokChk);
   EXPECT_FALSE(screen.StokChk.Checked());
   EXPECT_FALSE(qobject_cast<QAbstractButton*>(Of(screen.StokChk))->isChecked());
@@ -100,7 +100,7 @@ TEST_F(BindingTest, a_handler_that_clears_the_tick_leaves_it_cleared) {
 TEST_F(BindingTest, a_combo_shows_its_entries_and_a_choice_clicks) {
   auto* const combo = qobject_cast<QComboBox*>(Of(screen.GurupCombo));
   int clicks = 0;
-  screen.GurupCombo.click.Connect([&] { ++clicks; });
+  connections += screen.GurupCombo.click.Connect([&] { ++clicks; });
   screen.GurupCombo.SetItems({"Tüm Guruplar", "Şarküteri", "İçecek"});
   EXPECT_EQ(combo->count(), 3);
   EXPECT_EQ(combo->currentIndex(), -1);
@@ -127,7 +127,7 @@ TEST_F(BindingTest, a_list_tells_its_entry_also_when_tapped_again) {
   QTest::qWait(20);
   auto* const list = qobject_cast<QListWidget*>(Of(screen.List2));
   int clicks = 0;
-  screen.List2.click.Connect([&] { ++clicks; });
+  connections += screen.List2.click.Connect([&] { ++clicks; });
   const QPoint second = list->visualItemRect(list->item(1)).center();
   QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, second);
   EXPECT_EQ(screen.List2.ListIndex(), 1);
@@ -139,8 +139,8 @@ TEST_F(BindingTest, a_list_tells_its_entry_also_when_tapped_again) {
 TEST_F(BindingTest, the_focus_goes_both_ways) {
   std::string order;
   for (Element* const element : {&screen.Text1(0), &screen.Text5}) {
-    element->gotFocus.Connect([&order, element] { order += "+" + element->Name(); });
-    element->lostFocus.Connect([&order, element] { order += "-" + element->Name(); });
+    connections += element->gotFocus.Connect([&order, element] { order += "+" + element->Name(); });
+    connections += element->lostFocus.Connect([&order, element] { order += "-" + element->Name(); });
   }
   screen.Text1(0).SetFocus();
   EXPECT_TRUE(Of(screen.Text1(0))->hasFocus());
@@ -164,8 +164,8 @@ TEST_F(BindingTest, tab_goes_in_the_order_of_the_elements_past_what_is_hidden_or
 
 TEST_F(BindingTest, a_field_turned_off_and_on_again_keeps_the_keyboard) {
   int lost = 0, others = 0;
-  screen.Text1(0).lostFocus.Connect([&] { ++lost; });
-  screen.Text5.gotFocus.Connect([&] { ++others; });
+  connections += screen.Text1(0).lostFocus.Connect([&] { ++lost; });
+  connections += screen.Text5.gotFocus.Connect([&] { ++others; });
   Focus(screen.Text1(0));
   screen.Text1(0).SetEnabled(false);
   EXPECT_FALSE(Of(screen.Text1(0))->hasFocus());
@@ -178,7 +178,7 @@ TEST_F(BindingTest, a_field_turned_off_and_on_again_keeps_the_keyboard) {
 TEST_F(BindingTest, a_panel_that_closes_over_the_keyboard_gives_it_to_nobody_else) {
   int others = 0;
   for (Element* const element : screen.elements.All())
-    if (element != &screen.CariNew(0)) element->gotFocus.Connect([&] { ++others; });
+    if (element != &screen.CariNew(0)) connections += element->gotFocus.Connect([&] { ++others; });
   screen.CariFrm.SetVisible(true);
   Focus(screen.CariNew(0));
   screen.CariFrm.SetVisible(false);
@@ -193,8 +193,8 @@ TEST_F(BindingTest, a_focus_asked_for_inside_a_hidden_panel_arrives_when_it_show
 
 TEST_F(BindingTest, nothing_reaches_a_busy_desk) {
   int clicks = 0, keys = 0;
-  screen.Command1.click.Connect([&] { ++clicks; });
-  screen.Text1(0).keyDown.Connect([&](KeyEvent&) { ++keys; });
+  connections += screen.Command1.click.Connect([&] { ++clicks; });
+  connections += screen.Text1(0).keyDown.Connect([&](KeyEvent&) { ++keys; });
   Focus(screen.Text1(0));
   screen.SetBusy(true);
   Tap(screen.Command1);
@@ -209,7 +209,7 @@ TEST_F(BindingTest, nothing_reaches_a_busy_desk) {
 
 TEST_F(BindingTest, a_form_that_is_off_takes_no_taps_and_looks_as_before) {
   int clicks = 0;
-  screen.Command1.click.Connect([&] { ++clicks; });
+  connections += screen.Command1.click.Connect([&] { ++clicks; });
   screen.Form1.SetEnabled(false);
   Tap(screen.Command1);
   EXPECT_EQ(clicks, 0);
@@ -221,8 +221,8 @@ TEST_F(BindingTest, a_form_that_is_off_takes_no_taps_and_looks_as_before) {
 
 TEST_F(BindingTest, the_form_sees_a_key_first_and_may_drop_it) {
   int keys = 0;
-  screen.Form1.keyDown.Connect([](KeyEvent& event) { event.dropped = event.ctrl; });
-  screen.Text1(0).keyDown.Connect([&](KeyEvent&) { ++keys; });
+  connections += screen.Form1.keyDown.Connect([](KeyEvent& event) { event.dropped = event.ctrl; });
+  connections += screen.Text1(0).keyDown.Connect([&](KeyEvent&) { ++keys; });
   Focus(screen.Text1(0));
   Strike(Of(screen.Text1(0)), Qt::Key_Left, {}, Qt::ControlModifier);
   EXPECT_EQ(keys, 0);
@@ -232,7 +232,7 @@ TEST_F(BindingTest, the_form_sees_a_key_first_and_may_drop_it) {
 
 TEST_F(BindingTest, keys_reach_what_fingers_reach_by_a_double_tap) {
   int doubles = 0;
-  screen.Label1(0).dblClick.Connect([&] { ++doubles; });
+  connections += screen.Label1(0).dblClick.Connect([&] { ++doubles; });
   Focus(screen.Text1(0));
   Strike(Of(screen.Text1(0)), Qt::Key_F2);
   EXPECT_EQ(doubles, 1);
@@ -242,7 +242,7 @@ TEST_F(BindingTest, a_menu_entry_tells_its_tap_and_mirrors_the_check_mark) {
   QAction* const entry = window.ActionOf(screen.Stoklu);
   ASSERT_NE(entry, nullptr);
   int clicks = 0;
-  screen.Stoklu.click.Connect([&] { ++clicks; });
+  connections += screen.Stoklu.click.Connect([&] { ++clicks; });
   entry->trigger();
   EXPECT_EQ(clicks, 1);
   EXPECT_FALSE(entry->isChecked());  // only the element decides
@@ -263,7 +263,7 @@ TEST_F(BindingTest, a_pop_up_opens_when_the_desk_asks) {
 
 TEST_F(BindingTest, the_overdue_notice_moves_under_the_finger_and_goes_by_a_tap) {
   int clicks = 0;
-  screen.Vadefrm.click.Connect([&] { ++clicks; });
+  connections += screen.Vadefrm.click.Connect([&] { ++clicks; });
   screen.Vadefrm.SetVisible(true);
   QTest::qWait(20);
   QWidget* const notice = Of(screen.Vadefrm);

@@ -77,7 +77,7 @@ TEST_F(DeskGridTest, shows_the_visible_columns_with_their_formats) {
 TEST_F(DeskGridTest, a_tap_moves_the_cursor_before_the_element_hears_of_it) {
   Fill(30);
   std::string seen;
-  screen.StokGrid.click.Connect([&] { seen = cursor.Text("StokKod") + "/" + std::to_string(screen.StokGrid.Column()); });
+  connections += screen.StokGrid.click.Connect([&] { seen = cursor.Text("StokKod") + "/" + std::to_string(screen.StokGrid.Column()); });
   TapCell(4, 2);
   EXPECT_EQ(seen, "K0004/3");
   EXPECT_EQ(Grid()->CurrentRowNumber(), 4);
@@ -87,8 +87,8 @@ TEST_F(DeskGridTest, a_tap_moves_the_cursor_before_the_element_hears_of_it) {
 TEST_F(DeskGridTest, a_release_is_heard_with_the_tapped_row_in_front_and_before_the_tap) {
   Fill(30);
   std::string heard;
-  screen.StokGrid.mouseUp.Connect([&](const MouseEvent&) { heard += "up " + cursor.Text("StokKod") + " "; });
-  screen.StokGrid.click.Connect([&] { heard += "tap " + cursor.Text("StokKod"); });
+  connections += screen.StokGrid.mouseUp.Connect([&](const MouseEvent&) { heard += "up " + cursor.Text("StokKod") + " "; });
+  connections += screen.StokGrid.click.Connect([&] { heard += "tap " + cursor.Text("StokKod"); });
   TapCell(4, 1);
   EXPECT_EQ(heard, "up K0004 tap K0004");
 }
@@ -96,8 +96,8 @@ TEST_F(DeskGridTest, a_release_is_heard_with_the_tapped_row_in_front_and_before_
 TEST_F(DeskGridTest, a_double_tap_is_one_tap_and_one_double_tap) {
   Fill(5);
   int taps = 0, doubles = 0;
-  screen.StokGrid.click.Connect([&] { ++taps; });
-  screen.StokGrid.dblClick.Connect([&] { ++doubles; });
+  connections += screen.StokGrid.click.Connect([&] { ++taps; });
+  connections += screen.StokGrid.dblClick.Connect([&] { ++doubles; });
   DoubleTap(Grid()->viewport(), Grid()->CellRect(2, 1).center());
   EXPECT_EQ(taps, 1);
   EXPECT_EQ(doubles, 1);
@@ -107,7 +107,7 @@ TEST_F(DeskGridTest, a_double_tap_is_one_tap_and_one_double_tap) {
 TEST_F(DeskGridTest, a_heading_tells_its_column_number_hidden_ones_counted) {
   Fill(5);
   int column = -1;
-  screen.StokGrid.headClick.Connect([&](int number) { column = number; });
+  connections += screen.StokGrid.headClick.Connect([&](int number) { column = number; });
   QTest::mouseClick(Grid()->viewport(), Qt::LeftButton, {}, Grid()->HeadRect(2).center());
   EXPECT_EQ(column, 3);
 }
@@ -146,7 +146,7 @@ TEST_F(DeskGridTest, arrows_and_pages_move_the_current_record) {
 
 TEST_F(DeskGridTest, a_key_that_a_handler_drops_moves_nothing) {
   Fill(10);
-  screen.StokGrid.keyDown.Connect([](KeyEvent& event) { event.dropped = event.code == key::kDown; });
+  connections += screen.StokGrid.keyDown.Connect([](KeyEvent& event) { event.dropped = event.code == key::kDown; });
   Focus(screen.StokGrid);
   Strike(Grid(), Qt::Key_Down);
   EXPECT_EQ(cursor.Text("StokKod"), "K0000");
@@ -155,7 +155,7 @@ TEST_F(DeskGridTest, a_key_that_a_handler_drops_moves_nothing) {
 TEST_F(DeskGridTest, a_finger_drags_the_rows_and_taps_nothing) {
   Fill(200);
   int taps = 0;
-  screen.StokGrid.click.Connect([&] { ++taps; });
+  connections += screen.StokGrid.click.Connect([&] { ++taps; });
   QWidget* const body = Grid()->viewport();
   const QPoint from(80, body->height() - 20);
   QTest::mousePress(body, Qt::LeftButton, {}, from);
@@ -173,7 +173,7 @@ TEST_F(DeskGridTest, a_finger_drags_the_rows_and_taps_nothing) {
 TEST_F(DeskGridTest, a_dragged_border_tells_the_new_widths) {
   Fill(5);
   int resized = 0;
-  screen.StokGrid.columnsResized.Connect([&] { ++resized; });
+  connections += screen.StokGrid.columnsResized.Connect([&] { ++resized; });
   const QRect head = Grid()->HeadRect(0);
   QWidget* const body = Grid()->viewport();
   const QPoint from(head.right(), head.center().y());
@@ -208,8 +208,8 @@ TEST_F(DeskGridTest, a_row_added_shows_and_a_row_deleted_goes) {
 TEST_F(DeskGridTest, in_an_emptied_source_a_tap_is_one_on_the_list_and_on_no_row) {
   Fill(3);
   int taps = 0, releases = 0;
-  screen.StokGrid.click.Connect([&] { ++taps; });
-  screen.StokGrid.mouseUp.Connect([&](const MouseEvent&) { ++releases; });
+  connections += screen.StokGrid.click.Connect([&] { ++taps; });
+  connections += screen.StokGrid.mouseUp.Connect([&](const MouseEvent&) { ++releases; });
   const QPoint place = Grid()->CellRect(1, 1).center();
   ASSERT_TRUE(cursor.Open("Select * From StokKartlar Where StokKod='yok' Order By StokAdi ASC").Ok());
   Settle();
@@ -222,8 +222,8 @@ TEST_F(DeskGridTest, in_an_emptied_source_a_tap_is_one_on_the_list_and_on_no_row
 TEST_F(DeskGridTest, a_finger_held_on_a_row_is_the_right_press_on_it) {
   Fill(10);
   int rights = 0, taps = 0;
-  screen.StokGrid.mouseDown.Connect([&](const MouseEvent& event) { rights += event.button == 2; });
-  screen.StokGrid.click.Connect([&] { ++taps; });
+  connections += screen.StokGrid.mouseDown.Connect([&](const MouseEvent& event) { rights += event.button == 2; });
+  connections += screen.StokGrid.click.Connect([&] { ++taps; });
   const QPoint place = Grid()->CellRect(3, 1).center();
   QTest::mousePress(Grid()->viewport(), Qt::LeftButton, {}, place);
   QTest::qWait(900);
@@ -250,7 +250,7 @@ TEST_F(DeskGridTest, the_bar_of_a_long_list_goes_by_the_names) {
 TEST_F(DeskGridTest, many_changes_are_painted_once) {
   Fill(60);
   int reads = 0;
-  cursor.shown.Connect([&] { ++reads; });
+  connections += cursor.shown.Connect([&] { ++reads; });
   struct Paints : QObject {
     int count = 0;
     bool eventFilter(QObject*, QEvent* event) override {
@@ -268,7 +268,7 @@ TEST_F(DeskGridTest, many_changes_are_painted_once) {
 TEST_F(DeskGridTest, a_double_tap_means_one_row_also_when_the_first_tap_brings_new_ones) {
   Fill(5);
   bool arrived = false;
-  screen.StokGrid.click.Connect([&] {
+  connections += screen.StokGrid.click.Connect([&] {
     if (std::exchange(arrived, true)) return;
     Cursor other(stores, "other");
     other.SetDatabaseName(cursor.DatabaseName());
@@ -278,7 +278,7 @@ TEST_F(DeskGridTest, a_double_tap_means_one_row_also_when_the_first_tap_brings_n
     EXPECT_TRUE(other.Update().Ok());
   });
   std::string doubled;
-  screen.StokGrid.dblClick.Connect([&] { doubled = cursor.Text("StokKod"); });
+  connections += screen.StokGrid.dblClick.Connect([&] { doubled = cursor.Text("StokKod"); });
   DoubleTap(Grid()->viewport(), Grid()->CellRect(2, 1).center());
   EXPECT_EQ(doubled, "K0002");
   EXPECT_EQ(Grid()->ShownRows(1)[0][0], "NEW");
@@ -291,8 +291,8 @@ TEST_F(DeskGridTest, a_double_tap_means_one_row_also_when_the_first_tap_brings_n
 TEST_F(DeskGridTest, space_taps_the_row_in_front_and_enter_taps_it_twice) {
   Fill(5);
   std::string heard;
-  screen.StokGrid.click.Connect([&] { heard += "tap " + cursor.Text("StokKod") + " "; });
-  screen.StokGrid.dblClick.Connect([&] { heard += "double " + cursor.Text("StokKod") + " "; });
+  connections += screen.StokGrid.click.Connect([&] { heard += "tap " + cursor.Text("StokKod") + " "; });
+  connections += screen.StokGrid.dblClick.Connect([&] { heard += "double " + cursor.Text("StokKod") + " "; });
   Focus(screen.StokGrid);
   Strike(Of(screen.StokGrid), Qt::Key_Down);
   Strike(Of(screen.StokGrid), Qt::Key_Space, " ");
@@ -305,8 +305,8 @@ TEST_F(DeskGridTest, space_taps_the_row_in_front_and_enter_taps_it_twice) {
 TEST_F(DeskGridTest, a_finger_that_comes_up_is_always_heard) {
   Fill(5);
   int pressed = 0, released = 0;
-  screen.StokGrid.mouseDown.Connect([&](const MouseEvent&) { ++pressed; });
-  screen.StokGrid.released.Connect([&] { ++released; });
+  connections += screen.StokGrid.mouseDown.Connect([&](const MouseEvent&) { ++pressed; });
+  connections += screen.StokGrid.released.Connect([&] { ++released; });
   QWidget* const view = Grid()->viewport();
   const QPoint head = Grid()->HeadRect(0).center(), border = Grid()->HeadRect(1).topRight() + QPoint(0, 10);
   QTest::mouseClick(view, Qt::LeftButton, {}, head);

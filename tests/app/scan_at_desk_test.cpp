@@ -18,7 +18,7 @@ class ScanAtDeskTest : public DeskFixture {
     AddStock("S1", "Pirinç");
     AddStock("S2", "Şeker");
     EXPECT_TRUE(Start());
-    typed.codeRead.Connect([this](const std::string& code) { scanner.codeRead(code); });
+    connections += typed.codeRead.Connect([this](const std::string& code) { scanner.codeRead(code); });
     window_ = std::make_unique<DeskWindow>(desk->screen, DeskLife{});
     window_->show();
     (void)QTest::qWaitForWindowActive(window_.get());

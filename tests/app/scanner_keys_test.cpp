@@ -18,15 +18,15 @@ using Codes = std::vector<std::string>;
 class ScannerKeysTest : public WindowTest {
  protected:
   ScannerKeysTest() {
-    scanner.codeRead.Connect([this](const std::string& code) {
+    connections += scanner.codeRead.Connect([this](const std::string& code) {
       codes.push_back(code);
       if (handler) handler(code);
     });
     for (Element* const element : {static_cast<Element*>(&screen.StokGrid), &screen.Command1, &screen.Text2(1)}) {
-      element->keyDown.Connect([this](KeyEvent& event) { Note('+', event); });
-      element->keyUp.Connect([this](KeyEvent& event) { Note('-', event); });
+      connections += element->keyDown.Connect([this](KeyEvent& event) { Note('+', event); });
+      connections += element->keyUp.Connect([this](KeyEvent& event) { Note('-', event); });
     }
-    screen.Command1.click.Connect([this] { seen += "click "; });
+    connections += screen.Command1.click.Connect([this] { seen += "click "; });
     screen.CariGrid.SetVisible(false);
     screen.Frame2.SetVisible(true);
     screen.StokGrid.SetVisible(true);
@@ -119,7 +119,8 @@ TEST_F(ScannerKeysTest, letters_outside_ascii_and_capitals_belong_to_a_code) {
 
 TEST_F(ScannerKeysTest, an_entry_field_gets_a_burst_as_typing_at_once) {
   std::string order;
-  screen.Text1(1).character.Connect([&](CharacterEvent& event) { order += std::to_string(static_cast<int>(event.character)) + " "; });
+  connections +=
+      screen.Text1(1).character.Connect([&](CharacterEvent& event) { order += std::to_string(static_cast<int>(event.character)) + " "; });
   Focus(screen.Text1(1));
   Scan("8690");
   EXPECT_EQ(order, "56 54 57 48 13 ");
@@ -281,7 +282,7 @@ TEST_F(ScannerKeysTest, keys_that_the_desk_sends_are_not_held_back) {
 }
 
 TEST_F(ScannerKeysTest, letters_follow_the_focus_that_the_first_of_them_moved) {
-  screen.StokGrid.keyDown.Connect([this](KeyEvent&) { screen.Text2(1).SetFocus(); });
+  connections += screen.StokGrid.keyDown.Connect([this](KeyEvent&) { screen.Text2(1).SetFocus(); });
   screen.Text2(1).SetText("");
   Focus(screen.StokGrid);
   Fast("12");
@@ -317,7 +318,7 @@ TEST_F(ScannerKeysTest, a_focus_that_moves_under_a_burst_makes_no_amount_of_its_
 
 TEST_F(ScannerKeysTest, what_is_typed_while_a_letter_arrives_comes_behind_it) {
   QtEventLoop loop;
-  screen.StokGrid.keyDown.Connect([&](KeyEvent& event) {
+  connections += screen.StokGrid.keyDown.Connect([&](KeyEvent& event) {
     if (event.code == 'A') loop.Wait(120);
   });
   Focus(screen.StokGrid);

@@ -25,7 +25,7 @@ using Codes = std::vector<std::string>;
 class SerialScannerTest : public ::testing::Test {
  protected:
   SerialScannerTest() {
-    scanner.codeRead.Connect([this](const std::string& code) {
+    connections += scanner.codeRead.Connect([this](const std::string& code) {
       codes.push_back(code);
       deepest = std::max(deepest, ++depth);
       if (handler) handler(code);
@@ -69,6 +69,7 @@ class SerialScannerTest : public ::testing::Test {
   Codes codes;
   std::function<void(const std::string&)> handler;
   int depth = 0, deepest = 0;
+  Connections connections;
 };
 
 TEST_F(SerialScannerTest, a_code_comes_without_its_end_mark) {
@@ -201,7 +202,7 @@ TEST_F(SerialScannerTest, no_port_named_means_the_first_scanner_found) {
 
 TEST_F(SerialScannerTest, a_device_beside_other_ways_is_opened_only_where_it_is_named) {
   SerialScanner beside(settings, SerialScanner::Device::IfNamed);
-  beside.codeRead.Connect([this](const std::string& code) { codes.push_back(code); });
+  connections += beside.codeRead.Connect([this](const std::string& code) { codes.push_back(code); });
   EXPECT_TRUE(beside.Start());
   beside.Take("1");
   beside.Stop();

@@ -30,10 +30,11 @@ TEST_F(TextFieldTest, turkish_letters_typed_reach_the_element) {
 TEST_F(TextFieldTest, one_key_goes_down_character_change_up) {
   std::string order;
   Element& text = screen.Text1(0);
-  text.keyDown.Connect([&](KeyEvent& event) { order += "down" + std::to_string(event.code) + " "; });
-  text.character.Connect([&](CharacterEvent& event) { order += "char" + std::to_string(static_cast<int>(event.character)) + " "; });
-  text.changed.Connect([&] { order += "change "; });
-  text.keyUp.Connect([&](KeyEvent&) { order += "up "; });
+  connections += text.keyDown.Connect([&](KeyEvent& event) { order += "down" + std::to_string(event.code) + " "; });
+  connections +=
+      text.character.Connect([&](CharacterEvent& event) { order += "char" + std::to_string(static_cast<int>(event.character)) + " "; });
+  connections += text.changed.Connect([&] { order += "change "; });
+  connections += text.keyUp.Connect([&](KeyEvent&) { order += "up "; });
   Focus(text);
   Strike(Of(text), Qt::Key_A, "a");
   EXPECT_EQ(order, "down65 char97 change up ");
@@ -47,7 +48,7 @@ TEST_F(TextFieldTest, one_key_goes_down_character_change_up) {
 }
 
 TEST_F(TextFieldTest, a_handler_alters_the_letter) {
-  screen.Text2(0).character.Connect([](CharacterEvent& event) {
+  connections += screen.Text2(0).character.Connect([](CharacterEvent& event) {
     if (event.character == U'.') event.character = U',';
     if (event.character == U'i') event.character = U'İ';
   });
@@ -60,8 +61,8 @@ TEST_F(TextFieldTest, a_handler_alters_the_letter) {
 
 TEST_F(TextFieldTest, a_dropped_letter_changes_nothing_and_the_key_still_comes_up) {
   int ups = 0;
-  screen.Text1(0).character.Connect([](CharacterEvent& event) { event.character = 0; });
-  screen.Text1(0).keyUp.Connect([&](KeyEvent&) { ++ups; });
+  connections += screen.Text1(0).character.Connect([](CharacterEvent& event) { event.character = 0; });
+  connections += screen.Text1(0).keyUp.Connect([&](KeyEvent&) { ++ups; });
   Focus(screen.Text1(0));
   Type(Of(screen.Text1(0)), "ş");
   EXPECT_EQ(screen.Text1(0).Text(), "");
@@ -72,8 +73,8 @@ TEST_F(TextFieldTest, a_dropped_letter_changes_nothing_and_the_key_still_comes_u
 TEST_F(TextFieldTest, a_dropped_key_has_no_character_and_no_edit) {
   int characters = 0;
   screen.Text1(0).SetText("ab");
-  screen.Text1(0).keyDown.Connect([](KeyEvent& event) { event.dropped = true; });
-  screen.Text1(0).character.Connect([&](CharacterEvent&) { ++characters; });
+  connections += screen.Text1(0).keyDown.Connect([](KeyEvent& event) { event.dropped = true; });
+  connections += screen.Text1(0).character.Connect([&](CharacterEvent&) { ++characters; });
   Focus(screen.Text1(0));
   Type(Of(screen.Text1(0)), "x");
   Strike(Of(screen.Text1(0)), Qt::Key_Delete);
@@ -98,7 +99,7 @@ TEST_F(TextFieldTest, the_caret_follows_the_edit) {
 
 TEST_F(TextFieldTest, a_change_handler_may_rewrite_the_text_and_place_the_caret) {
   Element& text = screen.Text1(0);
-  text.changed.Connect([&] {
+  connections += text.changed.Connect([&] {
     if (text.Text() == "a") text.SetText("a0,00");
     text.CaretToEnd();
   });
@@ -110,7 +111,7 @@ TEST_F(TextFieldTest, a_change_handler_may_rewrite_the_text_and_place_the_caret)
 
 TEST_F(TextFieldTest, the_field_completes_itself_at_key_up) {
   Element& text = screen.Text1(0);
-  text.keyUp.Connect([&](KeyEvent&) {
+  connections += text.keyUp.Connect([&](KeyEvent&) {
     const int caret = text.SelectionStart();
     text.SetText("Çaykaya Tereyağı");
     text.Select(caret, 16 - caret);
@@ -140,7 +141,7 @@ TEST_F(TextFieldTest, a_locked_field_takes_focus_and_keys_but_no_letters) {
   int characters = 0;
   screen.Text1(0).SetText("12");
   screen.Text1(0).SetLocked(true);
-  screen.Text1(0).character.Connect([&](CharacterEvent&) { ++characters; });
+  connections += screen.Text1(0).character.Connect([&](CharacterEvent&) { ++characters; });
   Focus(screen.Text1(0));
   Type(Of(screen.Text1(0)), "3");
   EXPECT_EQ(characters, 1);
@@ -150,7 +151,7 @@ TEST_F(TextFieldTest, a_locked_field_takes_focus_and_keys_but_no_letters) {
 TEST_F(TextFieldTest, ctrl_with_a_letter_is_no_character) {
   int characters = 0;
   screen.Text1(0).SetText("abc");
-  screen.Text1(0).character.Connect([&](CharacterEvent&) { ++characters; });
+  connections += screen.Text1(0).character.Connect([&](CharacterEvent&) { ++characters; });
   Focus(screen.Text1(0));
   Strike(Of(screen.Text1(0)), Qt::Key_A, "\x01", Qt::ControlModifier);
   EXPECT_EQ(characters, 0);
@@ -159,7 +160,7 @@ TEST_F(TextFieldTest, ctrl_with_a_letter_is_no_character) {
 
 TEST_F(TextFieldTest, a_tap_that_brings_the_focus_leaves_the_caret_where_the_desk_put_it) {
   Element& amount = screen.Text2(2);
-  amount.gotFocus.Connect([&amount] { amount.CaretToEnd(); });
+  connections += amount.gotFocus.Connect([&amount] { amount.CaretToEnd(); });
   amount.SetText("0");
   QTest::mouseClick(Of(amount), Qt::LeftButton, {}, QPoint(6, Of(amount)->height() / 2));
   ASSERT_TRUE(Of(amount)->hasFocus());
@@ -170,7 +171,7 @@ TEST_F(TextFieldTest, a_tap_that_brings_the_focus_leaves_the_caret_where_the_des
   Type(Of(amount), "7");
   EXPECT_EQ(amount.Text(), "705");
   Element& name = screen.Text1(0);
-  name.gotFocus.Connect([&name] { name.SelectAll(); });
+  connections += name.gotFocus.Connect([&name] { name.SelectAll(); });
   name.SetText("Ayşe");
   QTest::mouseClick(Of(name), Qt::LeftButton, {}, QPoint(20, Of(name)->height() / 2));
   EXPECT_EQ(Line(name)->selectedText(), "Ayşe");

@@ -41,6 +41,7 @@ class WindowTest : public ::testing::Test {
   }
 
   Screen screen;
+  Connections connections;  // what a test hears
   bool mayClose = true;
   std::vector<bool> closeRequests;
   int activations = 0;

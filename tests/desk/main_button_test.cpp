@@ -18,8 +18,8 @@ class MainButtonTest : public AccountsFixture {
   }
   // Caption and pointer while the button works, as often as they change.
   void Watch() {
-    At("Command2").changed.Connect([this] { seen.push_back(At("Command2").Caption()); });
-    desk->screen.pointerChanged.Connect([this](bool busy) { seen.push_back(busy ? "busy" : "normal"); });
+    connections += At("Command2").changed.Connect([this] { seen.push_back(At("Command2").Caption()); });
+    connections += desk->screen.pointerChanged.Connect([this](bool busy) { seen.push_back(busy ? "busy" : "normal"); });
   }
   Lines seen;
 };
@@ -28,7 +28,7 @@ TEST_F(MainButtonTest, it_is_off_and_says_wait_under_a_busy_pointer_while_a_sale
   EnterSale("Ayşe Yılmaz");
   PickItem("1001");
   bool waiting = false;
-  desk->cursors.StokHarData.repositioned.Connect(
+  connections += desk->cursors.StokHarData.repositioned.Connect(
       [&] { waiting = desk->screen.Busy() && At("Command2").Caption() == "Bekleyin" && !At("Command2").Enabled() && !scanner.enabled; });
   Post("1");
   EXPECT_TRUE(waiting);
@@ -187,7 +187,7 @@ TEST_F(MainButtonTest, a_second_tap_while_a_line_is_posted_posts_nothing) {
   PickItem("1001");
   Set("Text2(1)", "2");
   int taps = 0;
-  At("Command2").changed.Connect([&] {
+  connections += At("Command2").changed.Connect([&] {
     if (At("Command2").Caption() != "Bekleyin") return;
     ++taps;
     At("Command2").Press();  // nothing happens while the button is off

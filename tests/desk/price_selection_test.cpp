@@ -525,7 +525,7 @@ TEST_F(PriceSelectionTest, a_percent_of_zero_is_taken_and_kept) {
 
 TEST_F(PriceSelectionTest, a_right_press_on_the_price_name_opens_the_percent_menu) {
   std::vector<const Element*> opened;
-  desk->screen.popUp.Connect([&opened](Element& menu) { opened.push_back(&menu); });
+  connections += desk->screen.popUp.Connect([&opened](Element& menu) { opened.push_back(&menu); });
   At("Label1(2)").mouseDown(MouseEvent{.button = 1});
   EXPECT_TRUE(opened.empty());
   At("Label1(2)").mouseDown(MouseEvent{.button = 2});

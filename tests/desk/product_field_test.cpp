@@ -457,7 +457,7 @@ TEST_F(ProductFieldTest, the_scanner_is_off_during_a_double_tap) {
 TEST_F(ProductFieldTest, the_scanner_is_off_while_a_line_is_posted) {
   PickItem("1001");
   std::vector<bool> seen;
-  At("Command2").changed.Connect([&] {
+  connections += At("Command2").changed.Connect([&] {
     if (At("Command2").Caption() == "Bekleyin") seen.push_back(scanner.enabled);
   });
   Post("2");

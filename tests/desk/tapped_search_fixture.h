@@ -25,8 +25,8 @@ class TappedSearchFixture : public DeskFixture {
     AddStock("1002", "Pirinç Osmancık", "Fiyat=40");
     AddStock("1003", "Şeker", "Fiyat=20");
     ASSERT_TRUE(Start());
-    desk->screen.keyboardWanted.Connect([this](Element& field) { wanted.push_back(field.Name()); });
-    desk->screen.keyboardDone.Connect([this] { ++done; });
+    connections += desk->screen.keyboardWanted.Connect([this](Element& field) { wanted.push_back(field.Name()); });
+    connections += desk->screen.keyboardDone.Connect([this] { ++done; });
   }
   Names Customers() { return FirstOf(desk->cursors.CariData, 1); }
   Names Items() { return FirstOf(desk->cursors.StokData, 1); }

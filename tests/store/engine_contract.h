@@ -45,6 +45,7 @@ class EngineContract : public ::testing::TestWithParam<EngineFactory> {
   std::unique_ptr<EngineKind> kind_;
   EngineWatch watch_;
   Stores stores_;
+  Connections connections;  // what a test hears
 };
 
 inline std::unique_ptr<Cursor> Opened(Stores& stores, const std::string& file, const std::string& source) {

@@ -128,7 +128,7 @@ TEST_P(EngineContract, a_commit_that_fails_leaves_nothing_and_every_cursor_reads
   auto deleted = Customers(stores_);
   ASSERT_TRUE(deleted->FindFirst("CariKod='B'").Ok());
   int shown = 0;
-  edited->shown.Connect([&] { ++shown; });
+  connections += edited->shown.Connect([&] { ++shown; });
   Action action(stores_, "failing");
   ASSERT_TRUE(edited->Edit().Ok());
   edited->Set("Unvan", "Veli");
@@ -164,8 +164,8 @@ TEST_P(EngineContract, grids_are_told_once_when_an_action_wrote_to_their_table) 
   auto lines = Opened(stores_, "Karvel.mdb", "Datam");
   int cardsShown = 0;
   int linesShown = 0;
-  cards->shown.Connect([&] { ++cardsShown; });
-  lines->shown.Connect([&] { ++linesShown; });
+  connections += cards->shown.Connect([&] { ++cardsShown; });
+  connections += lines->shown.Connect([&] { ++linesShown; });
   AddCustomers(stores_, {"A", "B", "C"});
   EXPECT_EQ(cardsShown, 1);
   EXPECT_EQ(linesShown, 0);

@@ -208,7 +208,7 @@ TEST_P(EngineContract, a_failed_find_leaves_the_current_record_and_sets_no_match
   auto cursor = Customers(stores_);
   ASSERT_TRUE(cursor->FindFirst("CariKod='B'").Ok());
   int fired = 0;
-  cursor->repositioned.Connect([&] { ++fired; });
+  connections += cursor->repositioned.Connect([&] { ++fired; });
   const LoggedLines log;
   EXPECT_EQ(cursor->FindFirst("CariKod='Z'").Kind(), ErrorKind::NoRecord);
   EXPECT_TRUE(cursor->NoMatch());
@@ -331,8 +331,8 @@ TEST_P(EngineContract, every_change_of_the_current_record_and_every_refresh_fire
   auto cursor = Customers(stores_);
   int fired = 0;
   int shown = 0;
-  cursor->repositioned.Connect([&] { ++fired; });
-  cursor->shown.Connect([&] { ++shown; });
+  connections += cursor->repositioned.Connect([&] { ++fired; });
+  connections += cursor->shown.Connect([&] { ++shown; });
   ASSERT_TRUE(cursor->Refresh().Ok());
   EXPECT_EQ(fired, 1);
   ASSERT_TRUE(cursor->MoveNext().Ok());
@@ -363,7 +363,7 @@ TEST_P(EngineContract, a_handler_of_a_move_may_use_and_move_its_own_cursor) {
   auto other = Customers(stores_);
   int depth = 0;
   std::string seen;
-  cursor->repositioned.Connect([&] {
+  connections += cursor->repositioned.Connect([&] {
     if (++depth == 1) {
       seen = cursor->Text("CariKod");
       EXPECT_TRUE(other->FindFirst("CariKod='" + seen + "'").Ok());

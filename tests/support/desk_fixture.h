@@ -73,6 +73,7 @@ class DeskFixture : public ::testing::Test {
   std::unique_ptr<Desk> desk;
   std::unique_ptr<Accounts> accounts;
   std::unique_ptr<Exchange> exchange;
+  Connections connections;  // what a test hears
 };
 
 }  // namespace karvel
