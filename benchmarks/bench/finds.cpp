@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "bench/bare_engine.h"
-#include "desk/sources.h"
+#include "books/sources.h"
 #include "store/cursor.h"
 #include "store/sqlite/sqlite_engine.h"
 #include "store/stores.h"

@@ -8,7 +8,7 @@
 
 #include "bench/bare_engine.h"
 #include "bench/till.h"
-#include "desk/sources.h"
+#include "books/sources.h"
 #include "text/turkish.h"
 
 namespace karvel::bench {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "books/stored_cards.h"
 #include "desk/refusal.h"
-#include "desk/stored_cards.h"
 #include "text/format.h"
 
 namespace karvel {

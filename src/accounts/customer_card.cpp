@@ -3,10 +3,10 @@
 #include <array>
 #include <string_view>
 
+#include "books/sources.h"
+#include "books/steps.h"
 #include "desk/refusal.h"
 #include "desk/screen_keyboard.h"
-#include "desk/sources.h"
-#include "desk/steps.h"
 #include "platform/keyboard.h"
 #include "platform/messages.h"
 #include "text/turkish.h"

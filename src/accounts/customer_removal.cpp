@@ -1,8 +1,8 @@
 #include "accounts/customer_removal.h"
 
+#include "books/sources.h"
+#include "books/steps.h"
 #include "desk/refusal.h"
-#include "desk/sources.h"
-#include "desk/steps.h"
 #include "platform/messages.h"
 
 namespace karvel {

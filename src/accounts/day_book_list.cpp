@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "accounts/row_deletion.h"
-#include "desk/sources.h"
-#include "desk/steps.h"
+#include "books/sources.h"
+#include "books/steps.h"
 #include "text/format.h"
 
 namespace karvel {

@@ -1,6 +1,6 @@
 #include "accounts/deleted_lines.h"
 
-#include "desk/steps.h"
+#include "books/steps.h"
 
 namespace karvel {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cctype>
 
-#include "desk/steps.h"
+#include "books/steps.h"
 #include "text/turkish.h"
 
 namespace karvel {

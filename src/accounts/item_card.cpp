@@ -1,7 +1,7 @@
 #include "accounts/item_card.h"
 
-#include "desk/sources.h"
-#include "desk/steps.h"
+#include "books/sources.h"
+#include "books/steps.h"
 
 namespace karvel {
 namespace {

@@ -1,10 +1,10 @@
 #include "accounts/line_cancellation.h"
 
 #include "accounts/line_in_front.h"
-#include "desk/balance.h"
+#include "books/card_balance.h"
+#include "books/sources.h"
+#include "books/steps.h"
 #include "desk/main_button.h"
-#include "desk/sources.h"
-#include "desk/steps.h"
 #include "platform/messages.h"
 #include "text/format.h"
 #include "text/turkish.h"

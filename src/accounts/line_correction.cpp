@@ -3,11 +3,11 @@
 #include <algorithm>
 
 #include "accounts/line_in_front.h"
-#include "desk/balance.h"
+#include "books/card_balance.h"
+#include "books/safe_calc.h"
+#include "books/sources.h"
+#include "books/steps.h"
 #include "desk/main_button.h"
-#include "desk/safe_calc.h"
-#include "desk/sources.h"
-#include "desk/steps.h"
 #include "text/format.h"
 
 namespace karvel {

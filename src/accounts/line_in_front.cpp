@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "desk/steps.h"
+#include "books/steps.h"
 
 namespace karvel {
 namespace {

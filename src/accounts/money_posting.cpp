@@ -3,10 +3,10 @@
 #include <array>
 #include <string_view>
 
-#include "desk/balance.h"
+#include "books/card_balance.h"
+#include "books/sources.h"
+#include "books/steps.h"
 #include "desk/main_button.h"
-#include "desk/sources.h"
-#include "desk/steps.h"
 #include "platform/clock.h"
 #include "text/format.h"
 

@@ -1,7 +1,7 @@
 #include "accounts/row_deletion.h"
 
+#include "books/steps.h"
 #include "desk/refusal.h"
-#include "desk/steps.h"
 #include "platform/files.h"
 #include "platform/shell.h"
 #include "store/cursor.h"

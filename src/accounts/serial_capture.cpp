@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "desk/sources.h"
-#include "desk/steps.h"
+#include "books/sources.h"
+#include "books/steps.h"
 #include "platform/messages.h"
 #include "text/format.h"
 #include "text/turkish.h"

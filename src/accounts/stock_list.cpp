@@ -1,12 +1,12 @@
 #include "accounts/stock_list.h"
 
 #include "accounts/row_deletion.h"
+#include "books/sources.h"
+#include "books/steps.h"
 #include "desk/booking_panels.h"
 #include "desk/list_columns.h"
 #include "desk/refresh.h"
 #include "desk/screen_keyboard.h"
-#include "desk/sources.h"
-#include "desk/steps.h"
 #include "text/turkish.h"
 
 namespace karvel {

@@ -2,11 +2,11 @@
 
 #include <utility>
 
-#include "desk/balance.h"
+#include "books/card_balance.h"
+#include "books/sources.h"
+#include "books/steps.h"
+#include "books/stored_cards.h"
 #include "desk/refusal.h"
-#include "desk/sources.h"
-#include "desk/steps.h"
-#include "desk/stored_cards.h"
 #include "platform/clock.h"
 #include "platform/keyboard.h"
 #include "text/format.h"

@@ -1,7 +1,7 @@
 #include "accounts/use_passwords.h"
 
-#include "desk/sources.h"
-#include "desk/steps.h"
+#include "books/sources.h"
+#include "books/steps.h"
 #include "platform/messages.h"
 #include "platform/window.h"
 

@@ -1,7 +1,7 @@
 #include "desk/day_total.h"
 
-#include "desk/sources.h"
-#include "desk/steps.h"
+#include "books/sources.h"
+#include "books/steps.h"
 #include "platform/clock.h"
 #include "text/format.h"
 

@@ -1,8 +1,8 @@
 #include "desk/list_filter.h"
 
+#include "books/sources.h"
+#include "books/steps.h"
 #include "desk/list_in_front.h"
-#include "desk/sources.h"
-#include "desk/steps.h"
 #include "text/turkish.h"
 
 namespace karvel {

@@ -1,10 +1,10 @@
 #include "desk/main_button.h"
 
+#include "books/sources.h"
+#include "books/stored_cards.h"
 #include "desk/completion.h"
 #include "desk/list_in_front.h"
 #include "desk/refusal.h"
-#include "desk/sources.h"
-#include "desk/stored_cards.h"
 #include "platform/messages.h"
 #include "platform/scanner.h"
 #include "text/format.h"

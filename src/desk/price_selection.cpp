@@ -3,9 +3,9 @@
 #include <array>
 #include <string_view>
 
-#include "desk/safe_calc.h"
-#include "desk/sources.h"
-#include "desk/steps.h"
+#include "books/safe_calc.h"
+#include "books/sources.h"
+#include "books/steps.h"
 #include "platform/messages.h"
 #include "text/format.h"
 #include "text/turkish.h"

@@ -1,9 +1,9 @@
 #include "desk/product_field.h"
 
+#include "books/sources.h"
+#include "books/steps.h"
 #include "desk/completion.h"
 #include "desk/screen_keyboard.h"
-#include "desk/sources.h"
-#include "desk/steps.h"
 #include "platform/event_loop.h"
 #include "platform/keyboard.h"
 #include "platform/scanner.h"

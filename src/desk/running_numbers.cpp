@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "desk/steps.h"
+#include "books/steps.h"
 #include "platform/clock.h"
 #include "settings/terminal.h"
 #include "text/format.h"

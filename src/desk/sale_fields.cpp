@@ -3,7 +3,7 @@
 #include <array>
 #include <utility>
 
-#include "desk/steps.h"
+#include "books/steps.h"
 #include "platform/keyboard.h"
 #include "text/format.h"
 #include "text/turkish.h"

@@ -3,10 +3,10 @@
 #include <array>
 #include <string_view>
 
-#include "desk/balance.h"
-#include "desk/safe_calc.h"
-#include "desk/sources.h"
-#include "desk/steps.h"
+#include "books/card_balance.h"
+#include "books/safe_calc.h"
+#include "books/sources.h"
+#include "books/steps.h"
 #include "platform/clock.h"
 #include "platform/event_loop.h"
 #include "text/format.h"

@@ -2,9 +2,9 @@
 
 #include <fmt/format.h>
 
+#include "books/sources.h"
+#include "books/steps.h"
 #include "desk/list_columns.h"
-#include "desk/sources.h"
-#include "desk/steps.h"
 #include "platform/clock.h"
 #include "platform/connection.h"
 #include "platform/event_loop.h"

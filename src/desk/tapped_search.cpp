@@ -1,11 +1,11 @@
 #include "desk/tapped_search.h"
 
+#include "books/sources.h"
+#include "books/steps.h"
 #include "desk/completion.h"
 #include "desk/list_in_front.h"
 #include "desk/new_cards.h"
 #include "desk/screen_keyboard.h"
-#include "desk/sources.h"
-#include "desk/steps.h"
 #include "text/format.h"
 #include "text/turkish.h"
 

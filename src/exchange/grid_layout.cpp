@@ -8,7 +8,7 @@
 #include <optional>
 #include <string_view>
 
-#include "desk/steps.h"
+#include "books/steps.h"
 #include "platform/files.h"
 #include "platform/window.h"
 #include "text/format.h"

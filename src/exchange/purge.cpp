@@ -1,6 +1,6 @@
 #include "exchange/purge.h"
 
-#include "desk/steps.h"
+#include "books/steps.h"
 #include "platform/clock.h"
 #include "text/format.h"
 

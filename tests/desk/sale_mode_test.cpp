@@ -1,4 +1,4 @@
-#include "desk/sources.h"
+#include "books/sources.h"
 #include "tests/support/desk_fixture.h"
 #include "text/format.h"
 

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -16,31 +15,20 @@
 #include "tests/support/folder_files.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/quiet_world.h"
+#include "tests/support/shop_rows.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/watched_engine.h"
 
 namespace karvel {
 
-class DeskFixture : public ::testing::Test {
+class DeskFixture : public ::testing::Test, protected ShopRows {
  protected:
-  using Fields = std::map<std::string, std::string>;
-
   DeskFixture();
   ~DeskFixture() override;
 
   // Starts a desk, ending one that runs. False when it ends at once.
   bool Start(const std::string& title = "Velmora Karvel1");
   void Stop();
-
-  // Rows put into a file, and read back, by a plain connection. A row reads as its values joined with "|".
-  void Sql(const std::string& file, const std::string& sql);
-  std::vector<std::string> Rows(const std::string& file, const std::string& sql);
-  std::string One(const std::string& file, const std::string& sql);
-  // The one row of a table that a condition picks, by column name; Null reads as "NULL". Fails when there are several or none.
-  Fields RowOf(const std::string& file, const std::string& table, const std::string& where = "1");
-
-  void AddCustomer(const std::string& code, const std::string& name, const std::string& more = "");
-  void AddStock(const std::string& code, const std::string& name, const std::string& more = "");
 
   // The clerk.
   Element& At(const std::string& name);
@@ -55,6 +43,8 @@ class DeskFixture : public ::testing::Test {
   void PickItem(const std::string& code);  // a tap on its row in StokGrid
   void Post(const std::string& quantity);  // the quantity and Tamam
   void Sell(const std::string& customer, const std::string& item, const std::string& quantity);
+
+  [[nodiscard]] std::string DataFolder() const override { return folder.Path() + "/C/KarvelData"; }
 
   std::string vfs;  // SQLite's file layer by name, for the next Start; empty for the usual one
   TempFolder folder;

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "desk/elements.h"
-#include "platform/clock.h"
 #include "platform/connection.h"
 #include "platform/event_loop.h"
 #include "platform/keyboard.h"
@@ -16,15 +15,10 @@
 #include "platform/scanner.h"
 #include "platform/shell.h"
 #include "platform/window.h"
+#include "tests/support/fixed_clock.h"
 #include "text/turkish.h"
 
 namespace karvel {
-
-class FixedClock final : public Clock {
- public:
-  [[nodiscard]] DateTime Now() const override { return now; }
-  DateTime now{2026, 3, 1, 10, 15, 0};
-};
 
 class ScriptedMessages final : public Messages {
  public:

@@ -1,4 +1,4 @@
-#include "desk/steps.h"
+#include "books/steps.h"
 
 #include <fmt/format.h>
 

@@ -1,4 +1,4 @@
-#include "desk/balance.h"
+#include "books/card_balance.h"
 
 #include "text/format.h"
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "desk/sources.h"
+#include "books/sources.h"
 #include "store/cursor.h"
 
 namespace karvel {

@@ -1,4 +1,4 @@
-#include "desk/safe_calc.h"
+#include "books/safe_calc.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,21 @@
+// What was sold on a day, summed from the day book.
+#pragma once
+
+#include <string>
+
+#include "store/stores.h"
+#include "text/date_time.h"
+
+namespace karvel {
+
+// "Tarih>=#mm/dd/yyyy 00:00:00# And Tarih<=#mm/dd/yyyy 23:59:59#".
+std::string DayCriteria(const DateTime& day);
+
+// A customer's unpaid sales of a day, by his name.
+Status SumUnpaidSales(Stores& stores, const std::string& customerName, const DateTime& day, double& sum);
+// His sales of a day.
+Status SumSales(Stores& stores, const std::string& customerCode, const DateTime& day, double& sum);
+// Everything in his day book on a day.
+Status SumDayBook(Stores& stores, const std::string& customerCode, const DateTime& day, double& sum);
+
+}  // namespace karvel

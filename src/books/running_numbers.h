@@ -1,0 +1,24 @@
+// The yearly running numbers of Index.mdb, and the line ids and terminal tags made of them.
+//
+// One row a year in Mdbindex holds two counters, Indexi and Serino: two characters of the year, then a count without padding:
+// 261, 262, … 269, 2610. The year stays in front, so the numbers of two years never meet.
+#pragma once
+
+#include <string>
+
+#include "books/shop.h"
+
+namespace karvel {
+
+// Takes the next number of the year `key` ("2026"): of Indexi for mode 0, of Serino otherwise. An action of its own, unless one is open;
+// either way no two terminals ever get the same number.
+std::string NextIndex(Stores& stores, int mode, const std::string& key);
+// The next DigerId: the terminal's digits, then the running number of this year padded to ten: 10000000261.
+std::string NextLineId(const Shop& shop);
+
+// The terminal's mark in the day book counts from 0, "WinKarvel0" on terminal 01; in a stock movement it carries both digits,
+// "WinKarvel01".
+std::string DayBookTag(const Shop& shop);
+std::string MovementTag(const Shop& shop);
+
+}  // namespace karvel
