@@ -7,14 +7,17 @@
 #include <string>
 
 #include "books/shop.h"
+#include "text/date_time.h"
 
 namespace karvel {
 
 // Takes the next number of the year `key` ("2026"): of Indexi for mode 0, of Serino otherwise. An action of its own, unless one is open;
-// either way no two terminals ever get the same number.
+// either way no two terminals ever get the same number. "" when the stores keep none: an action that is open has failed with it.
 std::string NextIndex(Stores& stores, int mode, const std::string& key);
-// The next DigerId: the terminal's digits, then the running number of this year padded to ten: 10000000261.
-std::string NextLineId(const Shop& shop);
+// The next DigerId: the terminal's digits, then the running number of the year padded to ten: 10000000261. A posting names its own
+// moment, so that the id and the rows are of one year.
+std::string NextLineId(const Shop& shop, const DateTime& moment);
+std::string NextLineId(const Shop& shop);  // of this moment
 
 // The terminal's mark in the day book counts from 0, "WinKarvel0" on terminal 01; in a stock movement it carries both digits,
 // "WinKarvel01".

@@ -60,7 +60,7 @@ class BooksFixture : public ::testing::Test, protected ShopRows {
   FixedClock clock;
   std::string terminalNo = "01";
   testing::EngineWatch engine;  // counts what the stores do, and lets them fail
-  Stores stores{std::make_unique<testing::WatchedEngine>(MakeSqliteEngine({.programFolder = folder.Path()}), engine)};
+  Stores stores{std::make_unique<testing::WatchedEngine>(MakeSqliteEngine({.programFolder = folder.Path(), .vfs = {}}), engine)};
   Shop shop{stores, clock, terminalNo};
 };
 

@@ -17,6 +17,9 @@ struct EngineWatch {
   Status readFault;    // answered to every read while it is set
   Status writeFault;   // to every write
   Status commitFault;  // to every commit, which rolls back
+  // So many reads or writes still work before the fault.
+  int readsBeforeFault = 0;
+  int writesBeforeFault = 0;
 
   [[nodiscard]] int AllReads() const { return selects + reads + counts; }
 };
@@ -31,38 +34,47 @@ class WatchedEngine final : public Engine {
 
   Status Select(const RowQuery& query, const RowRange& range, std::vector<GridRow>& rows) override {
     ++watch_.selects;
-    return watch_.readFault.Ok() ? inner_->Select(query, range, rows) : watch_.readFault;
+    const Status fault = ReadFault();
+    return fault.Ok() ? inner_->Select(query, range, rows) : fault;
   }
   Status Count(const RowQuery& query, std::int64_t& count) override {
     ++watch_.counts;
-    return watch_.readFault.Ok() ? inner_->Count(query, count) : watch_.readFault;
+    const Status fault = ReadFault();
+    return fault.Ok() ? inner_->Count(query, count) : fault;
   }
   Status CountBefore(const RowQuery& query, const GridRow& row, std::int64_t& count) override {
     ++watch_.counts;
-    return watch_.readFault.Ok() ? inner_->CountBefore(query, row, count) : watch_.readFault;
+    const Status fault = ReadFault();
+    return fault.Ok() ? inner_->CountBefore(query, row, count) : fault;
   }
   Status Sum(const RowQuery& query, int position, Value& sum) override {
-    return watch_.readFault.Ok() ? inner_->Sum(query, position, sum) : watch_.readFault;
+    const Status fault = ReadFault();
+    return fault.Ok() ? inner_->Sum(query, position, sum) : fault;
   }
   Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool forEdit, GridRow& row) override {
     ++watch_.reads;
-    return watch_.readFault.Ok() ? inner_->Read(file, table, key, forEdit, row) : watch_.readFault;
+    const Status fault = ReadFault();
+    return fault.Ok() ? inner_->Read(file, table, key, forEdit, row) : fault;
   }
   Status Insert(const DatabaseFile& file, const Table& table, const Row& values, RowKey& key) override {
     ++watch_.writes;
-    return watch_.writeFault.Ok() ? inner_->Insert(file, table, values, key) : watch_.writeFault;
+    const Status fault = WriteFault();
+    return fault.Ok() ? inner_->Insert(file, table, values, key) : fault;
   }
   Status Change(const DatabaseFile& file, const Table& table, RowKey key, std::span<const FieldValue> fields) override {
     ++watch_.writes;
-    return watch_.writeFault.Ok() ? inner_->Change(file, table, key, fields) : watch_.writeFault;
+    const Status fault = WriteFault();
+    return fault.Ok() ? inner_->Change(file, table, key, fields) : fault;
   }
   Status Delete(const DatabaseFile& file, const Table& table, RowKey key) override {
     ++watch_.writes;
-    return watch_.writeFault.Ok() ? inner_->Delete(file, table, key) : watch_.writeFault;
+    const Status fault = WriteFault();
+    return fault.Ok() ? inner_->Delete(file, table, key) : fault;
   }
   Status DeleteWhere(const RowQuery& query, std::int64_t& count) override {
     ++watch_.writes;
-    return watch_.writeFault.Ok() ? inner_->DeleteWhere(query, count) : watch_.writeFault;
+    const Status fault = WriteFault();
+    return fault.Ok() ? inner_->DeleteWhere(query, count) : fault;
   }
   Status Begin() override { return inner_->Begin(); }
   Status Commit() override {
@@ -76,6 +88,14 @@ class WatchedEngine final : public Engine {
   [[nodiscard]] bool ReadsHold() const override { return inner_->ReadsHold(); }
 
  private:
+  Status ReadFault() { return FaultNow(watch_.readFault, watch_.readsBeforeFault); }
+  Status WriteFault() { return FaultNow(watch_.writeFault, watch_.writesBeforeFault); }
+  static Status FaultNow(const Status& fault, int& before) {
+    if (fault.Ok() || before <= 0) return fault;
+    --before;
+    return {};
+  }
+
   std::unique_ptr<Engine> inner_;
   EngineWatch& watch_;
 };
