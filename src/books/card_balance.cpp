@@ -18,11 +18,27 @@ CardBalance ApplyBalance(Cursor& card) {
   return balance;
 }
 
+CardBalance AddToBalance(Cursor& card, const Steps& step, double debit, double credit) {
+  step("edit card", card.Edit());
+  card.Set("Borc", card.Number("Borc") + debit);
+  card.Set("Alacak", card.Number("Alacak") + credit);
+  CardBalance balance = ApplyBalance(card);
+  step("update card", card.Update());
+  return balance;
+}
+
 void ApplyStockBalance(Cursor& card) {
   const double out = card.Number("CikanMik");
   const double in = card.Number("GirenMik");
   card.Set("KalanA", out > in ? RoundTo(out - in, 3) : 0.0);
   card.Set("KalanB", out > in ? 0.0 : RoundTo(in - out, 3));
+}
+
+void AddGoods(Cursor& card, GoodsSide side, double quantity, double amount) {
+  const char* const count = side == GoodsSide::Out ? "CikanMik" : "GirenMik";
+  const char* const total = side == GoodsSide::Out ? "CikanTutar" : "GirenTutar";
+  card.Set(count, card.Number(count) + quantity);
+  card.Set(total, card.Number(total) + amount);
 }
 
 }  // namespace karvel

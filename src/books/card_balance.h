@@ -1,8 +1,10 @@
-// The two balance rules that every posting shares.
+// What a posting does to a card: it adds to the totals, and the balance is worked out of them anew. What is taken back is added with a
+// minus.
 #pragma once
 
 #include <string>
 
+#include "books/steps.h"
 #include "store/cursor.h"
 
 namespace karvel {
@@ -19,7 +21,14 @@ inline bool IsNothing(double amount) {
 }
 // Writes Bakiye and Hesap of an open CariKartlar row from its Borc and Alacak.
 CardBalance ApplyBalance(Cursor& card);
+// Edits the CariKartlar row in front: adds to its Borc and Alacak, and to what they leave.
+CardBalance AddToBalance(Cursor& card, const Steps& step, double debit, double credit);
 // Writes KalanA and KalanB of an open StokKartlar row from CikanMik and GirenMik: oversold or on hand, the other 0, 3 places.
 void ApplyStockBalance(Cursor& card);
+
+// The sides of a stock card: CikanMik and CikanTutar, GirenMik and GirenTutar.
+enum class GoodsSide { Out, In };
+// Adds to one side of an open StokKartlar row. Which of the rules then tells what is left is the posting's own.
+void AddGoods(Cursor& card, GoodsSide side, double quantity, double amount);
 
 }  // namespace karvel

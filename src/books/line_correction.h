@@ -5,6 +5,7 @@
 // changes nothing of others.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "books/shop.h"
@@ -16,7 +17,8 @@ struct Correction {
   RowKey dayBookRow = 0;           // the row of the day book
   std::string id;                  // its DigerId, when the clerk took it
   bool listedAsCancelled = false;  // so the list showed it
-  double price = 0, quantity = 0;
+  std::optional<double> price;     // none where what was typed is no number: the line keeps its own
+  double quantity = 0;
   double amount = 0;  // as the clerk saw it
 };
 
