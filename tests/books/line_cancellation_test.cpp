@@ -316,6 +316,16 @@ TEST_F(LineCancellationBook, a_fault_of_the_stores_puts_no_goods_on_the_item_in_
   EXPECT_EQ(Card("1002")["CikanMik"], "-2.0");
 }
 
+TEST_F(LineCancellationBook, a_line_that_cant_be_read_is_not_gone_also_within_an_open_action) {
+  PutSale("L1");
+  const Cancellation cancellation = Of("L1");
+  Action action(stores, "two at once");
+  engine.readFault = {ErrorKind::Other, "the disk is silent"};
+  EXPECT_EQ(CancelLine(shop, cancellation).Kind(), ErrorKind::Other);
+  engine.readFault = {};
+  EXPECT_EQ(action.Finish().Kind(), ErrorKind::Other);
+}
+
 TEST_F(LineCancellationBook, it_joins_an_action_that_is_open) {
   PutSale("L1");
   const Texts before = AllRows();

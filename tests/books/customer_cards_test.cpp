@@ -1,0 +1,154 @@
+#include "books/customer_cards.h"
+
+#include <string>
+#include <vector>
+
+#include "tests/support/failing_books.h"
+
+namespace karvel {
+namespace {
+
+class CustomerCardsBook : public FailingBooks {
+ protected:
+  static NewCustomer Zeynep() {
+    NewCustomer customer;
+    customer.code = "Z01";
+    customer.name = "zeynep ak";
+    customer.street = "cadde 1";
+    customer.city = "izmir";
+    customer.email = "ZEYNEP@KARVEL.TR";
+    customer.taxOffice = "konak";
+    customer.taxNumber = "123";
+    customer.phone = "0232";
+    customer.mobile = "0532";
+    customer.cardNumber = "K77";
+    customer.group = "Bayi";
+    return customer;
+  }
+  // Fails when the files don't tell.
+  bool IsTaken(const std::string& code) {
+    const Outcome<bool> taken = IsCustomerCodeTaken(shop, code);
+    EXPECT_TRUE(taken.has_value());
+    return taken.value_or(false);
+  }
+  std::string Count() { return One("Cari.mdb", "SELECT count(*) FROM CariKartlar"); }
+};
+
+TEST_F(CustomerCardsBook, a_new_card_has_every_field) {
+  ASSERT_TRUE(AddCustomerCard(shop, Zeynep()).Ok());
+  const Fields wanted{
+      {"CariKod", "Z01"},   {"Unvan", "zeynep ak"}, {"Adres1", "cadde 1"}, {"Adres2", "izmir"}, {"Email", "zeynep@karvel.tr"},
+      {"VergiDa", "konak"}, {"VergiNo", "123"},     {"Telefon", "0232"},   {"Gsm", "0532"},     {"KartNo", "K77"},
+      {"Gurup", "Bayi"},    {"Borc", "0.0"},        {"Alacak", "0.0"},     {"Bakiye", "0.0"},   {"Hesap", "Borç"},
+      {"Hes", "C"},         {"HesKullan", "0"},     {"dBorc", "0.0"},      {"eBorc", "0.0"},    {"dBakiye", "0.0"},
+      {"eBakiye", "0.0"},   {"Yedek1", ""},         {"Yedek2", ""},        {"Yedek3", ""},      {"Yedek4", ""},
+      {"Yedek5", ""},       {"Yedek6", ""},         {"yeni", "1.0"}};
+  EXPECT_EQ(Customer("Z01"), wanted);
+}
+
+TEST_F(CustomerCardsBook, a_mail_address_is_lower_cased_with_a_dot_on_every_i) {
+  NewCustomer customer = Zeynep();
+  customer.email = "İLETİŞİM@ALI.COM";
+  ASSERT_TRUE(AddCustomerCard(shop, customer).Ok());
+  EXPECT_EQ(Customer("Z01")["Email"], "iletişim@ali.com");
+}
+
+TEST_F(CustomerCardsBook, the_other_cards_stay_as_they_are) {
+  const auto before = Rows("Cari.mdb", "SELECT * FROM CariKartlar");
+  ASSERT_TRUE(AddCustomerCard(shop, Zeynep()).Ok());
+  EXPECT_EQ(Rows("Cari.mdb", "SELECT * FROM CariKartlar WHERE CariKod<>'Z01'"), before);
+}
+
+TEST_F(CustomerCardsBook, quotes_are_kept_as_typed) {
+  NewCustomer customer = Zeynep();
+  customer.code = "O'1";
+  customer.name = "Oya'nın \"yeri\"";
+  ASSERT_TRUE(AddCustomerCard(shop, customer).Ok());
+  EXPECT_EQ(Customer("O''1")["Unvan"], "Oya'nın \"yeri\"");
+  EXPECT_TRUE(IsTaken("O'1"));
+  EXPECT_TRUE(IsTaken("o'1"));
+  EXPECT_FALSE(IsTaken("O''1"));
+}
+
+TEST_F(CustomerCardsBook, the_first_card_of_an_empty_file_is_added_too) {
+  Sql("Cari.mdb", "DELETE FROM CariKartlar");
+  ASSERT_TRUE(AddCustomerCard(shop, Zeynep()).Ok());
+  EXPECT_EQ(Count(), "1");
+}
+
+TEST_F(CustomerCardsBook, a_fault_of_the_stores_adds_nothing_and_says_what_it_was) {
+  FailsWholeOrWorks([this] { return AddCustomerCard(shop, Zeynep()); });
+  EXPECT_EQ(Customer("Z01")["Unvan"], "zeynep ak");
+}
+
+TEST_F(CustomerCardsBook, codes_that_differ_in_case_or_in_the_kind_of_an_i_are_one) {
+  AddCustomer("ılık", "Bir");
+  AddCustomer("dilim", "İki");
+  for (const char* const code : {"ILIK", "İLİK", "ilik", "ılık", "DILIM", "DİLİM", "dılım"}) EXPECT_TRUE(IsTaken(code)) << code;
+  EXPECT_TRUE(IsTaken("c001"));
+}
+
+TEST_F(CustomerCardsBook, one_letter_more_or_less_is_another_code) {
+  AddCustomer("ılık", "Bir");
+  for (const char* const code : {"C0011", "C00", "lık", "ılıkı", ""}) EXPECT_FALSE(IsTaken(code)) << code;
+}
+
+TEST_F(CustomerCardsBook, the_cards_that_no_list_shows_count_too) {
+  AddCustomer("H001", "Gizli", "HesKullan=1");
+  for (const char* const code : {"t001", "=100", "h001"}) EXPECT_TRUE(IsTaken(code)) << code;
+}
+
+TEST_F(CustomerCardsBook, a_code_with_a_sign_of_the_patterns_in_it_is_found_again) {
+  for (const char* const code : {"K#1", "K[2", "K[a-c]3"}) {
+    EXPECT_FALSE(IsTaken(code)) << code;
+    AddCustomer(code, "Bir");
+    EXPECT_TRUE(IsTaken(code)) << code;
+  }
+}
+
+TEST_F(CustomerCardsBook, where_the_cards_cant_be_read_a_code_is_neither_free_nor_taken) {
+  engine.readFault = {ErrorKind::Other, "the disk is silent"};
+  for (const int working : {0, 1}) {
+    engine.readsBeforeFault = working;
+    const Outcome<bool> taken = IsCustomerCodeTaken(shop, "Z01");
+    ASSERT_FALSE(taken.has_value()) << working;
+    EXPECT_EQ(taken.error().Kind(), ErrorKind::Other);
+  }
+}
+
+TEST_F(CustomerCardsBook, the_walk_in_customer_is_added_where_there_is_none) {
+  ASSERT_TRUE(KeepWalkInCustomer(shop).Ok());
+  Fields card = Customer("Muhtelif Müşteri");
+  EXPECT_EQ(card["Unvan"], "Muhtelif Müşteri");
+  EXPECT_EQ(card["Gurup"], "Müşteri");
+  EXPECT_EQ(card["yeni"], "1.0");
+  for (const char* const field : {"Hes", "Hesap", "Adres1"}) EXPECT_EQ(card[field], "") << field;
+  for (const char* const field : {"Borc", "Alacak", "Bakiye"}) EXPECT_EQ(card[field], "0.0") << field;
+}
+
+TEST_F(CustomerCardsBook, the_walk_in_customer_exists_once_however_many_starts) {
+  for (int i = 0; i < 3; ++i) ASSERT_TRUE(KeepWalkInCustomer(shop).Ok());
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariKartlar WHERE Unvan='Muhtelif Müşteri'"), "1");
+}
+
+TEST_F(CustomerCardsBook, the_walk_in_customer_is_known_by_his_name_whatever_his_code_and_list) {
+  AddCustomer("M1", "Muhtelif Müşteri", "HesKullan=1");
+  const std::string before = Count();
+  ASSERT_TRUE(KeepWalkInCustomer(shop).Ok());
+  EXPECT_EQ(Count(), before);
+}
+
+TEST_F(CustomerCardsBook, cards_that_cant_be_read_get_no_second_walk_in_customer) {
+  ASSERT_TRUE(KeepWalkInCustomer(shop).Ok());
+  engine.readFault = {ErrorKind::Other, "the disk is silent"};
+  EXPECT_EQ(KeepWalkInCustomer(shop).Kind(), ErrorKind::Other);
+  engine.readFault = {};
+  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariKartlar WHERE Unvan='Muhtelif Müşteri'"), "1");
+}
+
+TEST_F(CustomerCardsBook, a_fault_of_the_stores_adds_no_walk_in_customer_and_says_what_it_was) {
+  FailsWholeOrWorks([this] { return KeepWalkInCustomer(shop); });
+}
+
+}  // namespace
+}  // namespace karvel
