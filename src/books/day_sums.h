@@ -1,4 +1,4 @@
-// What was sold on a day, summed from the day book.
+// What was sold on a day, summed from the day book. A sum over no line is 0; so is one that can't be read, and the status says why.
 #pragma once
 
 #include <string>

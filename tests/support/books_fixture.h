@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "books/shop.h"
+#include "store/catalogue.h"
 #include "store/sqlite/sqlite_engine.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/shop_rows.h"
@@ -32,6 +33,18 @@ class BooksFixture : public ::testing::Test, protected ShopRows {
   }
 
   [[nodiscard]] std::string DataFolder() const override { return folder.Path(); }
+  // Every row of every file, to be compared before and after what must change nothing.
+  std::vector<std::string> AllRows() {
+    std::vector<std::string> all;
+    for (const DatabaseFile& file : Catalogue::Files()) {
+      for (const Table& table : file.tables) {
+        const std::string name(table.name);
+        for (const std::string& row : Rows(std::string(file.name), "SELECT rowid, * FROM \"" + name + "\" ORDER BY rowid"))
+          all.push_back(name + " " + row);
+      }
+    }
+    return all;
+  }
   // The key of the card with this code.
   RowKey Item(const std::string& code) { return std::stoll(One("Stok.mdb", "SELECT rowid FROM StokKartlar WHERE StokKod='" + code + "'")); }
   RowKey CustomerKey(const std::string& code) {

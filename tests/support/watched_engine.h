@@ -2,7 +2,9 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "store/engine.h"
 
@@ -13,6 +15,7 @@ struct EngineWatch {
   int reads = 0;
   int counts = 0;
   int writes = 0;
+  std::vector<std::string> written;  // the tables of these writes, in their order
   int commits = 0;
   Status readFault;    // answered to every read while it is set
   Status writeFault;   // to every write
@@ -57,23 +60,19 @@ class WatchedEngine final : public Engine {
     return fault.Ok() ? inner_->Read(file, table, key, forEdit, row) : fault;
   }
   Status Insert(const DatabaseFile& file, const Table& table, const Row& values, RowKey& key) override {
-    ++watch_.writes;
-    const Status fault = WriteFault();
+    const Status fault = WriteFault(table);
     return fault.Ok() ? inner_->Insert(file, table, values, key) : fault;
   }
   Status Change(const DatabaseFile& file, const Table& table, RowKey key, std::span<const FieldValue> fields) override {
-    ++watch_.writes;
-    const Status fault = WriteFault();
+    const Status fault = WriteFault(table);
     return fault.Ok() ? inner_->Change(file, table, key, fields) : fault;
   }
   Status Delete(const DatabaseFile& file, const Table& table, RowKey key) override {
-    ++watch_.writes;
-    const Status fault = WriteFault();
+    const Status fault = WriteFault(table);
     return fault.Ok() ? inner_->Delete(file, table, key) : fault;
   }
   Status DeleteWhere(const RowQuery& query, std::int64_t& count) override {
-    ++watch_.writes;
-    const Status fault = WriteFault();
+    const Status fault = WriteFault(*query.table);
     return fault.Ok() ? inner_->DeleteWhere(query, count) : fault;
   }
   Status Begin() override { return inner_->Begin(); }
@@ -89,7 +88,11 @@ class WatchedEngine final : public Engine {
 
  private:
   Status ReadFault() { return FaultNow(watch_.readFault, watch_.readsBeforeFault); }
-  Status WriteFault() { return FaultNow(watch_.writeFault, watch_.writesBeforeFault); }
+  Status WriteFault(const Table& table) {
+    ++watch_.writes;
+    watch_.written.emplace_back(table.name);
+    return FaultNow(watch_.writeFault, watch_.writesBeforeFault);
+  }
   static Status FaultNow(const Status& fault, int& before) {
     if (fault.Ok() || before <= 0) return fault;
     --before;

@@ -1,0 +1,36 @@
+#include "books/day_sums.h"
+
+#include "books/sources.h"
+#include "store/value.h"
+#include "text/format.h"
+
+namespace karvel {
+namespace {
+
+Status Sum(Stores& stores, const std::string& criteria, double& sum) {
+  Value value;
+  const Status read = stores.QueryValue("Karvel.Mdb", "Select Sum(Tutar) FROM Datam Where " + criteria, value);
+  sum = AsNumber(value);
+  return read;
+}
+
+}  // namespace
+
+std::string DayCriteria(const DateTime& day) {
+  const std::string date = Format(day, "mm/dd/yyyy");
+  return "Tarih>=#" + date + " 00:00:00# And Tarih<=#" + date + " 23:59:59#";
+}
+
+Status SumUnpaidSales(Stores& stores, const std::string& customerName, const DateTime& day, double& sum) {
+  return Sum(stores, DayCriteria(day) + " And CariAd=" + sources::Quoted(customerName) + " And Durum='Satış' And Tahsilat=0", sum);
+}
+
+Status SumSales(Stores& stores, const std::string& customerCode, const DateTime& day, double& sum) {
+  return Sum(stores, "CariKod=" + sources::Quoted(customerCode) + " And Durum='Satış' And " + DayCriteria(day), sum);
+}
+
+Status SumDayBook(Stores& stores, const std::string& customerCode, const DateTime& day, double& sum) {
+  return Sum(stores, "CariKod=" + sources::Quoted(customerCode) + " And " + DayCriteria(day), sum);
+}
+
+}  // namespace karvel
