@@ -10,7 +10,7 @@
 
 namespace karvel {
 
-// The compare keys from `from` on and before `end`; an empty end is the end of all.
+// The compare keys (FoldKey) from `from` on and before `end`.
 struct KeySpan {
   std::string from, end;
 };

@@ -158,7 +158,7 @@ class SqlPrinter {
   }
 
   void PutKey(const Expr& text, const std::optional<std::string>& constant, bool mayUseIndex) {
-    out_ += constant ? Parameter(FoldKey(*constant)) : Key(text, mayUseIndex);
+    out_ += constant ? Parameter(target_.Key(*constant)) : Key(text, mayUseIndex);
   }
 
   std::string Key(const Expr& text, bool mayUseIndex) {
@@ -192,7 +192,7 @@ class SqlPrinter {
     if (onlyStars && head.empty() && !pattern.empty()) return PutConstant(true);
     if (const auto constant = ConstantText(*like.text)) return PutConstant(karvel::Like(*constant, pattern));
     if (headEnd == pattern.size()) {
-      out_ += fmt::format("{} = {}", Key(*like.text, true), Parameter(FoldKey(pattern)));
+      out_ += fmt::format("{} = {}", Key(*like.text, true), Parameter(target_.Key(pattern)));
       return;
     }
     const Expr& text = WithoutLCase(*like.text);
@@ -202,8 +202,8 @@ class SqlPrinter {
       return;
     }
     const std::string key = Key(text, true);
-    out_ += fmt::format("({} >= {} AND ", key, Parameter(FoldKey(head)));
-    out_ += fmt::format("{} < {}", key, Parameter(FoldKeyPrefixEnd(head)));
+    out_ += fmt::format("({} >= {} AND ", key, Parameter(target_.Key(head)));
+    out_ += fmt::format("{} < {}", key, Parameter(target_.KeyPrefixEnd(head)));
     if (!onlyStars) {
       out_ += " AND ";
       PutFits(text, pattern);
@@ -248,6 +248,14 @@ class SqlPrinter {
 };
 
 }  // namespace
+
+std::string SqlTarget::Key(std::string_view text) const {
+  return FoldKey(text);
+}
+
+std::string SqlTarget::KeyPrefixEnd(std::string_view prefix) const {
+  return FoldKeyPrefixEnd(prefix);
+}
 
 std::string PrintSql(const Expr& expression, const Table& table, const SqlTarget& target, std::vector<Value>& parameters) {
   return SqlPrinter(table, target, parameters).Whole(expression);

@@ -146,13 +146,4 @@ bool Connection::InTransaction() const {
   return sqlite3_get_autocommit(database_.getHandle()) == 0;
 }
 
-std::string Quoted(std::string_view name) {
-  std::string quoted = "\"";
-  for (const char letter : name) {
-    if (letter == '"') quoted += '"';
-    quoted += letter;
-  }
-  return quoted + '"';
-}
-
 }  // namespace karvel::sqlite

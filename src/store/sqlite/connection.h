@@ -60,7 +60,4 @@ class Connection {
   std::unordered_map<std::string_view, Kept::iterator> byText_;
 };
 
-// A name as SQL writes it.
-std::string Quoted(std::string_view name);
-
 }  // namespace karvel::sqlite

@@ -12,7 +12,7 @@
 
 #include "platform/log.h"
 #include "store/sqlite/errors.h"
-#include "store/sqlite/table_sql.h"
+#include "store/table_sql.h"
 #include "text/turkish.h"
 
 namespace karvel::sqlite {
@@ -43,7 +43,7 @@ Status SetJournal(Connection& connection, const std::string& schema) {
 Status CheckTables(Connection& connection, const DatabaseFile& file, const std::string& schema) {
   for (const Table& table : file.tables) {
     std::vector<bool> present(table.columns.size(), false);
-    SQLite::Statement columns(connection.Database(), fmt::format("PRAGMA {}.table_info({})", schema, Quoted(table.name)));
+    SQLite::Statement columns(connection.Database(), fmt::format("PRAGMA {}.table_info({})", schema, QuotedName(table.name)));
     while (columns.executeStep()) {
       const int position = table.Position(columns.getColumn(1).getString());
       if (position >= 0) present[static_cast<std::size_t>(position)] = true;

@@ -2,21 +2,49 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <map>
 #include <utility>
 
 #include "platform/log.h"
+#include "store/key_spans.h"
+#include "store/row_reads.h"
 #include "store/sqlite/commit_syncs.h"
 #include "store/sqlite/connection.h"
 #include "store/sqlite/data_folder.h"
 #include "store/sqlite/errors.h"
 #include "store/sqlite/gate.h"
-#include "store/sqlite/table_sql.h"
+#include "store/sqlite/sqlite_sql.h"
+#include "store/table_sql.h"
 
 namespace karvel {
 namespace sqlite {
 namespace {
+
+// Runs the statements of a read on the connection of its file.
+class ConnectionRunner final : public StatementRunner {
+ public:
+  explicit ConnectionRunner(Connection& connection) : connection_(connection) {}
+
+  void ReadRows(const Table& table, const SqlText& sql, std::vector<GridRow>& rows) override {
+    Running running = connection_.Prepared(sql.text, sql.parameters);
+    while (running.Step()) {
+      GridRow& row = rows.emplace_back();
+      row.key = running.Integer(0);
+      row.values.reserve(table.columns.size());
+      for (std::size_t i = 0; i < table.columns.size(); ++i) {
+        row.values.push_back(running.Read(static_cast<int>(i) + 1, table.columns[i].type));
+      }
+    }
+  }
+
+  std::int64_t ReadNumber(const SqlText& sql) override {
+    Running running = connection_.Prepared(sql.text, sql.parameters);
+    return running.Step() ? running.Integer(0) : 0;
+  }
+
+ private:
+  Connection& connection_;
+};
 
 class SqliteEngine final : public Engine {
  public:
@@ -24,7 +52,7 @@ class SqliteEngine final : public Engine {
     CommitSyncs::Install();
     for (const DatabaseFile& file : Catalogue::Files()) {
       const std::string schema = InDataFolder(file) ? SchemaOf(file) : "main";
-      for (const Table& table : file.tables) tables_.emplace(&table, TableSql(table, schema));
+      for (const Table& table : file.tables) tables_.try_emplace(&table, table, words_, NamesOf(table, schema));
     }
   }
   ~SqliteEngine() override { Close(); }
@@ -46,59 +74,31 @@ class SqliteEngine final : public Engine {
   Status Select(const RowQuery& query, const RowRange& range, std::vector<GridRow>& rows) override {
     rows.clear();
     return On(*query.file, query.table->name, [&](Connection& connection) {
-      const TableSql& sql = tables_.at(query.table);
-      const bool reversed = range.from == RowRange::From::End || range.from == RowRange::From::Before;
-      const std::vector<KeySpan> spans = SpansOf(query);
-      const auto read = [&](const Stretch* stretch) {
-        // Only a stretch that runs over many first terms lies in more than one span.
-        if (spans.empty() || (stretch != nullptr && (stretch->term > 0 || stretch->kind != Stretch::Kind::TermBeyond))) {
-          const int wanted = range.limit - static_cast<int>(rows.size());
-          ReadRows(connection, *query.table, sql.Select(query, reversed, stretch, range.beside, wanted, range.offset), rows);
-        } else {
-          ReadSpans(connection, query, range, spans, stretch, rows);
-        }
-      };
-      if (range.beside == nullptr) {
-        read(nullptr);
-      } else {
-        for (const Stretch& stretch : TableSql::Stretches(query, *range.beside, reversed)) {
-          if (static_cast<int>(rows.size()) < range.limit) read(&stretch);
-        }
-      }
-      if (reversed) std::reverse(rows.begin(), rows.end());
+      ConnectionRunner runner(connection);
+      RowReads(tables_.at(query.table), query, SpansOf(query), runner).Select(range, rows);
     });
   }
 
   Status Count(const RowQuery& query, std::int64_t& count) override {
     count = 0;
     return On(*query.file, query.table->name, [&](Connection& connection) {
-      const TableSql& sql = tables_.at(query.table);
-      const std::vector<KeySpan> spans = SpansOf(query);
-      if (spans.empty()) {
-        count = AskInteger(connection, sql.Count(query, nullptr, nullptr));
-        return;
-      }
-      Sql counting = sql.Count(query, nullptr, nullptr, &spans.front());
-      for (const KeySpan& span : spans) {
-        TableSql::SetSpan(counting, span);
-        count += AskInteger(connection, counting);
-      }
+      ConnectionRunner runner(connection);
+      count = RowReads(tables_.at(query.table), query, SpansOf(query), runner).Count();
     });
   }
 
   Status CountBefore(const RowQuery& query, const GridRow& row, std::int64_t& count) override {
     count = 0;
     return On(*query.file, query.table->name, [&](Connection& connection) {
-      for (const Stretch& stretch : TableSql::Stretches(query, row, true)) {
-        count += AskInteger(connection, tables_.at(query.table).Count(query, &stretch, &row));
-      }
+      ConnectionRunner runner(connection);
+      count = RowReads(tables_.at(query.table), query, {}, runner).CountBefore(row);
     });
   }
 
   Status Sum(const RowQuery& query, int position, Value& sum) override {
     sum = {};
     return On(*query.file, query.table->name, [&](Connection& connection) {
-      const Sql sql = tables_.at(query.table).Sum(query, position);
+      const SqlText sql = tables_.at(query.table).Sum(query, position);
       Running running = connection.Prepared(sql.text, sql.parameters);
       if (running.Step()) sum = running.Read(0, ColumnType::Number);
     });
@@ -108,7 +108,7 @@ class SqliteEngine final : public Engine {
   Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool /*forEdit*/, GridRow& row) override {
     return On(file, table.name, [&](Connection& connection) -> Status {
       std::vector<GridRow> rows;
-      ReadRows(connection, table, {tables_.at(&table).Read(), {static_cast<double>(key)}}, rows);
+      ConnectionRunner(connection).ReadRows(table, {tables_.at(&table).Read(), {static_cast<double>(key)}}, rows);
       if (rows.empty()) return Gone(table);
       row = std::move(rows.front());
       return {};
@@ -125,7 +125,7 @@ class SqliteEngine final : public Engine {
   }
 
   Status Change(const DatabaseFile& file, const Table& table, RowKey key, std::span<const FieldValue> fields) override {
-    const Sql sql = tables_.at(&table).Change(key, fields);
+    const SqlText sql = tables_.at(&table).Change(key, fields);
     return Write(file, table.name, [&](Connection& connection) -> Status {
       Running running = connection.Prepared(sql.text, sql.parameters);
       return running.Execute() == 0 ? Gone(table) : Status();
@@ -141,7 +141,7 @@ class SqliteEngine final : public Engine {
   }
 
   Status DeleteWhere(const RowQuery& query, std::int64_t& count) override {
-    const Sql sql = tables_.at(query.table).DeleteWhere(query);
+    const SqlText sql = tables_.at(query.table).DeleteWhere(query);
     return Write(*query.file, query.table->name, [&](Connection& connection) -> Status {
       Running running = connection.Prepared(sql.text, sql.parameters);
       count = running.Execute();
@@ -193,51 +193,6 @@ class SqliteEngine final : public Engine {
  private:
   static Status Gone(const Table& table) { return {ErrorKind::NoRecord, fmt::format("{}: the row is gone", table.name)}; }
 
-  static void ReadRows(Connection& connection, const Table& table, const Sql& sql, std::vector<GridRow>& rows) {
-    Running running = connection.Prepared(sql.text, sql.parameters);
-    while (running.Step()) {
-      GridRow& row = rows.emplace_back();
-      row.key = running.Integer(0);
-      row.values.reserve(table.columns.size());
-      for (std::size_t i = 0; i < table.columns.size(); ++i) {
-        row.values.push_back(running.Read(static_cast<int>(i) + 1, table.columns[i].type));
-      }
-    }
-  }
-
-  // The rows of the spans in the order of the query, one span after another until the limit.
-  void ReadSpans(Connection& connection, const RowQuery& query, const RowRange& range, const std::vector<KeySpan>& spans,
-                 const Stretch* stretch, std::vector<GridRow>& rows) {
-    const TableSql& sql = tables_.at(query.table);
-    const bool reversed = range.from == RowRange::From::End || range.from == RowRange::From::Before;
-    const bool falling = query.order.front().descending != reversed;
-    std::int64_t passed = range.offset;
-    Sql select = sql.Select(query, reversed, stretch, range.beside, range.limit, 0, &spans.front());
-    for (std::size_t i = 0; i < spans.size() && static_cast<int>(rows.size()) < range.limit; ++i) {
-      const KeySpan& span = spans[falling ? spans.size() - 1 - i : i];
-      if (passed > 0) {
-        const std::int64_t there = AskInteger(connection, sql.Count(query, nullptr, nullptr, &span, passed + 1));
-        if (there <= passed) {
-          passed -= there;
-          continue;
-        }
-        select = sql.Select(query, reversed, stretch, range.beside, range.limit, passed, &span);
-        ReadRows(connection, *query.table, select, rows);
-        select = sql.Select(query, reversed, stretch, range.beside, range.limit, 0, &span);
-        passed = 0;
-        continue;
-      }
-      TableSql::SetSpan(select, span);
-      select.parameters.back() = static_cast<double>(range.limit - static_cast<int>(rows.size()));
-      ReadRows(connection, *query.table, select, rows);
-    }
-  }
-
-  static std::int64_t AskInteger(Connection& connection, const Sql& sql) {
-    Running running = connection.Prepared(sql.text, sql.parameters);
-    return running.Step() ? running.Integer(0) : 0;
-  }
-
   // Runs work on the connection of a file.
   template <typename Work>
   Status On(const DatabaseFile& file, std::string_view what, Work work) {
@@ -283,6 +238,7 @@ class SqliteEngine final : public Engine {
   }
 
   const SqliteOptions options_;
+  const SqliteWords words_;
   std::map<const Table*, TableSql> tables_;
   Gate gate_;
   std::unique_ptr<Connection> data_;

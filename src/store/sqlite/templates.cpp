@@ -3,9 +3,8 @@
 #include <filesystem>
 #include <system_error>
 
-#include "store/sqlite/connection.h"
 #include "store/sqlite/errors.h"
-#include "store/sqlite/table_sql.h"
+#include "store/sqlite/sqlite_sql.h"
 
 namespace karvel {
 
