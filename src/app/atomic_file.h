@@ -9,9 +9,6 @@
 
 namespace karvel {
 
-// The outcome of a system call that set errno, about a path.
-Status StatusOfErrno(int error, const std::string& path);
-
 class AtomicFile {
  public:
   // Opens the neighbour of `target`, a path of this machine.

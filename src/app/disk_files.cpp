@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "app/atomic_file.h"
+#include "platform/system_error.h"
 #include "text/turkish.h"
 
 namespace karvel {
@@ -113,13 +114,13 @@ Status NoSuchDrive(const std::string& path) {
 template <typename Take>
 Status ReadPieces(const std::string& real, Take take) {
   const int handle = open(real.c_str(), O_RDONLY | O_CLOEXEC);
-  if (handle < 0) return StatusOfErrno(errno, real);
+  if (handle < 0) return StatusOfSystemError(errno, real);
   std::vector<char> piece(1 << 16);
   Status status;
   for (;;) {
     const ssize_t count = read(handle, piece.data(), piece.size());
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) status = StatusOfErrno(errno, real);
+    if (count < 0) status = StatusOfSystemError(errno, real);
     if (count <= 0) break;
     take(std::string_view(piece.data(), static_cast<std::size_t>(count)));
   }
@@ -218,7 +219,7 @@ Status DiskFiles::MakeFolder(const std::string& path) {
   if (real.empty()) return NoSuchDrive(path);
   std::error_code error;
   fs::create_directories(real, error);
-  return StatusOfErrno(error.value(), real);
+  return StatusOfSystemError(error.value(), real);
 }
 
 Status DiskFiles::Read(const std::string& path, std::string& bytes) const {
@@ -259,7 +260,7 @@ Status DiskFiles::Move(const std::string& from, const std::string& to) {
   if (realFrom.empty()) return NoSuchDrive(from);
   if (realTo.empty()) return NoSuchDrive(to);
   if (rename(realFrom.c_str(), realTo.c_str()) == 0) return {};
-  if (errno != EXDEV) return StatusOfErrno(errno, realFrom);
+  if (errno != EXDEV) return StatusOfSystemError(errno, realFrom);
   // Onto another disk.
   const Status status = Copy(from, to);
   return status.Ok() ? Delete(from) : status;
@@ -268,7 +269,7 @@ Status DiskFiles::Move(const std::string& from, const std::string& to) {
 Status DiskFiles::Delete(const std::string& path) {
   const std::string real = RealPath(path);
   if (real.empty()) return NoSuchDrive(path);
-  return std::remove(real.c_str()) == 0 ? Status() : StatusOfErrno(errno, real);
+  return std::remove(real.c_str()) == 0 ? Status() : StatusOfSystemError(errno, real);
 }
 
 std::vector<std::string> DiskFiles::List(const std::string& folder) const {

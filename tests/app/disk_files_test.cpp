@@ -4,11 +4,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <filesystem>
 #include <fstream>
 
-#include "app/atomic_file.h"
 #include "support/temp_folder.h"
 
 namespace karvel {
@@ -106,15 +104,6 @@ TEST_F(DiskFilesTest, a_copy_that_fails_leaves_the_target_as_it_was) {
   ASSERT_TRUE(files_.Copy("C:\\from", "C:\\to"));
   ASSERT_TRUE(files_.Read("C:\\to", bytes));
   EXPECT_EQ(bytes, std::string(200000, 'z'));
-}
-
-TEST(StatusOfErrno, tells_the_failures_that_a_clerk_can_mend) {
-  EXPECT_EQ(StatusOfErrno(ENOSPC, "x").Kind(), ErrorKind::DiskFull);
-  EXPECT_EQ(StatusOfErrno(EROFS, "x").Kind(), ErrorKind::NoRights);
-  EXPECT_EQ(StatusOfErrno(EACCES, "x").Kind(), ErrorKind::NoRights);
-  EXPECT_EQ(StatusOfErrno(ENOENT, "x").Kind(), ErrorKind::Missing);
-  EXPECT_EQ(StatusOfErrno(EIO, "x").Kind(), ErrorKind::Other);
-  EXPECT_TRUE(StatusOfErrno(0, "x"));
 }
 
 TEST_F(DiskFilesTest, a_moved_file_is_gone_from_its_old_place) {

@@ -7,11 +7,12 @@
 #include <cerrno>
 #include <chrono>
 #include <condition_variable>
-#include <cstring>
 #include <memory>
 #include <mutex>
 #include <thread>
 #include <utility>
+
+#include "platform/system_error.h"
 
 namespace karvel::sqlite {
 namespace {
@@ -24,16 +25,6 @@ int SetLock(int file, int type, bool wait) {
   int result = fcntl(file, wait ? F_OFD_SETLKW : F_OFD_SETLK, &lock);
   if (result != 0 && errno == EINVAL) result = fcntl(file, wait ? F_SETLKW : F_SETLK, &lock);
   return result;
-}
-
-Status Failed(const std::string& path, int error) {
-  const bool rights = error == EACCES || error == EPERM || error == EROFS;
-  const bool full = error == ENOSPC || error == EDQUOT;
-  return {full              ? ErrorKind::DiskFull
-          : rights          ? ErrorKind::NoRights
-          : error == ENOENT ? ErrorKind::Missing
-                            : ErrorKind::Other,
-          fmt::format("{}: {}", path, std::strerror(error))};
 }
 
 int OpenFile(const std::string& path) {
@@ -69,7 +60,7 @@ Status Gate::Open(const std::string& folder) {
   Close();
   path_ = folder + "/karvel.lock";
   file_ = OpenFile(path_);
-  return file_ >= 0 ? Status() : Failed(path_, errno);
+  return file_ >= 0 ? Status() : StatusOfSystemError(errno, path_);
 }
 
 void Gate::Close() {
@@ -79,14 +70,14 @@ void Gate::Close() {
 Status Gate::Take(int milliseconds) {
   if (file_ < 0) {
     file_ = OpenFile(path_);
-    if (file_ < 0) return Failed(path_, errno);
+    if (file_ < 0) return StatusOfSystemError(errno, path_);
   }
   if (SetLock(file_, F_WRLCK, false) == 0) return {};
-  if (errno != EAGAIN && errno != EACCES) return Failed(path_, errno);
+  if (errno != EAGAIN && errno != EACCES) return StatusOfSystemError(errno, path_);
 
   auto waiter = std::make_shared<Waiter>();
   waiter->file = OpenFile(path_);
-  if (waiter->file < 0) return Failed(path_, errno);
+  if (waiter->file < 0) return StatusOfSystemError(errno, path_);
   std::thread(Wait, waiter).detach();
   std::unique_lock lock(waiter->mutex);
   if (!waiter->changed.wait_for(lock, std::chrono::milliseconds(milliseconds), [&] { return waiter->done; })) {
@@ -95,7 +86,7 @@ Status Gate::Take(int milliseconds) {
   }
   if (waiter->error != 0) {
     close(waiter->file);
-    return Failed(path_, waiter->error);
+    return StatusOfSystemError(waiter->error, path_);
   }
   close(file_);
   file_ = waiter->file;

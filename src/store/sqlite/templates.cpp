@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "platform/system_error.h"
 #include "store/sqlite/errors.h"
 #include "store/sqlite/sqlite_sql.h"
 
@@ -26,7 +27,7 @@ Status WriteTemplate(const DatabaseFile& file, const std::string& realPath) {
   });
   if (!written.Ok()) return written;
   fs::rename(unfinished, realPath, failed);
-  if (failed) return {ErrorKind::NoRights, realPath + ": " + failed.message()};
+  if (failed) return {KindOfSystemError(failed.value(), ErrorKind::NoRights), realPath + ": " + failed.message()};
   return {};
 }
 
