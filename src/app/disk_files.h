@@ -3,7 +3,6 @@
 
 #include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "platform/files.h"
@@ -22,8 +21,8 @@ struct FilePlaces {
   static FilePlaces OfThisMachine(const std::string& executableFolder);
 };
 
-// The mount points under /media and /run/media in a mount table's text, sorted.
-std::vector<std::string> RemovableDisks(std::string_view mountTable);
+// Those of the machine's mount points that lie under /media or /run/media, in the order of their names, each once.
+std::vector<std::string> RemovableDisks(std::vector<std::string> mountPoints);
 
 class DiskFiles : public Files {
  public:
