@@ -53,9 +53,9 @@ Status Stores::Open(const std::string& folder) {
 }
 
 void Stores::Close() {
-  if (depth_ > 0) {
+  if (InAction()) {
     engine_->Rollback();
-    if (failure_.Ok()) failure_ = {ErrorKind::NotOpen, "the stores were closed inside the action"};
+    Fail({ErrorKind::NotOpen, "the stores were closed inside the action"});
   }
   engine_->Close();
   ++undone_;
@@ -63,42 +63,58 @@ void Stores::Close() {
 }
 
 Status Stores::Begin(const std::string& name) {
-  if (depth_ > 0) {
-    ++depth_;
-    return {};
+  if (!InAction()) {
+    if (!engine_->IsOpen()) return {ErrorKind::NotOpen, fmt::format("{}: no stores are open", name)};
+    if (Status begun = engine_->Begin(); !begun.Ok()) {
+      Log(fmt::format("{}: {}", name, begun.Message()));
+      return begun;
+    }
+    ++actions_;
   }
-  if (!engine_->IsOpen()) return {ErrorKind::NotOpen, fmt::format("{}: no stores are open", name)};
-  Status begun = engine_->Begin();
-  if (!begun.Ok()) {
-    Log(fmt::format("{}: {}", name, begun.Message()));
-    return begun;
-  }
-  depth_ = 1;
-  ++actions_;
-  actionName_ = name;
+  openActions_.push_back(name);
   return {};
 }
 
 Status Stores::Commit() {
-  if (depth_ == 0) return {ErrorKind::NotOpen, "a commit without an action"};
-  if (depth_ > 1) {
-    --depth_;
-    return {};
-  }
-  Status outcome = failure_;
+  if (!InAction()) return {ErrorKind::NotOpen, "a commit without an action"};
+  const std::string name = LeaveAction();
+  if (InAction()) return {};
+  Status outcome = std::exchange(failure_, {});
   if (outcome.Ok()) {
     outcome = engine_->Commit();
   } else {
     engine_->Rollback();
   }
-  depth_ = 0;
-  failure_ = {};
   if (!outcome.Ok()) {
-    Log(fmt::format("{}: {}", actionName_, outcome.Message()));
+    Log(fmt::format("{}: {}", name, outcome.Message()));
     ++undone_;
   }
   ShowWritten();
   return outcome;
+}
+
+void Stores::Abandon() {
+  if (!InAction()) return;
+  const std::string name = LeaveAction();
+  if (InAction()) {
+    Fail({ErrorKind::Other, fmt::format("{} was left unfinished", name)});
+    return;
+  }
+  engine_->Rollback();
+  failure_ = {};
+  ++undone_;
+  Log(fmt::format("{}: left unfinished, and undone", name));
+  ShowWritten();
+}
+
+std::string Stores::LeaveAction() {
+  std::string name = std::move(openActions_.back());
+  openActions_.pop_back();
+  return name;
+}
+
+void Stores::Fail(const Status& failure) {
+  if (failure_.Ok()) failure_ = failure;
 }
 
 Status Stores::Execute(const std::string& databaseName, const std::string& statement) {
@@ -150,8 +166,7 @@ Status Stores::Read(const std::function<Status(Engine&)>& read) {
 }
 
 Status Stores::Noted(Status status) {
-  if (depth_ == 0 || !failure_.Ok() || status.Ok()) return status;
-  if (IsFault(status) || !engine_->InTransaction()) failure_ = status;
+  if (InAction() && !status.Ok() && (IsFault(status) || !engine_->InTransaction())) Fail(status);
   return status;
 }
 

@@ -34,13 +34,19 @@ class Stores {
 
   // Begins an action of the clerk: all writes up to the matching Commit land together or not at all, over all files.
   // Actions nest: inner ones join the outer, and only the outermost commits. Reads inside see the action's own writes.
-  // Waits in line for other terminals. A failed Begin leaves no action open, and Commit must not be called.
+  // Waits in line for other terminals. Every Begin that went well is ended by one Commit or one Abandon; one that failed leaves no action
+  // open, and neither may be called for it.
   Status Begin(const std::string& name);
   // Ends an action. When the outermost fails, nothing of it is in the stores, and the message says why.
   // A single write that failed inside does not undo the others. A fault of the store does (no room, no rights, a damaged or silent
-  // disk): from there on every further write fails at once with it, and so does the outermost Commit.
+  // disk), and so does an inner action that was abandoned: from there on every further write fails at once with it, and so does the
+  // outermost Commit. NotOpen without an action.
   Status Commit();
-  [[nodiscard]] bool InAction() const { return depth_ > 0; }
+  // Ends an action that was not carried through. Abandoning the outermost undoes all its writes, over all files. An inner one can't be
+  // undone by itself, so it takes the outer one with it: that fails at its Commit, with a message that tells which was left unfinished.
+  // Does nothing without an action.
+  void Abandon();
+  [[nodiscard]] bool InAction() const { return !openActions_.empty(); }
   // Each action has its own number.
   [[nodiscard]] std::uint64_t ActionNumber() const { return actions_; }
 
@@ -64,15 +70,18 @@ class Stores {
   // grounds.
   Status Read(const std::function<Status(Engine&)>& read);
   Status Noted(Status status);
+  // Ends the innermost action for the count of them, and gives its name.
+  std::string LeaveAction();
+  // Fails the open actions. The first failure is the one that is told at the outermost Commit.
+  void Fail(const Status& failure);
   void ShowWritten();
   void Register(Cursor& cursor);
   void Unregister(Cursor& cursor);
 
   std::unique_ptr<Engine> engine_;
-  int depth_ = 0;
+  std::vector<std::string> openActions_;  // their names, the outermost first
   std::uint64_t actions_ = 0;
-  std::string actionName_;
-  Status failure_;  // of the open action
+  Status failure_;  // of the open actions
   std::uint64_t undone_ = 0;
   std::uint64_t openings_ = 0;
   std::unordered_map<const Table*, std::uint64_t> writes_;
@@ -80,17 +89,24 @@ class Stores {
   std::vector<Cursor*> cursors_;
 };
 
-// One action, from construction to Finish; an action that is left without Finish is committed too, so that what was written stays written.
+// One action, from construction to Finish. One that is left without Finish, by whatever way, is abandoned: what was half done is undone.
 class Action {
  public:
   Action(Stores& stores, const std::string& name) : stores_(stores), begun_(stores.Begin(name)), open_(begun_.Ok()) {}
   ~Action() {
-    if (open_) stores_.Commit().Ignore();
+    if (!open_) return;
+    if (commitsWhenLeft_) {
+      stores_.Commit().Ignore();
+    } else {
+      stores_.Abandon();
+    }
   }
   Action(const Action&) = delete;
   Action& operator=(const Action&) = delete;
-  // Whether the action is open, and if not, why.
+  // Whether the action could be begun, and if not, why.
   [[nodiscard]] const Status& Begun() const { return begun_; }
+  // From here on, leaving without Finish commits instead: what was written stays written. A failure of that is only logged.
+  void CommitWhenLeft() { commitsWhenLeft_ = true; }
   // Commits; a Begin that failed comes back from here.
   Status Finish() {
     if (!open_) return begun_;
@@ -102,6 +118,7 @@ class Action {
   Stores& stores_;
   Status begun_;
   bool open_;
+  bool commitsWhenLeft_ = false;
 };
 
 }  // namespace karvel
