@@ -12,8 +12,8 @@
 namespace karvel {
 namespace {
 
-// A fault of the store itself. What a clerk typed, or a row that another terminal deleted, is none.
-bool IsFault(const Status& status) {
+// A fault of the store itself. Something mistyped is none, nor is a row that another terminal deleted.
+bool IsStoreFault(const Status& status) {
   switch (status.Kind()) {
     case ErrorKind::Busy:
     case ErrorKind::DiskFull:
@@ -31,7 +31,7 @@ bool IsFault(const Status& status) {
   return false;
 }
 
-Status FileOf(const std::string& databaseName, const DatabaseFile*& file) {
+Status FindFile(const std::string& databaseName, const DatabaseFile*& file) {
   file = Catalogue::File(databaseName);
   if (file == nullptr) return {ErrorKind::Missing, fmt::format("{}: no such database file", databaseName)};
   return {};
@@ -58,7 +58,7 @@ void Stores::Close() {
     Fail({ErrorKind::NotOpen, "the stores were closed inside the action"});
   }
   engine_->Close();
-  ++undone_;
+  ++undoings_;
   ++openings_;
 }
 
@@ -87,9 +87,9 @@ Status Stores::Commit() {
   }
   if (!outcome.Ok()) {
     Log(fmt::format("{}: {}", name, outcome.Message()));
-    ++undone_;
+    ++undoings_;
   }
-  ShowWritten();
+  ShowWrittenTables();
   return outcome;
 }
 
@@ -102,9 +102,9 @@ void Stores::Abandon() {
   }
   engine_->Rollback();
   failure_ = {};
-  ++undone_;
+  ++undoings_;
   Log(fmt::format("{}: left unfinished, and undone", name));
-  ShowWritten();
+  ShowWrittenTables();
 }
 
 std::string Stores::LeaveAction() {
@@ -119,7 +119,7 @@ void Stores::Fail(const Status& failure) {
 
 Status Stores::Execute(const std::string& databaseName, const std::string& statement) {
   const DatabaseFile* file = nullptr;
-  if (Status found = FileOf(databaseName, file); !found.Ok()) return found;
+  if (Status found = FindFile(databaseName, file); !found.Ok()) return found;
   dialect::Statement parsed;
   if (Status understood = dialect::ParseStatement(statement, *file, parsed); !understood.Ok()) return understood;
   if (parsed.kind != dialect::StatementKind::Delete) return {ErrorKind::BadText, "only a DELETE can be executed"};
@@ -137,7 +137,7 @@ Status Stores::Execute(const std::string& databaseName, const std::string& state
 Status Stores::QueryValue(const std::string& databaseName, const std::string& query, Value& result) {
   result = {};
   const DatabaseFile* file = nullptr;
-  if (Status found = FileOf(databaseName, file); !found.Ok()) return found;
+  if (Status found = FindFile(databaseName, file); !found.Ok()) return found;
   dialect::Statement parsed;
   if (Status understood = dialect::ParseStatement(query, *file, parsed); !understood.Ok()) return understood;
   if (parsed.kind != dialect::StatementKind::Sum) return {ErrorKind::BadText, "not a sum query"};
@@ -147,31 +147,31 @@ Status Stores::QueryValue(const std::string& databaseName, const std::string& qu
 
 std::uint64_t Stores::WriteCount(const Table& table) const {
   const auto found = writes_.find(&table);
-  return undone_ + (found == writes_.end() ? 0 : found->second);
+  return undoings_ + (found == writes_.end() ? 0 : found->second);
 }
 
 Status Stores::Write(const Table& table, const std::function<Status(Engine&)>& write) {
   if (!failure_.Ok()) return failure_;
-  Status written = Noted(write(*engine_));
+  Status written = FailOnFault(write(*engine_));
   if (written.Ok()) {
     ++writes_[&table];
-    if (std::find(written_.begin(), written_.end(), &table) == written_.end()) written_.push_back(&table);
+    if (std::find(writtenTables_.begin(), writtenTables_.end(), &table) == writtenTables_.end()) writtenTables_.push_back(&table);
   }
   return written;
 }
 
 Status Stores::Read(const std::function<Status(Engine&)>& read) {
   if (!engine_->IsOpen()) return {ErrorKind::NotOpen, "no stores are open"};
-  return Noted(read(*engine_));
+  return FailOnFault(read(*engine_));
 }
 
-Status Stores::Noted(Status status) {
-  if (InAction() && !status.Ok() && (IsFault(status) || !engine_->InTransaction())) Fail(status);
+Status Stores::FailOnFault(Status status) {
+  if (InAction() && !status.Ok() && (IsStoreFault(status) || !engine_->InTransaction())) Fail(status);
   return status;
 }
 
-void Stores::ShowWritten() {
-  const std::vector<const Table*> written = std::exchange(written_, {});
+void Stores::ShowWrittenTables() {
+  const std::vector<const Table*> written = std::exchange(writtenTables_, {});
   if (written.empty()) return;
   const std::vector<Cursor*> cursors = cursors_;
   for (Cursor* cursor : cursors) {

@@ -25,10 +25,10 @@ class Stores {
 
   [[nodiscard]] Engine& Driver() { return *engine_; }
 
-  // Opens a data folder (this machine's own path, or what else the engine calls one), recovering it in place.
+  // Opens a data folder (a path of this machine, or whatever the engine takes for one), recovering it in place.
   // Cursors that were open keep their sources, but have no rows until their next Refresh.
   Status Open(const std::string& folder);
-  // An action that is open is undone; Commit must still be called for it, and tells so.
+  // An open action is undone. Its Commit or Abandon is still due; Commit then fails, and says why.
   void Close();
   [[nodiscard]] bool IsOpen() const { return engine_->IsOpen(); }
 
@@ -47,17 +47,20 @@ class Stores {
   // Does nothing without an action.
   void Abandon();
   [[nodiscard]] bool InAction() const { return !openActions_.empty(); }
-  // Each action has its own number.
+  // The number of the open action, or of the last one. Each outermost action has its own; 0 before the first.
   [[nodiscard]] std::uint64_t ActionNumber() const { return actions_; }
 
-  // Runs "DELETE FROM T Where …" in the dialect on a database file, as an action of its own unless one is open.
+  // Runs "DELETE FROM T Where …" in the dialect on a database file, as an action of its own unless one is open. BadText for any other
+  // statement, Missing when there is no such file.
   Status Execute(const std::string& databaseName, const std::string& statement);
-  // Runs a sum query ("Select Sum(x) FROM T Where …") on a database file: field 0 of its one row. Null when no row matched.
+  // Runs a sum query ("Select Sum(x) FROM T Where …") on a database file: field 0 of its one row. Null when no row matched, and on a
+  // failure (those of Execute).
   Status QueryValue(const std::string& databaseName, const std::string& query, Value& result);
 
   // Grows with every Open and Close.
   [[nodiscard]] std::uint64_t Openings() const { return openings_; }
-  // Grows with every write to the table through this object, and with every action undone: what was read under another count may be stale.
+  // Grows with every write to the table through this object, and with every action that is undone: what was read under another count may
+  // be out of date.
   [[nodiscard]] std::uint64_t WriteCount(const Table& table) const;
 
  private:
@@ -66,26 +69,28 @@ class Stores {
 
   // For the cursors: an engine's write, counted; inside an action it is refused when the action has failed already.
   Status Write(const Table& table, const std::function<Status(Engine&)>& write);
-  // For the cursors: an engine's read; a fault of the store inside an action fails the action, for its next step would decide on false
-  // grounds.
+  // For the cursors: an engine's read. A fault of the store inside an action fails the action, for its next step would decide on what was
+  // not read.
   Status Read(const std::function<Status(Engine&)>& read);
-  Status Noted(Status status);
-  // Ends the innermost action for the count of them, and gives its name.
+  // Fails the open action, if there is one, where the outcome of a step is a fault of the store. The outcome is handed on as it is.
+  Status FailOnFault(Status status);
+  // Takes the innermost action off the open ones, and gives its name.
   std::string LeaveAction();
   // Fails the open actions. The first failure is the one that is told at the outermost Commit.
   void Fail(const Status& failure);
-  void ShowWritten();
+  // Tells the grids over every table that was written since the action began.
+  void ShowWrittenTables();
   void Register(Cursor& cursor);
   void Unregister(Cursor& cursor);
 
   std::unique_ptr<Engine> engine_;
   std::vector<std::string> openActions_;  // their names, the outermost first
   std::uint64_t actions_ = 0;
-  Status failure_;  // of the open actions
-  std::uint64_t undone_ = 0;
+  Status failure_;              // of the open actions
+  std::uint64_t undoings_ = 0;  // actions undone, and closings
   std::uint64_t openings_ = 0;
   std::unordered_map<const Table*, std::uint64_t> writes_;
-  std::vector<const Table*> written_;  // since the action began
+  std::vector<const Table*> writtenTables_;  // since the action began
   std::vector<Cursor*> cursors_;
 };
 

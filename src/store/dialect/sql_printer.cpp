@@ -49,7 +49,7 @@ class SqlPrinter {
     out_ += Column(std::get<Field>(expr.node)) + " <> 0";
   }
 
-  std::string Whole(const Expr& expr) {
+  std::string Print(const Expr& expr) {
     Put(expr);
     return std::move(out_);
   }
@@ -258,7 +258,7 @@ std::string SqlTarget::KeyPrefixEnd(std::string_view prefix) const {
 }
 
 std::string PrintSql(const Expr& expression, const Table& table, const SqlTarget& target, std::vector<Value>& parameters) {
-  return SqlPrinter(table, target, parameters).Whole(expression);
+  return SqlPrinter(table, target, parameters).Print(expression);
 }
 
 std::string PrintSqlOrder(const std::vector<OrderTerm>& order, const Table& table, const SqlTarget& target) {

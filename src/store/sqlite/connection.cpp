@@ -31,7 +31,7 @@ void Fits(sqlite3_context* context, int, sqlite3_value** arguments) {
   if (pattern == nullptr) {
     pattern = new LikePattern(TextOf(arguments[1]));
     sqlite3_set_auxdata(context, 1, pattern, [](void* kept) { delete static_cast<LikePattern*>(kept); });
-    // Without room the pattern is not kept, but gone.
+    // Where memory is short, it has been deleted instead of kept.
     pattern = static_cast<LikePattern*>(sqlite3_get_auxdata(context, 1));
     if (pattern == nullptr) return sqlite3_result_error_nomem(context);
   }
@@ -64,11 +64,11 @@ bool IsOwnForm(std::string_view text) {
 
 }  // namespace
 
-Running::Running(SQLite::Statement& statement, const std::vector<Value>& parameters) : statement_(statement) {
+RunningStatement::RunningStatement(SQLite::Statement& statement, const std::vector<Value>& parameters) : statement_(statement) {
   for (std::size_t i = 0; i < parameters.size(); ++i) Bind(statement_, static_cast<int>(i) + 1, parameters[i]);
 }
 
-Value Running::Read(int column, ColumnType type) const {
+Value RunningStatement::Read(int column, ColumnType type) const {
   const SQLite::Column field = statement_.getColumn(column);
   const int stored = field.getType();
   if (stored == SQLITE_NULL) return {};
@@ -115,7 +115,7 @@ void Connection::AddFunctions() {
   }
 }
 
-Running Connection::Prepared(const std::string& sql, const std::vector<Value>& parameters) {
+RunningStatement Connection::Prepare(const std::string& sql, const std::vector<Value>& parameters) {
   const auto found = byText_.find(sql);
   if (found != byText_.end()) {
     statements_.splice(statements_.begin(), statements_, found->second);
@@ -132,12 +132,12 @@ Running Connection::Prepared(const std::string& sql, const std::vector<Value>& p
 
 void Connection::Execute(const std::string& sql) {
   static const std::vector<Value> none;
-  Running running = Prepared(sql, none);
+  RunningStatement running = Prepare(sql, none);
   while (running.Step()) {
   }
 }
 
-std::string Connection::Ask(const std::string& sql) {
+std::string Connection::AskText(const std::string& sql) {
   SQLite::Statement statement(database_, sql);
   return statement.executeStep() ? statement.getColumn(0).getString() : std::string();
 }

@@ -17,7 +17,8 @@
 namespace karvel::sqlite {
 namespace {
 
-// A share may know only the older kind of lock, which belongs to the process instead of the opened file; one desk a process needs no more.
+// A share may know only the older kind of lock, which belongs to the process instead of the opened file. That does too, for a process
+// holds one desk.
 int SetLock(int file, int type, bool wait) {
   struct flock lock{};
   lock.l_type = static_cast<short>(type);
@@ -31,18 +32,18 @@ int OpenFile(const std::string& path) {
   return open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
 }
 
-// A place in the line: a thread that waits in the kernel, where the waiters are woken, on an opening of its own.
-// Who gives up leaves it behind; it lets the lock go as soon as it has it.
+// A place in the line: a thread that waits for the lock, so that the kernel wakes it in its turn, with the file opened once more for
+// itself. A terminal that gives up waiting leaves the thread behind, which lets the lock go as soon as it gets it.
 struct Waiter {
   std::mutex mutex;
   std::condition_variable changed;
   int file = -1;
   int error = 0;
   bool done = false;
-  bool left = false;
+  bool gaveUp = false;
 };
 
-void Wait(const std::shared_ptr<Waiter>& waiter) {
+void WaitForLock(const std::shared_ptr<Waiter>& waiter) {
   int result = 0;
   do {
     result = SetLock(waiter->file, F_WRLCK, true);
@@ -50,7 +51,7 @@ void Wait(const std::shared_ptr<Waiter>& waiter) {
   const std::lock_guard lock(waiter->mutex);
   waiter->error = result == 0 ? 0 : errno;
   waiter->done = true;
-  if (waiter->left) close(waiter->file);
+  if (waiter->gaveUp) close(waiter->file);
   waiter->changed.notify_one();
 }
 
@@ -78,10 +79,10 @@ Status Gate::Take(int milliseconds) {
   auto waiter = std::make_shared<Waiter>();
   waiter->file = OpenFile(path_);
   if (waiter->file < 0) return StatusOfSystemError(errno, path_);
-  std::thread(Wait, waiter).detach();
+  std::thread(WaitForLock, waiter).detach();
   std::unique_lock lock(waiter->mutex);
   if (!waiter->changed.wait_for(lock, std::chrono::milliseconds(milliseconds), [&] { return waiter->done; })) {
-    waiter->left = true;
+    waiter->gaveUp = true;
     return {ErrorKind::Busy, fmt::format("{}: held by another terminal", path_)};
   }
   if (waiter->error != 0) {

@@ -26,7 +26,7 @@ class ConnectionRunner final : public StatementRunner {
   explicit ConnectionRunner(Connection& connection) : connection_(connection) {}
 
   void ReadRows(const Table& table, const SqlText& sql, std::vector<GridRow>& rows) override {
-    Running running = connection_.Prepared(sql.text, sql.parameters);
+    RunningStatement running = connection_.Prepare(sql.text, sql.parameters);
     while (running.Step()) {
       GridRow& row = rows.emplace_back();
       row.key = running.Integer(0);
@@ -38,7 +38,7 @@ class ConnectionRunner final : public StatementRunner {
   }
 
   std::int64_t ReadNumber(const SqlText& sql) override {
-    Running running = connection_.Prepared(sql.text, sql.parameters);
+    RunningStatement running = connection_.Prepare(sql.text, sql.parameters);
     return running.Step() ? running.Integer(0) : 0;
   }
 
@@ -73,7 +73,7 @@ class SqliteEngine final : public Engine {
 
   Status Select(const RowQuery& query, const RowRange& range, std::vector<GridRow>& rows) override {
     rows.clear();
-    return On(*query.file, query.table->name, [&](Connection& connection) {
+    return WithConnection(*query.file, query.table->name, [&](Connection& connection) {
       ConnectionRunner runner(connection);
       RowReads(tables_.at(query.table), query, SpansOf(query), runner).Select(range, rows);
     });
@@ -81,7 +81,7 @@ class SqliteEngine final : public Engine {
 
   Status Count(const RowQuery& query, std::int64_t& count) override {
     count = 0;
-    return On(*query.file, query.table->name, [&](Connection& connection) {
+    return WithConnection(*query.file, query.table->name, [&](Connection& connection) {
       ConnectionRunner runner(connection);
       count = RowReads(tables_.at(query.table), query, SpansOf(query), runner).Count();
     });
@@ -89,7 +89,7 @@ class SqliteEngine final : public Engine {
 
   Status CountBefore(const RowQuery& query, const GridRow& row, std::int64_t& count) override {
     count = 0;
-    return On(*query.file, query.table->name, [&](Connection& connection) {
+    return WithConnection(*query.file, query.table->name, [&](Connection& connection) {
       ConnectionRunner runner(connection);
       count = RowReads(tables_.at(query.table), query, {}, runner).CountBefore(row);
     });
@@ -97,27 +97,27 @@ class SqliteEngine final : public Engine {
 
   Status Sum(const RowQuery& query, int position, Value& sum) override {
     sum = {};
-    return On(*query.file, query.table->name, [&](Connection& connection) {
+    return WithConnection(*query.file, query.table->name, [&](Connection& connection) {
       const SqlText sql = tables_.at(query.table).Sum(query, position);
-      Running running = connection.Prepared(sql.text, sql.parameters);
+      RunningStatement running = connection.Prepare(sql.text, sql.parameters);
       if (running.Step()) sum = running.Read(0, ColumnType::Number);
     });
   }
 
   // The write lock of the folder, held since Begin, is the row's lock too.
   Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool /*forEdit*/, GridRow& row) override {
-    return On(file, table.name, [&](Connection& connection) -> Status {
+    return WithConnection(file, table.name, [&](Connection& connection) -> Status {
       std::vector<GridRow> rows;
       ConnectionRunner(connection).ReadRows(table, {tables_.at(&table).Read(), {static_cast<double>(key)}}, rows);
-      if (rows.empty()) return Gone(table);
+      if (rows.empty()) return RowGone(table);
       row = std::move(rows.front());
       return {};
     });
   }
 
   Status Insert(const DatabaseFile& file, const Table& table, const Row& values, RowKey& key) override {
-    return Write(file, table.name, [&](Connection& connection) -> Status {
-      Running running = connection.Prepared(tables_.at(&table).Insert(), values);
+    return WithWriting(file, table.name, [&](Connection& connection) -> Status {
+      RunningStatement running = connection.Prepare(tables_.at(&table).Insert(), values);
       running.Execute();
       key = connection.Database().getLastInsertRowid();
       return {};
@@ -126,24 +126,24 @@ class SqliteEngine final : public Engine {
 
   Status Change(const DatabaseFile& file, const Table& table, RowKey key, std::span<const FieldValue> fields) override {
     const SqlText sql = tables_.at(&table).Change(key, fields);
-    return Write(file, table.name, [&](Connection& connection) -> Status {
-      Running running = connection.Prepared(sql.text, sql.parameters);
-      return running.Execute() == 0 ? Gone(table) : Status();
+    return WithWriting(file, table.name, [&](Connection& connection) -> Status {
+      RunningStatement running = connection.Prepare(sql.text, sql.parameters);
+      return running.Execute() == 0 ? RowGone(table) : Status();
     });
   }
 
   Status Delete(const DatabaseFile& file, const Table& table, RowKey key) override {
-    return Write(file, table.name, [&](Connection& connection) -> Status {
+    return WithWriting(file, table.name, [&](Connection& connection) -> Status {
       const std::vector<Value> parameters{static_cast<double>(key)};
-      Running running = connection.Prepared(tables_.at(&table).Delete(), parameters);
-      return running.Execute() == 0 ? Gone(table) : Status();
+      RunningStatement running = connection.Prepare(tables_.at(&table).Delete(), parameters);
+      return running.Execute() == 0 ? RowGone(table) : Status();
     });
   }
 
   Status DeleteWhere(const RowQuery& query, std::int64_t& count) override {
     const SqlText sql = tables_.at(query.table).DeleteWhere(query);
-    return Write(*query.file, query.table->name, [&](Connection& connection) -> Status {
-      Running running = connection.Prepared(sql.text, sql.parameters);
+    return WithWriting(*query.file, query.table->name, [&](Connection& connection) -> Status {
+      RunningStatement running = connection.Prepare(sql.text, sql.parameters);
       count = running.Execute();
       return {};
     });
@@ -163,20 +163,21 @@ class SqliteEngine final : public Engine {
     return {};
   }
 
-  // 1. The scratch file goes by itself, and its failure hinders nobody. 2. Where nothing was written there is nothing to sync.
-  // 3. A commit that fails leaves the transaction open, or not, by its cause; here it is over in any case.
   Status Commit() override {
     if (!open_) return {ErrorKind::NotOpen, "no transaction"};
+    // The scratch file is committed by itself; where that fails, nobody is hindered.
     EndScratch("COMMIT");
     Status committed;
     if (!data_->InTransaction()) {
       committed = {ErrorKind::Other, "the transaction has been undone"};
     } else if (data_->Database().getTotalChanges() == changesBefore_) {
+      // Nothing was written, so there is nothing to sync.
       committed = Run(&data_->Database(), "commit", [&] { data_->Execute("ROLLBACK"); });
     } else {
       CommitSyncs::Begin();
       committed = Run(&data_->Database(), "commit", [&] { data_->Execute("COMMIT"); });
     }
+    // A commit that fails leaves the transaction open or not, depending on why it failed; here it is over in any case.
     EndTransaction();
     return committed;
   }
@@ -191,11 +192,11 @@ class SqliteEngine final : public Engine {
   [[nodiscard]] bool ReadsHold() const override { return true; }
 
  private:
-  static Status Gone(const Table& table) { return {ErrorKind::NoRecord, fmt::format("{}: the row is gone", table.name)}; }
+  static Status RowGone(const Table& table) { return {ErrorKind::NoRecord, fmt::format("{}: the row is gone", table.name)}; }
 
   // Runs work on the connection of a file.
   template <typename Work>
-  Status On(const DatabaseFile& file, std::string_view what, Work work) {
+  Status WithConnection(const DatabaseFile& file, std::string_view what, Work work) {
     Connection* connection = data_.get();
     if (connection == nullptr) return {ErrorKind::NotOpen, "no data folder is open"};
     if (!InDataFolder(file)) {
@@ -208,8 +209,8 @@ class SqliteEngine final : public Engine {
   }
 
   template <typename Work>
-  Status Write(const DatabaseFile& file, std::string_view what, Work work) {
-    return On(file, what, [&](Connection& connection) -> Status {
+  Status WithWriting(const DatabaseFile& file, std::string_view what, Work work) {
+    return WithConnection(file, what, [&](Connection& connection) -> Status {
       if (&connection == data_.get()) {
         if (open_ && !connection.InTransaction()) return {ErrorKind::Other, "the transaction has been undone"};
       } else if (open_ && !connection.InTransaction()) {
