@@ -14,8 +14,8 @@ bool SystemConnection::Up() const {
 }
 
 bool SystemConnection::LeadsOut(QNetworkInterface::InterfaceFlags flags, const QList<QHostAddress>& addresses) {
-  constexpr QNetworkInterface::InterfaceFlags working = QNetworkInterface::IsUp | QNetworkInterface::IsRunning;
-  if ((flags & working) != working || flags.testFlag(QNetworkInterface::IsLoopBack)) return false;
+  constexpr QNetworkInterface::InterfaceFlags kWorking = QNetworkInterface::IsUp | QNetworkInterface::IsRunning;
+  if ((flags & kWorking) != kWorking || flags.testFlag(QNetworkInterface::IsLoopBack)) return false;
   return std::ranges::any_of(addresses, [](const QHostAddress& address) { return !address.isNull() && !address.isLoopback(); });
 }
 

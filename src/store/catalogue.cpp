@@ -8,10 +8,10 @@ namespace karvel {
 
 namespace {
 
-constexpr ColumnType T = ColumnType::Text;
-constexpr ColumnType N = ColumnType::Number;
-constexpr ColumnType D = ColumnType::Date;
-constexpr ColumnType B = ColumnType::Boolean;
+const ColumnType T = ColumnType::Text;
+const ColumnType N = ColumnType::Number;
+const ColumnType D = ColumnType::Date;
+const ColumnType B = ColumnType::Boolean;
 
 // Names of tables and columns carry no letter that differs by language but "I" and "i", which are alike.
 bool SameName(std::string_view a, std::string_view b) {

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <cmath>
+#include <utility>
 
 #include "text/turkish.h"
 
@@ -82,8 +83,8 @@ bool IsTrue(const Literal& number) {
 }  // namespace
 
 std::string ForLog(std::string_view text) {
-  constexpr std::size_t most = 60;
-  std::string shown = LeftLetters(text.substr(0, most * 4), most);
+  constexpr std::size_t kMost = 60;
+  std::string shown = LeftLetters(text.substr(0, kMost * 4), kMost);
   for (char& c : shown) {
     if (static_cast<unsigned char>(c) < 0x20 || c == 0x7f) c = '?';
   }
@@ -91,7 +92,7 @@ std::string ForLog(std::string_view text) {
 }
 
 Checked Checker::NewNode(Expr&& expr, ResultKind kind) {
-  if (++nodes_ > nodeLimit) return Refuse(fmt::format("more than {} parts", nodeLimit));
+  if (++nodes_ > kNodeLimit) return Refuse(fmt::format("more than {} parts", kNodeLimit));
   return {ExprPtr(new Expr(std::move(expr)), Release), kind};
 }
 
@@ -152,26 +153,26 @@ Checked Checker::MakeLike(Checked text, std::string pattern) {
   return NewNode({Like{std::move(text.expr), std::move(pattern)}}, ResultKind::Condition);
 }
 
-ExprPtr Checker::Condition(const Checked& part) {
-  if (part.kind == ResultKind::Condition || part.kind == ResultKind::Boolean) return part.expr;
+ExprPtr Checker::Condition(Checked part) {
+  if (part.kind == ResultKind::Condition || part.kind == ResultKind::Boolean) return std::move(part.expr);
   problem_ = fmt::format("{} where a condition belongs", NameOf(part.kind));
   return nullptr;
 }
 
 Checked Checker::MakeNot(Checked condition) {
-  ExprPtr inner = Condition(condition);
+  ExprPtr inner = Condition(std::move(condition));
   if (!inner) return {};
   return NewNode({Not{std::move(inner)}}, ResultKind::Condition);
 }
 
 Checked Checker::MakeAnd(Checked left, Checked right) {
-  ExprPtr first = Condition(left), second = Condition(right);
+  ExprPtr first = Condition(std::move(left)), second = Condition(std::move(right));
   if (!first || !second) return {};
   return NewNode({And{std::move(first), std::move(second)}}, ResultKind::Condition);
 }
 
 Checked Checker::MakeOr(Checked left, Checked right) {
-  ExprPtr first = Condition(left), second = Condition(right);
+  ExprPtr first = Condition(std::move(left)), second = Condition(std::move(right));
   if (!first || !second) return {};
   return NewNode({Or{std::move(first), std::move(second)}}, ResultKind::Condition);
 }

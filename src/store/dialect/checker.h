@@ -19,7 +19,7 @@ struct Checked {
 
 class Checker {
  public:
-  static constexpr std::size_t nodeLimit = 5000;
+  static constexpr std::size_t kNodeLimit = 5000;
 
   explicit Checker(const Table& table) : table_(table) {}
 
@@ -33,7 +33,7 @@ class Checker {
   Checked MakeAnd(Checked left, Checked right);
   Checked MakeOr(Checked left, Checked right);
   // The tree, when it is a condition: a comparison or something boolean. Null otherwise.
-  ExprPtr Condition(const Checked& part);
+  ExprPtr Condition(Checked part);
 
   // The position of a column; -1 with a problem when there is none.
   int ColumnPosition(std::string_view name);

@@ -54,9 +54,9 @@ class DateReader {
 
  private:
   static int DaysIn(int month, int year) {
-    constexpr std::array<int, 12> days{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    constexpr std::array<int, 12> kDays{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-    return days[static_cast<std::size_t>(month - 1)] + (month == 2 && leap ? 1 : 0);
+    return kDays[static_cast<std::size_t>(month - 1)] + (month == 2 && leap ? 1 : 0);
   }
   // A whole number of so many digits; -1 when it isn't one.
   int Piece(std::size_t fewest, std::size_t most) {
@@ -91,13 +91,13 @@ bool EqualWord(std::string_view a, std::string_view b) {
 }
 
 bool IsPlainName(std::string_view name) {
-  constexpr std::array<std::string_view, 16> keyWords{"select", "from", "where", "order", "by",   "asc",   "desc", "delete",
-                                                      "and",    "or",   "not",   "like",  "true", "false", "left", "lcase"};
+  constexpr std::array<std::string_view, 16> kKeyWords{"select", "from", "where", "order", "by",   "asc",   "desc", "delete",
+                                                       "and",    "or",   "not",   "like",  "true", "false", "left", "lcase"};
   if (name.empty() || IsDigit(name.front())) return false;
   for (const char c : name) {
     if (!IsNameByte(c)) return false;
   }
-  for (const auto word : keyWords) {
+  for (const auto word : kKeyWords) {
     if (EqualWord(name, word)) return false;
   }
   return true;
@@ -182,11 +182,11 @@ Token Lexer::NumberOrName() {
 }
 
 Token Lexer::SymbolSign() {
-  constexpr std::string_view single = "=<>(),;*+-";
+  constexpr std::string_view kSingle = "=<>(),;*+-";
   const std::string_view two = text_.substr(at_, 2);
   std::string_view sign = text_.substr(at_, 1);
   if (two == "<>" || two == "<=" || two == ">=") sign = two;
-  if (single.find(sign.front()) == std::string_view::npos) return ErrorToken("a sign that means nothing here");
+  if (kSingle.find(sign.front()) == std::string_view::npos) return ErrorToken("a sign that means nothing here");
   at_ += sign.size();
   return NewToken(TokenKind::Symbol, std::string(sign));
 }

@@ -11,8 +11,8 @@
 namespace karvel::dialect {
 namespace {
 
-constexpr std::size_t textLimit = 64 * 1024;
-constexpr int nestingLimit = 200;
+constexpr std::size_t kTextLimit = std::size_t{64} * 1024;
+constexpr int kNestingLimit = 200;
 
 std::optional<CompareOp> CompareOpOf(const Token& token) {
   if (token.Is("=")) return CompareOp::Equal;
@@ -48,7 +48,7 @@ class Parser {
   // Steps of a statement; false once something failed.
 
   bool Begin() {
-    if (text_.size() > textLimit) return Fail("a text over 64 KiB", 0);
+    if (text_.size() > kTextLimit) return Fail("a text over 64 KiB", 0);
     // No store holds a zero byte, and one engine can't even take it.
     if (text_.find('\0') != std::string_view::npos) return Fail("a zero byte", text_.find('\0'));
     Advance();
@@ -117,9 +117,9 @@ class Parser {
 
   bool WholeCondition(ExprPtr& condition) {
     const std::size_t start = token_.start;
-    const Checked whole = OrChain();
+    Checked whole = OrChain();
     if (!whole.expr) return false;
-    condition = checker_->Condition(whole);
+    condition = checker_->Condition(std::move(whole));
     return condition || Fail(checker_->Problem(), start);
   }
 
@@ -256,7 +256,7 @@ class Parser {
 
   // Failures.
 
-  bool Deeper() { return ++depth_ <= nestingLimit || Fail(fmt::format("nested deeper than {}", nestingLimit), token_.start); }
+  bool Deeper() { return ++depth_ <= kNestingLimit || Fail(fmt::format("nested deeper than {}", kNestingLimit), token_.start); }
 
   // Hands a part on; one that the checker refused fails the text with its reason.
   Checked FailIfRefused(Checked part, std::size_t start) {

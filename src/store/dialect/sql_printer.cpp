@@ -11,11 +11,11 @@ namespace karvel::dialect {
 namespace {
 
 // Conditions that need no row, understood by every engine.
-constexpr std::string_view always = "1 = 1";
-constexpr std::string_view never = "1 = 0";
+constexpr std::string_view kAlways = "1 = 1";
+constexpr std::string_view kNever = "1 = 0";
 
 // Chains are printed in groups, for engines limit the depth of a condition and a flat chain is one level a term.
-constexpr std::size_t groupSize = 32;
+constexpr std::size_t kGroupSize = 32;
 
 // Texts compare and fit patterns ignoring case, so LCase changes nothing in a condition.
 const Expr& WithoutLCase(const Expr& text) {
@@ -77,7 +77,7 @@ class SqlPrinter {
 
   void PutGroup(const Expr* const* terms, std::size_t count, std::string_view word) {
     if (count == 1) return Put(**terms);
-    const std::size_t step = (count + groupSize - 1) / groupSize;
+    const std::size_t step = (count + kGroupSize - 1) / kGroupSize;
     out_ += '(';
     for (std::size_t i = 0; i < count; i += step) {
       if (i > 0) out_ += word;
@@ -239,7 +239,7 @@ class SqlPrinter {
   }
 
   void PutOperator(CompareOp op) { out_ += fmt::format(" {} ", OperatorText(op)); }
-  void PutConstant(bool value) { out_ += value ? always : never; }
+  void PutConstant(bool value) { out_ += value ? kAlways : kNever; }
 
   const Table& table_;
   const SqlTarget& target_;

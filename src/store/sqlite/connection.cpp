@@ -107,10 +107,10 @@ Connection::Connection(const std::string& path, const std::string& vfs, int busy
 }
 
 void Connection::AddFunctions() {
-  constexpr int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY;
+  constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY;
   sqlite3* handle = database_.getHandle();
-  if (sqlite3_create_function_v2(handle, "karvel_fold", 1, flags, nullptr, Fold, nullptr, nullptr, nullptr) != SQLITE_OK ||
-      sqlite3_create_function_v2(handle, "karvel_like", 2, flags, nullptr, Fits, nullptr, nullptr, nullptr) != SQLITE_OK) {
+  if (sqlite3_create_function_v2(handle, "karvel_fold", 1, kFlags, nullptr, Fold, nullptr, nullptr, nullptr) != SQLITE_OK ||
+      sqlite3_create_function_v2(handle, "karvel_like", 2, kFlags, nullptr, Fits, nullptr, nullptr, nullptr) != SQLITE_OK) {
     throw SQLite::Exception(handle);
   }
 }
@@ -120,7 +120,7 @@ RunningStatement Connection::Prepare(const std::string& sql, const std::vector<V
   if (found != byText_.end()) {
     statements_.splice(statements_.begin(), statements_, found->second);
   } else {
-    if (statements_.size() >= keptStatements) {
+    if (statements_.size() >= kMostKept) {
       byText_.erase(statements_.back().first);
       statements_.pop_back();
     }

@@ -50,7 +50,7 @@ class Connection {
   [[nodiscard]] bool InTransaction() const;
 
  private:
-  static constexpr std::size_t keptStatements = 200;
+  static constexpr std::size_t kMostKept = 200;
   using KeptStatements = std::list<std::pair<std::string, SQLite::Statement>>;
 
   void AddFunctions();

@@ -20,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view mainFile = "Karvel.mdb";
+constexpr std::string_view kMainFile = "Karvel.mdb";
 
 Status WithName(const DatabaseFile& file, const Status& status) {
   return {status.Kind(), fmt::format("{}: {}", file.name, status.Message())};
@@ -104,7 +104,7 @@ void SweepSuperJournals(Connection& connection, const std::string& folder, Gate&
 }
 
 Status OpenAll(const std::string& folder, const SqliteOptions& options, std::unique_ptr<Connection>& connection) {
-  const DatabaseFile& main = *Catalogue::File(mainFile);
+  const DatabaseFile& main = *Catalogue::File(kMainFile);
   for (const DatabaseFile& file : Catalogue::Files()) {
     if (InDataFolder(file) && FindFile(folder, file.name).empty()) return WithName(file, {ErrorKind::Missing, "not in " + folder});
   }
@@ -141,7 +141,7 @@ std::string FindFile(const std::string& folder, std::string_view name) {
 }
 
 std::string SchemaOf(const DatabaseFile& file) {
-  return file.name == mainFile ? "main" : std::string(file.schema);
+  return file.name == kMainFile ? "main" : std::string(file.schema);
 }
 
 bool InDataFolder(const DatabaseFile& file) {
