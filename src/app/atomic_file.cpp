@@ -8,8 +8,9 @@
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
-#include <system_error>
 #include <utility>
+
+#include "platform/system_error.h"
 
 namespace karvel {
 namespace {
@@ -24,34 +25,6 @@ std::string FolderOf(const std::string& path) {
 }
 
 }  // namespace
-
-Status StatusOfErrno(int error, const std::string& path) {
-  ErrorKind kind = ErrorKind::Other;
-  switch (error) {
-    case 0:
-      return {};
-    case ENOSPC:
-    case EDQUOT:
-      kind = ErrorKind::DiskFull;
-      break;
-    case EACCES:
-    case EROFS:
-    case EPERM:
-      kind = ErrorKind::NoRights;
-      break;
-    case ENOENT:
-    case ENOTDIR:
-      kind = ErrorKind::Missing;
-      break;
-    case EBUSY:
-    case ETXTBSY:
-      kind = ErrorKind::Busy;
-      break;
-    default:
-      break;
-  }
-  return {kind, path + ": " + std::generic_category().message(error)};
-}
 
 AtomicFile::AtomicFile(std::string target)
     : target_(std::move(target)), neighbour_(fmt::format("{}/{}{}-{}{}", FolderOf(target_), kMark, getpid(), ++counter, kEnd)) {
@@ -76,7 +49,7 @@ bool AtomicFile::IsLeftover(std::string_view name) {
 }
 
 void AtomicFile::Fail(int error) {
-  if (status_.Ok()) status_ = StatusOfErrno(error, target_);
+  if (status_.Ok()) status_ = StatusOfSystemError(error, target_);
 }
 
 void AtomicFile::Append(std::string_view bytes) {

@@ -1,5 +1,5 @@
-// A new content for a file, which comes to stand there whole or not at all, also when the power goes: written to a neighbour,
-// synced, then renamed over the target.
+// New content for a file, which replaces the old whole or not at all, even when the power fails: it is written to a neighbour of the file,
+// synced, and renamed over it.
 #pragma once
 
 #include <string>
@@ -9,21 +9,19 @@
 
 namespace karvel {
 
-// The outcome of a system call that set errno, about a path.
-Status StatusOfErrno(int error, const std::string& path);
-
 class AtomicFile {
  public:
   // Opens the neighbour of `target`, a path of this machine.
   explicit AtomicFile(std::string target);
-  // Without a Finish that went well nothing remains of it.
+  // Without a Finish that went well, nothing is left of it.
   ~AtomicFile();
   AtomicFile(const AtomicFile&) = delete;
   AtomicFile& operator=(const AtomicFile&) = delete;
 
-  // After a failure the rest does nothing and Finish tells the first one.
+  // A failure is told by Finish; what is appended after it is dropped.
   void Append(std::string_view bytes);
-  // Without `replace`, a target that stands there by now stays as it is.
+  // Puts the content in place, and on the disk. After a failure the target is as it was, unless only its folder could not be synced.
+  // Without `replace`, a target that has come to exist meanwhile stays as it is, and all is well.
   Status Finish(bool replace = true);
 
   // True for the name of a neighbour that a crash left behind.

@@ -1,20 +1,22 @@
 #include "app/disk_files.h"
 
 #include <fcntl.h>
-#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QDir>
+#include <QStandardPaths>
+#include <QStorageInfo>
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <utility>
 
 #include "app/atomic_file.h"
+#include "app/qt_text.h"
+#include "platform/system_error.h"
 #include "text/turkish.h"
 
 namespace karvel {
@@ -76,33 +78,13 @@ std::string Tidy(const std::string& path) {
 }
 
 std::string UserDataFolder() {
-  std::string data = Environment("XDG_DATA_HOME");
-  if (data.starts_with('/')) return data;
-  std::string home = Environment("HOME");
-  if (home.empty()) {
-    const passwd* const user = getpwuid(getuid());
-    home = user && user->pw_dir ? user->pw_dir : "/tmp";
-  }
-  return home + "/.local/share";
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+  // A relative XDG_DATA_HOME counts as none, else the data would be somewhere else whenever the desk is started from another folder.
+  return ToUtf8(QDir::isAbsolutePath(folder) ? folder : QDir::homePath() + QStringLiteral("/.local/share"));
 }
 
 bool HoldsTemplates(const std::string& folder) {
   return IsThere(folder + "/" + SpellingIn(folder, "Cari.mdb"));
-}
-
-// A mount table writes blanks and such in a name as "\040".
-std::string Unescape(std::string_view text) {
-  std::string plain;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const auto digit = [&](std::size_t at) { return text[at] >= '0' && text[at] <= '7'; };
-    if (text[i] == '\\' && i + 3 < text.size() && digit(i + 1) && digit(i + 2) && digit(i + 3)) {
-      plain += static_cast<char>((text[i + 1] - '0') * 64 + (text[i + 2] - '0') * 8 + (text[i + 3] - '0'));
-      i += 3;
-    } else {
-      plain += text[i];
-    }
-  }
-  return plain;
 }
 
 Status NoSuchDrive(const std::string& path) {
@@ -113,13 +95,13 @@ Status NoSuchDrive(const std::string& path) {
 template <typename Take>
 Status ReadPieces(const std::string& real, Take take) {
   const int handle = open(real.c_str(), O_RDONLY | O_CLOEXEC);
-  if (handle < 0) return StatusOfErrno(errno, real);
+  if (handle < 0) return StatusOfSystemError(errno, real);
   std::vector<char> piece(1 << 16);
   Status status;
   for (;;) {
     const ssize_t count = read(handle, piece.data(), piece.size());
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) status = StatusOfErrno(errno, real);
+    if (count < 0) status = StatusOfSystemError(errno, real);
     if (count <= 0) break;
     take(std::string_view(piece.data(), static_cast<std::size_t>(count)));
   }
@@ -138,28 +120,19 @@ FilePlaces FilePlaces::OfThisMachine(const std::string& executableFolder) {
   const bool apart = !HoldsTemplates(executableFolder) && HoldsTemplates(share);
   places.program = Tidy(!program.empty() ? program : apart ? share : executableFolder);
   places.disks = [] {
-    std::ifstream table("/proc/self/mounts");
-    std::ostringstream text;
-    text << table.rdbuf();
-    return RemovableDisks(text.str());
+    std::vector<std::string> mountPoints;
+    for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) mountPoints.push_back(ToUtf8(volume.rootPath()));
+    return RemovableDisks(std::move(mountPoints));
   };
   return places;
 }
 
-std::vector<std::string> RemovableDisks(std::string_view mountTable) {
-  std::vector<std::string> disks;
-  std::istringstream lines{std::string(mountTable)};
-  std::string line;
-  while (std::getline(lines, line)) {
-    std::istringstream fields(line);
-    std::string device, point;
-    fields >> device >> point;
-    point = Unescape(point);
-    if (point.starts_with("/media/") || point.starts_with("/run/media/")) disks.push_back(point);
-  }
-  std::sort(disks.begin(), disks.end());
-  disks.erase(std::unique(disks.begin(), disks.end()), disks.end());
-  return disks;
+std::vector<std::string> RemovableDisks(std::vector<std::string> mountPoints) {
+  std::erase_if(mountPoints, [](const std::string& point) { return !point.starts_with("/media/") && !point.starts_with("/run/media/"); });
+  std::ranges::sort(mountPoints);
+  const auto again = std::ranges::unique(mountPoints);
+  mountPoints.erase(again.begin(), again.end());
+  return mountPoints;
 }
 
 DiskFiles::DiskFiles(FilePlaces places) : places_(std::move(places)) {}
@@ -218,7 +191,7 @@ Status DiskFiles::MakeFolder(const std::string& path) {
   if (real.empty()) return NoSuchDrive(path);
   std::error_code error;
   fs::create_directories(real, error);
-  return StatusOfErrno(error.value(), real);
+  return StatusOfSystemError(error.value(), real);
 }
 
 Status DiskFiles::Read(const std::string& path, std::string& bytes) const {
@@ -259,7 +232,7 @@ Status DiskFiles::Move(const std::string& from, const std::string& to) {
   if (realFrom.empty()) return NoSuchDrive(from);
   if (realTo.empty()) return NoSuchDrive(to);
   if (rename(realFrom.c_str(), realTo.c_str()) == 0) return {};
-  if (errno != EXDEV) return StatusOfErrno(errno, realFrom);
+  if (errno != EXDEV) return StatusOfSystemError(errno, realFrom);
   // Onto another disk.
   const Status status = Copy(from, to);
   return status.Ok() ? Delete(from) : status;
@@ -268,7 +241,7 @@ Status DiskFiles::Move(const std::string& from, const std::string& to) {
 Status DiskFiles::Delete(const std::string& path) {
   const std::string real = RealPath(path);
   if (real.empty()) return NoSuchDrive(path);
-  return std::remove(real.c_str()) == 0 ? Status() : StatusOfErrno(errno, real);
+  return std::remove(real.c_str()) == 0 ? Status() : StatusOfSystemError(errno, real);
 }
 
 std::vector<std::string> DiskFiles::List(const std::string& folder) const {

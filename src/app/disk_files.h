@@ -3,7 +3,6 @@
 
 #include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "platform/files.h"
@@ -14,7 +13,8 @@ namespace karvel {
 struct FilePlaces {
   std::string home;
   std::string program;
-  // The removable disks, D: first. Asked for at every use, as disks come and go.
+  // The removable disks, D: first. Looked up at every use, for disks come and go. Every mounted disk is asked for its size on the way, so a
+  // network disk that doesn't answer holds this up.
   std::function<std::vector<std::string>()> disks;
 
   // From KARVEL_HOME and KARVEL_PROGRAM, else the user's data folder, and the executable's folder or its share folder,
@@ -22,8 +22,8 @@ struct FilePlaces {
   static FilePlaces OfThisMachine(const std::string& executableFolder);
 };
 
-// The mount points under /media and /run/media in a mount table's text, sorted.
-std::vector<std::string> RemovableDisks(std::string_view mountTable);
+// Those of the machine's mount points that lie under /media or /run/media, in the order of their names, each once.
+std::vector<std::string> RemovableDisks(std::vector<std::string> mountPoints);
 
 class DiskFiles : public Files {
  public:

@@ -1,4 +1,4 @@
-// A lock between processes on a file, which the system itself drops when its holder dies, however it dies.
+// A lock between processes, on a file. The system releases it when its holder dies, however it dies.
 #pragma once
 
 #include <string>
@@ -7,16 +7,17 @@ namespace karvel {
 
 class FileLock {
  public:
-  // The lock file of this machine's path; it is made, with its folder, at the first use.
+  // `path` is this machine's own. The file is made, with its folder, at the first use.
   explicit FileLock(std::string path);
   ~FileLock();
   FileLock(const FileLock&) = delete;
   FileLock& operator=(const FileLock&) = delete;
 
-  // Waits for the lock. False when the file can't be made or locked.
+  // Waits for the lock as long as it takes. False when the file can't be made, which is logged, or can't be locked.
   bool Wait();
   // Takes the lock if it is free now; true also when this object holds it already.
   bool Try();
+  // Does nothing where the lock is not held.
   void Release();
 
  private:

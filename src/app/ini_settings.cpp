@@ -18,7 +18,7 @@ namespace {
 
 constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
 
-// The file must be closed to others before the first password comes into it.
+// Other users must be shut out before the first password is written.
 std::string Prepared(const std::string& homeFolder) {
   std::error_code error;
   std::filesystem::create_directories(homeFolder, error);
@@ -44,8 +44,9 @@ std::int64_t SavedAt(const std::string& path) {
   return stat(path.c_str(), &info) == 0 ? Milliseconds(info.st_mtim) : 0;
 }
 
-// QSettings reads a file again when its size or its time in milliseconds is another one. Two saves of the same size within
-// the grain of the file system's clock would go unseen, and a slip number be given twice: so each save stands later than the one before.
+// QSettings reads a file again when its size or its time in milliseconds has changed. The second of two saves of the same size would be
+// missed if the file system's clock gave both the same time, and a slip number would be given twice. So each save is marked as later than
+// the one before.
 void MarkLater(const std::string& path, std::int64_t before) {
   if (SavedAt(path) > before) return;
   const std::int64_t later = before + 1;

@@ -4,7 +4,7 @@
 
 namespace karvel {
 
-// The machine's clock in its own time zone.
+// The machine's clock, in the machine's time zone.
 class SystemClock : public Clock {
  public:
   [[nodiscard]] DateTime Now() const override;

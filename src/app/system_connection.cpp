@@ -1,24 +1,22 @@
 #include "app/system_connection.h"
 
-#include <ifaddrs.h>
-#include <net/if.h>
-#include <sys/socket.h>
-
-#include <memory>
+#include <QNetworkAddressEntry>
+#include <algorithm>
 
 namespace karvel {
 
 bool SystemConnection::Up() const {
-  ifaddrs* list = nullptr;
-  if (getifaddrs(&list) != 0) return false;
-  const std::unique_ptr<ifaddrs, decltype(&freeifaddrs)> owner(list, &freeifaddrs);
-  for (const ifaddrs* card = list; card; card = card->ifa_next) {
-    if (!card->ifa_addr || (card->ifa_flags & IFF_LOOPBACK)) continue;
-    const bool running = (card->ifa_flags & IFF_UP) && (card->ifa_flags & IFF_RUNNING);
-    const int family = card->ifa_addr->sa_family;
-    if (running && (family == AF_INET || family == AF_INET6)) return true;
-  }
-  return false;
+  return std::ranges::any_of(QNetworkInterface::allInterfaces(), [](const QNetworkInterface& card) {
+    QList<QHostAddress> addresses;
+    for (const QNetworkAddressEntry& entry : card.addressEntries()) addresses.push_back(entry.ip());
+    return LeadsOut(card.flags(), addresses);
+  });
+}
+
+bool SystemConnection::LeadsOut(QNetworkInterface::InterfaceFlags flags, const QList<QHostAddress>& addresses) {
+  constexpr QNetworkInterface::InterfaceFlags kWorking = QNetworkInterface::IsUp | QNetworkInterface::IsRunning;
+  if ((flags & kWorking) != kWorking || flags.testFlag(QNetworkInterface::IsLoopBack)) return false;
+  return std::ranges::any_of(addresses, [](const QHostAddress& address) { return !address.isNull() && !address.isLoopback(); });
 }
 
 }  // namespace karvel

@@ -6,6 +6,7 @@ namespace karvel {
 class Connection {
  public:
   virtual ~Connection() = default;
+  // As it is at this moment.
   [[nodiscard]] virtual bool Up() const = 0;
 };
 

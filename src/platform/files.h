@@ -23,17 +23,21 @@ class Files {
   // KARVEL_HOME, this machine's form.
   [[nodiscard]] virtual std::string HomeFolder() const = 0;
   [[nodiscard]] virtual bool Exists(const std::string& path) const = 0;
-  virtual Status MakeFolder(const std::string& path) = 0;  // with its parents; well when it exists
+  // With its parents. A folder that exists already is no failure.
+  virtual Status MakeFolder(const std::string& path) = 0;
+  // The whole content. `bytes` stays as it was on a failure; Missing where there is no such file.
   virtual Status Read(const std::string& path, std::string& bytes) const = 0;
   // Writes the whole file or nothing: to a neighbour, synced, then renamed over the target.
   virtual Status Write(const std::string& path, const std::string& bytes) = 0;
   // Copies whole or not at all, in the same way. Replaces an existing target.
   virtual Status Copy(const std::string& from, const std::string& to) = 0;
-  // The same, but a target that exists stays as it is, also one that another terminal lays there at this moment; well then.
+  // The same, but a target that exists stays as it is, even one that another terminal puts there at this very moment. That is no failure.
   virtual Status CopyNew(const std::string& from, const std::string& to) = 0;
+  // Also onto another drive. Replaces an existing target.
   virtual Status Move(const std::string& from, const std::string& to) = 0;
+  // Missing where there is no such file.
   virtual Status Delete(const std::string& path) = 0;
-  // Names in a folder, sorted.
+  // The names in a folder, sorted by bytes; none where it can't be read.
   [[nodiscard]] virtual std::vector<std::string> List(const std::string& folder) const = 0;
 };
 

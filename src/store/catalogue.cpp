@@ -8,10 +8,10 @@ namespace karvel {
 
 namespace {
 
-constexpr ColumnType T = ColumnType::Text;
-constexpr ColumnType N = ColumnType::Number;
-constexpr ColumnType D = ColumnType::Date;
-constexpr ColumnType B = ColumnType::Boolean;
+const ColumnType T = ColumnType::Text;
+const ColumnType N = ColumnType::Number;
+const ColumnType D = ColumnType::Date;
+const ColumnType B = ColumnType::Boolean;
 
 // Names of tables and columns carry no letter that differs by language but "I" and "i", which are alike.
 bool SameName(std::string_view a, std::string_view b) {
@@ -28,8 +28,8 @@ std::string_view LastPiece(std::string_view path) {
   return slash == std::string_view::npos ? path : path.substr(slash + 1);
 }
 
-// The group stands in two indexes: with the name for a group's list, alone for a list sorted by group, whose ties stand by age. Each
-// column that a tap on its heading sorts by has one too.
+// The group stands in two indexes: with the name for the list of one group, alone for a list that is sorted by group, where equal ones
+// stand by age. Each column whose heading sorts the list has an index too.
 Table CustomerCards() {
   return {"CariKartlar",
           {{"CariKod", T}, {"Unvan", T},  {"Adres1", T},    {"Adres2", T}, {"Email", T},  {"VergiDa", T}, {"VergiNo", T},
@@ -103,7 +103,8 @@ Table DayBook() {
           {{"CariKod", T}, {"StokKod", T},  {"CariAd", T}, {"StokAd", T}, {"Fiyat", N}, {"Miktar", N},   {"Tutar", N},  {"Tarih", D},
            {"DigerId", T}, {"Birim", T},    {"yeni", N},   {"Durum", T},  {"Gurup", T}, {"Plasiyer", T}, {"tGurup", T}, {"SeriNo", T},
            {"Kar", N},     {"Tahsilat", N}, {"Sec", T},    {"Secc", T},   {"Eksik", N}, {"Aciklama", T}, {"Sube", T}},
-          // Of two indexes that fit alike the engine takes the one that was made later: a customer's day is never looked for by its state.
+          // Of two indexes that fit alike the engine takes the one that was made later. So the state comes first here: it shall not be what
+          // a customer's day is looked for by.
           {{{"Durum", "Tarih"}}, {{"CariKod", "Tarih"}}, {{"CariAd", "Tarih"}}, {{"DigerId"}}, {{"Tarih"}}, {{"SeriNo"}}}};
 }
 
@@ -155,7 +156,7 @@ Table StatementLines() {
 }
 
 // "temp", "main" and "index" are words of the engines, so these schemas have names of their own.
-const std::vector<DatabaseFile>& All() {
+const std::vector<DatabaseFile>& AllFiles() {
   static const std::vector<DatabaseFile> files{
       {"Cari.mdb", "cari", {CustomerCards(), Ledger(), Groups(), SpecialPrices(), DueDates()}},
       {"Stok.mdb", "stok", {StockCards(), StockMovements(), Groups()}},
@@ -189,12 +190,12 @@ const Table* DatabaseFile::Find(std::string_view table) const {
 }
 
 std::span<const DatabaseFile> Catalogue::Files() {
-  return All();
+  return AllFiles();
 }
 
 const DatabaseFile* Catalogue::File(std::string_view pathOrName) {
   const std::string_view name = LastPiece(pathOrName);
-  for (const DatabaseFile& file : All())
+  for (const DatabaseFile& file : AllFiles())
     if (SameName(file.name, name)) return &file;
   return nullptr;
 }

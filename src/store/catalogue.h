@@ -35,6 +35,7 @@ struct DatabaseFile {
   std::string_view schema;  // the engine's name for it: "cari"
   std::vector<Table> tables;
 
+  // The table of this name, ignoring case; null when there is none.
   [[nodiscard]] const Table* Find(std::string_view table) const;
 };
 

@@ -17,47 +17,49 @@ class Cursor::Impl {
  public:
   Impl(Stores& owner, std::string called) : stores(owner), name(std::move(called)), position(owner) {}
 
-  // Notes a failure with the cursor's name and hands it on.
-  Status Told(std::string_view step, Status status) const {
+  // Logs a failure under the cursor's name. The outcome is handed on as it is.
+  Status LogFailure(std::string_view step, Status status) const {
     if (!status.Ok()) Log(fmt::format("{}: {}: {}", name, step, status.Message()));
     return status;
   }
 
-  void Report(Cursor& cursor) {
-    if (position.Source() != nullptr) shownCount = position.WriteCount();
+  void RaiseRepositioned(Cursor& cursor) {
+    if (position.Source() != nullptr) shownWriteCount = position.WriteCount();
     cursor.repositioned();
     cursor.shown();
   }
 
-  // Drops the open copy, and ends the action that was begun for it. Nothing was written in that action by this cursor.
+  // Drops the open copy, and ends the action that was begun for it. The cursor itself wrote nothing in that action; what others wrote in
+  // it stays.
   void DropCopy() {
     copy.reset();
     if (std::exchange(ownAction, false)) stores.Commit().Ignore();
   }
 
-  Status BeginOwn() {
+  // Begins an action for a write of this cursor, unless one is open.
+  Status BeginOwnAction() {
     if (stores.InAction()) return {};
     Status begun = stores.Begin(name);
     ownAction = begun.Ok();
     return begun;
   }
 
-  // The outcome of a write and of the action that was begun for it.
-  Status EndOwn(Status written) {
+  // Ends the action that was begun for a write, and gives the outcome of both.
+  Status EndOwnAction(Status written) {
     if (!std::exchange(ownAction, false)) return written;
     Status ended = stores.Commit();
     return written.Ok() ? ended : written;
   }
 
-  // A move that worked ends an open add or edit; the copy is lost, as when a form is left without saving.
-  Status Moved(Cursor& cursor, std::string_view step, const Status& status) {
-    if (!status.Ok()) return Told(step, status);
+  // A move that went well ends an open add or edit: the copy is lost, as when a form is left without saving.
+  Status EndMove(Cursor& cursor, std::string_view step, const Status& status) {
+    if (!status.Ok()) return LogFailure(step, status);
     DropCopy();
-    Report(cursor);
+    RaiseRepositioned(cursor);
     return {};
   }
 
-  Status Compile(RowQuery& query) const {
+  Status CompileSource(RowQuery& query) const {
     const DatabaseFile* file = Catalogue::File(databaseName);
     if (file == nullptr) return {ErrorKind::Missing, fmt::format("no such database file: {}", databaseName)};
     dialect::Statement statement;
@@ -73,40 +75,40 @@ class Cursor::Impl {
   Status Find(Cursor& cursor, std::string_view step, const std::string& criteria, bool next) {
     noMatch = true;
     const RowQuery* source = position.Source();
-    if (source == nullptr) return Told(step, {ErrorKind::NotOpen, "no source"});
+    if (source == nullptr) return LogFailure(step, {ErrorKind::NotOpen, "no source"});
     dialect::ExprPtr criterion;
     if (Status understood = dialect::ParseCriteria(criteria, *source->file, *source->table, criterion); !understood.Ok()) {
-      return Told(step, understood);
+      return LogFailure(step, understood);
     }
     Status found = position.Find(criterion, next);
     if (found.Kind() == ErrorKind::NoRecord) return found;
     noMatch = !found.Ok();
-    return Moved(cursor, step, found);
+    return EndMove(cursor, step, found);
   }
 
   Status UpdateNew() {
-    if (Status begun = BeginOwn(); !begun.Ok()) return begun;
-    // The current record is read before the new one can come before it.
-    position.Settle();
+    if (Status begun = BeginOwnAction(); !begun.Ok()) return begun;
+    // Read now: later the new row might stand first, and be taken for the current one.
+    position.ReadIfNeeded();
     const std::uint64_t before = position.WriteCount();
     const RowQuery& source = *position.Source();
     RowKey key = 0;
     Status written =
         stores.Write(*source.table, [&](Engine& engine) { return engine.Insert(*source.file, *source.table, copy->Values(), key); });
     if (written.Ok()) {
-      position.Added(before);
-      shownCount = position.WriteCount();
+      position.NoteAdded(before);
+      shownWriteCount = position.WriteCount();
     }
-    return EndOwn(written);
+    return EndOwnAction(written);
   }
 
   Status UpdateEdited() {
-    if (!LockHeld()) {
-      // The action in which the edit began is over, so another terminal may have come between.
-      if (Status begun = BeginOwn(); !begun.Ok()) return begun;
+    if (!HoldsRowLock()) {
+      // The action in which the edit began is over, so another terminal may have changed the row since.
+      if (Status begun = BeginOwnAction(); !begun.Ok()) return begun;
       Status fits = position.ReadForEdit();
       if (fits.Ok() && !copy->StillFits(position.Current().values)) fits = {ErrorKind::Busy, "changed meanwhile by another terminal"};
-      if (!fits.Ok()) return EndOwn(fits);
+      if (!fits.Ok()) return EndOwnAction(fits);
     }
     const std::uint64_t before = position.WriteCount();
     const RowQuery& source = *position.Source();
@@ -119,17 +121,19 @@ class Cursor::Impl {
     if (written.Ok()) {
       Row values = position.Current().values;
       for (const FieldValue& field : fields) values[static_cast<std::size_t>(field.position)] = field.value;
-      position.Written(values, before);
-      shownCount = position.WriteCount();
+      position.NoteWritten(values, before);
+      shownWriteCount = position.WriteCount();
     } else if (written.Kind() == ErrorKind::NoRecord) {
-      position.Deleted();
+      position.NoteDeleted();
     }
-    return EndOwn(written);
+    return EndOwnAction(written);
   }
 
-  [[nodiscard]] bool LockHeld() const { return stores.InAction() && stores.ActionNumber() == editAction; }
+  // Whether no other terminal can have written since the open copy was read.
+  [[nodiscard]] bool HoldsRowLock() const { return stores.InAction() && stores.ActionNumber() == editAction; }
 
-  [[nodiscard]] int PositionOf(std::string_view field) const {
+  // -1, which is logged, when the source has no such field.
+  [[nodiscard]] int FieldPosition(std::string_view field) const {
     const RowQuery* source = position.Source();
     const int at = source == nullptr ? -1 : source->table->Position(field);
     if (at < 0) Log(fmt::format("{}: no field {}", name, field));
@@ -145,7 +149,7 @@ class Cursor::Impl {
   bool ownAction = false;        // begun for the open copy
   std::uint64_t editAction = 0;  // the action under whose lock the copy was read
   bool noMatch = false;
-  std::uint64_t shownCount = 0;
+  std::uint64_t shownWriteCount = 0;  // the table's write count when the grids were last told
 };
 
 Cursor::Cursor(Stores& stores, std::string name) : impl_(std::make_unique<Impl>(stores, std::move(name))) {
@@ -177,14 +181,14 @@ Status Cursor::Refresh() {
   impl_->DropCopy();
   impl_->noMatch = false;
   RowQuery query;
-  const Status compiled = impl_->Compile(query);
+  const Status compiled = impl_->CompileSource(query);
   if (compiled.Ok()) {
-    impl_->position.Take(std::move(query));
+    impl_->position.SetSource(std::move(query));
   } else {
-    impl_->position.Drop();
+    impl_->position.ClearSource();
   }
-  impl_->Report(*this);
-  return impl_->Told("refresh", compiled);
+  impl_->RaiseRepositioned(*this);
+  return impl_->LogFailure("refresh", compiled);
 }
 
 Status Cursor::Open(const std::string& source) {
@@ -195,8 +199,8 @@ Status Cursor::Open(const std::string& source) {
 void Cursor::Close() {
   impl_->DropCopy();
   impl_->noMatch = false;
-  impl_->position.Drop();
-  impl_->Report(*this);
+  impl_->position.ClearSource();
+  impl_->RaiseRepositioned(*this);
 }
 
 const Table* Cursor::SourceTable() const {
@@ -210,7 +214,7 @@ bool Cursor::HasRows() const {
 
 std::int64_t Cursor::RecordCount() const {
   std::int64_t count = 0;
-  impl_->Told("count", impl_->position.Count(count)).Ignore();
+  impl_->LogFailure("count", impl_->position.Count(count)).Ignore();
   return count;
 }
 
@@ -235,25 +239,25 @@ Status Cursor::FindNext(const std::string& criteria) {
 }
 
 Status Cursor::MoveFirst() {
-  if (SourceTable() == nullptr) return impl_->Told("move first", {ErrorKind::NotOpen, "no source"});
+  if (SourceTable() == nullptr) return impl_->LogFailure("move first", {ErrorKind::NotOpen, "no source"});
   impl_->position.ToFirst();
-  return impl_->Moved(*this, "move first", {});
+  return impl_->EndMove(*this, "move first", {});
 }
 
 Status Cursor::MoveLast() {
-  if (SourceTable() == nullptr) return impl_->Told("move last", {ErrorKind::NotOpen, "no source"});
+  if (SourceTable() == nullptr) return impl_->LogFailure("move last", {ErrorKind::NotOpen, "no source"});
   impl_->position.ToLast();
-  return impl_->Moved(*this, "move last", {});
+  return impl_->EndMove(*this, "move last", {});
 }
 
 Status Cursor::MoveNext() {
-  return impl_->Moved(*this, "move next", impl_->position.Next());
+  return impl_->EndMove(*this, "move next", impl_->position.Next());
 }
 Status Cursor::MovePrevious() {
-  return impl_->Moved(*this, "move previous", impl_->position.Previous());
+  return impl_->EndMove(*this, "move previous", impl_->position.Previous());
 }
 Status Cursor::MoveTo(RowKey key) {
-  return impl_->Moved(*this, "move to a row", impl_->position.To(key));
+  return impl_->EndMove(*this, "move to a row", impl_->position.ToKey(key));
 }
 
 RowKey Cursor::CurrentKey() const {
@@ -261,29 +265,29 @@ RowKey Cursor::CurrentKey() const {
 }
 
 Status Cursor::AddNew() {
-  if (SourceTable() == nullptr) return impl_->Told("add", {ErrorKind::NotOpen, "no source"});
+  if (SourceTable() == nullptr) return impl_->LogFailure("add", {ErrorKind::NotOpen, "no source"});
   impl_->DropCopy();
   impl_->copy.emplace(*SourceTable());
   return {};
 }
 
 Status Cursor::Edit() {
-  if (SourceTable() == nullptr) return impl_->Told("edit", {ErrorKind::NotOpen, "no source"});
+  if (SourceTable() == nullptr) return impl_->LogFailure("edit", {ErrorKind::NotOpen, "no source"});
   impl_->DropCopy();
-  if (Status begun = impl_->BeginOwn(); !begun.Ok()) return impl_->Told("edit", begun);
+  if (Status begun = impl_->BeginOwnAction(); !begun.Ok()) return impl_->LogFailure("edit", begun);
   Status read = impl_->position.ReadForEdit();
-  if (!read.Ok()) return impl_->Told("edit", impl_->EndOwn(read));
+  if (!read.Ok()) return impl_->LogFailure("edit", impl_->EndOwnAction(read));
   impl_->copy.emplace(*SourceTable(), impl_->position.Current());
   impl_->editAction = impl_->stores.ActionNumber();
   return {};
 }
 
 Status Cursor::Update() {
-  if (!impl_->copy) return impl_->Told("update", {ErrorKind::NotOpen, "no add or edit is open"});
+  if (!impl_->copy) return impl_->LogFailure("update", {ErrorKind::NotOpen, "no add or edit is open"});
   const Status written = impl_->copy->IsNew() ? impl_->UpdateNew() : impl_->UpdateEdited();
-  if (!written.Ok()) return impl_->Told("update", written);
+  if (!written.Ok()) return impl_->LogFailure("update", written);
   impl_->copy.reset();
-  impl_->Report(*this);
+  impl_->RaiseRepositioned(*this);
   return {};
 }
 
@@ -292,19 +296,19 @@ void Cursor::CancelUpdate() {
 }
 
 Status Cursor::Delete() {
-  if (SourceTable() == nullptr) return impl_->Told("delete", {ErrorKind::NotOpen, "no source"});
+  if (SourceTable() == nullptr) return impl_->LogFailure("delete", {ErrorKind::NotOpen, "no source"});
   impl_->DropCopy();
-  if (!HasCurrent()) return impl_->Told("delete", {ErrorKind::NoRecord, "no current record"});
-  if (Status begun = impl_->BeginOwn(); !begun.Ok()) return impl_->Told("delete", begun);
+  if (!HasCurrent()) return impl_->LogFailure("delete", {ErrorKind::NoRecord, "no current record"});
+  if (Status begun = impl_->BeginOwnAction(); !begun.Ok()) return impl_->LogFailure("delete", begun);
   const RowQuery& source = *impl_->position.Source();
   const RowKey key = impl_->position.Current().key;
   Status written = impl_->stores.Write(*source.table, [&](Engine& engine) { return engine.Delete(*source.file, *source.table, key); });
   const bool gone = written.Ok() || written.Kind() == ErrorKind::NoRecord;
-  if (gone) impl_->position.Deleted();
-  if (written.Ok()) impl_->shownCount = impl_->position.WriteCount();
-  written = impl_->EndOwn(written);
-  if (!written.Ok()) return impl_->Told("delete", written);
-  impl_->Report(*this);
+  if (gone) impl_->position.NoteDeleted();
+  if (written.Ok()) impl_->shownWriteCount = impl_->position.WriteCount();
+  written = impl_->EndOwnAction(written);
+  if (!written.Ok()) return impl_->LogFailure("delete", written);
+  impl_->RaiseRepositioned(*this);
   return {};
 }
 
@@ -313,7 +317,7 @@ bool Cursor::IsEditing() const {
 }
 
 Value Cursor::Get(std::string_view field) const {
-  const int at = impl_->PositionOf(field);
+  const int at = impl_->FieldPosition(field);
   return at < 0 ? Value() : Get(at);
 }
 
@@ -329,7 +333,7 @@ Value Cursor::Get(int position) const {
 }
 
 void Cursor::Set(std::string_view field, const Value& value) {
-  const int at = impl_->PositionOf(field);
+  const int at = impl_->FieldPosition(field);
   if (at >= 0) Set(at, value);
 }
 
@@ -350,31 +354,31 @@ std::vector<GridRow> Cursor::RowsFromStart(int count) const {
 
 std::vector<GridRow> Cursor::RowsFromEnd(int count) const {
   std::vector<GridRow> rows;
-  impl_->Told("rows", impl_->position.Rows({RowRange::From::End, nullptr, count, 0}, rows)).Ignore();
+  impl_->LogFailure("rows", impl_->position.Rows({RowRange::From::End, nullptr, count, 0}, rows)).Ignore();
   return rows;
 }
 
 std::vector<GridRow> Cursor::RowsAfter(const GridRow& row, int count) const {
   std::vector<GridRow> rows;
-  impl_->Told("rows", impl_->position.Rows({RowRange::From::Behind, &row, count, 0}, rows)).Ignore();
+  impl_->LogFailure("rows", impl_->position.Rows({RowRange::From::Behind, &row, count, 0}, rows)).Ignore();
   return rows;
 }
 
 std::vector<GridRow> Cursor::RowsBefore(const GridRow& row, int count) const {
   std::vector<GridRow> rows;
-  impl_->Told("rows", impl_->position.Rows({RowRange::From::Before, &row, count, 0}, rows)).Ignore();
+  impl_->LogFailure("rows", impl_->position.Rows({RowRange::From::Before, &row, count, 0}, rows)).Ignore();
   return rows;
 }
 
 std::vector<GridRow> Cursor::RowsAt(std::int64_t position, int count) const {
   std::vector<GridRow> rows;
-  impl_->Told("rows", impl_->position.Rows({RowRange::From::Start, nullptr, count, position}, rows)).Ignore();
+  impl_->LogFailure("rows", impl_->position.Rows({RowRange::From::Start, nullptr, count, position}, rows)).Ignore();
   return rows;
 }
 
 std::int64_t Cursor::PositionOf(const GridRow& row) const {
   std::int64_t count = 0;
-  impl_->Told("position", impl_->position.CountBefore(row, count)).Ignore();
+  impl_->LogFailure("position", impl_->position.CountBefore(row, count)).Ignore();
   return count;
 }
 
@@ -384,8 +388,8 @@ GridRow Cursor::CurrentRow() const {
 
 void Cursor::ShowIfStale() {
   const RowQuery* source = impl_->position.Source();
-  if (source == nullptr || impl_->shownCount == impl_->position.WriteCount()) return;
-  impl_->shownCount = impl_->position.WriteCount();
+  if (source == nullptr || impl_->shownWriteCount == impl_->position.WriteCount()) return;
+  impl_->shownWriteCount = impl_->position.WriteCount();
   shown();
 }
 

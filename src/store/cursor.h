@@ -9,7 +9,7 @@
 // - Edit takes the write lock and reads the row afresh; an update never loses another terminal's change to other fields.
 // - Cost does not grow with the table: finds and moves run on an index, nothing is read before it is asked for, and only
 //   RecordCount counts.
-// Every operation tells its outcome; a failed one is also logged with the cursor's name, and changes nothing.
+// Every operation gives its outcome. One that fails is also logged under the cursor's name, and changes nothing.
 #pragma once
 
 #include <cstdint>
@@ -121,7 +121,7 @@ class Cursor {
 
  private:
   friend class Stores;
-  // After another's write to this table: grids that have not been told yet are told.
+  // After a write to this table by someone else: tells the grids, unless they know of it already.
   void ShowIfStale();
   class Impl;
   std::unique_ptr<Impl> impl_;

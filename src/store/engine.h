@@ -52,31 +52,37 @@ class Engine {
   virtual ~Engine() = default;
 
   // Opens the data folder's eight files, recovers them in place where a writer died, and checks that each holds its tables.
-  // Missing or Damaged tell the file by name, and nothing is open then. An open folder is closed first.
+  // Missing or Damaged name the file, and nothing is open then. An open folder is closed first.
   virtual Status Open(const std::string& folder) = 0;
+  // An open transaction is undone. Until the next Open everything else is NotOpen.
   virtual void Close() = 0;
   [[nodiscard]] virtual bool IsOpen() const = 0;
 
-  // Cost of a range is that of an index seek when an index fits the conditions and the order.
+  // The rows of the range, in the query's order; `rows` is emptied first. Costs an index seek where an index fits the conditions and the
+  // order.
   virtual Status Select(const RowQuery& query, const RowRange& range, std::vector<GridRow>& rows) = 0;
+  // O(rows).
   virtual Status Count(const RowQuery& query, std::int64_t& count) = 0;
-  // How many rows of the query stand before a row.
+  // How many rows of the query stand before a row, which may be gone or changed since. O(rows before it).
   virtual Status CountBefore(const RowQuery& query, const GridRow& row, std::int64_t& count) = 0;
-  // The sum of a number column; Null when no row matched.
+  // The sum of the number column at this position; Null when no row matched.
   virtual Status Sum(const RowQuery& query, int position, Value& sum) = 0;
   // NoRecord when the row is gone. For an edit, inside a transaction, no other writer can change the row until the transaction ends.
   virtual Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool forEdit, GridRow& row) = 0;
 
-  // A whole row, in catalogue order.
+  // Adds a whole row, its values in catalogue order, and gives its key, which is greater than those of all rows that are there.
   virtual Status Insert(const DatabaseFile& file, const Table& table, const Row& values, RowKey& key) = 0;
   // Writes these fields only. NoRecord when the row is gone; so for Delete.
   virtual Status Change(const DatabaseFile& file, const Table& table, RowKey key, std::span<const FieldValue> fields) = 0;
   virtual Status Delete(const DatabaseFile& file, const Table& table, RowKey key) = 0;
+  // Deletes the query's rows, and counts them. Where there are none, that is no failure.
   virtual Status DeleteWhere(const RowQuery& query, std::int64_t& count) = 0;
 
+  // Waits in line for other writers: Busy when it took too long. NoRights where the folder can't be written. Transactions don't nest.
   virtual Status Begin() = 0;
-  // A commit that fails has rolled back.
+  // A commit that fails has rolled back; either way the transaction is over. NotOpen without one.
   virtual Status Commit() = 0;
+  // Undoes what was written since Begin. Does nothing without a transaction.
   virtual void Rollback() = 0;
   // False also when an error inside has ended the transaction and undone its writes.
   [[nodiscard]] virtual bool InTransaction() const = 0;

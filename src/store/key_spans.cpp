@@ -10,11 +10,13 @@ namespace karvel {
 namespace {
 
 constexpr std::string_view kSigns = "*?#[";
-// The letters that names begin with, and those whose keys begin with a plain letter's.
+// The plain letters that names begin with, then those whose keys begin with a plain letter's key.
 constexpr std::string_view kPlain = "0123456789abcdefghijklmnopqrstuvwxyz";
 constexpr const char* kMarked[] = {"ç", "ğ", "ı", "İ", "ö", "ş", "ü", "â", "î", "û"};
+// No letter of a well-formed text begins with this byte.
+constexpr std::string_view kBehindAllKeys = "\xFF";
 
-// The pattern that every row has to fit in this field; empty: there is none of use.
+// The pattern that every row has to fit in this field; empty when there is none that spans help with.
 std::string_view PatternOn(const dialect::Expr& condition, int position) {
   if (const auto* both = std::get_if<dialect::And>(&condition.node)) {
     const std::string_view left = PatternOn(*both->left, position);
@@ -57,7 +59,7 @@ std::vector<KeySpan> SpansOf(const RowQuery& query) {
   const std::string start = FoldKey(head);
   spans.push_back({start, start + kPlain.front()});
   spans.push_back({start + static_cast<char>('9' + 1), start + 'a'});
-  spans.push_back({start + static_cast<char>('z' + 1), head.empty() ? std::string() : FoldKeyPrefixEnd(head)});
+  spans.push_back({start + static_cast<char>('z' + 1), head.empty() ? std::string(kBehindAllKeys) : FoldKeyPrefixEnd(head)});
   std::ranges::sort(spans, {}, &KeySpan::from);
   return spans;
 }

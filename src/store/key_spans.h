@@ -1,6 +1,6 @@
-// Lists that are narrowed by a name whose i is not told ("?brah?m*": İbrahim, ibrahim, Ibrahim) would be read from end to end, for their
-// pattern begins with any letter. But under each letter the names that fit stand together, so a handful of spans of the order holds them
-// all: an engine reads these one after another.
+// A clerk types no dots: a name with an i in it is looked for by a pattern that leaves the letter open ("?brah?m*" for İbrahim, ibrahim and
+// Ibrahim). Where the first letter is open, the list would have to be read from end to end. But under each first letter the names that fit
+// stand together, so a handful of spans of the order holds them all: an engine reads these one after another.
 #pragma once
 
 #include <string>
@@ -10,7 +10,7 @@
 
 namespace karvel {
 
-// The compare keys from `from` on and before `end`; an empty end is the end of all.
+// The compare keys (FoldKey) from `from` on and before `end`.
 struct KeySpan {
   std::string from, end;
 };

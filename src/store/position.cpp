@@ -19,48 +19,48 @@ Status NoCurrent() {
 
 }  // namespace
 
-void Position::Take(RowQuery source) {
-  Drop();
+void Position::SetSource(RowQuery source) {
+  ClearSource();
   source_ = std::move(source);
   opening_ = stores_.Openings();
   place_ = Place::First;
 }
 
-void Position::Drop() {
+void Position::ClearSource() {
   source_.reset();
   place_ = Place::None;
   current_ = {};
-  stoodAs_.reset();
+  asReached_.reset();
   ahead_.clear();
   rowCount_ = -1;
-  emptyCount_.reset();
+  emptyWrites_.reset();
 }
 
 bool Position::OnRow() {
-  Settle();
+  ReadIfNeeded();
   return place_ == Place::OnRow;
 }
 
 bool Position::Bof() {
-  Settle();
+  ReadIfNeeded();
   return place_ == Place::Bof || place_ == Place::None;
 }
 
 bool Position::Eof() {
-  Settle();
+  ReadIfNeeded();
   return place_ == Place::Eof || place_ == Place::None;
 }
 
 bool Position::HasRows() {
-  Settle();
+  ReadIfNeeded();
   if (place_ == Place::OnRow) return true;
-  if (!IsLive() || emptyCount_ == WriteCount()) return false;
+  if (!IsLive() || emptyWrites_ == WriteCount()) return false;
   std::vector<GridRow> rows;
   const std::uint64_t count = WriteCount();
   if (Status read = Select({}, rows); !read.Ok()) {
     Log(read.Message());
   } else if (rows.empty()) {
-    emptyCount_ = count;
+    emptyWrites_ = count;
   }
   return !rows.empty();
 }
@@ -80,28 +80,29 @@ Status Position::Previous() {
   return Step(false);
 }
 
-// 1. From before the first row the step is to the first one, and the same at the other end. 2. The row beside comes from what was read
-// ahead, as long as nothing was written since and the walk keeps its direction. 3. Otherwise a new stretch is read.
 Status Position::Step(bool forward) {
-  Settle();
+  ReadIfNeeded();
+  // From before the first row the step is to the first one, and the same at the other end.
   if (place_ == (forward ? Place::Bof : Place::Eof)) {
     place_ = forward ? Place::First : Place::Last;
     return {};
   }
   if (place_ != Place::OnRow && place_ != Place::Gone) return NoCurrent();
 
-  const bool kept = !ahead_.empty() && aheadForward_ == forward && aheadCount_ == WriteCount();
+  // What was read ahead serves as long as nothing was written since and the walk keeps its direction.
+  const bool kept = !ahead_.empty() && aheadForward_ == forward && aheadWrites_ == WriteCount();
   if (!kept || aheadAt_ == ahead_.size()) {
     aheadSize_ = kept ? std::min(aheadSize_ * 4, kMostAhead) : kFirstAhead;
+    // A reading that gave fewer rows than were asked for has come to the end.
     const bool wasShort = kept && ahead_.size() % kFirstAhead != 0;
     std::vector<GridRow> rows;
-    const RowRange range{forward ? RowRange::From::Behind : RowRange::From::Before, &Beside(), aheadSize_, 0};
+    const RowRange range{forward ? RowRange::From::Behind : RowRange::From::Before, &ReachedRow(), aheadSize_, 0};
     if (!wasShort) {
       const std::uint64_t count = WriteCount();
       if (Status read = Select(range, rows); !read.Ok()) return read;
       if (!forward) std::reverse(rows.begin(), rows.end());
-      aheadCount_ = count;
-      aheadAction_ = Action();
+      aheadWrites_ = count;
+      aheadAction_ = HoldingAction();
     }
     ahead_ = std::move(rows);
     aheadAt_ = 0;
@@ -112,8 +113,8 @@ Status Position::Step(bool forward) {
     return {};
   }
   current_ = std::move(ahead_[aheadAt_++]);
-  stoodAs_.reset();
-  currentCount_ = aheadCount_;
+  asReached_.reset();
+  currentWrites_ = aheadWrites_;
   currentAction_ = aheadAction_;
   place_ = Place::OnRow;
   return {};
@@ -122,11 +123,11 @@ Status Position::Step(bool forward) {
 Status Position::Find(const dialect::ExprPtr& criterion, bool behindCurrent) {
   RowRange range;
   if (behindCurrent) {
-    Settle();
+    ReadIfNeeded();
     if (place_ == Place::Eof || place_ == Place::None) return NoCurrent();
     if (place_ == Place::OnRow || place_ == Place::Gone) {
       range.from = RowRange::From::Behind;
-      range.beside = &Beside();
+      range.beside = &ReachedRow();
     }
   }
   std::vector<GridRow> rows;
@@ -136,7 +137,7 @@ Status Position::Find(const dialect::ExprPtr& criterion, bool behindCurrent) {
   return {};
 }
 
-Status Position::To(RowKey key) {
+Status Position::ToKey(RowKey key) {
   if (!IsLive()) return NoCurrent();
   GridRow row;
   Status read = stores_.Read([&](Engine& engine) { return engine.Read(*source_->file, *source_->table, key, false, row); });
@@ -150,8 +151,8 @@ Status Position::ReadForEdit() {
   GridRow row;
   Status read = stores_.Read([&](Engine& engine) { return engine.Read(*source_->file, *source_->table, current_.key, true, row); });
   if (read.Ok()) {
-    Reread(std::move(row.values));
-    currentCount_ = WriteCount();
+    SetCurrentValues(std::move(row.values));
+    currentWrites_ = WriteCount();
     currentAction_ = stores_.ActionNumber();
   } else if (read.Kind() == ErrorKind::NoRecord) {
     place_ = Place::Gone;
@@ -159,18 +160,18 @@ Status Position::ReadForEdit() {
   return read;
 }
 
-void Position::Written(const Row& values, std::uint64_t before) {
-  Reread(values);
-  if (currentCount_ == before) currentCount_ = WriteCount();
+void Position::NoteWritten(const Row& values, std::uint64_t before) {
+  SetCurrentValues(values);
+  if (currentWrites_ == before) currentWrites_ = WriteCount();
 }
 
-void Position::Added(std::uint64_t before) {
+void Position::NoteAdded(std::uint64_t before) {
   // A source that had no row now begins with the added one, if it belongs there.
   if (place_ == Place::None && source_) place_ = Place::First;
-  if (currentCount_ == before) currentCount_ = WriteCount();
+  if (currentWrites_ == before) currentWrites_ = WriteCount();
 }
 
-void Position::Deleted() {
+void Position::NoteDeleted() {
   place_ = Place::Gone;
 }
 
@@ -185,14 +186,14 @@ Status Position::Count(std::int64_t& count) {
   count = 0;
   if (!IsLive()) return {};
   const std::uint64_t writes = WriteCount();
-  if (rowCount_ >= 0 && rowCountCount_ == writes) {
+  if (rowCount_ >= 0 && rowCountWrites_ == writes) {
     count = rowCount_;
     return {};
   }
   Status counted = stores_.Read([&](Engine& engine) { return engine.Count(*source_, count); });
   if (!counted.Ok()) return counted;
   rowCount_ = count;
-  rowCountCount_ = writes;
+  rowCountWrites_ = writes;
   return {};
 }
 
@@ -206,7 +207,7 @@ bool Position::IsLive() const {
   return source_ && opening_ == stores_.Openings();
 }
 
-std::uint64_t Position::Action() const {
+std::uint64_t Position::HoldingAction() const {
   return stores_.InAction() && stores_.Driver().ReadsHold() ? stores_.ActionNumber() : 0;
 }
 
@@ -214,13 +215,13 @@ std::uint64_t Position::WriteCount() const {
   return source_ ? stores_.WriteCount(*source_->table) : 0;
 }
 
-void Position::Settle() {
+void Position::ReadIfNeeded() {
   if (!IsLive()) {
     place_ = Place::None;
     return;
   }
   if (place_ == Place::OnRow) {
-    if (currentCount_ != WriteCount()) ReadAgain();
+    if (currentWrites_ != WriteCount()) ReadCurrentAgain();
     return;
   }
   if (place_ != Place::First && place_ != Place::Last) return;
@@ -234,20 +235,20 @@ void Position::Settle() {
   }
   if (rows.empty()) {
     place_ = Place::None;
-    emptyCount_ = count;
+    emptyWrites_ = count;
   } else {
     StandOn(std::move(rows.front()));
   }
 }
 
-void Position::ReadAgain() {
+void Position::ReadCurrentAgain() {
   const std::uint64_t count = WriteCount();
   GridRow row;
   const Status read = stores_.Read([&](Engine& engine) { return engine.Read(*source_->file, *source_->table, current_.key, false, row); });
   if (read.Ok()) {
-    Reread(std::move(row.values));
-    currentCount_ = count;
-    currentAction_ = Action();
+    SetCurrentValues(std::move(row.values));
+    currentWrites_ = count;
+    currentAction_ = HoldingAction();
   } else if (read.Kind() == ErrorKind::NoRecord) {
     place_ = Place::Gone;
   } else {
@@ -255,20 +256,20 @@ void Position::ReadAgain() {
   }
 }
 
-void Position::Reread(Row values) {
+void Position::SetCurrentValues(Row values) {
   const auto moved = [&](const dialect::OrderTerm& term) {
     const auto at = static_cast<std::size_t>(term.position);
     return current_.values[at] != values[at];
   };
-  if (!stoodAs_ && std::any_of(source_->order.begin(), source_->order.end(), moved)) stoodAs_ = current_;
+  if (!asReached_ && std::any_of(source_->order.begin(), source_->order.end(), moved)) asReached_ = current_;
   current_.values = std::move(values);
 }
 
 void Position::StandOn(GridRow row) {
   current_ = std::move(row);
-  stoodAs_.reset();
-  currentCount_ = WriteCount();
-  currentAction_ = Action();
+  asReached_.reset();
+  currentWrites_ = WriteCount();
+  currentAction_ = HoldingAction();
   place_ = Place::OnRow;
   ahead_.clear();
 }

@@ -12,8 +12,8 @@
 namespace karvel {
 namespace {
 
-// A fault of the store itself. What a clerk typed, or a row that another terminal deleted, is none.
-bool IsFault(const Status& status) {
+// A fault of the store itself. Something mistyped is none, nor is a row that another terminal deleted.
+bool IsStoreFault(const Status& status) {
   switch (status.Kind()) {
     case ErrorKind::Busy:
     case ErrorKind::DiskFull:
@@ -31,7 +31,7 @@ bool IsFault(const Status& status) {
   return false;
 }
 
-Status FileOf(const std::string& databaseName, const DatabaseFile*& file) {
+Status FindFile(const std::string& databaseName, const DatabaseFile*& file) {
   file = Catalogue::File(databaseName);
   if (file == nullptr) return {ErrorKind::Missing, fmt::format("{}: no such database file", databaseName)};
   return {};
@@ -53,57 +53,73 @@ Status Stores::Open(const std::string& folder) {
 }
 
 void Stores::Close() {
-  if (depth_ > 0) {
+  if (InAction()) {
     engine_->Rollback();
-    if (failure_.Ok()) failure_ = {ErrorKind::NotOpen, "the stores were closed inside the action"};
+    Fail({ErrorKind::NotOpen, "the stores were closed inside the action"});
   }
   engine_->Close();
-  ++undone_;
+  ++undoings_;
   ++openings_;
 }
 
 Status Stores::Begin(const std::string& name) {
-  if (depth_ > 0) {
-    ++depth_;
-    return {};
+  if (!InAction()) {
+    if (!engine_->IsOpen()) return {ErrorKind::NotOpen, fmt::format("{}: no stores are open", name)};
+    if (Status begun = engine_->Begin(); !begun.Ok()) {
+      Log(fmt::format("{}: {}", name, begun.Message()));
+      return begun;
+    }
+    ++actions_;
   }
-  if (!engine_->IsOpen()) return {ErrorKind::NotOpen, fmt::format("{}: no stores are open", name)};
-  Status begun = engine_->Begin();
-  if (!begun.Ok()) {
-    Log(fmt::format("{}: {}", name, begun.Message()));
-    return begun;
-  }
-  depth_ = 1;
-  ++actions_;
-  actionName_ = name;
+  openActions_.push_back(name);
   return {};
 }
 
 Status Stores::Commit() {
-  if (depth_ == 0) return {ErrorKind::NotOpen, "a commit without an action"};
-  if (depth_ > 1) {
-    --depth_;
-    return {};
-  }
-  Status outcome = failure_;
+  if (!InAction()) return {ErrorKind::NotOpen, "a commit without an action"};
+  const std::string name = LeaveAction();
+  if (InAction()) return {};
+  Status outcome = std::exchange(failure_, {});
   if (outcome.Ok()) {
     outcome = engine_->Commit();
   } else {
     engine_->Rollback();
   }
-  depth_ = 0;
-  failure_ = {};
   if (!outcome.Ok()) {
-    Log(fmt::format("{}: {}", actionName_, outcome.Message()));
-    ++undone_;
+    Log(fmt::format("{}: {}", name, outcome.Message()));
+    ++undoings_;
   }
-  ShowWritten();
+  ShowWrittenTables();
   return outcome;
+}
+
+void Stores::Abandon() {
+  if (!InAction()) return;
+  const std::string name = LeaveAction();
+  if (InAction()) {
+    Fail({ErrorKind::Other, fmt::format("{} was left unfinished", name)});
+    return;
+  }
+  engine_->Rollback();
+  failure_ = {};
+  ++undoings_;
+  Log(fmt::format("{}: left unfinished, and undone", name));
+  ShowWrittenTables();
+}
+
+std::string Stores::LeaveAction() {
+  std::string name = std::move(openActions_.back());
+  openActions_.pop_back();
+  return name;
+}
+
+void Stores::Fail(const Status& failure) {
+  if (failure_.Ok()) failure_ = failure;
 }
 
 Status Stores::Execute(const std::string& databaseName, const std::string& statement) {
   const DatabaseFile* file = nullptr;
-  if (Status found = FileOf(databaseName, file); !found.Ok()) return found;
+  if (Status found = FindFile(databaseName, file); !found.Ok()) return found;
   dialect::Statement parsed;
   if (Status understood = dialect::ParseStatement(statement, *file, parsed); !understood.Ok()) return understood;
   if (parsed.kind != dialect::StatementKind::Delete) return {ErrorKind::BadText, "only a DELETE can be executed"};
@@ -121,7 +137,7 @@ Status Stores::Execute(const std::string& databaseName, const std::string& state
 Status Stores::QueryValue(const std::string& databaseName, const std::string& query, Value& result) {
   result = {};
   const DatabaseFile* file = nullptr;
-  if (Status found = FileOf(databaseName, file); !found.Ok()) return found;
+  if (Status found = FindFile(databaseName, file); !found.Ok()) return found;
   dialect::Statement parsed;
   if (Status understood = dialect::ParseStatement(query, *file, parsed); !understood.Ok()) return understood;
   if (parsed.kind != dialect::StatementKind::Sum) return {ErrorKind::BadText, "not a sum query"};
@@ -131,32 +147,31 @@ Status Stores::QueryValue(const std::string& databaseName, const std::string& qu
 
 std::uint64_t Stores::WriteCount(const Table& table) const {
   const auto found = writes_.find(&table);
-  return undone_ + (found == writes_.end() ? 0 : found->second);
+  return undoings_ + (found == writes_.end() ? 0 : found->second);
 }
 
 Status Stores::Write(const Table& table, const std::function<Status(Engine&)>& write) {
   if (!failure_.Ok()) return failure_;
-  Status written = Noted(write(*engine_));
+  Status written = FailOnFault(write(*engine_));
   if (written.Ok()) {
     ++writes_[&table];
-    if (std::find(written_.begin(), written_.end(), &table) == written_.end()) written_.push_back(&table);
+    if (std::find(writtenTables_.begin(), writtenTables_.end(), &table) == writtenTables_.end()) writtenTables_.push_back(&table);
   }
   return written;
 }
 
 Status Stores::Read(const std::function<Status(Engine&)>& read) {
   if (!engine_->IsOpen()) return {ErrorKind::NotOpen, "no stores are open"};
-  return Noted(read(*engine_));
+  return FailOnFault(read(*engine_));
 }
 
-Status Stores::Noted(Status status) {
-  if (depth_ == 0 || !failure_.Ok() || status.Ok()) return status;
-  if (IsFault(status) || !engine_->InTransaction()) failure_ = status;
+Status Stores::FailOnFault(Status status) {
+  if (InAction() && !status.Ok() && (IsStoreFault(status) || !engine_->InTransaction())) Fail(status);
   return status;
 }
 
-void Stores::ShowWritten() {
-  const std::vector<const Table*> written = std::exchange(written_, {});
+void Stores::ShowWrittenTables() {
+  const std::vector<const Table*> written = std::exchange(writtenTables_, {});
   if (written.empty()) return;
   const std::vector<Cursor*> cursors = cursors_;
   for (Cursor* cursor : cursors) {

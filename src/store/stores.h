@@ -25,33 +25,42 @@ class Stores {
 
   [[nodiscard]] Engine& Driver() { return *engine_; }
 
-  // Opens a data folder (this machine's own path, or what else the engine calls one), recovering it in place.
+  // Opens a data folder (a path of this machine, or whatever the engine takes for one), recovering it in place.
   // Cursors that were open keep their sources, but have no rows until their next Refresh.
   Status Open(const std::string& folder);
-  // An action that is open is undone; Commit must still be called for it, and tells so.
+  // An open action is undone. Its Commit or Abandon is still due; Commit then fails, and says why.
   void Close();
   [[nodiscard]] bool IsOpen() const { return engine_->IsOpen(); }
 
   // Begins an action of the clerk: all writes up to the matching Commit land together or not at all, over all files.
   // Actions nest: inner ones join the outer, and only the outermost commits. Reads inside see the action's own writes.
-  // Waits in line for other terminals. A failed Begin leaves no action open, and Commit must not be called.
+  // Waits in line for other terminals. Every Begin that went well is ended by one Commit or one Abandon; one that failed leaves no action
+  // open, and neither may be called for it.
   Status Begin(const std::string& name);
   // Ends an action. When the outermost fails, nothing of it is in the stores, and the message says why.
   // A single write that failed inside does not undo the others. A fault of the store does (no room, no rights, a damaged or silent
-  // disk): from there on every further write fails at once with it, and so does the outermost Commit.
+  // disk), and so does an inner action that was abandoned: from there on every further write fails at once with it, and so does the
+  // outermost Commit. NotOpen without an action.
   Status Commit();
-  [[nodiscard]] bool InAction() const { return depth_ > 0; }
-  // Each action has its own number.
+  // Ends an action that was not carried through. Abandoning the outermost undoes all its writes, over all files. An inner one can't be
+  // undone by itself, so it takes the outer one with it: that fails at its Commit, with a message that tells which was left unfinished.
+  // Does nothing without an action.
+  void Abandon();
+  [[nodiscard]] bool InAction() const { return !openActions_.empty(); }
+  // The number of the open action, or of the last one. Each outermost action has its own; 0 before the first.
   [[nodiscard]] std::uint64_t ActionNumber() const { return actions_; }
 
-  // Runs "DELETE FROM T Where …" in the dialect on a database file, as an action of its own unless one is open.
+  // Runs "DELETE FROM T Where …" in the dialect on a database file, as an action of its own unless one is open. BadText for any other
+  // statement, Missing when there is no such file.
   Status Execute(const std::string& databaseName, const std::string& statement);
-  // Runs a sum query ("Select Sum(x) FROM T Where …") on a database file: field 0 of its one row. Null when no row matched.
+  // Runs a sum query ("Select Sum(x) FROM T Where …") on a database file: field 0 of its one row. Null when no row matched, and on a
+  // failure (those of Execute).
   Status QueryValue(const std::string& databaseName, const std::string& query, Value& result);
 
   // Grows with every Open and Close.
   [[nodiscard]] std::uint64_t Openings() const { return openings_; }
-  // Grows with every write to the table through this object, and with every action undone: what was read under another count may be stale.
+  // Grows with every write to the table through this object, and with every action that is undone: what was read under another count may
+  // be out of date.
   [[nodiscard]] std::uint64_t WriteCount(const Table& table) const;
 
  private:
@@ -60,37 +69,49 @@ class Stores {
 
   // For the cursors: an engine's write, counted; inside an action it is refused when the action has failed already.
   Status Write(const Table& table, const std::function<Status(Engine&)>& write);
-  // For the cursors: an engine's read; a fault of the store inside an action fails the action, for its next step would decide on false
-  // grounds.
+  // For the cursors: an engine's read. A fault of the store inside an action fails the action, for its next step would decide on what was
+  // not read.
   Status Read(const std::function<Status(Engine&)>& read);
-  Status Noted(Status status);
-  void ShowWritten();
+  // Fails the open action, if there is one, where the outcome of a step is a fault of the store. The outcome is handed on as it is.
+  Status FailOnFault(Status status);
+  // Takes the innermost action off the open ones, and gives its name.
+  std::string LeaveAction();
+  // Fails the open actions. The first failure is the one that is told at the outermost Commit.
+  void Fail(const Status& failure);
+  // Tells the grids over every table that was written since the action began.
+  void ShowWrittenTables();
   void Register(Cursor& cursor);
   void Unregister(Cursor& cursor);
 
   std::unique_ptr<Engine> engine_;
-  int depth_ = 0;
+  std::vector<std::string> openActions_;  // their names, the outermost first
   std::uint64_t actions_ = 0;
-  std::string actionName_;
-  Status failure_;  // of the open action
-  std::uint64_t undone_ = 0;
+  Status failure_;              // of the open actions
+  std::uint64_t undoings_ = 0;  // actions undone, and closings
   std::uint64_t openings_ = 0;
   std::unordered_map<const Table*, std::uint64_t> writes_;
-  std::vector<const Table*> written_;  // since the action began
+  std::vector<const Table*> writtenTables_;  // since the action began
   std::vector<Cursor*> cursors_;
 };
 
-// One action, from construction to Finish; an action that is left without Finish is committed too, so that what was written stays written.
+// One action, from construction to Finish. One that is left without Finish, by whatever way, is abandoned: what was half done is undone.
 class Action {
  public:
   Action(Stores& stores, const std::string& name) : stores_(stores), begun_(stores.Begin(name)), open_(begun_.Ok()) {}
   ~Action() {
-    if (open_) stores_.Commit().Ignore();
+    if (!open_) return;
+    if (commitsWhenLeft_) {
+      stores_.Commit().Ignore();
+    } else {
+      stores_.Abandon();
+    }
   }
   Action(const Action&) = delete;
   Action& operator=(const Action&) = delete;
-  // Whether the action is open, and if not, why.
+  // Whether the action could be begun, and if not, why.
   [[nodiscard]] const Status& Begun() const { return begun_; }
+  // From here on, leaving without Finish commits instead: what was written stays written. A failure of that is only logged.
+  void CommitWhenLeft() { commitsWhenLeft_ = true; }
   // Commits; a Begin that failed comes back from here.
   Status Finish() {
     if (!open_) return begun_;
@@ -102,6 +123,7 @@ class Action {
   Stores& stores_;
   Status begun_;
   bool open_;
+  bool commitsWhenLeft_ = false;
 };
 
 }  // namespace karvel

@@ -16,7 +16,9 @@ using Row = std::vector<Value>;  // in catalogue order
 double AsNumber(const Value& value);
 // Numbers as PlainNumber, dates as dd.mm.yyyy hh:mm:ss (dd.mm.yyyy at midnight), booleans as "True" or "False".
 std::string AsText(const Value& value);
+// True for a number that is not 0, for a text that means yes, and for any date.
 bool AsBoolean(const Value& value);
+// Numbers as days since 1899-12-30, texts in any form that the desk reads; the empty date for what is none.
 DateTime AsDate(const Value& value);
 
 }  // namespace karvel

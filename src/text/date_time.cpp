@@ -11,7 +11,9 @@
 namespace karvel {
 namespace {
 
-constexpr std::int64_t kDaySeconds = 24 * 60 * 60;
+constexpr std::int64_t kMinuteSeconds = 60;
+constexpr std::int64_t kHourSeconds = 60 * kMinuteSeconds;
+constexpr std::int64_t kDaySeconds = 24 * kHourSeconds;
 // 0001-01-01 and 9999-12-31, the dates that four digits of year can tell.
 constexpr std::int64_t kFirstDay = -719162;
 constexpr std::int64_t kLastDay = 2932896;
@@ -82,13 +84,13 @@ std::int64_t DateTime::DayNumber() const {
 }
 
 std::int64_t DateTime::SecondNumber() const {
-  return DayNumber() * kDaySeconds + hour * 3600 + minute * 60 + second;
+  return DayNumber() * kDaySeconds + hour * kHourSeconds + minute * kMinuteSeconds + second;
 }
 
 DateTime DateTime::PlusDays(std::int64_t days) const {
   if (IsEmpty()) return *this;
   constexpr std::int64_t kSpan = kLastDay - kFirstDay;
-  return FromDayAndSecond(DayNumber() + std::clamp(days, -kSpan, kSpan), hour * 3600 + minute * 60 + second);
+  return FromDayAndSecond(DayNumber() + std::clamp(days, -kSpan, kSpan), hour * kHourSeconds + minute * kMinuteSeconds + second);
 }
 
 DateTime DateTime::PlusSeconds(std::int64_t seconds) const {

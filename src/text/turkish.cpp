@@ -1,5 +1,7 @@
 #include "text/turkish.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -118,9 +120,9 @@ std::string FoldKeyPrefixEnd(std::string_view prefix) {
 }
 
 std::string FoldKeySql(std::string_view columnSql) {
-  std::string sql = "lower(" + std::string(columnSql) + ")";
+  std::string sql = fmt::format("lower({})", columnSql);
   for (const Marked& marked : kMarked) {
-    sql = "replace(" + sql + ",'" + std::string(marked.letter) + "','" + marked.base + std::string(marked.mark) + "')";
+    sql = fmt::format("replace({},'{}','{}{}')", sql, marked.letter, marked.base, marked.mark);
   }
   return sql;
 }

@@ -4,16 +4,69 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
+#include <QByteArray>
+#include <QStorageInfo>
 #include <filesystem>
 #include <fstream>
+#include <map>
+#include <optional>
 
-#include "app/atomic_file.h"
 #include "support/temp_folder.h"
 
 namespace karvel {
 namespace {
 namespace fs = std::filesystem;
+
+// Sets variables of the environment, and puts them back as they were.
+class Environment {
+ public:
+  Environment() = default;
+  ~Environment() {
+    for (const auto& [name, value] : before_) Put(name, value);
+  }
+  Environment(const Environment&) = delete;
+  Environment& operator=(const Environment&) = delete;
+
+  // Without a value the variable is taken away.
+  void Set(const char* name, const std::optional<std::string>& value) {
+    before_.try_emplace(name, qEnvironmentVariableIsSet(name) ? std::optional(qgetenv(name).toStdString()) : std::nullopt);
+    Put(name, value);
+  }
+
+ private:
+  static void Put(const char* name, const std::optional<std::string>& value) {
+    if (value) {
+      qputenv(name, QByteArray::fromStdString(*value));
+    } else {
+      qunsetenv(name);
+    }
+  }
+
+  std::map<const char*, std::optional<std::string>> before_;
+};
+
+TEST(FilePlaces, the_home_is_the_one_told_or_lies_in_the_users_data_folder) {
+  const TempFolder temp;
+  Environment environment;
+  environment.Set("HOME", temp.Path());
+  environment.Set("KARVEL_HOME", temp.Path() + "/own//");
+  environment.Set("XDG_DATA_HOME", temp.Path() + "/data");
+  EXPECT_EQ(FilePlaces::OfThisMachine(temp.Path()).home, temp.Path() + "/own");
+  environment.Set("KARVEL_HOME", {});
+  EXPECT_EQ(FilePlaces::OfThisMachine(temp.Path()).home, temp.Path() + "/data/velmora-karvel");
+  environment.Set("XDG_DATA_HOME", "data");
+  EXPECT_EQ(FilePlaces::OfThisMachine(temp.Path()).home, temp.Path() + "/.local/share/velmora-karvel");
+  environment.Set("XDG_DATA_HOME", {});
+  EXPECT_EQ(FilePlaces::OfThisMachine(temp.Path()).home, temp.Path() + "/.local/share/velmora-karvel");
+}
+
+TEST(FilePlaces, the_disks_are_those_that_are_mounted) {
+  const TempFolder temp;
+  const FilePlaces places = FilePlaces::OfThisMachine(temp.Path());
+  std::vector<std::string> mounted;
+  for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) mounted.push_back(volume.rootPath().toStdString());
+  EXPECT_EQ(places.disks(), RemovableDisks(mounted));
+}
 
 class DiskFilesTest : public testing::Test {
  protected:
@@ -66,10 +119,8 @@ TEST_F(DiskFilesTest, removable_disks_are_the_drives_from_d_on) {
   EXPECT_EQ(files_.Write("E:\\x", "y").Kind(), ErrorKind::Missing);
 }
 
-TEST_F(DiskFilesTest, a_mount_table_tells_the_removable_disks) {
-  const auto disks = RemovableDisks(
-      "/dev/sda1 / ext4 rw 0 0\n/dev/sdc1 /run/media/ali/USB\\040DISK vfat rw 0 0\n/dev/sdb1 /media/cdrom iso9660 ro 0 0\n"
-      "tmpfs /mediatheque tmpfs rw 0 0\n");
+TEST_F(DiskFilesTest, the_disks_under_media_are_removable_in_the_order_of_their_names) {
+  const auto disks = RemovableDisks({"/", "/run/media/ali/USB DISK", "/media/cdrom", "/mediatheque", "/home/media/x", "/media/cdrom"});
   EXPECT_EQ(disks, (std::vector<std::string>{"/media/cdrom", "/run/media/ali/USB DISK"}));
 }
 
@@ -106,15 +157,6 @@ TEST_F(DiskFilesTest, a_copy_that_fails_leaves_the_target_as_it_was) {
   ASSERT_TRUE(files_.Copy("C:\\from", "C:\\to"));
   ASSERT_TRUE(files_.Read("C:\\to", bytes));
   EXPECT_EQ(bytes, std::string(200000, 'z'));
-}
-
-TEST(StatusOfErrno, tells_the_failures_that_a_clerk_can_mend) {
-  EXPECT_EQ(StatusOfErrno(ENOSPC, "x").Kind(), ErrorKind::DiskFull);
-  EXPECT_EQ(StatusOfErrno(EROFS, "x").Kind(), ErrorKind::NoRights);
-  EXPECT_EQ(StatusOfErrno(EACCES, "x").Kind(), ErrorKind::NoRights);
-  EXPECT_EQ(StatusOfErrno(ENOENT, "x").Kind(), ErrorKind::Missing);
-  EXPECT_EQ(StatusOfErrno(EIO, "x").Kind(), ErrorKind::Other);
-  EXPECT_TRUE(StatusOfErrno(0, "x"));
 }
 
 TEST_F(DiskFilesTest, a_moved_file_is_gone_from_its_old_place) {

@@ -56,13 +56,105 @@ TEST_P(EngineContract, actions_nest_and_only_the_outermost_commits) {
   EXPECT_EQ(stores_.Commit().Kind(), ErrorKind::NotOpen);
 }
 
-TEST_P(EngineContract, an_action_left_without_finish_is_committed) {
+TEST_P(EngineContract, an_action_left_unfinished_is_undone_over_all_files_and_its_line_is_free_for_others) {
+  AddCustomer(stores_, "A", "Ali");
+  auto cards = Customers(stores_);
+  EXPECT_EQ(cards->Text("Unvan"), "Ali");
+  int shown = 0;
+  connections += cards->shown.Connect([&] { ++shown; });
+  watch_ = {};
+  const LoggedLines log;
   {
     Action action(stores_, "left");
+    AddLine(stores_, "A", {2026, 3, 1, 0, 0, 0}, 1);
+    ASSERT_TRUE(cards->Edit().Ok());
+    cards->Set("Unvan", "Veli");
+    ASSERT_TRUE(cards->Update().Ok());
+    shown = 0;
+  }
+  EXPECT_FALSE(stores_.InAction());
+  EXPECT_EQ(watch_.commits, 0);
+  EXPECT_TRUE(log.Holds("left"));
+  EXPECT_EQ(shown, 1);
+  EXPECT_EQ(cards->Text("Unvan"), "Ali");  // read again, without a refresh
+  EXPECT_EQ(RowsOf(stores_, "Karvel.mdb", "Datam"), 0);
+  AddCustomer(*OtherTerminal(), "B", "Bilge");
+  EXPECT_EQ(RowsOf(stores_, "Cari.mdb", "CariKartlar"), 2);
+}
+
+TEST_P(EngineContract, an_action_that_says_so_beforehand_is_committed_when_it_is_left) {
+  {
+    Action action(stores_, "kept");
+    action.CommitWhenLeft();
     AddCustomer(stores_, "A", "Ali");
   }
   EXPECT_FALSE(stores_.InAction());
   EXPECT_EQ(RowsOf(*OtherTerminal(), "Cari.mdb", "CariKartlar"), 1);
+  Action outer(stores_, "outer");
+  {
+    Action inner(stores_, "inner");
+    inner.CommitWhenLeft();
+    AddCustomer(stores_, "B", "Bilge");
+  }
+  EXPECT_TRUE(outer.Finish().Ok());
+  EXPECT_EQ(RowsOf(*OtherTerminal(), "Cari.mdb", "CariKartlar"), 2);
+}
+
+TEST_P(EngineContract, an_inner_action_left_unfinished_fails_the_outer_one_at_its_commit) {
+  Action outer(stores_, "posting");
+  AddCustomer(stores_, "A", "Ali");
+  {
+    Action middle(stores_, "counting");
+    {
+      Action inner(stores_, "numbering");
+      AddCustomer(stores_, "B", "Bilge");
+    }
+    EXPECT_TRUE(stores_.InAction());
+    EXPECT_TRUE(middle.Finish().Ok());
+  }
+  auto lines = Opened(stores_, "Karvel.mdb", "Datam");
+  ASSERT_TRUE(lines->AddNew().Ok());
+  const int writes = watch_.writes;
+  EXPECT_EQ(lines->Update().Kind(), ErrorKind::Other);  // refused at once
+  EXPECT_EQ(watch_.writes, writes);
+  lines->CancelUpdate();
+  const Status outcome = outer.Finish();
+  EXPECT_EQ(outcome.Kind(), ErrorKind::Other);
+  EXPECT_EQ(outcome.Message(), "numbering was left unfinished");
+  EXPECT_EQ(RowsOf(stores_, "Cari.mdb", "CariKartlar"), 0);
+  AddCustomer(stores_, "C", "Can");  // the desk goes on
+  EXPECT_EQ(RowsOf(stores_, "Cari.mdb", "CariKartlar"), 1);
+}
+
+TEST_P(EngineContract, abandoning_undoes_what_was_begun_and_does_nothing_without_an_action) {
+  stores_.Abandon();
+  EXPECT_FALSE(stores_.InAction());
+  ASSERT_TRUE(stores_.Begin("posting").Ok());
+  AddCustomer(stores_, "A", "Ali");
+  stores_.Abandon();
+  EXPECT_FALSE(stores_.InAction());
+  EXPECT_EQ(stores_.Commit().Kind(), ErrorKind::NotOpen);
+  EXPECT_EQ(RowsOf(stores_, "Cari.mdb", "CariKartlar"), 0);
+  // The fault of an abandoned action ends with it.
+  ASSERT_TRUE(stores_.Begin("failing").Ok());
+  watch_.writeFault = {ErrorKind::DiskFull, "no room"};
+  EXPECT_EQ(stores_.Execute("Karvel.mdb", "DELETE FROM Datam").Kind(), ErrorKind::DiskFull);
+  watch_.writeFault = {};
+  stores_.Abandon();
+  ASSERT_TRUE(stores_.Begin("next").Ok());
+  AddCustomer(stores_, "A", "Ali");
+  EXPECT_TRUE(stores_.Commit().Ok());
+  EXPECT_EQ(RowsOf(stores_, "Cari.mdb", "CariKartlar"), 1);
+}
+
+TEST_P(EngineContract, an_edit_cancelled_keeps_what_others_wrote_in_its_action) {
+  AddCustomer(stores_, "A", "Ali");
+  auto cards = Customers(stores_);
+  ASSERT_TRUE(cards->Edit().Ok());
+  AddLine(stores_, "A", {2026, 3, 1, 0, 0, 0}, 1);
+  cards->CancelUpdate();
+  EXPECT_FALSE(stores_.InAction());
+  EXPECT_EQ(RowsOf(*OtherTerminal(), "Karvel.mdb", "Datam"), 1);
 }
 
 TEST_P(EngineContract, a_single_write_that_failed_does_not_undo_the_others) {

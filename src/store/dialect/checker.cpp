@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <cmath>
+#include <utility>
 
 #include "text/turkish.h"
 
@@ -81,21 +82,21 @@ bool IsTrue(const Literal& number) {
 
 }  // namespace
 
-std::string Shown(std::string_view text) {
-  constexpr std::size_t most = 60;
-  std::string shown = LeftLetters(text.substr(0, most * 4), most);
+std::string ForLog(std::string_view text) {
+  constexpr std::size_t kMost = 60;
+  std::string shown = LeftLetters(text.substr(0, kMost * 4), kMost);
   for (char& c : shown) {
     if (static_cast<unsigned char>(c) < 0x20 || c == 0x7f) c = '?';
   }
   return shown.size() < text.size() ? shown + "…" : shown;
 }
 
-Checked Checker::Made(Expr&& expr, ResultKind kind) {
-  if (++nodes_ > nodeLimit) return Refused(fmt::format("more than {} parts", nodeLimit));
+Checked Checker::NewNode(Expr&& expr, ResultKind kind) {
+  if (++nodes_ > kNodeLimit) return Refuse(fmt::format("more than {} parts", kNodeLimit));
   return {ExprPtr(new Expr(std::move(expr)), Release), kind};
 }
 
-Checked Checker::Refused(std::string problem) {
+Checked Checker::Refuse(std::string problem) {
   problem_ = std::move(problem);
   return {};
 }
@@ -105,30 +106,30 @@ Checked Checker::MakeLiteral(Value value) {
                           : std::holds_alternative<double>(value)    ? ResultKind::Number
                           : std::holds_alternative<DateTime>(value)  ? ResultKind::Date
                                                                      : ResultKind::Boolean;
-  return Made({Literal{std::move(value)}}, kind);
+  return NewNode({Literal{std::move(value)}}, kind);
 }
 
 int Checker::ColumnPosition(std::string_view name) {
   const int position = table_.Position(name);
-  if (position < 0) problem_ = fmt::format("{} has no field \"{}\"", table_.name, Shown(name));
+  if (position < 0) problem_ = fmt::format("{} has no field \"{}\"", table_.name, ForLog(name));
   return position;
 }
 
 Checked Checker::MakeField(std::string_view name) {
   const int position = ColumnPosition(name);
   if (position < 0) return {};
-  return Made({Field{position}}, KindOf(table_.columns[static_cast<std::size_t>(position)].type));
+  return NewNode({Field{position}}, KindOf(table_.columns[static_cast<std::size_t>(position)].type));
 }
 
 Checked Checker::MakeLeft(Checked text, double count) {
-  if (text.kind != ResultKind::Text) return Refused(fmt::format("Left of {}", NameOf(text.kind)));
-  if (!(count >= 0 && count <= 1'000'000'000) || count != std::floor(count)) return Refused("Left with a count that can't be");
-  return Made({Left{std::move(text.expr), static_cast<int>(count)}}, ResultKind::Text);
+  if (text.kind != ResultKind::Text) return Refuse(fmt::format("Left of {}", NameOf(text.kind)));
+  if (!(count >= 0 && count <= 1'000'000'000) || count != std::floor(count)) return Refuse("Left with a count that can't be");
+  return NewNode({Left{std::move(text.expr), static_cast<int>(count)}}, ResultKind::Text);
 }
 
 Checked Checker::MakeLCase(Checked text) {
-  if (text.kind != ResultKind::Text) return Refused(fmt::format("LCase of {}", NameOf(text.kind)));
-  return Made({LCase{std::move(text.expr)}}, ResultKind::Text);
+  if (text.kind != ResultKind::Text) return Refuse(fmt::format("LCase of {}", NameOf(text.kind)));
+  return NewNode({LCase{std::move(text.expr)}}, ResultKind::Text);
 }
 
 Checked Checker::MakeCompare(CompareOp op, Checked left, Checked right) {
@@ -140,40 +141,40 @@ Checked Checker::MakeCompare(CompareOp op, Checked left, Checked right) {
   numberAsBoolean(left, right);
   numberAsBoolean(right, left);
   if (!left.expr || !right.expr) return {};
-  if (left.kind != right.kind) return Refused(fmt::format("{} compared with {}", NameOf(left.kind), NameOf(right.kind)));
-  if (left.kind == ResultKind::Condition) return Refused("a condition compared with a condition");
-  if (left.kind == ResultKind::Boolean && op != CompareOp::Equal && op != CompareOp::NotEqual) return Refused("booleans have no order");
+  if (left.kind != right.kind) return Refuse(fmt::format("{} compared with {}", NameOf(left.kind), NameOf(right.kind)));
+  if (left.kind == ResultKind::Condition) return Refuse("a condition compared with a condition");
+  if (left.kind == ResultKind::Boolean && op != CompareOp::Equal && op != CompareOp::NotEqual) return Refuse("booleans have no order");
   const ResultKind kind = ResultKind::Condition;
-  return Made({Compare{op, std::move(left.expr), std::move(right.expr)}}, kind);
+  return NewNode({Compare{op, std::move(left.expr), std::move(right.expr)}}, kind);
 }
 
 Checked Checker::MakeLike(Checked text, std::string pattern) {
-  if (text.kind != ResultKind::Text) return Refused(fmt::format("{} compared with a pattern", NameOf(text.kind)));
-  return Made({Like{std::move(text.expr), std::move(pattern)}}, ResultKind::Condition);
+  if (text.kind != ResultKind::Text) return Refuse(fmt::format("{} compared with a pattern", NameOf(text.kind)));
+  return NewNode({Like{std::move(text.expr), std::move(pattern)}}, ResultKind::Condition);
 }
 
-ExprPtr Checker::Condition(const Checked& part) {
-  if (part.kind == ResultKind::Condition || part.kind == ResultKind::Boolean) return part.expr;
+ExprPtr Checker::Condition(Checked part) {
+  if (part.kind == ResultKind::Condition || part.kind == ResultKind::Boolean) return std::move(part.expr);
   problem_ = fmt::format("{} where a condition belongs", NameOf(part.kind));
   return nullptr;
 }
 
 Checked Checker::MakeNot(Checked condition) {
-  ExprPtr inner = Condition(condition);
+  ExprPtr inner = Condition(std::move(condition));
   if (!inner) return {};
-  return Made({Not{std::move(inner)}}, ResultKind::Condition);
+  return NewNode({Not{std::move(inner)}}, ResultKind::Condition);
 }
 
 Checked Checker::MakeAnd(Checked left, Checked right) {
-  ExprPtr first = Condition(left), second = Condition(right);
+  ExprPtr first = Condition(std::move(left)), second = Condition(std::move(right));
   if (!first || !second) return {};
-  return Made({And{std::move(first), std::move(second)}}, ResultKind::Condition);
+  return NewNode({And{std::move(first), std::move(second)}}, ResultKind::Condition);
 }
 
 Checked Checker::MakeOr(Checked left, Checked right) {
-  ExprPtr first = Condition(left), second = Condition(right);
+  ExprPtr first = Condition(std::move(left)), second = Condition(std::move(right));
   if (!first || !second) return {};
-  return Made({Or{std::move(first), std::move(second)}}, ResultKind::Condition);
+  return NewNode({Or{std::move(first), std::move(second)}}, ResultKind::Condition);
 }
 
 }  // namespace karvel::dialect

@@ -1,5 +1,5 @@
-// Builds the nodes of one criterion, each only when its names are in the catalogue and its types fit. So a tree that exists is sound:
-// the printers need no checks of their own.
+// Builds the nodes of one criterion, each only when its names are in the catalogue and its types fit. So every tree that exists is sound,
+// and the printers need no checks of their own.
 #pragma once
 
 #include <cstddef>
@@ -19,7 +19,7 @@ struct Checked {
 
 class Checker {
  public:
-  static constexpr std::size_t nodeLimit = 5000;
+  static constexpr std::size_t kNodeLimit = 5000;
 
   explicit Checker(const Table& table) : table_(table) {}
 
@@ -33,7 +33,7 @@ class Checker {
   Checked MakeAnd(Checked left, Checked right);
   Checked MakeOr(Checked left, Checked right);
   // The tree, when it is a condition: a comparison or something boolean. Null otherwise.
-  ExprPtr Condition(const Checked& part);
+  ExprPtr Condition(Checked part);
 
   // The position of a column; -1 with a problem when there is none.
   int ColumnPosition(std::string_view name);
@@ -41,8 +41,8 @@ class Checker {
   [[nodiscard]] const std::string& Problem() const { return problem_; }
 
  private:
-  Checked Made(Expr&& expr, ResultKind kind);
-  Checked Refused(std::string problem);
+  Checked NewNode(Expr&& expr, ResultKind kind);
+  Checked Refuse(std::string problem);
 
   const Table& table_;
   std::size_t nodes_ = 0;
@@ -50,6 +50,6 @@ class Checker {
 };
 
 // A name or text as a log line may show it: short, and without control characters.
-std::string Shown(std::string_view text);
+std::string ForLog(std::string_view text);
 
 }  // namespace karvel::dialect

@@ -102,6 +102,10 @@ class SqlTarget {
   [[nodiscard]] virtual std::string Fits(std::string_view textSql, std::string_view patternSql) const = 0;
   // The first n letters of a text.
   [[nodiscard]] virtual std::string LeftOf(std::string_view textSql, int count) const = 0;
+  // The value that IndexedKey and ComputedKey give for this text: FoldKey, unless the engine makes its keys in a way of its own.
+  [[nodiscard]] virtual std::string Key(std::string_view text) const;
+  // The first key behind the keys of all texts that start with this prefix: FoldKeyPrefixEnd, unless told otherwise as for Key.
+  [[nodiscard]] virtual std::string KeyPrefixEnd(std::string_view prefix) const;
 };
 
 // Prints a condition as SQL with every literal as a parameter, appended to `parameters` (texts already as compare keys where they are

@@ -54,9 +54,9 @@ class DateReader {
 
  private:
   static int DaysIn(int month, int year) {
-    constexpr std::array<int, 12> days{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    constexpr std::array<int, 12> kDays{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-    return days[static_cast<std::size_t>(month - 1)] + (month == 2 && leap ? 1 : 0);
+    return kDays[static_cast<std::size_t>(month - 1)] + (month == 2 && leap ? 1 : 0);
   }
   // A whole number of so many digits; -1 when it isn't one.
   int Piece(std::size_t fewest, std::size_t most) {
@@ -91,13 +91,13 @@ bool EqualWord(std::string_view a, std::string_view b) {
 }
 
 bool IsPlainName(std::string_view name) {
-  constexpr std::array<std::string_view, 16> keyWords{"select", "from", "where", "order", "by",   "asc",   "desc", "delete",
-                                                      "and",    "or",   "not",   "like",  "true", "false", "left", "lcase"};
+  constexpr std::array<std::string_view, 16> kKeyWords{"select", "from", "where", "order", "by",   "asc",   "desc", "delete",
+                                                       "and",    "or",   "not",   "like",  "true", "false", "left", "lcase"};
   if (name.empty() || IsDigit(name.front())) return false;
   for (const char c : name) {
     if (!IsNameByte(c)) return false;
   }
-  for (const auto word : keyWords) {
+  for (const auto word : kKeyWords) {
     if (EqualWord(name, word)) return false;
   }
   return true;
@@ -108,10 +108,10 @@ bool Token::IsWord(std::string_view word) const {
 }
 
 Token Lexer::Next() {
-  if (!failure_.empty()) return Failed(failure_);
+  if (!failure_.empty()) return ErrorToken(failure_);
   while (at_ < text_.size() && IsBlank(text_[at_])) ++at_;
   start_ = at_;
-  if (at_ == text_.size()) return Made(TokenKind::End);
+  if (at_ == text_.size()) return NewToken(TokenKind::End);
   const char c = text_[at_];
   if (c == '\'' || c == '"') return Quoted();
   if (c == '[') return Bracketed();
@@ -128,14 +128,14 @@ std::size_t Lexer::EndOfName(std::size_t from) const {
 
 Token Lexer::Word() {
   at_ = EndOfName(at_);
-  return Made(TokenKind::Name, std::string(text_.substr(start_, at_ - start_)));
+  return NewToken(TokenKind::Name, std::string(text_.substr(start_, at_ - start_)));
 }
 
 Token Lexer::Bracketed() {
   const std::size_t close = text_.find(']', at_);
-  if (close == std::string_view::npos) return Failed("a [ is not closed");
+  if (close == std::string_view::npos) return ErrorToken("a [ is not closed");
   at_ = close + 1;
-  return Made(TokenKind::Bracketed, std::string(text_.substr(start_ + 1, close - start_ - 1)));
+  return NewToken(TokenKind::Bracketed, std::string(text_.substr(start_ + 1, close - start_ - 1)));
 }
 
 Token Lexer::Quoted() {
@@ -143,23 +143,23 @@ Token Lexer::Quoted() {
   std::string content;
   for (;;) {
     const std::size_t close = text_.find(quote, at_);
-    if (close == std::string_view::npos) return Failed("a text is not closed");
+    if (close == std::string_view::npos) return ErrorToken("a text is not closed");
     content += text_.substr(at_, close - at_);
     at_ = close + 1;
     if (at_ == text_.size() || text_[at_] != quote) break;
     content += quote;
     ++at_;
   }
-  return Made(TokenKind::Text, std::move(content));
+  return NewToken(TokenKind::Text, std::move(content));
 }
 
 Token Lexer::DateLiteral() {
   const std::size_t close = text_.find('#', at_ + 1);
-  if (close == std::string_view::npos) return Failed("a date is not closed");
+  if (close == std::string_view::npos) return ErrorToken("a date is not closed");
   const auto date = DateReader(text_.substr(at_ + 1, close - at_ - 1)).Read();
-  if (!date) return Failed("no such date");
+  if (!date) return ErrorToken("no such date");
   at_ = close + 1;
-  Token token = Made(TokenKind::Date);
+  Token token = NewToken(TokenKind::Date);
   token.date = *date;
   return token;
 }
@@ -169,29 +169,29 @@ Token Lexer::NumberOrName() {
   double number = 0;
   const char* const first = text_.data() + at_;
   const auto [end, error] = std::from_chars(first, text_.data() + text_.size(), number);
-  if (error == std::errc::invalid_argument) return Failed("a number is not complete");
+  if (error == std::errc::invalid_argument) return ErrorToken("a number is not complete");
   const std::size_t length = static_cast<std::size_t>(end - first);
   const bool goesOn = EndOfName(at_ + length) != at_ + length;
   if (goesOn && text_.substr(at_, length).find_first_of(".+-") == std::string_view::npos) return Word();
-  if (goesOn) return Failed("a number runs into a word");
-  if (error != std::errc()) return Failed("a number is out of range");
+  if (goesOn) return ErrorToken("a number runs into a word");
+  if (error != std::errc()) return ErrorToken("a number is out of range");
   at_ += length;
-  Token token = Made(TokenKind::Number);
+  Token token = NewToken(TokenKind::Number);
   token.number = number;
   return token;
 }
 
 Token Lexer::SymbolSign() {
-  constexpr std::string_view single = "=<>(),;*+-";
+  constexpr std::string_view kSingle = "=<>(),;*+-";
   const std::string_view two = text_.substr(at_, 2);
   std::string_view sign = text_.substr(at_, 1);
   if (two == "<>" || two == "<=" || two == ">=") sign = two;
-  if (single.find(sign.front()) == std::string_view::npos) return Failed("a sign that means nothing here");
+  if (kSingle.find(sign.front()) == std::string_view::npos) return ErrorToken("a sign that means nothing here");
   at_ += sign.size();
-  return Made(TokenKind::Symbol, std::string(sign));
+  return NewToken(TokenKind::Symbol, std::string(sign));
 }
 
-Token Lexer::Made(TokenKind kind, std::string text) const {
+Token Lexer::NewToken(TokenKind kind, std::string text) const {
   Token token;
   token.kind = kind;
   token.text = std::move(text);
@@ -199,9 +199,9 @@ Token Lexer::Made(TokenKind kind, std::string text) const {
   return token;
 }
 
-Token Lexer::Failed(std::string what) {
+Token Lexer::ErrorToken(std::string what) {
   failure_ = what;
-  return Made(TokenKind::Error, std::move(what));
+  return NewToken(TokenKind::Error, std::move(what));
 }
 
 }  // namespace karvel::dialect

@@ -45,8 +45,8 @@ class Lexer {
   Token DateLiteral();
   Token NumberOrName();
   Token SymbolSign();
-  [[nodiscard]] Token Made(TokenKind kind, std::string text = {}) const;
-  Token Failed(std::string what);
+  [[nodiscard]] Token NewToken(TokenKind kind, std::string text = {}) const;
+  Token ErrorToken(std::string what);
   [[nodiscard]] std::size_t EndOfName(std::size_t from) const;
 
   std::string_view text_;

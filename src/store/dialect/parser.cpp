@@ -11,8 +11,8 @@
 namespace karvel::dialect {
 namespace {
 
-constexpr std::size_t textLimit = 64 * 1024;
-constexpr int nestingLimit = 200;
+constexpr std::size_t kTextLimit = std::size_t{64} * 1024;
+constexpr int kNestingLimit = 200;
 
 std::optional<CompareOp> CompareOpOf(const Token& token) {
   if (token.Is("=")) return CompareOp::Equal;
@@ -48,7 +48,7 @@ class Parser {
   // Steps of a statement; false once something failed.
 
   bool Begin() {
-    if (text_.size() > textLimit) return Fail("a text over 64 KiB", 0);
+    if (text_.size() > kTextLimit) return Fail("a text over 64 KiB", 0);
     // No store holds a zero byte, and one engine can't even take it.
     if (text_.find('\0') != std::string_view::npos) return Fail("a zero byte", text_.find('\0'));
     Advance();
@@ -84,7 +84,7 @@ class Parser {
     const Token name = token_;
     if (!ExpectName()) return false;
     statement.table = file_.Find(name.text);
-    if (statement.table == nullptr) return Fail(fmt::format("{} has no table \"{}\"", file_.name, Shown(name.text)), name.start);
+    if (statement.table == nullptr) return Fail(fmt::format("{} has no table \"{}\"", file_.name, ForLog(name.text)), name.start);
     checker_.emplace(*statement.table);
     return true;
   }
@@ -110,16 +110,16 @@ class Parser {
 
   bool AtEnd() {
     TakeSign(";");
-    return token_.kind == TokenKind::End || Unexpected("the end");
+    return token_.kind == TokenKind::End || FailExpecting("the end");
   }
 
   // Steps of a condition, from the loosest binding to the tightest; empty once something failed.
 
   bool WholeCondition(ExprPtr& condition) {
     const std::size_t start = token_.start;
-    const Checked whole = OrChain();
+    Checked whole = OrChain();
     if (!whole.expr) return false;
-    condition = checker_->Condition(whole);
+    condition = checker_->Condition(std::move(whole));
     return condition || Fail(checker_->Problem(), start);
   }
 
@@ -130,7 +130,7 @@ class Parser {
       Advance();
       Checked right = AndChain();
       if (!right.expr) return {};
-      left = Fitting(checker_->MakeOr(std::move(left), std::move(right)), start);
+      left = FailIfRefused(checker_->MakeOr(std::move(left), std::move(right)), start);
     }
     return left;
   }
@@ -142,7 +142,7 @@ class Parser {
       Advance();
       Checked right = Negation();
       if (!right.expr) return {};
-      left = Fitting(checker_->MakeAnd(std::move(left), std::move(right)), start);
+      left = FailIfRefused(checker_->MakeAnd(std::move(left), std::move(right)), start);
     }
     return left;
   }
@@ -156,7 +156,7 @@ class Parser {
     }
     Checked part = Comparison();
     depth_ -= count;
-    for (; part.expr && count > 0; --count) part = Fitting(checker_->MakeNot(std::move(part)), start);
+    for (; part.expr && count > 0; --count) part = FailIfRefused(checker_->MakeNot(std::move(part)), start);
     return part;
   }
 
@@ -168,13 +168,13 @@ class Parser {
       Advance();
       Checked right = Operand();
       if (!right.expr) return {};
-      return Fitting(checker_->MakeCompare(*op, std::move(left), std::move(right)), start);
+      return FailIfRefused(checker_->MakeCompare(*op, std::move(left), std::move(right)), start);
     }
     if (TakeWord("like")) {
-      if (token_.kind != TokenKind::Text) return Missing("a pattern");
+      if (token_.kind != TokenKind::Text) return NoPart("a pattern");
       std::string pattern = std::move(token_.text);
       Advance();
-      return Fitting(checker_->MakeLike(std::move(left), std::move(pattern)), start);
+      return FailIfRefused(checker_->MakeLike(std::move(left), std::move(pattern)), start);
     }
     return left;
   }
@@ -184,7 +184,7 @@ class Parser {
     if (token.Is("(")) return Bracketed();
     if (token.Is("+") || token.Is("-")) {
       Advance();
-      if (token_.kind != TokenKind::Number) return Missing("a number");
+      if (token_.kind != TokenKind::Number) return NoPart("a number");
       const double number = token.Is("-") ? -token_.number : token_.number;
       return Constant(number, token.start);
     }
@@ -194,7 +194,7 @@ class Parser {
     if (token.IsWord("true") || token.IsWord("false")) return Constant(token.IsWord("true"), token.start);
     if (!ExpectName()) return {};
     if (token_.Is("(") && (token.IsWord("left") || token.IsWord("lcase"))) return Function(token);
-    return Fitting(checker_->MakeField(token.text), token.start);
+    return FailIfRefused(checker_->MakeField(token.text), token.start);
   }
 
   Checked Bracketed() {
@@ -214,19 +214,19 @@ class Parser {
     if (!text.expr) return {};
     if (name.IsWord("lcase")) {
       if (!ExpectSign(")")) return {};
-      return Fitting(checker_->MakeLCase(std::move(text)), name.start);
+      return FailIfRefused(checker_->MakeLCase(std::move(text)), name.start);
     }
     if (!ExpectSign(",")) return {};
-    if (token_.kind != TokenKind::Number) return Missing("a count");
+    if (token_.kind != TokenKind::Number) return NoPart("a count");
     const double count = token_.number;
     Advance();
     if (!ExpectSign(")")) return {};
-    return Fitting(checker_->MakeLeft(std::move(text), count), name.start);
+    return FailIfRefused(checker_->MakeLeft(std::move(text), count), name.start);
   }
 
   Checked Constant(Value value, std::size_t start) {
     Advance();
-    return Fitting(checker_->MakeLiteral(std::move(value)), start);
+    return FailIfRefused(checker_->MakeLiteral(std::move(value)), start);
   }
 
   // Words.
@@ -245,30 +245,33 @@ class Parser {
     return true;
   }
 
-  bool ExpectWord(std::string_view word) { return TakeWord(word) || Unexpected(word); }
-  bool ExpectSign(std::string_view sign) { return TakeSign(sign) || Unexpected(sign); }
+  bool ExpectWord(std::string_view word) { return TakeWord(word) || FailExpecting(word); }
+  bool ExpectSign(std::string_view sign) { return TakeSign(sign) || FailExpecting(sign); }
 
   bool ExpectName() {
-    if (token_.kind != TokenKind::Name && token_.kind != TokenKind::Bracketed) return Unexpected("a name");
+    if (token_.kind != TokenKind::Name && token_.kind != TokenKind::Bracketed) return FailExpecting("a name");
     Advance();
     return true;
   }
 
   // Failures.
 
-  bool Deeper() { return ++depth_ <= nestingLimit || Fail(fmt::format("nested deeper than {}", nestingLimit), token_.start); }
+  bool Deeper() { return ++depth_ <= kNestingLimit || Fail(fmt::format("nested deeper than {}", kNestingLimit), token_.start); }
 
-  Checked Fitting(Checked part, std::size_t start) {
+  // Hands a part on; one that the checker refused fails the text with its reason.
+  Checked FailIfRefused(Checked part, std::size_t start) {
     if (!part.expr) Fail(checker_->Problem(), start);
     return part;
   }
 
-  Checked Missing(std::string_view what) {
-    Unexpected(what);
+  // Fails for want of something, where a part is due.
+  Checked NoPart(std::string_view what) {
+    FailExpecting(what);
     return {};
   }
 
-  bool Unexpected(std::string_view wanted) {
+  // Always false.
+  bool FailExpecting(std::string_view wanted) {
     if (token_.kind == TokenKind::Error) return Fail(token_.text, token_.start);
     return Fail(fmt::format("{} expected", wanted), token_.start);
   }
@@ -277,7 +280,7 @@ class Parser {
   bool Fail(std::string_view what, std::size_t start) {
     if (!failure_.Ok()) return false;
     const std::size_t letter = LetterCount(text_.substr(0, start)) + 1;
-    failure_ = Status(ErrorKind::BadText, fmt::format("{} at letter {} of: {}", what, letter, Shown(text_)));
+    failure_ = Status(ErrorKind::BadText, fmt::format("{} at letter {} of: {}", what, letter, ForLog(text_)));
     return false;
   }
 

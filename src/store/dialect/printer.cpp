@@ -11,11 +11,11 @@
 namespace karvel::dialect {
 namespace {
 
-std::string Named(std::string_view name) {
+std::string NameText(std::string_view name) {
   return IsPlainName(name) ? std::string(name) : fmt::format("[{}]", name);
 }
 
-std::string Quoted(std::string_view text) {
+std::string QuotedText(std::string_view text) {
   std::string quoted = "'";
   for (const char c : text) {
     if (c == '\'') quoted += c;
@@ -24,22 +24,22 @@ std::string Quoted(std::string_view text) {
   return quoted += '\'';
 }
 
-std::string Shortest(double number) {
+std::string NumberText(double number) {
   std::array<char, 32> digits{};
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
   return {digits.data(), end};
 }
 
-std::string Dated(const DateTime& d) {
+std::string DateText(const DateTime& d) {
   std::string text = fmt::format("#{:02}/{:02}/{:04}", d.month, d.day, d.year);
   if (d != d.Date()) text += fmt::format(" {:02}:{:02}:{:02}", d.hour, d.minute, d.second);
   return text += '#';
 }
 
-std::string Written(const Value& value) {
-  if (const auto* text = std::get_if<std::string>(&value)) return Quoted(*text);
-  if (const auto* number = std::get_if<double>(&value)) return Shortest(*number);
-  if (const auto* date = std::get_if<DateTime>(&value)) return Dated(*date);
+std::string LiteralText(const Value& value) {
+  if (const auto* text = std::get_if<std::string>(&value)) return QuotedText(*text);
+  if (const auto* number = std::get_if<double>(&value)) return NumberText(*number);
+  if (const auto* date = std::get_if<DateTime>(&value)) return DateText(*date);
   return std::get<bool>(value) ? "True" : "False";
 }
 
@@ -71,7 +71,7 @@ class Printer {
     }
     if (const auto* node = std::get_if<Like>(&expr.node)) {
       Put(*node->text);
-      out_ += " Like " + Quoted(node->pattern);
+      out_ += " Like " + QuotedText(node->pattern);
       return;
     }
     if (const auto* node = std::get_if<Left>(&expr.node)) {
@@ -87,13 +87,13 @@ class Printer {
       return;
     }
     if (const auto* field = std::get_if<Field>(&expr.node)) {
-      out_ += Named(table_.columns[static_cast<std::size_t>(field->position)].name);
+      out_ += NameText(table_.columns[static_cast<std::size_t>(field->position)].name);
       return;
     }
-    out_ += Written(std::get<Literal>(expr.node).value);
+    out_ += LiteralText(std::get<Literal>(expr.node).value);
   }
 
-  std::string Taken() { return std::move(out_); }
+  std::string Result() { return std::move(out_); }
 
  private:
   // The left side of a chain is the chain before it: walked, not recursed, for it may be thousands long.
@@ -129,15 +129,15 @@ class Printer {
 std::string Print(const Expr& expression, const Table& table) {
   Printer printer(table);
   printer.Put(expression);
-  return printer.Taken();
+  return printer.Result();
 }
 
 std::string Print(const Statement& statement) {
-  const auto columnName = [&](int position) { return Named(statement.table->columns[static_cast<std::size_t>(position)].name); };
+  const auto columnName = [&](int position) { return NameText(statement.table->columns[static_cast<std::size_t>(position)].name); };
   std::string text = statement.kind == StatementKind::Delete ? "Delete"
                      : statement.kind == StatementKind::Sum  ? fmt::format("Select Sum({})", columnName(statement.sumPosition))
                                                              : "Select *";
-  text += fmt::format(" From {}", Named(statement.table->name));
+  text += fmt::format(" From {}", NameText(statement.table->name));
   if (statement.where) text += " Where " + Print(*statement.where, *statement.table);
   for (std::size_t i = 0; i < statement.order.size(); ++i) {
     const OrderTerm& term = statement.order[i];

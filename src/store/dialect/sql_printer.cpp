@@ -11,11 +11,11 @@ namespace karvel::dialect {
 namespace {
 
 // Conditions that need no row, understood by every engine.
-constexpr std::string_view always = "1 = 1";
-constexpr std::string_view never = "1 = 0";
+constexpr std::string_view kAlways = "1 = 1";
+constexpr std::string_view kNever = "1 = 0";
 
 // Chains are printed in groups, for engines limit the depth of a condition and a flat chain is one level a term.
-constexpr std::size_t groupSize = 32;
+constexpr std::size_t kGroupSize = 32;
 
 // Texts compare and fit patterns ignoring case, so LCase changes nothing in a condition.
 const Expr& WithoutLCase(const Expr& text) {
@@ -49,7 +49,7 @@ class SqlPrinter {
     out_ += Column(std::get<Field>(expr.node)) + " <> 0";
   }
 
-  std::string Whole(const Expr& expr) {
+  std::string Print(const Expr& expr) {
     Put(expr);
     return std::move(out_);
   }
@@ -77,7 +77,7 @@ class SqlPrinter {
 
   void PutGroup(const Expr* const* terms, std::size_t count, std::string_view word) {
     if (count == 1) return Put(**terms);
-    const std::size_t step = (count + groupSize - 1) / groupSize;
+    const std::size_t step = (count + kGroupSize - 1) / kGroupSize;
     out_ += '(';
     for (std::size_t i = 0; i < count; i += step) {
       if (i > 0) out_ += word;
@@ -158,7 +158,7 @@ class SqlPrinter {
   }
 
   void PutKey(const Expr& text, const std::optional<std::string>& constant, bool mayUseIndex) {
-    out_ += constant ? Parameter(FoldKey(*constant)) : Key(text, mayUseIndex);
+    out_ += constant ? Parameter(target_.Key(*constant)) : Key(text, mayUseIndex);
   }
 
   std::string Key(const Expr& text, bool mayUseIndex) {
@@ -192,7 +192,7 @@ class SqlPrinter {
     if (onlyStars && head.empty() && !pattern.empty()) return PutConstant(true);
     if (const auto constant = ConstantText(*like.text)) return PutConstant(karvel::Like(*constant, pattern));
     if (headEnd == pattern.size()) {
-      out_ += fmt::format("{} = {}", Key(*like.text, true), Parameter(FoldKey(pattern)));
+      out_ += fmt::format("{} = {}", Key(*like.text, true), Parameter(target_.Key(pattern)));
       return;
     }
     const Expr& text = WithoutLCase(*like.text);
@@ -202,8 +202,8 @@ class SqlPrinter {
       return;
     }
     const std::string key = Key(text, true);
-    out_ += fmt::format("({} >= {} AND ", key, Parameter(FoldKey(head)));
-    out_ += fmt::format("{} < {}", key, Parameter(FoldKeyPrefixEnd(head)));
+    out_ += fmt::format("({} >= {} AND ", key, Parameter(target_.Key(head)));
+    out_ += fmt::format("{} < {}", key, Parameter(target_.KeyPrefixEnd(head)));
     if (!onlyStars) {
       out_ += " AND ";
       PutFits(text, pattern);
@@ -239,7 +239,7 @@ class SqlPrinter {
   }
 
   void PutOperator(CompareOp op) { out_ += fmt::format(" {} ", OperatorText(op)); }
-  void PutConstant(bool value) { out_ += value ? always : never; }
+  void PutConstant(bool value) { out_ += value ? kAlways : kNever; }
 
   const Table& table_;
   const SqlTarget& target_;
@@ -249,8 +249,16 @@ class SqlPrinter {
 
 }  // namespace
 
+std::string SqlTarget::Key(std::string_view text) const {
+  return FoldKey(text);
+}
+
+std::string SqlTarget::KeyPrefixEnd(std::string_view prefix) const {
+  return FoldKeyPrefixEnd(prefix);
+}
+
 std::string PrintSql(const Expr& expression, const Table& table, const SqlTarget& target, std::vector<Value>& parameters) {
-  return SqlPrinter(table, target, parameters).Whole(expression);
+  return SqlPrinter(table, target, parameters).Print(expression);
 }
 
 std::string PrintSqlOrder(const std::vector<OrderTerm>& order, const Table& table, const SqlTarget& target) {

@@ -31,7 +31,7 @@ void Fits(sqlite3_context* context, int, sqlite3_value** arguments) {
   if (pattern == nullptr) {
     pattern = new LikePattern(TextOf(arguments[1]));
     sqlite3_set_auxdata(context, 1, pattern, [](void* kept) { delete static_cast<LikePattern*>(kept); });
-    // Without room the pattern is not kept, but gone.
+    // Where memory is short, it has been deleted instead of kept.
     pattern = static_cast<LikePattern*>(sqlite3_get_auxdata(context, 1));
     if (pattern == nullptr) return sqlite3_result_error_nomem(context);
   }
@@ -64,11 +64,11 @@ bool IsOwnForm(std::string_view text) {
 
 }  // namespace
 
-Running::Running(SQLite::Statement& statement, const std::vector<Value>& parameters) : statement_(statement) {
+RunningStatement::RunningStatement(SQLite::Statement& statement, const std::vector<Value>& parameters) : statement_(statement) {
   for (std::size_t i = 0; i < parameters.size(); ++i) Bind(statement_, static_cast<int>(i) + 1, parameters[i]);
 }
 
-Value Running::Read(int column, ColumnType type) const {
+Value RunningStatement::Read(int column, ColumnType type) const {
   const SQLite::Column field = statement_.getColumn(column);
   const int stored = field.getType();
   if (stored == SQLITE_NULL) return {};
@@ -107,20 +107,20 @@ Connection::Connection(const std::string& path, const std::string& vfs, int busy
 }
 
 void Connection::AddFunctions() {
-  constexpr int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY;
+  constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY;
   sqlite3* handle = database_.getHandle();
-  if (sqlite3_create_function_v2(handle, "karvel_fold", 1, flags, nullptr, Fold, nullptr, nullptr, nullptr) != SQLITE_OK ||
-      sqlite3_create_function_v2(handle, "karvel_like", 2, flags, nullptr, Fits, nullptr, nullptr, nullptr) != SQLITE_OK) {
+  if (sqlite3_create_function_v2(handle, "karvel_fold", 1, kFlags, nullptr, Fold, nullptr, nullptr, nullptr) != SQLITE_OK ||
+      sqlite3_create_function_v2(handle, "karvel_like", 2, kFlags, nullptr, Fits, nullptr, nullptr, nullptr) != SQLITE_OK) {
     throw SQLite::Exception(handle);
   }
 }
 
-Running Connection::Prepared(const std::string& sql, const std::vector<Value>& parameters) {
+RunningStatement Connection::Prepare(const std::string& sql, const std::vector<Value>& parameters) {
   const auto found = byText_.find(sql);
   if (found != byText_.end()) {
     statements_.splice(statements_.begin(), statements_, found->second);
   } else {
-    if (statements_.size() >= keptStatements) {
+    if (statements_.size() >= kMostKept) {
       byText_.erase(statements_.back().first);
       statements_.pop_back();
     }
@@ -132,27 +132,18 @@ Running Connection::Prepared(const std::string& sql, const std::vector<Value>& p
 
 void Connection::Execute(const std::string& sql) {
   static const std::vector<Value> none;
-  Running running = Prepared(sql, none);
+  RunningStatement running = Prepare(sql, none);
   while (running.Step()) {
   }
 }
 
-std::string Connection::Ask(const std::string& sql) {
+std::string Connection::AskText(const std::string& sql) {
   SQLite::Statement statement(database_, sql);
   return statement.executeStep() ? statement.getColumn(0).getString() : std::string();
 }
 
 bool Connection::InTransaction() const {
   return sqlite3_get_autocommit(database_.getHandle()) == 0;
-}
-
-std::string Quoted(std::string_view name) {
-  std::string quoted = "\"";
-  for (const char letter : name) {
-    if (letter == '"') quoted += '"';
-    quoted += letter;
-  }
-  return quoted + '"';
 }
 
 }  // namespace karvel::sqlite

@@ -16,19 +16,19 @@
 
 namespace karvel::sqlite {
 
-// A prepared statement in use. It is at rest again when this ends, so that no read lock outlives the read.
-class Running {
+// A prepared statement in use. It is reset when this object ends, so that no read lock outlives the read.
+class RunningStatement {
  public:
-  Running(SQLite::Statement& statement, const std::vector<Value>& parameters);
-  ~Running() { statement_.tryReset(); }
-  Running(const Running&) = delete;
-  Running& operator=(const Running&) = delete;
+  RunningStatement(SQLite::Statement& statement, const std::vector<Value>& parameters);
+  ~RunningStatement() { statement_.tryReset(); }
+  RunningStatement(const RunningStatement&) = delete;
+  RunningStatement& operator=(const RunningStatement&) = delete;
 
   bool Step() { return statement_.executeStep(); }
-  // The number of rows that it changed.
+  // Runs to the end, and gives the number of rows that it changed.
   int Execute() { return statement_.exec(); }
   [[nodiscard]] std::int64_t Integer(int column) const { return statement_.getColumn(column).getInt64(); }
-  // What can't be read as the type stays as it lies in the file: a text in a number column comes back as a text.
+  // A value that is not of the column's type comes back as it lies in the file: a text in a number column as a text.
   [[nodiscard]] Value Read(int column, ColumnType type) const;
 
  private:
@@ -43,24 +43,21 @@ class Connection {
 
   [[nodiscard]] SQLite::Database& Database() { return database_; }
   // The parameters must live as long as what is returned.
-  [[nodiscard]] Running Prepared(const std::string& sql, const std::vector<Value>& parameters);
+  [[nodiscard]] RunningStatement Prepare(const std::string& sql, const std::vector<Value>& parameters);
   void Execute(const std::string& sql);
   // The first field of the first row as text; "" without rows. Not kept.
-  std::string Ask(const std::string& sql);
+  std::string AskText(const std::string& sql);
   [[nodiscard]] bool InTransaction() const;
 
  private:
-  static constexpr std::size_t keptStatements = 200;
-  using Kept = std::list<std::pair<std::string, SQLite::Statement>>;
+  static constexpr std::size_t kMostKept = 200;
+  using KeptStatements = std::list<std::pair<std::string, SQLite::Statement>>;
 
   void AddFunctions();
 
   SQLite::Database database_;
-  Kept statements_;  // the one used last in front
-  std::unordered_map<std::string_view, Kept::iterator> byText_;
+  KeptStatements statements_;  // the one used last in front
+  std::unordered_map<std::string_view, KeptStatements::iterator> byText_;
 };
-
-// A name as SQL writes it.
-std::string Quoted(std::string_view name);
 
 }  // namespace karvel::sqlite

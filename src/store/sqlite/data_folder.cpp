@@ -12,7 +12,7 @@
 
 #include "platform/log.h"
 #include "store/sqlite/errors.h"
-#include "store/sqlite/table_sql.h"
+#include "store/table_sql.h"
 #include "text/turkish.h"
 
 namespace karvel::sqlite {
@@ -20,20 +20,20 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view mainFile = "Karvel.mdb";
+constexpr std::string_view kMainFile = "Karvel.mdb";
 
-Status Named(const DatabaseFile& file, const Status& status) {
+Status WithName(const DatabaseFile& file, const Status& status) {
   return {status.Kind(), fmt::format("{}: {}", file.name, status.Message())};
 }
 
-// A writer that died leaves its journal; the first read of a file rolls it back.
+// A writer that died leaves its journal behind; the first read of the file rolls it back.
 void Recover(Connection& connection, const std::string& schema) {
-  connection.Ask("SELECT count(*) FROM " + schema + ".sqlite_schema");
+  connection.AskText("SELECT count(*) FROM " + schema + ".sqlite_schema");
 }
 
 // A write-ahead log commits each file by itself, and does not work on a share.
 Status SetJournal(Connection& connection, const std::string& schema) {
-  const std::string mode = connection.Ask("PRAGMA " + schema + ".journal_mode=DELETE");
+  const std::string mode = connection.AskText("PRAGMA " + schema + ".journal_mode=DELETE");
   if (mode != "delete") return {ErrorKind::Busy, "can't leave journal mode " + mode + ": another program has it open"};
   connection.Execute("PRAGMA " + schema + ".synchronous=FULL");
   connection.Execute("PRAGMA " + schema + ".cache_size=-16000");
@@ -43,7 +43,7 @@ Status SetJournal(Connection& connection, const std::string& schema) {
 Status CheckTables(Connection& connection, const DatabaseFile& file, const std::string& schema) {
   for (const Table& table : file.tables) {
     std::vector<bool> present(table.columns.size(), false);
-    SQLite::Statement columns(connection.Database(), fmt::format("PRAGMA {}.table_info({})", schema, Quoted(table.name)));
+    SQLite::Statement columns(connection.Database(), fmt::format("PRAGMA {}.table_info({})", schema, QuotedName(table.name)));
     while (columns.executeStep()) {
       const int position = table.Position(columns.getColumn(1).getString());
       if (position >= 0) present[static_cast<std::size_t>(position)] = true;
@@ -55,14 +55,14 @@ Status CheckTables(Connection& connection, const DatabaseFile& file, const std::
   return {};
 }
 
-// Whatever the file turns out to be is told under its name.
-Status Prepare(Connection& connection, const DatabaseFile& file, const std::string& schema) {
+// Recovers a file, sets it up, and checks that it is what its name says. A failure names the file.
+Status PrepareFile(Connection& connection, const DatabaseFile& file, const std::string& schema) {
   Status prepared = Run(&connection.Database(), "open", [&]() -> Status {
     Recover(connection, schema);
     if (Status set = SetJournal(connection, schema); !set.Ok()) return set;
     return CheckTables(connection, file, schema);
   });
-  return prepared.Ok() ? prepared : Named(file, prepared);
+  return prepared.Ok() ? prepared : WithName(file, prepared);
 }
 
 // Removes those super-journals that no journal of the folder names.
@@ -73,7 +73,7 @@ void RemoveUnnamed(const std::vector<fs::path>& supers, const std::string& folde
     if (!entry.path().string().ends_with("-journal")) continue;
     std::ifstream file(entry.path(), std::ios::binary);
     const std::string journal(std::istreambuf_iterator<char>(file), {});
-    // One that begins with a zero was never synced: no file has been touched under it, and nobody will play it back.
+    // A journal that begins with a zero was never synced: no file has been changed under it, and nobody will play it back.
     if (!journal.empty() && journal.front() != '\0') journals += journal;
   }
   for (const fs::path& super : supers) {
@@ -104,25 +104,25 @@ void SweepSuperJournals(Connection& connection, const std::string& folder, Gate&
 }
 
 Status OpenAll(const std::string& folder, const SqliteOptions& options, std::unique_ptr<Connection>& connection) {
-  const DatabaseFile& main = *Catalogue::File(mainFile);
+  const DatabaseFile& main = *Catalogue::File(kMainFile);
   for (const DatabaseFile& file : Catalogue::Files()) {
-    if (InDataFolder(file) && FindFile(folder, file.name).empty()) return Named(file, {ErrorKind::Missing, "not in " + folder});
+    if (InDataFolder(file) && FindFile(folder, file.name).empty()) return WithName(file, {ErrorKind::Missing, "not in " + folder});
   }
   Status opened =
       Run(nullptr, "open", [&] { connection = std::make_unique<Connection>(FindFile(folder, main.name), options.vfs, options.busyMs); });
-  if (!opened.Ok()) return Named(main, opened);
-  // An attach reads the main database too, so that one has to be well before.
-  if (Status prepared = Prepare(*connection, main, SchemaOf(main)); !prepared.Ok()) return prepared;
+  if (!opened.Ok()) return WithName(main, opened);
+  // To attach a file reads the main one too, so the main one has to be in order first.
+  if (Status prepared = PrepareFile(*connection, main, SchemaOf(main)); !prepared.Ok()) return prepared;
   for (const DatabaseFile& file : Catalogue::Files()) {
     if (!InDataFolder(file) || &file == &main) continue;
     const std::string schema = SchemaOf(file);
     Status attached = Run(&connection->Database(), "attach", [&] {
       const std::vector<Value> path{FindFile(folder, file.name)};
-      Running attach = connection->Prepared("ATTACH ?1 AS " + schema, path);
+      RunningStatement attach = connection->Prepare("ATTACH ?1 AS " + schema, path);
       attach.Step();
     });
-    if (!attached.Ok()) return Named(file, attached);
-    if (Status prepared = Prepare(*connection, file, schema); !prepared.Ok()) return prepared;
+    if (!attached.Ok()) return WithName(file, attached);
+    if (Status prepared = PrepareFile(*connection, file, schema); !prepared.Ok()) return prepared;
   }
   return {};
 }
@@ -141,7 +141,7 @@ std::string FindFile(const std::string& folder, std::string_view name) {
 }
 
 std::string SchemaOf(const DatabaseFile& file) {
-  return file.name == mainFile ? "main" : std::string(file.schema);
+  return file.name == kMainFile ? "main" : std::string(file.schema);
 }
 
 bool InDataFolder(const DatabaseFile& file) {
@@ -165,9 +165,9 @@ Status OpenDataFolder(const std::string& folder, const SqliteOptions& options, G
 Status OpenSingleFile(const DatabaseFile& file, const std::string& folder, const SqliteOptions& options,
                       std::unique_ptr<Connection>& connection) {
   const std::string path = FindFile(folder, file.name);
-  if (path.empty()) return Named(file, {ErrorKind::Missing, "not in " + folder});
+  if (path.empty()) return WithName(file, {ErrorKind::Missing, "not in " + folder});
   Status opened = Run(nullptr, "open", [&] { connection = std::make_unique<Connection>(path, options.vfs, options.busyMs); });
-  opened = opened.Ok() ? Prepare(*connection, file, "main") : Named(file, opened);
+  opened = opened.Ok() ? PrepareFile(*connection, file, "main") : WithName(file, opened);
   if (!opened.Ok()) connection.reset();
   return opened;
 }

@@ -3,25 +3,16 @@
 #include <fmt/format.h>
 #include <sqlite3.h>
 
-#include <cerrno>
+#include "platform/system_error.h"
 
 namespace karvel::sqlite {
 namespace {
 
-// The disk's own word on a failed read or write tells no room from a broken disk.
-ErrorKind KindOfSystemError(int error, ErrorKind otherwise) {
-  switch (error) {
-    case ENOSPC:
-    case EDQUOT:
-    case EFBIG:
-      return ErrorKind::DiskFull;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-      return ErrorKind::NoRights;
-    default:
-      return otherwise;
-  }
+// The disk's own word on a failed read or write tells no room from a broken disk. The engine looks for journals that are mostly not there
+// and tries files that are in use, so an error number that says so may be left over from that: it tells nothing of the failure.
+ErrorKind KindOfDiskError(int error, ErrorKind otherwise) {
+  const ErrorKind kind = KindOfSystemError(error, otherwise);
+  return kind == ErrorKind::Missing || kind == ErrorKind::Busy ? otherwise : kind;
 }
 
 ErrorKind KindOf(int code, int systemError) {
@@ -33,7 +24,7 @@ ErrorKind KindOf(int code, int systemError) {
     case SQLITE_AUTH:
       return ErrorKind::NoRights;
     case SQLITE_CANTOPEN:
-      return KindOfSystemError(systemError, ErrorKind::NoRights);
+      return KindOfDiskError(systemError, ErrorKind::NoRights);
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
     case SQLITE_FORMAT:
@@ -43,7 +34,7 @@ ErrorKind KindOf(int code, int systemError) {
     case SQLITE_PROTOCOL:
       return ErrorKind::Busy;
     case SQLITE_IOERR:
-      return KindOfSystemError(systemError, ErrorKind::Other);
+      return KindOfDiskError(systemError, ErrorKind::Other);
     case SQLITE_CONSTRAINT:
     case SQLITE_MISMATCH:
     case SQLITE_TOOBIG:

@@ -7,16 +7,18 @@
 #include <cerrno>
 #include <chrono>
 #include <condition_variable>
-#include <cstring>
 #include <memory>
 #include <mutex>
 #include <thread>
 #include <utility>
 
+#include "platform/system_error.h"
+
 namespace karvel::sqlite {
 namespace {
 
-// A share may know only the older kind of lock, which belongs to the process instead of the opened file; one desk a process needs no more.
+// A share may know only the older kind of lock, which belongs to the process instead of the opened file. That does too, for a process
+// holds one desk.
 int SetLock(int file, int type, bool wait) {
   struct flock lock{};
   lock.l_type = static_cast<short>(type);
@@ -26,32 +28,22 @@ int SetLock(int file, int type, bool wait) {
   return result;
 }
 
-Status Failed(const std::string& path, int error) {
-  const bool rights = error == EACCES || error == EPERM || error == EROFS;
-  const bool full = error == ENOSPC || error == EDQUOT;
-  return {full              ? ErrorKind::DiskFull
-          : rights          ? ErrorKind::NoRights
-          : error == ENOENT ? ErrorKind::Missing
-                            : ErrorKind::Other,
-          fmt::format("{}: {}", path, std::strerror(error))};
-}
-
 int OpenFile(const std::string& path) {
   return open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
 }
 
-// A place in the line: a thread that waits in the kernel, where the waiters are woken, on an opening of its own.
-// Who gives up leaves it behind; it lets the lock go as soon as it has it.
+// A place in the line: a thread that waits for the lock, so that the kernel wakes it in its turn, with the file opened once more for
+// itself. A terminal that gives up waiting leaves the thread behind, which lets the lock go as soon as it gets it.
 struct Waiter {
   std::mutex mutex;
   std::condition_variable changed;
   int file = -1;
   int error = 0;
   bool done = false;
-  bool left = false;
+  bool gaveUp = false;
 };
 
-void Wait(const std::shared_ptr<Waiter>& waiter) {
+void WaitForLock(const std::shared_ptr<Waiter>& waiter) {
   int result = 0;
   do {
     result = SetLock(waiter->file, F_WRLCK, true);
@@ -59,7 +51,7 @@ void Wait(const std::shared_ptr<Waiter>& waiter) {
   const std::lock_guard lock(waiter->mutex);
   waiter->error = result == 0 ? 0 : errno;
   waiter->done = true;
-  if (waiter->left) close(waiter->file);
+  if (waiter->gaveUp) close(waiter->file);
   waiter->changed.notify_one();
 }
 
@@ -69,7 +61,7 @@ Status Gate::Open(const std::string& folder) {
   Close();
   path_ = folder + "/karvel.lock";
   file_ = OpenFile(path_);
-  return file_ >= 0 ? Status() : Failed(path_, errno);
+  return file_ >= 0 ? Status() : StatusOfSystemError(errno, path_);
 }
 
 void Gate::Close() {
@@ -79,23 +71,23 @@ void Gate::Close() {
 Status Gate::Take(int milliseconds) {
   if (file_ < 0) {
     file_ = OpenFile(path_);
-    if (file_ < 0) return Failed(path_, errno);
+    if (file_ < 0) return StatusOfSystemError(errno, path_);
   }
   if (SetLock(file_, F_WRLCK, false) == 0) return {};
-  if (errno != EAGAIN && errno != EACCES) return Failed(path_, errno);
+  if (errno != EAGAIN && errno != EACCES) return StatusOfSystemError(errno, path_);
 
   auto waiter = std::make_shared<Waiter>();
   waiter->file = OpenFile(path_);
-  if (waiter->file < 0) return Failed(path_, errno);
-  std::thread(Wait, waiter).detach();
+  if (waiter->file < 0) return StatusOfSystemError(errno, path_);
+  std::thread(WaitForLock, waiter).detach();
   std::unique_lock lock(waiter->mutex);
   if (!waiter->changed.wait_for(lock, std::chrono::milliseconds(milliseconds), [&] { return waiter->done; })) {
-    waiter->left = true;
+    waiter->gaveUp = true;
     return {ErrorKind::Busy, fmt::format("{}: held by another terminal", path_)};
   }
   if (waiter->error != 0) {
     close(waiter->file);
-    return Failed(path_, waiter->error);
+    return StatusOfSystemError(waiter->error, path_);
   }
   close(file_);
   file_ = waiter->file;

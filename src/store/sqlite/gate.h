@@ -1,6 +1,6 @@
-// The line in which the terminals of one data folder stand before they write: a lock on the file karvel.lock in it. The engine's own
-// busy waits are no line, a waiter may starve there; here the next one is woken as soon as the gate is free.
-// The lock goes with its holder, however he ends.
+// The line in which the terminals of one data folder stand before they write: a lock on the file karvel.lock in it. With the engine's own
+// busy waits there is no line, and one who waits may starve; here the next is woken as soon as the gate is free.
+// The lock is released when its holder ends, however it ends.
 #pragma once
 
 #include <string>
@@ -16,11 +16,12 @@ class Gate {
   Gate(const Gate&) = delete;
   Gate& operator=(const Gate&) = delete;
 
-  // NoRights where the folder can't be written.
+  // Takes no place in the line yet. NoRights where the folder can't be written.
   Status Open(const std::string& folder);
   void Close();
-  // Waits at most so long; Busy when the gate stayed shut.
+  // Waits at most so long; Busy when the gate stayed shut. The gate must have been opened; where that failed, it is tried again.
   Status Take(int milliseconds);
+  // Lets the next one in; does nothing where the gate is not held.
   void Leave();
 
  private:

@@ -2,21 +2,49 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <map>
 #include <utility>
 
 #include "platform/log.h"
+#include "store/key_spans.h"
+#include "store/row_reads.h"
 #include "store/sqlite/commit_syncs.h"
 #include "store/sqlite/connection.h"
 #include "store/sqlite/data_folder.h"
 #include "store/sqlite/errors.h"
 #include "store/sqlite/gate.h"
-#include "store/sqlite/table_sql.h"
+#include "store/sqlite/sqlite_sql.h"
+#include "store/table_sql.h"
 
 namespace karvel {
 namespace sqlite {
 namespace {
+
+// Runs the statements of a read on the connection of its file.
+class ConnectionRunner final : public StatementRunner {
+ public:
+  explicit ConnectionRunner(Connection& connection) : connection_(connection) {}
+
+  void ReadRows(const Table& table, const SqlText& sql, std::vector<GridRow>& rows) override {
+    RunningStatement running = connection_.Prepare(sql.text, sql.parameters);
+    while (running.Step()) {
+      GridRow& row = rows.emplace_back();
+      row.key = running.Integer(0);
+      row.values.reserve(table.columns.size());
+      for (std::size_t i = 0; i < table.columns.size(); ++i) {
+        row.values.push_back(running.Read(static_cast<int>(i) + 1, table.columns[i].type));
+      }
+    }
+  }
+
+  std::int64_t ReadNumber(const SqlText& sql) override {
+    RunningStatement running = connection_.Prepare(sql.text, sql.parameters);
+    return running.Step() ? running.Integer(0) : 0;
+  }
+
+ private:
+  Connection& connection_;
+};
 
 class SqliteEngine final : public Engine {
  public:
@@ -24,7 +52,7 @@ class SqliteEngine final : public Engine {
     CommitSyncs::Install();
     for (const DatabaseFile& file : Catalogue::Files()) {
       const std::string schema = InDataFolder(file) ? SchemaOf(file) : "main";
-      for (const Table& table : file.tables) tables_.emplace(&table, TableSql(table, schema));
+      for (const Table& table : file.tables) tables_.try_emplace(&table, table, words_, NamesOf(table, schema));
     }
   }
   ~SqliteEngine() override { Close(); }
@@ -45,79 +73,51 @@ class SqliteEngine final : public Engine {
 
   Status Select(const RowQuery& query, const RowRange& range, std::vector<GridRow>& rows) override {
     rows.clear();
-    return On(*query.file, query.table->name, [&](Connection& connection) {
-      const TableSql& sql = tables_.at(query.table);
-      const bool reversed = range.from == RowRange::From::End || range.from == RowRange::From::Before;
-      const std::vector<KeySpan> spans = SpansOf(query);
-      const auto read = [&](const Stretch* stretch) {
-        // Only a stretch that runs over many first terms lies in more than one span.
-        if (spans.empty() || (stretch != nullptr && (stretch->term > 0 || stretch->kind != Stretch::Kind::TermBeyond))) {
-          const int wanted = range.limit - static_cast<int>(rows.size());
-          ReadRows(connection, *query.table, sql.Select(query, reversed, stretch, range.beside, wanted, range.offset), rows);
-        } else {
-          ReadSpans(connection, query, range, spans, stretch, rows);
-        }
-      };
-      if (range.beside == nullptr) {
-        read(nullptr);
-      } else {
-        for (const Stretch& stretch : TableSql::Stretches(query, *range.beside, reversed)) {
-          if (static_cast<int>(rows.size()) < range.limit) read(&stretch);
-        }
-      }
-      if (reversed) std::reverse(rows.begin(), rows.end());
+    return WithConnection(*query.file, query.table->name, [&](Connection& connection) {
+      ConnectionRunner runner(connection);
+      RowReads(tables_.at(query.table), query, SpansOf(query), runner).Select(range, rows);
     });
   }
 
   Status Count(const RowQuery& query, std::int64_t& count) override {
     count = 0;
-    return On(*query.file, query.table->name, [&](Connection& connection) {
-      const TableSql& sql = tables_.at(query.table);
-      const std::vector<KeySpan> spans = SpansOf(query);
-      if (spans.empty()) {
-        count = AskInteger(connection, sql.Count(query, nullptr, nullptr));
-        return;
-      }
-      Sql counting = sql.Count(query, nullptr, nullptr, &spans.front());
-      for (const KeySpan& span : spans) {
-        TableSql::SetSpan(counting, span);
-        count += AskInteger(connection, counting);
-      }
+    return WithConnection(*query.file, query.table->name, [&](Connection& connection) {
+      ConnectionRunner runner(connection);
+      count = RowReads(tables_.at(query.table), query, SpansOf(query), runner).Count();
     });
   }
 
   Status CountBefore(const RowQuery& query, const GridRow& row, std::int64_t& count) override {
     count = 0;
-    return On(*query.file, query.table->name, [&](Connection& connection) {
-      for (const Stretch& stretch : TableSql::Stretches(query, row, true)) {
-        count += AskInteger(connection, tables_.at(query.table).Count(query, &stretch, &row));
-      }
+    return WithConnection(*query.file, query.table->name, [&](Connection& connection) {
+      ConnectionRunner runner(connection);
+      count = RowReads(tables_.at(query.table), query, {}, runner).CountBefore(row);
     });
   }
 
   Status Sum(const RowQuery& query, int position, Value& sum) override {
     sum = {};
-    return On(*query.file, query.table->name, [&](Connection& connection) {
-      const Sql sql = tables_.at(query.table).Sum(query, position);
-      Running running = connection.Prepared(sql.text, sql.parameters);
+    return WithConnection(*query.file, query.table->name, [&](Connection& connection) {
+      const SqlText sql = tables_.at(query.table).Sum(query, position);
+      RunningStatement running = connection.Prepare(sql.text, sql.parameters);
       if (running.Step()) sum = running.Read(0, ColumnType::Number);
     });
   }
 
   // The write lock of the folder, held since Begin, is the row's lock too.
   Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool /*forEdit*/, GridRow& row) override {
-    return On(file, table.name, [&](Connection& connection) -> Status {
+    return WithConnection(file, table.name, [&](Connection& connection) -> Status {
       std::vector<GridRow> rows;
-      ReadRows(connection, table, {tables_.at(&table).Read(), {static_cast<double>(key)}}, rows);
-      if (rows.empty()) return Gone(table);
+      ConnectionRunner(connection).ReadRows(table, {tables_.at(&table).Read(), {static_cast<double>(key)}}, rows);
+      if (rows.empty()) return RowGone(table);
       row = std::move(rows.front());
       return {};
     });
   }
 
   Status Insert(const DatabaseFile& file, const Table& table, const Row& values, RowKey& key) override {
-    return Write(file, table.name, [&](Connection& connection) -> Status {
-      Running running = connection.Prepared(tables_.at(&table).Insert(), values);
+    return WithWriting(file, table.name, [&](Connection& connection) -> Status {
+      RunningStatement running = connection.Prepare(tables_.at(&table).Insert(), values);
       running.Execute();
       key = connection.Database().getLastInsertRowid();
       return {};
@@ -125,25 +125,25 @@ class SqliteEngine final : public Engine {
   }
 
   Status Change(const DatabaseFile& file, const Table& table, RowKey key, std::span<const FieldValue> fields) override {
-    const Sql sql = tables_.at(&table).Change(key, fields);
-    return Write(file, table.name, [&](Connection& connection) -> Status {
-      Running running = connection.Prepared(sql.text, sql.parameters);
-      return running.Execute() == 0 ? Gone(table) : Status();
+    const SqlText sql = tables_.at(&table).Change(key, fields);
+    return WithWriting(file, table.name, [&](Connection& connection) -> Status {
+      RunningStatement running = connection.Prepare(sql.text, sql.parameters);
+      return running.Execute() == 0 ? RowGone(table) : Status();
     });
   }
 
   Status Delete(const DatabaseFile& file, const Table& table, RowKey key) override {
-    return Write(file, table.name, [&](Connection& connection) -> Status {
+    return WithWriting(file, table.name, [&](Connection& connection) -> Status {
       const std::vector<Value> parameters{static_cast<double>(key)};
-      Running running = connection.Prepared(tables_.at(&table).Delete(), parameters);
-      return running.Execute() == 0 ? Gone(table) : Status();
+      RunningStatement running = connection.Prepare(tables_.at(&table).Delete(), parameters);
+      return running.Execute() == 0 ? RowGone(table) : Status();
     });
   }
 
   Status DeleteWhere(const RowQuery& query, std::int64_t& count) override {
-    const Sql sql = tables_.at(query.table).DeleteWhere(query);
-    return Write(*query.file, query.table->name, [&](Connection& connection) -> Status {
-      Running running = connection.Prepared(sql.text, sql.parameters);
+    const SqlText sql = tables_.at(query.table).DeleteWhere(query);
+    return WithWriting(*query.file, query.table->name, [&](Connection& connection) -> Status {
+      RunningStatement running = connection.Prepare(sql.text, sql.parameters);
       count = running.Execute();
       return {};
     });
@@ -163,20 +163,21 @@ class SqliteEngine final : public Engine {
     return {};
   }
 
-  // 1. The scratch file goes by itself, and its failure hinders nobody. 2. Where nothing was written there is nothing to sync.
-  // 3. A commit that fails leaves the transaction open, or not, by its cause; here it is over in any case.
   Status Commit() override {
     if (!open_) return {ErrorKind::NotOpen, "no transaction"};
+    // The scratch file is committed by itself; where that fails, nobody is hindered.
     EndScratch("COMMIT");
     Status committed;
     if (!data_->InTransaction()) {
       committed = {ErrorKind::Other, "the transaction has been undone"};
     } else if (data_->Database().getTotalChanges() == changesBefore_) {
+      // Nothing was written, so there is nothing to sync.
       committed = Run(&data_->Database(), "commit", [&] { data_->Execute("ROLLBACK"); });
     } else {
       CommitSyncs::Begin();
       committed = Run(&data_->Database(), "commit", [&] { data_->Execute("COMMIT"); });
     }
+    // A commit that fails leaves the transaction open or not, depending on why it failed; here it is over in any case.
     EndTransaction();
     return committed;
   }
@@ -191,56 +192,11 @@ class SqliteEngine final : public Engine {
   [[nodiscard]] bool ReadsHold() const override { return true; }
 
  private:
-  static Status Gone(const Table& table) { return {ErrorKind::NoRecord, fmt::format("{}: the row is gone", table.name)}; }
-
-  static void ReadRows(Connection& connection, const Table& table, const Sql& sql, std::vector<GridRow>& rows) {
-    Running running = connection.Prepared(sql.text, sql.parameters);
-    while (running.Step()) {
-      GridRow& row = rows.emplace_back();
-      row.key = running.Integer(0);
-      row.values.reserve(table.columns.size());
-      for (std::size_t i = 0; i < table.columns.size(); ++i) {
-        row.values.push_back(running.Read(static_cast<int>(i) + 1, table.columns[i].type));
-      }
-    }
-  }
-
-  // The rows of the spans in the order of the query, one span after another until the limit.
-  void ReadSpans(Connection& connection, const RowQuery& query, const RowRange& range, const std::vector<KeySpan>& spans,
-                 const Stretch* stretch, std::vector<GridRow>& rows) {
-    const TableSql& sql = tables_.at(query.table);
-    const bool reversed = range.from == RowRange::From::End || range.from == RowRange::From::Before;
-    const bool falling = query.order.front().descending != reversed;
-    std::int64_t passed = range.offset;
-    Sql select = sql.Select(query, reversed, stretch, range.beside, range.limit, 0, &spans.front());
-    for (std::size_t i = 0; i < spans.size() && static_cast<int>(rows.size()) < range.limit; ++i) {
-      const KeySpan& span = spans[falling ? spans.size() - 1 - i : i];
-      if (passed > 0) {
-        const std::int64_t there = AskInteger(connection, sql.Count(query, nullptr, nullptr, &span, passed + 1));
-        if (there <= passed) {
-          passed -= there;
-          continue;
-        }
-        select = sql.Select(query, reversed, stretch, range.beside, range.limit, passed, &span);
-        ReadRows(connection, *query.table, select, rows);
-        select = sql.Select(query, reversed, stretch, range.beside, range.limit, 0, &span);
-        passed = 0;
-        continue;
-      }
-      TableSql::SetSpan(select, span);
-      select.parameters.back() = static_cast<double>(range.limit - static_cast<int>(rows.size()));
-      ReadRows(connection, *query.table, select, rows);
-    }
-  }
-
-  static std::int64_t AskInteger(Connection& connection, const Sql& sql) {
-    Running running = connection.Prepared(sql.text, sql.parameters);
-    return running.Step() ? running.Integer(0) : 0;
-  }
+  static Status RowGone(const Table& table) { return {ErrorKind::NoRecord, fmt::format("{}: the row is gone", table.name)}; }
 
   // Runs work on the connection of a file.
   template <typename Work>
-  Status On(const DatabaseFile& file, std::string_view what, Work work) {
+  Status WithConnection(const DatabaseFile& file, std::string_view what, Work work) {
     Connection* connection = data_.get();
     if (connection == nullptr) return {ErrorKind::NotOpen, "no data folder is open"};
     if (!InDataFolder(file)) {
@@ -253,8 +209,8 @@ class SqliteEngine final : public Engine {
   }
 
   template <typename Work>
-  Status Write(const DatabaseFile& file, std::string_view what, Work work) {
-    return On(file, what, [&](Connection& connection) -> Status {
+  Status WithWriting(const DatabaseFile& file, std::string_view what, Work work) {
+    return WithConnection(file, what, [&](Connection& connection) -> Status {
       if (&connection == data_.get()) {
         if (open_ && !connection.InTransaction()) return {ErrorKind::Other, "the transaction has been undone"};
       } else if (open_ && !connection.InTransaction()) {
@@ -283,6 +239,7 @@ class SqliteEngine final : public Engine {
   }
 
   const SqliteOptions options_;
+  const SqliteWords words_;
   std::map<const Table*, TableSql> tables_;
   Gate gate_;
   std::unique_ptr<Connection> data_;

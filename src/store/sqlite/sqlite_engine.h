@@ -16,6 +16,7 @@ struct SqliteOptions {
   std::string vfs;            // the SQLite file layer by name; empty for the usual one
 };
 
+// An engine with no folder open yet. DataTemp.Mdb is opened at its first use.
 std::unique_ptr<Engine> MakeSqliteEngine(const SqliteOptions& options);
 
 }  // namespace karvel

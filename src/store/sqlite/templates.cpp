@@ -3,9 +3,9 @@
 #include <filesystem>
 #include <system_error>
 
-#include "store/sqlite/connection.h"
+#include "platform/system_error.h"
 #include "store/sqlite/errors.h"
-#include "store/sqlite/table_sql.h"
+#include "store/sqlite/sqlite_sql.h"
 
 namespace karvel {
 
@@ -27,7 +27,7 @@ Status WriteTemplate(const DatabaseFile& file, const std::string& realPath) {
   });
   if (!written.Ok()) return written;
   fs::rename(unfinished, realPath, failed);
-  if (failed) return {ErrorKind::NoRights, realPath + ": " + failed.message()};
+  if (failed) return {KindOfSystemError(failed.value(), ErrorKind::NoRights), realPath + ": " + failed.message()};
   return {};
 }
 

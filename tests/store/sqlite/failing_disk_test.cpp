@@ -141,6 +141,24 @@ TEST(FailingDisk, a_limit_on_file_size_reads_as_a_full_disk) {
   }));
 }
 
+TEST(FailingDisk, too_many_open_files_fail_an_action_and_are_not_told_as_missing_rights) {
+  const SqliteKind kind;
+  EXPECT_TRUE(InChild([&] {
+    Stores stores(MakeSqliteEngine(TestOptions(kind.Folder())));
+    if (!stores.Open(kind.Folder()).Ok() || !PostOverFourFiles(stores).Ok()) return false;
+    const int next = dup(STDERR_FILENO);
+    close(next);
+    rlimit limit{};
+    getrlimit(RLIMIT_NOFILE, &limit);
+    const rlimit usual = limit;
+    limit.rlim_cur = static_cast<rlim_t>(next);
+    setrlimit(RLIMIT_NOFILE, &limit);
+    const Status outcome = PostOverFourFiles(stores);
+    setrlimit(RLIMIT_NOFILE, &usual);
+    return outcome.Kind() == ErrorKind::Other && PostOverFourFiles(stores).Ok() && Rows(stores, "Cari.mdb", "CariHareket") == 2;
+  }));
+}
+
 TEST(CommitSyncs, four_files_cost_fifteen_and_nothing_written_costs_none) {
   const SqliteKind kind;
   Faults().Reset();

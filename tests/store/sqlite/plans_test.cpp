@@ -4,7 +4,8 @@
 #include <string>
 
 #include "store/sqlite/connection.h"
-#include "store/sqlite/table_sql.h"
+#include "store/sqlite/sqlite_sql.h"
+#include "store/table_sql.h"
 #include "tests/store/sqlite/sqlite_kind.h"
 
 namespace karvel::testing {
@@ -25,7 +26,7 @@ constexpr const char* customerList =
     "CariKod<>'Merkez' Order By Unvan Asc";
 constexpr const char* stockList = "Select * From StokKartlar Where StokGizle=False Order By StokAdi ASC";
 
-std::string PlanOf(sqlite::Connection& connection, const sqlite::Sql& sql) {
+std::string PlanOf(sqlite::Connection& connection, const SqlText& sql) {
   std::string plan;
   SQLite::Statement statement(connection.Database(), "EXPLAIN QUERY PLAN " + sql.text);
   while (statement.executeStep()) plan += statement.getColumn(3).getString() + "; ";
@@ -50,8 +51,9 @@ TEST_P(Plans, use_an_index) {
     query.where.push_back(criterion);
   }
   sqlite::Connection connection(kind.Path(std::string(file.name)), "", 100);
-  const sqlite::TableSql sql(*source.table, "main");
-  const std::string first = PlanOf(connection, sql.Select(query, false, nullptr, nullptr, 1, 0));
+  const sqlite::SqliteWords words;
+  const TableSql sql(*source.table, words, sqlite::NamesOf(*source.table, "main"));
+  const std::string first = PlanOf(connection, sql.Select(query, {}, 1));
   if (find) {
     EXPECT_NE(first.find("SEARCH"), std::string::npos) << first;
     EXPECT_EQ(first.find("SCAN"), std::string::npos) << first;
@@ -65,8 +67,8 @@ TEST_P(Plans, use_an_index) {
     beside.values.push_back(column.type == ColumnType::Number ? Value(1.0) : column.type == ColumnType::Boolean ? Value(true) : Value("x"));
   }
   for (const bool reversed : {false, true}) {
-    for (const sqlite::Stretch& stretch : sqlite::TableSql::Stretches(query, beside, reversed)) {
-      const std::string plan = PlanOf(connection, sql.Select(query, reversed, &stretch, &beside, 64, 0));
+    for (const Stretch& stretch : TableSql::Stretches(query, beside, reversed)) {
+      const std::string plan = PlanOf(connection, sql.Select(query, {reversed, &stretch, &beside}, 64));
       EXPECT_NE(plan.find("SEARCH"), std::string::npos) << plan;
       EXPECT_EQ(plan.find("TEMP B-TREE"), std::string::npos) << plan;
     }
@@ -84,7 +86,9 @@ TEST(PlansOfADay, go_by_the_customer_not_by_the_state) {
     ASSERT_TRUE(dialect::ParseStatement(text, file, statement).Ok());
     const RowQuery query{&file, statement.table, {statement.where}, {}};
     sqlite::Connection connection(kind.Path("Karvel.mdb"), "", 100);
-    const std::string plan = PlanOf(connection, sqlite::TableSql(*statement.table, "main").Sum(query, statement.sumPosition));
+    const sqlite::SqliteWords words;
+    const TableSql sql(*statement.table, words, sqlite::NamesOf(*statement.table, "main"));
+    const std::string plan = PlanOf(connection, sql.Sum(query, statement.sumPosition));
     EXPECT_NE(plan.find("_Cari"), std::string::npos) << plan;
   }
 }
