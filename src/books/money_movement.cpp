@@ -4,8 +4,8 @@
 
 #include "books/book_cursor.h"
 #include "books/due_dates.h"
+#include "books/find_card.h"
 #include "books/running_numbers.h"
-#include "books/sources.h"
 #include "books/steps.h"
 
 namespace karvel {
@@ -44,7 +44,7 @@ class Posting {
  public:
   Posting(const Shop& shop, const MoneyMovement& movement) : shop_(shop), movement_(movement), now_(shop.clock.Now()) {}
 
-  Status FindCustomer() { return customer_.FindFirst("CariKod=" + sources::Quoted(movement_.customerCode)); }
+  Status FindCustomer() { return karvel::FindCustomer(customer_, movement_.customerCode); }
   Status FindAccount();
   void TakeLineId() { id_ = NextLineId(shop_, now_); }
   void BookAccountsRow();
@@ -62,15 +62,15 @@ class Posting {
   const MoneyMovement& movement_;
   const DateTime now_;
   const std::string description_ = DescriptionOf(movement_);
-  BookCursor account_{shop_.stores, "money account", "Cari.Mdb", "CariKartlar"};
-  BookCursor customer_{shop_.stores, "customer", "Cari.Mdb", "CariKartlar"};
+  BookCursor account_{shop_.stores, "money account", "Cari.Mdb", kCustomerCards};
+  BookCursor customer_{shop_.stores, "customer", "Cari.Mdb", kCustomerCards};
   BookCursor ledger_{shop_.stores, "ledger", "Cari.Mdb", "CariHareket"};
   std::string id_;  // DigerId
 };
 
 // A missing account stops nothing: the cursor stays on the first card of the file, which takes its place.
 Status Posting::FindAccount() {
-  Status found = account_.FindFirst("CariKod=" + sources::Quoted(AccountOf(movement_.instrument)));
+  Status found = karvel::FindCustomer(account_, AccountOf(movement_.instrument));
   return found.Kind() == ErrorKind::NoRecord ? Status() : found;
 }
 
@@ -125,12 +125,7 @@ void Posting::BookCustomersRow() {
 }
 
 CardBalance Posting::Move(Cursor& card, bool debit) const {
-  const char* const side = debit ? "Borc" : "Alacak";
-  step("edit card", card.Edit());
-  card.Set(side, card.Number(side) + movement_.amount);
-  CardBalance balance = ApplyBalance(card);
-  step("update card", card.Update());
-  return balance;
+  return AddToBalance(card, step, debit ? movement_.amount : 0, debit ? 0 : movement_.amount);
 }
 
 void Posting::ConsumeDueDates(const CardBalance& balance) {

@@ -33,7 +33,7 @@ struct MoneyMovement {
   double amount = 0;         // any: nothing is checked
   std::string instrument;    // "Nakit", "Kredi Kartı", "Çek", "Senet"; anything else is cash
   MoneyDirection direction = MoneyDirection::Collection;
-  std::optional<PaidItem> itemInFront;  // behind an open sale: the item in front there
+  std::optional<PaidItem> itemInFront;  // set behind an open sale: the item in front there, one without a name where its list is empty
   bool inPanel = false;                 // taken in the collection panel: behind a sale it is a collection, not a payment for the item
 };
 

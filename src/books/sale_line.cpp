@@ -4,9 +4,9 @@
 
 #include "books/book_cursor.h"
 #include "books/due_dates.h"
+#include "books/find_card.h"
 #include "books/running_numbers.h"
 #include "books/safe_calc.h"
-#include "books/sources.h"
 #include "books/steps.h"
 #include "text/format.h"
 #include "text/turkish.h"
@@ -44,7 +44,7 @@ class Posting {
   const SaleLine& line_;
   const DateTime now_;
   BookCursor item_{shop_.stores, "item", "Stok.Mdb", "StokKartlar"};
-  BookCursor customer_{shop_.stores, "customer", "Cari.Mdb", "CariKartlar"};
+  BookCursor customer_{shop_.stores, "customer", "Cari.Mdb", kCustomerCards};
   std::string id_;       // DigerId
   std::string unit_;     // in which the line was sold
   double quantity_ = 0;  // in first units
@@ -53,16 +53,15 @@ class Posting {
 
 // He is looked for among all cards: another terminal may have moved his out of the list that stood on the screen.
 Status Posting::FindOrMakeCustomer() {
-  const auto find = [this](const std::string& code) { return customer_.FindFirst("CariKod=" + sources::Quoted(code)); };
-  if (Status found = find(line_.customerCode); found.Kind() != ErrorKind::NoRecord) return found;
+  if (Status found = FindCustomer(customer_, line_.customerCode); found.Kind() != ErrorKind::NoRecord) return found;
   // A line can make its own customer. Another terminal's line may have made him already: two cards of one code would share a ledger.
   const std::string code = LeftLetters(line_.customerName, kCodeLetters);
-  if (Status found = find(code); found.Kind() != ErrorKind::NoRecord) return found;
+  if (Status found = FindCustomer(customer_, code); found.Kind() != ErrorKind::NoRecord) return found;
   step("add customer", customer_.AddNew());
   customer_.Set("CariKod", code);
   customer_.Set("Unvan", line_.customerName);
   if (Status added = customer_.Update(); !added.Ok()) return added;
-  return find(code);
+  return FindCustomer(customer_, code);
 }
 
 // The stock counts first units. The amount stays what it is: it was worked out in the unit that the clerk saw.
@@ -187,11 +186,7 @@ void Posting::BookLedger() {
 }
 
 BookedLine Posting::MoveBalance() {
-  const char* const side = IsSale() ? "Borc" : "Alacak";
-  step("edit customer card", customer_.Edit());
-  customer_.Set(side, customer_.Number(side) + line_.amount);
-  const CardBalance balance = ApplyBalance(customer_);
-  step("update customer card", customer_.Update());
+  const CardBalance balance = AddToBalance(customer_, step, IsSale() ? line_.amount : 0, IsSale() ? 0 : line_.amount);
   return {id_, customer_.Text("CariKod"), balance};
 }
 

@@ -8,25 +8,12 @@
 #include <string>
 #include <vector>
 
-#include "store/catalogue.h"
 #include "tests/support/books_fixture.h"
 
 namespace karvel {
 
 class FailingBooks : public BooksFixture {
  protected:
-  // Every row of the eight files.
-  std::vector<std::string> AllRows() {
-    std::vector<std::string> all;
-    for (const DatabaseFile& file : Catalogue::Files()) {
-      if (file.name == "DataTemp.Mdb") continue;
-      for (const Table& table : file.tables)
-        for (const std::string& row : Rows(std::string(file.name), fmt::format("SELECT * FROM \"{}\"", table.name)))
-          all.push_back(fmt::format("{}.{}: {}", file.name, table.name, row));
-    }
-    return all;
-  }
-
   // Lets the book fail at each of its reads and of its writes, at both together, and at the commit. Each time it must say what failed, and
   // leave the files as they were. Then lets it work.
   void FailsWholeOrWorks(const std::function<Status()>& book) {
