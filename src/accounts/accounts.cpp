@@ -26,21 +26,24 @@ struct Accounts::Features {
 
   Desk& desk;
   const DeskParts& parts;
-  MoneyPosting money{parts, desk.Numbers(), desk.Button()};
-  CollectionPanel collection{parts, money};
-  LineCorrection correction{parts, desk.Button(), desk.Prices()};
-  LineCancellation cancellation{parts, desk.Button()};
-  DayBookList dayBook{parts, desk.Totals(), desk.Customers()};
-  StockReceipt receipt{parts, desk.Numbers()};
-  CustomerCard customerCard{parts, desk.Customers()};
-  CustomerRemoval customerRemoval{parts, desk.Customers()};
-  LedgerView ledgerView{parts};
+  MainButton& button = desk.Button();
+  CustomerInFront& customer = desk.Customer();
+  BalanceDisplay& figure = desk.Balance();
+  MoneyPosting money{parts, button, customer};
+  CollectionPanel collection{parts, money, customer, figure};
+  LineCorrection correction{parts, button, desk.Prices()};
+  LineCancellation cancellation{parts, button, customer, figure};
+  DayBookList dayBook{parts, button, customer, figure, desk.Totals()};
+  StockReceipt receipt{parts, customer};
+  CustomerCard customerCard{parts, customer};
+  CustomerRemoval customerRemoval{parts, customer};
+  LedgerView ledgerView{parts, customer};
   GridSorting sorting{parts};
-  StockList stockList{parts};
+  StockList stockList{parts, button, figure, desk.Overdue()};
   StockCardPanel stockCard{parts};
-  SerialCapture serials{parts};
-  UsePasswords passwords{parts};
-  DeletedLines deletedLines{parts, passwords};
+  SerialCapture serials{parts, button};
+  UsePasswords passwords{parts, customer};
+  DeletedLines deletedLines{parts, passwords, button, customer, figure};
 };
 
 Accounts::Accounts(Desk& desk) : features_(std::make_unique<Features>(desk)) {}

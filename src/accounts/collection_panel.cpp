@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "books/stored_cards.h"
+#include "desk/captions.h"
 #include "desk/refusal.h"
 #include "text/format.h"
 
@@ -21,21 +21,21 @@ void Flip(Element& button, const char* one, const char* other) {
 
 }  // namespace
 
-CollectionPanel::CollectionPanel(const DeskParts& parts, MoneyPosting& money)
-    : screen_(parts.screen), cursors_(parts.cursors), world_(parts.world), money_(money) {
+CollectionPanel::CollectionPanel(const DeskParts& parts, MoneyPosting& money, CustomerInFront& customer, BalanceDisplay& figure)
+    : screen_(parts.screen), cursors_(parts.cursors), world_(parts.world), money_(money), customer_(customer), figure_(figure) {
   Screen& screen = screen_;
   connections_ += screen.Command1.click.Connect([this] {
-    if (screen_.Command1.Caption() == "Tahsilat") Open();
+    if (screen_.Command1.Caption() == caption::kCollectAtOnce) Open();
   });
   connections_ += screen.Label3.click.Connect([this] { NextInstrument(); });
   for (int i = 0; i < screen.Command8.Count(); ++i) connections_ += screen.Command8(i).click.Connect([this, i] { ChooseInstrument(i); });
   connections_ += screen.Text2(kAmount).keyDown.Connect([this](KeyEvent& event) { AmountKey(event); });
   connections_ += screen.Command9.click.Connect([&screen] {
-    Flip(screen.Command9, "Yazıcı Var", "Yazıcı Yok");
+    Flip(screen.Command9, caption::kWithSlip, caption::kWithoutSlip);
     screen.Command7(kOk).SetFocus();
   });
   connections_ += screen.NakitCmd.click.Connect([&screen] {
-    Flip(screen.NakitCmd, "Cari Hesap", "Nakit");
+    Flip(screen.NakitCmd, caption::kOnAccount, caption::kInCash);
     screen.Command7(kOk).SetFocus();
   });
   connections_ += screen.DökNoYaz.click.Connect([this] { PrintSlip(); });
@@ -44,9 +44,8 @@ CollectionPanel::CollectionPanel(const DeskParts& parts, MoneyPosting& money)
 }
 
 void CollectionPanel::Open() {
-  Cursor stored(world_.stores, "debtor");
-  if (!OpenStoredCustomer(stored, cursors_.CariData)) return;
-  const double balance = stored.Number("Bakiye");
+  if (customer_.IsGone()) return;
+  const double balance = customer_.StoredBalance();
   if (balance == 0) return;
   screen_.Text2(2).SetText(PlainNumber(balance));
   screen_.TahsilatFrame.SetVisible(true);
@@ -83,11 +82,11 @@ void CollectionPanel::Collect() {
   screen_.Command7(kOk).SetEnabled(false);
   screen_.SetBusy(true);
   // Nothing is ever paid out here.
-  screen_.Label1(5).SetCaption(" Tahsilat");
+  screen_.Label1(5).SetCaption(caption::kCollection);
   const Status posted = money_.PostMoneyMovement();
   if (posted.Ok()) {
-    if (screen_.Command9.Caption() == "Yazıcı Var") screen_.DökNoYaz.Press();
-    screen_.Label5.SetCaption(PlainNumber(cursors_.CariData.Number("Bakiye")));
+    if (screen_.Command9.Caption() == caption::kWithSlip) screen_.DökNoYaz.Press();
+    figure_.Show(customer_.StoredBalance());
   }
   screen_.SetBusy(false);
   screen_.Command7(kOk).SetEnabled(true);

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "accounts/money_posting.h"
+#include "desk/balance_display.h"
+#include "desk/customer_in_front.h"
 #include "desk/parts.h"
 #include "platform/signal.h"
 
@@ -9,7 +11,7 @@ namespace karvel {
 
 class CollectionPanel {
  public:
-  CollectionPanel(const DeskParts& parts, MoneyPosting& money);
+  CollectionPanel(const DeskParts& parts, MoneyPosting& money, CustomerInFront& customer, BalanceDisplay& figure);
 
  private:
   void Open();                       // Command1 "Tahsilat"
@@ -23,6 +25,8 @@ class CollectionPanel {
   Cursors& cursors_;
   const World& world_;
   MoneyPosting& money_;
+  CustomerInFront& customer_;
+  BalanceDisplay& figure_;
   Element* defaultButton_ = nullptr;  // the Command8 chosen last, which Enter in the amount presses
   Connections connections_;
 };

@@ -1,8 +1,5 @@
 #include "accounts/customer_card.h"
 
-#include <array>
-#include <string_view>
-
 #include "books/sources.h"
 #include "books/steps.h"
 #include "desk/refusal.h"
@@ -14,22 +11,15 @@
 namespace karvel {
 namespace {
 
-constexpr int kCode = 0, kName = 1, kEmail = 4, kCardNumber = 9;
+constexpr int kCode = 0, kName = 1, kStreet = 2, kCity = 3, kEmail = 4, kTaxOffice = 5, kTaxNumber = 6, kPhone = 7, kMobile = 8,
+              kCardNumber = 9;
 constexpr int kCancel = 0, kSave = 1;
-// Where each CariNew is written.
-constexpr std::array<const char*, 10> kFields{"CariKod", "Unvan",   "Adres1",  "Adres2", "Email",
-                                              "VergiDa", "VergiNo", "Telefon", "Gsm",    "KartNo"};
 const Steps step("CustomerCard");
 
 // Two texts that differ only in the kind of an i are taken for the same.
 std::string AnyI(std::string text) {
   for (const char* const letter : {"İ", "ı", "i", "I"}) text = ReplaceAll(text, letter, "?");
   return text;
-}
-
-// Mail knows no dotless i: there an "I" is the "i" of everywhere else.
-std::string AddressLower(const std::string& text) {
-  return TurkishLower(ReplaceAll(text, "I", "i"));
 }
 
 // A letter in lower case, or itself where it has none of a single letter.
@@ -42,8 +32,8 @@ char32_t Lower(char32_t letter) {
 
 }  // namespace
 
-CustomerCard::CustomerCard(const DeskParts& parts, CustomerList& customers)
-    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world), customers_(customers) {
+CustomerCard::CustomerCard(const DeskParts& parts, CustomerInFront& customer)
+    : shop_(parts.shop), screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world), customer_(customer) {
   Screen& screen = screen_;
   for (int i = 0; i < screen.CariNew.Count(); ++i) {
     Element& box = screen.CariNew(i);
@@ -91,43 +81,36 @@ void CustomerCard::Save() {
   CloseKeyboard(form_, screen_);
   // Off until the next change of a field; a refused card is not tried again as it is.
   screen_.CariNewCmd(kSave).SetEnabled(false);
-  form_.RepositionGuard = 555;
-  const RowKey inFront = cursors_.CariData.CurrentKey();
-  if (!IsNew()) {
-    // The card that stands in the way was found, no more: a payment must not go to it.
-    if (inFront != 0) step("customer in front", cursors_.CariData.MoveTo(inFront));
-    form_.RepositionGuard = 0;
-    return;
-  }
-  const Status added = AddCard();
+  if (!IsNew()) return;
+  const Status added = AddCustomerCard(shop_, ReadCard());
   screen_.CariNewCmd(kSave).SetEnabled(true);
   if (!added.Ok()) {
     ShowRefusal(world_, added);
     return;
   }
-  step("refresh customers", cursors_.CariData.Refresh());
+  customer_.RefreshList();
   Close();
 }
 
 bool CustomerCard::IsNew() {
-  Cursor& customers = cursors_.CariData;
   const auto field = [this](int index) -> Element& { return screen_.CariNew(index); };
-  // 1.
   if (field(kCode).Text().empty()) field(kCode).SetFocus();
   if (field(kName).Text().empty()) field(kName).SetFocus();
-  // 2.
-  // Among all cards, whatever the list shows: two of one code would share their ledger.
-  Cursor all(world_.stores, "all cards");
-  all.SetDatabaseName(customers.DatabaseName());
-  step("all cards", all.Open("CariKartlar"));
-  step("find code", all.FindFirst("CariKod Like " + sources::Quoted(AnyI(field(kCode).Text()))));
-  if (!all.NoMatch()) return Refuse("Dikkat Bu Cari Kodu Kayıtlı..!", field(kCode));
-  // 3.
-  step("find name", customers.FindFirst("Unvan Like " + sources::Quoted(AnyI(field(kName).Text()))));
-  if (!customers.NoMatch()) return Refuse("Dikkat Bu Unvan Kayıtlı..!", field(kCode));
-  // 4.
-  step("find card number", customers.FindFirst("KartNo=" + sources::Quoted(field(kCardNumber).Text())));
-  if (field(kCardNumber).Text().empty() || customers.NoMatch()) return true;
+  const Outcome<bool> taken = IsCustomerCodeTaken(shop_, field(kCode).Text());
+  if (!taken) {
+    ShowRefusal(world_, taken.error());
+    return false;
+  }
+  if (*taken) return Refuse("Dikkat Bu Cari Kodu Kayıtlı..!", field(kCode));
+  // Name and card number are new in the list that is in front.
+  Cursor listed(world_.stores, "listed customers");
+  listed.SetDatabaseName(cursors_.CariData.DatabaseName());
+  step("listed customers", listed.Open(cursors_.CariData.RecordSource()));
+  step("find name", listed.FindFirst("Unvan Like " + sources::Quoted(AnyI(field(kName).Text()))));
+  if (!listed.NoMatch()) return Refuse("Dikkat Bu Unvan Kayıtlı..!", field(kCode));
+  if (field(kCardNumber).Text().empty()) return true;
+  step("find card number", listed.FindFirst("KartNo=" + sources::Quoted(field(kCardNumber).Text())));
+  if (listed.NoMatch()) return true;
   field(kCardNumber).SetText("");
   screen_.CariNewCmd(kSave).SetEnabled(false);
   return Refuse("Bu Kart Numarası Kullanılmış...?", field(kCardNumber));
@@ -139,34 +122,22 @@ bool CustomerCard::Refuse(const std::string& text, Element& focus) {
   return false;
 }
 
-Status CustomerCard::AddCard() {
-  Cursor& card = cursors_.CariData;
-  Status added = card.AddNew();
-  if (!added.Ok()) return added;
-  for (int i = 0; i < screen_.CariNew.Count(); ++i) {
-    const std::string& text = screen_.CariNew(i).Text();
-    card.Set(kFields[static_cast<std::size_t>(i)], i == kEmail ? AddressLower(text) : text);
-  }
-  card.Set("Hes", "C");
-  card.Set("Hesap", "Borç");
-  if (screen_.CariChk.Checked()) {
-    card.Set("Gurup", "Toptan");
-  } else {
-    card.Set("Gurup", screen_.GurupCombo.ListIndex() <= 0 ? std::string("Müşteri") : screen_.GurupCombo.Text());
-  }
-  card.Set("yeni", 1);
-  return card.Update();
+NewCustomer CustomerCard::ReadCard() const {
+  const auto text = [this](int index) { return screen_.CariNew(index).Text(); };
+  const std::string group = screen_.CariChk.Checked()             ? std::string("Toptan")
+                            : screen_.GurupCombo.ListIndex() <= 0 ? std::string("Müşteri")
+                                                                  : screen_.GurupCombo.Text();
+  return {text(kCode),      text(kName),  text(kStreet), text(kCity),       text(kEmail), text(kTaxOffice),
+          text(kTaxNumber), text(kPhone), text(kMobile), text(kCardNumber), group};
 }
 
 void CustomerCard::Close() {
-  Screen& screen = screen_;
-  screen.Text1(0).SetText("");
-  for (int i = 0; i < screen.CariNew.Count(); ++i) screen.CariNew(i).SetText("");
-  screen.CariFrm.SetVisible(false);
-  screen.Text1(0).SetFocus();
-  form_.RepositionGuard = 0;
-  customers_.FollowInFront();
-  screen.Text1(0).SelectAll();
+  screen_.Text1(0).SetText("");
+  for (int i = 0; i < screen_.CariNew.Count(); ++i) screen_.CariNew(i).SetText("");
+  screen_.CariFrm.SetVisible(false);
+  screen_.Text1(0).SetFocus();
+  customer_.Follow();
+  screen_.Text1(0).SelectAll();
 }
 
 }  // namespace karvel

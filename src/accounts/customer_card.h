@@ -3,7 +3,8 @@
 
 #include <string>
 
-#include "desk/customer_list.h"
+#include "books/customer_cards.h"
+#include "desk/customer_in_front.h"
 #include "desk/parts.h"
 #include "platform/signal.h"
 #include "platform/status.h"
@@ -12,7 +13,7 @@ namespace karvel {
 
 class CustomerCard {
  public:
-  CustomerCard(const DeskParts& parts, CustomerList& customers);
+  CustomerCard(const DeskParts& parts, CustomerInFront& customer);
 
  private:
   void Changed();
@@ -22,14 +23,15 @@ class CustomerCard {
   void Save();    // CariNewCmd(1)
   [[nodiscard]] bool IsNew();
   bool Refuse(const std::string& text, Element& focus);
-  Status AddCard();
+  [[nodiscard]] NewCustomer ReadCard() const;
   void Close();
 
+  Shop shop_;
   Screen& screen_;
   FormState& form_;
   Cursors& cursors_;
   const World& world_;
-  CustomerList& customers_;
+  CustomerInFront& customer_;
   Connections connections_;
 };
 

@@ -1,10 +1,9 @@
 #include "accounts/day_book_list.h"
 
-#include <utility>
-
 #include "accounts/row_deletion.h"
 #include "books/sources.h"
 #include "books/steps.h"
+#include "desk/captions.h"
 #include "text/format.h"
 
 namespace karvel {
@@ -12,8 +11,15 @@ namespace {
 const Steps step("DayBookList");
 }
 
-DayBookList::DayBookList(const DeskParts& parts, DayTotal& dayTotal, CustomerList& customers)
-    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world), dayTotal_(dayTotal), customers_(customers) {
+DayBookList::DayBookList(const DeskParts& parts, MainButton& button, CustomerInFront& customer, BalanceDisplay& figure, DayTotal& dayTotal)
+    : screen_(parts.screen),
+      form_(parts.form),
+      cursors_(parts.cursors),
+      world_(parts.world),
+      button_(button),
+      customer_(customer),
+      figure_(figure),
+      dayTotal_(dayTotal) {
   Screen& screen = screen_;
   connections_ += screen.HareketGrid.click.Connect([this] { Tapped(); });
   connections_ += screen.HareketGrid.dblClick.Connect([this] { DoubleTapped(); });
@@ -21,8 +27,7 @@ DayBookList::DayBookList(const DeskParts& parts, DayTotal& dayTotal, CustomerLis
   connections_ += screen.HareketGrid.keyDown.Connect([this](KeyEvent& event) {
     DeleteRowOnKey(screen_, world_, cursors_.HareketData, event);
     // With the last line goes what could be cancelled.
-    Element& button = screen_.Command2;
-    if (event.dropped && button.Caption() == "Satır Sil" && !cursors_.HareketData.HasRows()) button.SetEnabled(false);
+    if (event.dropped && button_.OffersDeletion() && !cursors_.HareketData.HasRows()) button_.Allow(false);
   });
   connections_ += screen.CariGrid.keyDown.Connect([this](KeyEvent& event) { DeleteCustomerOnKey(event); });
 }
@@ -32,18 +37,16 @@ void DayBookList::DeleteCustomerOnKey(KeyEvent& event) {
   // The same list also shows stock and the day book; those rows are not wiped from here.
   if (!customers.SourceTable() || customers.SourceTable()->name != "CariKartlar") return;
   DeleteRowOnKey(screen_, world_, customers, event);
-  if (event.dropped && !customers.HasCurrent()) customers_.FollowInFront();  // the last one's name and balance go with him
+  if (event.dropped && !customers.HasCurrent()) customer_.Follow();  // the last one's name and balance go with him
 }
 
 void DayBookList::Tapped() {
   const bool rows = cursors_.HareketData.HasRows();
   screen_.HareketGrid.SetMarker(rows);
   if (ShowsDeletedLines()) return;
-  screen_.Command2.SetCaption("Satır Sil");
-  screen_.Command2.SetEnabled(rows && !CancelledForGood());
+  button_.OfferDeletion(rows && !CancelledForGood());
   for (int i = 2; i <= 6; ++i) screen_.Label1(i).SetColor(color::kYellow);
-  screen_.Label5.SetColor(color::kRed);
-  screen_.Label1(7).SetCaption("Fiş Top.");
+  figure_.NameSlipTotal();
   screen_.StokGrid.SetMarker(false);
   dayTotal_.ShowToday();
 }
@@ -51,23 +54,24 @@ void DayBookList::Tapped() {
 void DayBookList::DoubleTapped() {
   const Cursor& day = cursors_.HareketData;
   // Only what this terminal wrote can be corrected, and only as a sale.
-  if (!ShowsDeletedLines() && day.HasRows() && day.Number("yeni") == 1 && screen_.Label4.Caption() == "Satış")
-    screen_.Command3.SetCaption("Düzeltme");
+  if (!ShowsDeletedLines() && day.HasRows() && day.Number("yeni") == 1 && ModeOnScreen(screen_) == LineMode::Sale)
+    button_.OfferCorrection();
 }
 
 void DayBookList::Released() {
   if (ShowsDeletedLines()) return;
-  screen_.Command2.SetEnabled(!CancelledForGood());
+  button_.Allow(!CancelledForGood());
   if (screen_.Silme.Checked() && cursors_.HareketData.HasRows() && !screen_.Frame3.Visible()) LoadLine();
 }
 
 void DayBookList::LoadLine() {
   const Cursor& day = cursors_.HareketData;
-  if (screen_.Label4.Caption() == "İade") {
+  if (ModeOnScreen(screen_) == LineMode::Return) {
     // The item that comes back is the line's, not the one that happens to be in front.
-    const float guard = std::exchange(form_.RepositionGuard, 66.0F);
-    step("find stock card", cursors_.StokData.FindFirst("StokKod=" + sources::Quoted(day.Text("StokKod"))));
-    form_.RepositionGuard = guard;
+    {
+      const Muted muted(form_.RepositionGuard, Mute::Items);
+      step("find stock card", cursors_.StokData.FindFirst("StokKod=" + sources::Quoted(day.Text("StokKod"))));
+    }
     screen_.Text1(1).SetText(day.Text("StokAd"));
     screen_.Text2(0).SetText(day.Text("Fiyat"));
     screen_.Text2(1).SetText(day.Text("Miktar"));
@@ -88,7 +92,7 @@ bool DayBookList::ShowsDeletedLines() const {
 }
 
 bool DayBookList::CancelledForGood() const {
-  return screen_.Silme.Checked() && cursors_.HareketData.Text("Durum") == "Iptal";
+  return screen_.Silme.Checked() && cursors_.HareketData.Text("Durum") == kCancelledName;
 }
 
 }  // namespace karvel

@@ -2,8 +2,10 @@
 // loaded into the entry fields, or wiped by the Delete key.
 #pragma once
 
-#include "desk/customer_list.h"
+#include "desk/balance_display.h"
+#include "desk/customer_in_front.h"
 #include "desk/day_total.h"
+#include "desk/main_button.h"
 #include "desk/parts.h"
 #include "platform/signal.h"
 
@@ -11,7 +13,7 @@ namespace karvel {
 
 class DayBookList {
  public:
-  DayBookList(const DeskParts& parts, DayTotal& dayTotal, CustomerList& customers);
+  DayBookList(const DeskParts& parts, MainButton& button, CustomerInFront& customer, BalanceDisplay& figure, DayTotal& dayTotal);
 
  private:
   void DeleteCustomerOnKey(KeyEvent& event);
@@ -26,8 +28,10 @@ class DayBookList {
   FormState& form_;
   Cursors& cursors_;
   const World& world_;
+  MainButton& button_;
+  CustomerInFront& customer_;
+  BalanceDisplay& figure_;
   DayTotal& dayTotal_;
-  CustomerList& customers_;
   Connections connections_;
 };
 

@@ -1,6 +1,7 @@
 #include "accounts/deleted_lines.h"
 
 #include "books/steps.h"
+#include "desk/captions.h"
 
 namespace karvel {
 namespace {
@@ -8,8 +9,9 @@ const Steps step("DeletedLines");
 constexpr const char* kDeleted = "Select * From Datam Where Durum='Iptal' Order By Tarih Desc";
 }  // namespace
 
-DeletedLines::DeletedLines(const DeskParts& parts, UsePasswords& passwords)
-    : screen_(parts.screen), cursors_(parts.cursors), passwords_(passwords) {
+DeletedLines::DeletedLines(const DeskParts& parts, UsePasswords& passwords, MainButton& button, CustomerInFront& customer,
+                           BalanceDisplay& figure)
+    : screen_(parts.screen), cursors_(parts.cursors), passwords_(passwords), button_(button), customer_(customer), figure_(figure) {
   connections_ += screen_.SilinenChk.click.Connect([this] { Toggled(); });
 }
 
@@ -43,17 +45,17 @@ void DeletedLines::Close() {
   screen_.StokGrid.SetVisible(stockGridShown_);
   screen_.HareketGrid.SetVisible(false);
   screen_.CariGrid.SetVisible(true);
-  screen_.Label5.SetColor(color::kWhite);
+  figure_.ColorForRest();
   OpenDesk(true);
-  if (cursors_.CariData.HasCurrent()) step("customer in front", cursors_.CariData.MoveTo(cursors_.CariData.CurrentKey()));
+  if (customer_.IsThere()) customer_.Follow();
   step("day book", cursors_.HareketData.Open(keptSource_));
   keptSource_.clear();
 }
 
 void DeletedLines::OpenDesk(bool open) {
+  button_.Allow(open);
   Screen& screen = screen_;
-  for (Element* const element : {&screen.StokChk, &screen.Command2, &screen.Command4, &screen.Label1(0), &screen.Text1(0)})
-    element->SetEnabled(open);
+  for (Element* const element : {&screen.StokChk, &screen.Command4, &screen.Label1(0), &screen.Text1(0)}) element->SetEnabled(open);
 }
 
 }  // namespace karvel

@@ -4,6 +4,9 @@
 #include <string>
 
 #include "accounts/use_passwords.h"
+#include "desk/balance_display.h"
+#include "desk/customer_in_front.h"
+#include "desk/main_button.h"
 #include "desk/parts.h"
 #include "platform/signal.h"
 
@@ -11,7 +14,7 @@ namespace karvel {
 
 class DeletedLines {
  public:
-  DeletedLines(const DeskParts& parts, UsePasswords& passwords);
+  DeletedLines(const DeskParts& parts, UsePasswords& passwords, MainButton& button, CustomerInFront& customer, BalanceDisplay& figure);
 
  private:
   void Toggled();
@@ -23,6 +26,9 @@ class DeletedLines {
   Screen& screen_;
   Cursors& cursors_;
   UsePasswords& passwords_;
+  MainButton& button_;
+  CustomerInFront& customer_;
+  BalanceDisplay& figure_;
   std::string keptSource_;  // of HareketData; empty while the lines aren't shown
   bool stockGridShown_ = false;
   Connections connections_;

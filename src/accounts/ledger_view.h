@@ -1,6 +1,7 @@
 // VzgCmd on the print choice: back to the customer's whole day book, with the choice as it was at first.
 #pragma once
 
+#include "desk/customer_in_front.h"
 #include "desk/parts.h"
 #include "platform/signal.h"
 
@@ -8,13 +9,13 @@ namespace karvel {
 
 class LedgerView {
  public:
-  explicit LedgerView(const DeskParts& parts);
+  LedgerView(const DeskParts& parts, CustomerInFront& customer);
 
  private:
   void ShowAll();
 
   Screen& screen_;
-  Cursors& cursors_;
+  CustomerInFront& customer_;
   Connections connections_;
 };
 

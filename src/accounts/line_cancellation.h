@@ -1,38 +1,37 @@
-// Cancelling the day-book line in front: its ledger rows go and their cards take the amounts back, its stock movement goes and the stock
-// card takes the quantity back, its due date shrinks. A stock line stays in the day book as "Iptal"; a money line leaves no trace.
+// "Satır Sil": asks, and cancels the day-book line in front.
 #pragma once
 
-#include <string>
-
-#include "accounts/item_card.h"
+#include "books/line_cancellation.h"
+#include "desk/balance_display.h"
+#include "desk/customer_in_front.h"
+#include "desk/main_button.h"
 #include "desk/parts.h"
-#include "platform/status.h"
 
 namespace karvel {
 
-class MainButton;
-
 class LineCancellation {
  public:
-  LineCancellation(const DeskParts& parts, MainButton& button);
+  LineCancellation(const DeskParts& parts, MainButton& button, CustomerInFront& customer, BalanceDisplay& balance);
 
   // Cancels the current row of HareketData. When the stores refuse it, nothing has changed, and the outcome says why.
   Status CancelDayBookLine();
 
  private:
-  struct Line;
-  [[nodiscard]] Line ReadLine() const;
-  void ReverseLedger();
+  void Confirm();
+  bool ReadLineAnew(const Cancellation& line);
+  void RefuseTransferred(const std::string& id);
+  [[nodiscard]] Cancellation ReadCancellation() const;
+  void ShowBooks();
   void ShowCustomer();
-  void DropSerials();
-  void ReverseStock(const Line& line);
-  void ShrinkDueDate(const Line& line);
 
+  Shop shop_;
   Screen& screen_;
   FormState& form_;
   Cursors& cursors_;
   const World& world_;
-  ItemCard item_;
+  MainButton& button_;
+  CustomerInFront& customer_;
+  BalanceDisplay& balance_;
 };
 
 }  // namespace karvel

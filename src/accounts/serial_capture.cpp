@@ -4,6 +4,7 @@
 
 #include "books/sources.h"
 #include "books/steps.h"
+#include "desk/captions.h"
 #include "platform/messages.h"
 #include "text/format.h"
 #include "text/turkish.h"
@@ -15,8 +16,8 @@ const Steps step("CheckSerialEntry");
 
 }  // namespace
 
-SerialCapture::SerialCapture(const DeskParts& parts)
-    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world) {
+SerialCapture::SerialCapture(const DeskParts& parts, MainButton& button)
+    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world), button_(button) {
   connections_ += screen_.Text4.character.Connect([this](CharacterEvent& event) {
     if (event.character != key::kEnter) return;
     event.character = 0;
@@ -27,7 +28,7 @@ SerialCapture::SerialCapture(const DeskParts& parts)
 
 void SerialCapture::FollowMode() {
   Screen& screen = screen_;
-  if (screen.Label4.Caption() == "Alış") return;
+  if (ModeOnScreen(screen) == LineMode::Purchase) return;
   // Only what is bought brings serials in; read for a purchase, they would be stored with a sale.
   screen.Frame4.SetVisible(false);
   screen.List1.ClearItems();
@@ -39,7 +40,7 @@ void SerialCapture::CheckSerialEntry() {
   if (static_cast<double>(screen_.List1.Items().size()) != NumberOrZero(screen_.Text2(1).Text())) return;
   world_.messages.MessageBox("Seri Numarası Girişi Tamamlandı.", "Giriş Tamam", MessageIcon::None, MessageButtons::Ok);
   screen_.Frame4.SetVisible(false);
-  screen_.Command2.SetFocus();
+  button_.SetFocus();
 }
 
 void SerialCapture::Take() {
@@ -79,7 +80,7 @@ bool SerialCapture::IsBarcode(const std::string& serial) {
   Cursor& cards = cursors_.StokData;
   const RowKey item = cards.CurrentKey();
   // The look must not move the sale: its list of serials would be dropped with the item.
-  form_.RepositionGuard = 66;
+  const Muted muted(form_.RepositionGuard, Mute::Items);
   step("find barcode", cards.FindFirst("Barkod=" + sources::Quoted(serial)));
   const bool barcode = !cards.NoMatch();
   if (barcode && item != 0 && cards.CurrentKey() != item) {
@@ -87,7 +88,6 @@ bool SerialCapture::IsBarcode(const std::string& serial) {
   }
   if (cards.Text("StokAdi") != screen_.Text1(1).Text())
     step("item of the line", cards.FindFirst("StokAdi=" + sources::Quoted(screen_.Text1(1).Text())));
-  form_.RepositionGuard = 0;
   return barcode;
 }
 

@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "desk/main_button.h"
 #include "desk/parts.h"
 #include "platform/signal.h"
 
@@ -13,7 +14,7 @@ namespace karvel {
 
 class SerialCapture {
  public:
-  explicit SerialCapture(const DeskParts& parts);
+  SerialCapture(const DeskParts& parts, MainButton& button);
   // What the end of a scan in Text4 runs.
   void CheckSerialEntry();
 
@@ -28,6 +29,7 @@ class SerialCapture {
   FormState& form_;
   Cursors& cursors_;
   const World& world_;
+  MainButton& button_;
   Connections connections_;
 };
 

@@ -4,6 +4,7 @@
 #include "books/sources.h"
 #include "books/steps.h"
 #include "desk/booking_panels.h"
+#include "desk/captions.h"
 #include "desk/list_columns.h"
 #include "desk/refresh.h"
 #include "desk/screen_keyboard.h"
@@ -20,7 +21,14 @@ const std::string kCustomersBack =
 
 }  // namespace
 
-StockList::StockList(const DeskParts& parts) : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world) {
+StockList::StockList(const DeskParts& parts, MainButton& button, BalanceDisplay& figure, OverdueNotice& overdue)
+    : screen_(parts.screen),
+      form_(parts.form),
+      cursors_(parts.cursors),
+      world_(parts.world),
+      button_(button),
+      figure_(figure),
+      overdue_(overdue) {
   Screen& screen = screen_;
   connections_ += screen.StokChk.click.Connect([this] { Toggled(); });
   connections_ += screen.StokCek.click.Connect([this] { Narrow(); });
@@ -37,41 +45,41 @@ bool StockList::ListsStock() const {
 }
 
 void StockList::Toggled() {
-  // 1. A wholesaler delivers: the tick opens the receipt.
-  if (screen_.Label1(0).Caption() == " Toptan") {
-    OpenReceipt();
+  if (IsWholesale(screen_)) {
+    OpenReceipt();  // a wholesaler delivers
     return;
   }
   const bool stock = screen_.StokChk.Checked();
   // A sale needs its customer's row: the list turns only at rest.
-  if (stock && !screen_.CariGrid.Visible()) {
+  if (stock && !AtRest(screen_)) {
     switching_ = true;
     screen_.StokChk.SetChecked(false);
     switching_ = false;
     return;
   }
-  if (switching_) return;
+  if (!switching_) Turn(stock);
+}
+
+void StockList::Turn(bool stock) {
   CloseBookingPanels(screen_);
-  screen_.Vadefrm.SetVisible(false);  // it speaks of a customer
-  // 2.
-  screen_.Command2.SetEnabled(!stock);
+  overdue_.Hide();  // it speaks of a customer
+  button_.Allow(!stock);
   screen_.Command3.SetEnabled(!stock);
   screen_.Command4.SetEnabled(!stock);
   screen_.StokFrm.SetVisible(stock);
   if (stock) screen_.StokFrm.BringToFront();
-  screen_.Label5.SetVisible(!stock);
-  screen_.Label1(7).SetVisible(!stock);
+  figure_.SetShown(!stock);
   screen_.SilinenChk.SetEnabled(!stock);
-  // 3. to 5.
-  form_.RepositionGuard = 555;
-  cursors_.CariData.Close();
-  if (stock) {
-    ShowStock();
-  } else {
-    ShowCustomers();
+  {
+    const Muted muted(form_.RepositionGuard, Mute::Customers);
+    cursors_.CariData.Close();
+    if (stock) {
+      ShowStock();
+    } else {
+      ShowCustomers();
+    }
   }
-  form_.RepositionGuard = 0;
-  // Text1(0), the balance and the day book follow to the customer in front: a payment must never go to a name that isn't on the screen_.
+  // Text1(0), the balance and the day book follow to the customer in front: a payment must never go to a name that isn't on the screen.
   if (!stock) step("first customer", cursors_.CariData.MoveFirst());
 }
 
@@ -130,13 +138,12 @@ void StockList::SearchChanged() {
 
 void StockList::SearchTapped() {
   if (!ListsStock()) return;
-  form_.RepositionGuard = 555;
+  const Muted muted(form_.RepositionGuard, Mute::Customers);
   if (form_.KeyboardOpen) {
     TakeTyped();
   } else {
     StartTyping();
   }
-  form_.RepositionGuard = 0;
 }
 
 void StockList::StartTyping() {

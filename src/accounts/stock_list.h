@@ -5,6 +5,9 @@
 
 #include <string>
 
+#include "desk/balance_display.h"
+#include "desk/main_button.h"
+#include "desk/overdue_notice.h"
 #include "desk/parts.h"
 #include "platform/signal.h"
 
@@ -12,11 +15,12 @@ namespace karvel {
 
 class StockList {
  public:
-  explicit StockList(const DeskParts& parts);
+  StockList(const DeskParts& parts, MainButton& button, BalanceDisplay& figure, OverdueNotice& overdue);
 
  private:
-  void Toggled();      // StokChk
-  void OpenReceipt();  // StokChk with the wholesale list in front
+  void Toggled();         // StokChk
+  void Turn(bool stock);  // to stock cards, or back to customers
+  void OpenReceipt();     // StokChk with the wholesale list in front
   void ShowStock();
   void ShowCustomers();
   void Point(const std::string& file, const std::string& source);
@@ -31,6 +35,9 @@ class StockList {
   FormState& form_;
   Cursors& cursors_;
   const World& world_;
+  MainButton& button_;
+  BalanceDisplay& figure_;
+  OverdueNotice& overdue_;
   bool switching_ = false;
   Connections connections_;
 };

@@ -1,5 +1,4 @@
-// StokAl, " Stok Miktar Girişi ": goods received from the supplier in front. It raises the stock card, which a new name makes, credits the
-// supplier, and writes one row each to stock movements, ledger and day book under one DigerId. A receipt has one ledger side only.
+// StokAl, " Stok Miktar Girişi ": the panel in which goods are received from the supplier in front.
 //
 // Text6(0) name or search text, (1) price written to the rows, (2) price of the total, (3) quantity, (4) Kdv, (5) barcode; Label12(5)
 // total.
@@ -7,16 +6,16 @@
 
 #include <string>
 
+#include "books/stock_receipt.h"
+#include "desk/customer_in_front.h"
 #include "desk/parts.h"
-#include "desk/running_numbers.h"
 #include "platform/signal.h"
-#include "platform/status.h"
 
 namespace karvel {
 
 class StockReceipt {
  public:
-  StockReceipt(const DeskParts& parts, RunningNumbers& numbers);
+  StockReceipt(const DeskParts& parts, CustomerInFront& customer);
 
   // Books the receipt in the fields and empties them. When the stores refuse it, nothing of it is in them and the fields stay.
   Status Receive();
@@ -25,22 +24,20 @@ class StockReceipt {
   void Changed(int index);
   void Character(int index, CharacterEvent& event);
   void Search();
+  // The first card with this barcode, or whose name or code begins so, is in front; false when there is none.
+  bool StandOnSearched(const std::string& text);
   void Save();  // StokAlCmd(1)
-  void RaiseStockCard();
-  void StandOnCard();
-  void CreditSupplier();
-  void BookMovement();
-  void BookLedger();
-  void BookDay();
+  [[nodiscard]] Receipt ReadReceipt() const;
+  void ShowReceived(const std::string& name);
   [[nodiscard]] const std::string& Field(int index) const { return screen_.Text6(index).Text(); }
   [[nodiscard]] double Total() const;
 
+  Shop shop_;
   Screen& screen_;
   FormState& form_;
   Cursors& cursors_;
   const World& world_;
-  RunningNumbers& numbers_;
-  std::string narrowed_;  // the stock list that the new card is not in
+  CustomerInFront& customer_;
   Connections connections_;
 };
 

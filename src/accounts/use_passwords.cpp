@@ -16,8 +16,8 @@ const Steps step("UsePasswords");
 
 }  // namespace
 
-UsePasswords::UsePasswords(const DeskParts& parts)
-    : screen_(parts.screen), cursors_(parts.cursors), settings_(parts.settings), world_(parts.world) {
+UsePasswords::UsePasswords(const DeskParts& parts, CustomerInFront& customer)
+    : screen_(parts.screen), cursors_(parts.cursors), settings_(parts.settings), world_(parts.world), customer_(customer) {
   connections_ += screen_.CariGrid.mouseDown.Connect([this](const MouseEvent& event) {
     if (event.button == kRightButton) OpenCustomerMenu();
   });
@@ -52,13 +52,9 @@ bool UsePasswords::AdmitToCustomerMenu() {
 }
 
 void UsePasswords::OpenCustomerMenu() {
-  const Cursor& customers = cursors_.CariData;
-  const auto onCustomer = [&] {
-    return customers.SourceTable() && customers.SourceTable()->name == "CariKartlar" && customers.HasCurrent();
-  };
-  // The same list also shows stock and the day book, which have no such menu.
-  if (!onCustomer() || !AdmitToCustomerMenu() || !onCustomer()) return;
-  step("ledger", cursors_.CariHarData.Open(sources::LedgerOf(customers.Text("CariKod"))));
+  // The same list also shows stock and the day book, which have no such menu; and it may have turned while the password was typed.
+  if (!customer_.IsThere() || !AdmitToCustomerMenu() || !customer_.IsThere()) return;
+  step("ledger", cursors_.CariHarData.Open(sources::LedgerOf(customer_.Code())));
   screen_.CarSil.SetCaption(cursors_.CariHarData.HasRows() ? "Cari Hareketleri Sil" : "Cari Kartı Sil");
   screen_.CarSil.SetVisible(true);
   screen_.popUp(screen_.PopMenu);

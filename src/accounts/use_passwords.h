@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "desk/customer_in_front.h"
 #include "desk/parts.h"
 #include "platform/signal.h"
 
@@ -12,7 +13,7 @@ namespace karvel {
 
 class UsePasswords {
  public:
-  explicit UsePasswords(const DeskParts& parts);
+  UsePasswords(const DeskParts& parts, CustomerInFront& customer);
 
   // Asks for the deleted lines' password. True when it was given. Where none is set yet, what is typed becomes it, and the lines stay
   // closed; a wrong one ends the program.
@@ -27,6 +28,7 @@ class UsePasswords {
   Cursors& cursors_;
   Settings& settings_;
   const World& world_;
+  CustomerInFront& customer_;
   Connections connections_;
 };
 

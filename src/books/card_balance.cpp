@@ -7,8 +7,8 @@ namespace karvel {
 CardBalance BalanceOf(double debit, double credit) {
   // By the rounded difference: sums of kuruş differ by a hair, and a balance of nothing is nobody's credit.
   const double over = RoundTo(credit - debit, 2);
-  if (over > 0) return {over, "Alacak"};
-  return {RoundTo(debit - credit, 2), "Borç"};
+  if (over > 0) return {over, kCreditSide};
+  return {RoundTo(debit - credit, 2), kDebitSide};
 }
 
 CardBalance ApplyBalance(Cursor& card) {

@@ -9,9 +9,12 @@
 
 namespace karvel {
 
+// The two sides of a card (Hesap): who owes.
+inline constexpr const char *kDebitSide = "Borç", *kCreditSide = "Alacak";
+
 struct CardBalance {
   double amount = 0;  // never negative, 2 places
-  std::string side;   // "Alacak" where credit is the greater, else "Borç", equality included
+  std::string side;   // kCreditSide where credit is the greater, else kDebitSide, equality included
 };
 
 CardBalance BalanceOf(double debit, double credit);

@@ -9,22 +9,27 @@
 
 namespace karvel {
 
-// Opens `card` on the row with the key of the one in front; false when it is gone, or can't be read. One look-up on an index.
-inline bool OpenStored(Cursor& card, const Cursor& list, const std::string& table, const std::string& key) {
+// What a look into the files found. What can't be read is not known to be gone.
+enum class Stored { There, Gone, Unreadable };
+
+// Opens `card` on the row with the key of the one in front in `list`. One look-up on an index.
+inline Stored OpenStored(Cursor& card, const Cursor& list, const std::string& table, const std::string& key) {
   card.SetDatabaseName(list.DatabaseName());
-  return card.Open("Select * From " + table + " Where " + key + "=" + sources::Quoted(list.Text(key))).Ok() && card.HasRows();
+  if (!card.Open(table).Ok()) return Stored::Unreadable;
+  const Status found = card.FindFirst(key + "=" + sources::Quoted(list.Text(key)));
+  return found.Ok() ? Stored::There : found.Kind() == ErrorKind::NoRecord ? Stored::Gone : Stored::Unreadable;
 }
-inline bool OpenStoredCustomer(Cursor& card, const Cursor& customers) {
+inline Stored OpenStoredCustomer(Cursor& card, const Cursor& customers) {
   return OpenStored(card, customers, "CariKartlar", "CariKod");
 }
-inline bool OpenStoredItem(Cursor& card, const Cursor& items) {
+inline Stored OpenStoredItem(Cursor& card, const Cursor& items) {
   return OpenStored(card, items, "StokKartlar", "StokKod");
 }
 
 // The balance of the customer in front; as the list has it where the files can't be read.
 inline double StoredBalance(Stores& stores, const Cursor& customers) {
   Cursor card(stores, "balance");
-  return (OpenStoredCustomer(card, customers) ? card : customers).Number("Bakiye");
+  return (OpenStoredCustomer(card, customers) == Stored::There ? card : customers).Number("Bakiye");
 }
 
 }  // namespace karvel

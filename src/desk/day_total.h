@@ -1,8 +1,7 @@
-// What a customer bought on a day: the sum that Label5 shows during a sale, and that follows the day book's current row.
+// What a customer bought on a day: the sum that stands beside him during a sale, and that follows the day book's current row.
 #pragma once
 
-#include <string>
-
+#include "desk/balance_display.h"
 #include "desk/parts.h"
 #include "platform/signal.h"
 
@@ -10,11 +9,9 @@ namespace karvel {
 
 class DayTotal {
  public:
-  explicit DayTotal(const DeskParts& parts);
-  // Label5 := today's unpaid sales of the customer in Text1(0), by name. Leaves it as it is when the day book has no row of his.
+  DayTotal(const DeskParts& parts, BalanceDisplay& figure);
+  // Today's unpaid sales of the customer in Text1(0), by name. Leaves the figure as it is when the day book has no row of his.
   void ShowToday();
-  // "Tarih>=#mm/dd/yyyy 00:00:00# And Tarih<=#mm/dd/yyyy 23:59:59#".
-  static std::string DayCriteria(const DateTime& day);
 
  private:
   void FollowDayBook();  // HareketData's current row changed
@@ -24,6 +21,7 @@ class DayTotal {
   FormState& form_;
   Cursors& cursors_;
   const World& world_;
+  BalanceDisplay& figure_;
   Connections connections_;
 };
 

@@ -1,14 +1,21 @@
 #include "desk/desk.h"
 
-#include "desk/customer_list.h"
+#include "desk/balance_display.h"
+#include "desk/customer_field.h"
+#include "desk/customer_in_front.h"
+#include "desk/date_index.h"
 #include "desk/day_total.h"
+#include "desk/desk_font.h"
+#include "desk/fixed_window.h"
+#include "desk/group_list.h"
 #include "desk/list_filter.h"
+#include "desk/long_press.h"
 #include "desk/main_button.h"
 #include "desk/options.h"
+#include "desk/overdue_notice.h"
 #include "desk/parts.h"
 #include "desk/price_selection.h"
 #include "desk/product_field.h"
-#include "desk/running_numbers.h"
 #include "desk/sale_fields.h"
 #include "desk/sale_mode.h"
 #include "desk/sale_posting.h"
@@ -16,33 +23,41 @@
 #include "desk/start_up.h"
 #include "desk/tapped_search.h"
 #include "desk/way_out.h"
-#include "desk/window_rule.h"
 
 namespace karvel {
 
 // Built in the order in which they connect: a price is worked out before the fields that show it follow.
 struct Desk::Features {
   Features(Desk& desk, const World& world)
-      : settings(world.settings, desk.title_), parts{desk.screen, desk.form, desk.cursors, settings, world} {}
+      : settings(world.settings, desk.title_),
+        cursors(desk.cursors),
+        parts{desk.screen, desk.form, desk.cursors, settings, world, Shop{world.stores, world.clock, desk.form.TerminalNo}} {}
 
   Settings settings;
+  Cursors& cursors;
   DeskParts parts;
-  RunningNumbers numbers{parts};
-  DayTotal dayTotal{parts};
+  DateIndex dateIndex{cursors};
+  BalanceDisplay balance{parts.screen};
+  DayTotal dayTotal{parts, balance};
+  OverdueNotice overdue{parts};
+  CustomerInFront customer{parts, balance, dayTotal, overdue};
+  MainButton button{parts};
   PriceSelection prices{parts};
-  SaleFields fields{parts, prices};
-  SaleMode saleMode{parts, prices, fields, dayTotal};
-  CustomerList customers{parts, prices, dayTotal};
-  ListFilter filter{parts, customers};
+  SaleFields fields{parts, prices, button};
+  SaleMode saleMode{parts, prices, button, customer, balance, dayTotal};
+  GroupList groups{parts, prices, customer};
+  CustomerField customerField{parts, customer};
+  ListFilter filter{parts, customer, prices};
   WayOut wayOut{parts};
-  ProductField product{parts};
-  TappedSearch taps{parts, customers, prices};
-  SalePosting posting{parts, numbers};
-  MainButton mainButton{parts, posting};
+  ProductField product{parts, button};
+  TappedSearch taps{parts, customer, prices};
+  SalePosting posting{parts, button, customer, balance};
   Options options{parts, prices};
-  WindowRule windowRule{parts};
-  StartUp startUp{parts, customers, options, prices, windowRule};
-  ShutDown shutDown{parts, windowRule};
+  FixedWindow window{parts};
+  LongPress longPress{parts};
+  DeskFont font{parts};
+  StartUp startUp{parts, {customer, balance, groups, prices, options, window, font}};
+  ShutDown shutDown{parts, longPress};
 };
 
 Desk::Desk(const World& world, std::string title)
@@ -53,26 +68,26 @@ Desk::~Desk() = default;
 const DeskParts& Desk::Parts() const {
   return features_->parts;
 }
-RunningNumbers& Desk::Numbers() const {
-  return features_->numbers;
+BalanceDisplay& Desk::Balance() const {
+  return features_->balance;
+}
+CustomerInFront& Desk::Customer() const {
+  return features_->customer;
 }
 DayTotal& Desk::Totals() const {
   return features_->dayTotal;
 }
+MainButton& Desk::Button() const {
+  return features_->button;
+}
+OverdueNotice& Desk::Overdue() const {
+  return features_->overdue;
+}
 PriceSelection& Desk::Prices() const {
   return features_->prices;
 }
-SaleFields& Desk::Fields() const {
-  return features_->fields;
-}
-CustomerList& Desk::Customers() const {
-  return features_->customers;
-}
 SalePosting& Desk::Posting() const {
   return features_->posting;
-}
-MainButton& Desk::Button() const {
-  return features_->mainButton;
 }
 Signal<>& Desk::Opening() const {
   return features_->startUp.opening;

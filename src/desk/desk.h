@@ -15,12 +15,12 @@
 
 namespace karvel {
 
-class CustomerList;
+class BalanceDisplay;
+class CustomerInFront;
 class DayTotal;
 class MainButton;
+class OverdueNotice;
 class PriceSelection;
-class RunningNumbers;
-class SaleFields;
 class SalePosting;
 
 class Desk {
@@ -43,13 +43,13 @@ class Desk {
 
   // For the features that stand above this folder: what they are built on, and the features that they share.
   [[nodiscard]] const DeskParts& Parts() const;
-  [[nodiscard]] RunningNumbers& Numbers() const;
+  [[nodiscard]] BalanceDisplay& Balance() const;
+  [[nodiscard]] CustomerInFront& Customer() const;
   [[nodiscard]] DayTotal& Totals() const;
-  [[nodiscard]] PriceSelection& Prices() const;
-  [[nodiscard]] SaleFields& Fields() const;
-  [[nodiscard]] CustomerList& Customers() const;
-  [[nodiscard]] SalePosting& Posting() const;
   [[nodiscard]] MainButton& Button() const;
+  [[nodiscard]] OverdueNotice& Overdue() const;
+  [[nodiscard]] PriceSelection& Prices() const;
+  [[nodiscard]] SalePosting& Posting() const;
   // Raised once, in the first activation: options read, lists filled, columns set, the clerk still asked to wait.
   [[nodiscard]] Signal<>& Opening() const;
 

@@ -8,7 +8,7 @@ namespace karvel {
 
 std::vector<std::pair<std::string, Value>> FormState::ByName() const {
   std::vector<std::pair<std::string, Value>> values{
-      {"RepositionGuard", static_cast<double>(RepositionGuard)},
+      {"RepositionGuard", RepositionGuard.Number()},
       {"CurrentCustomerCode", CurrentCustomerCode},
       {"LastStokSearch", LastStokSearch},
       {"CriteriaText", CriteriaText},

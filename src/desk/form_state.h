@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "desk/muting.h"
 #include "store/value.h"
 
 namespace karvel {
@@ -13,9 +14,7 @@ namespace karvel {
 class Cursor;
 
 struct FormState {
-  // Mutes reposition handlers while a posting moves cursors: 66 StokData off; 555 CariData off; 100 HareketData off;
-  // 99 StokData and CariData do the fields-free part only; 2 and 4 short markers; 0 all on.
-  float RepositionGuard = 0;
+  Muting RepositionGuard;              // which followers of the cursors keep still
   std::string CurrentCustomerCode;     // CariKod of the sale in front
   std::array<double, 4> PriceSlots{};  // 1.Fiyat, 2.Fiyat, 3.Fiyat, Özel
   std::string LastStokSearch;          // last name searched for in Text1(1)

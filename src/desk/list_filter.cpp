@@ -2,6 +2,7 @@
 
 #include "books/sources.h"
 #include "books/steps.h"
+#include "desk/captions.h"
 #include "desk/list_in_front.h"
 #include "text/turkish.h"
 
@@ -10,8 +11,8 @@ namespace {
 const Steps step("ListFilter");
 }
 
-ListFilter::ListFilter(const DeskParts& parts, CustomerList& customers)
-    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), customers_(customers) {
+ListFilter::ListFilter(const DeskParts& parts, CustomerInFront& customer, PriceSelection& prices)
+    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), customer_(customer), prices_(prices) {
   connections_ += screen_.Text5.changed.Connect([this] { Changed(); });
   connections_ += screen_.Frame2.altered.Connect([this] {
     if (!screen_.Frame2.Visible()) ShowAllAgain();
@@ -19,12 +20,11 @@ ListFilter::ListFilter(const DeskParts& parts, CustomerList& customers)
 }
 
 void ListFilter::ShowAllAgain() {
-  Cursor& customers = cursors_.CariData;
   // A filter from before the sale went with it: a list that stayed narrow under an empty field would seem to miss customers.
-  if (!screen_.Text5.Text().empty() || !ContainsText(customers.RecordSource(), "Unvan Like ")) return;
-  const std::string code = customers.Text("CariKod");
+  if (!screen_.Text5.Text().empty() || !ContainsText(cursors_.CariData.RecordSource(), "Unvan Like ")) return;
+  const std::string code = customer_.Code();
   OpenCustomers("");
-  step("customer in front", customers.FindFirst("CariKod=" + sources::Quoted(code)));
+  customer_.BringInFront(code);
 }
 
 void ListFilter::Changed() {
@@ -43,28 +43,27 @@ void ListFilter::Changed() {
     screen_.Text6(field == kFirstOfReceipt ? 0 : field - kReceipt).SetText(text);
   } else if (screen_.Frame2.Visible()) {
     FilterStock();
-  } else if (screen_.CariGrid.Visible() && ListsCustomers(screen_)) {
+  } else if (AtRest(screen_) && ListsCustomers(screen_)) {
     FilterCustomers();
   }
 }
 
 void ListFilter::FilterCustomers() {
   OpenCustomers(ReplaceAll(ReplaceAll(screen_.Text5.Text(), "İ", "?"), "i", "?"));
-  customers_.FollowInFront();  // a payment goes to the row in front
+  customer_.Follow();  // a payment goes to the row in front
 }
 
 void ListFilter::OpenCustomers(const std::string& named) {
-  const bool byGroup = screen_.ComboCmd.Caption() == "Cari" && screen_.GurupCombo.ListIndex() > 0;
-  form_.RepositionGuard = 555;
-  step("filter customers", cursors_.CariData.Open(sources::CustomersOfGroupNamed(byGroup ? screen_.GurupCombo.Text() : "", named)));
-  form_.RepositionGuard = 0;
+  const bool byGroup = ListsCustomerGroups(screen_) && screen_.GurupCombo.ListIndex() > 0;
+  customer_.ShowList(sources::CustomersOfGroupNamed(byGroup ? screen_.GurupCombo.Text() : "", named));
 }
 
 void ListFilter::FilterStock() {
-  form_.RepositionGuard = 66;
-  step("filter stock", cursors_.StokData.Open(sources::StockNamed(screen_.Text5.Text())));
-  form_.RepositionGuard = 0;
-  customers_.ShowUnsoldItem();
+  {
+    const Muted muted(form_.RepositionGuard, Mute::Items);
+    step("filter stock", cursors_.StokData.Open(sources::StockNamed(screen_.Text5.Text())));
+  }
+  prices_.ShowUnsoldItem();
 }
 
 }  // namespace karvel

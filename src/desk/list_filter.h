@@ -4,15 +4,16 @@
 
 #include <string>
 
-#include "desk/customer_list.h"
+#include "desk/customer_in_front.h"
 #include "desk/parts.h"
+#include "desk/price_selection.h"
 #include "platform/signal.h"
 
 namespace karvel {
 
 class ListFilter {
  public:
-  ListFilter(const DeskParts& parts, CustomerList& customers);
+  ListFilter(const DeskParts& parts, CustomerInFront& customer, PriceSelection& prices);
 
  private:
   void Changed();
@@ -24,7 +25,8 @@ class ListFilter {
   Screen& screen_;
   FormState& form_;
   Cursors& cursors_;
-  CustomerList& customers_;
+  CustomerInFront& customer_;
+  PriceSelection& prices_;
   Connections connections_;
 };
 

@@ -1,131 +1,107 @@
 #include "desk/main_button.h"
 
-#include "books/sources.h"
-#include "books/stored_cards.h"
-#include "desk/completion.h"
-#include "desk/list_in_front.h"
+#include <stdexcept>
+
+#include "desk/captions.h"
 #include "desk/refusal.h"
-#include "platform/messages.h"
 #include "platform/scanner.h"
 #include "text/format.h"
-#include "text/turkish.h"
 
 namespace karvel {
 
-MainButton::MainButton(const DeskParts& parts, SalePosting& posting)
-    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), settings_(parts.settings), world_(parts.world), posting_(posting) {
+MainButton::MainButton(const DeskParts& parts) : screen_(parts.screen), form_(parts.form), world_(parts.world) {
   connections_ += screen_.Command2.click.Connect([this] { Pressed(); });
 }
 
+void MainButton::Serve(MainTask task, std::function<void()> work) {
+  auto& served = tasks_[static_cast<std::size_t>(task)];
+  if (served) throw std::logic_error("a task of the main button is served twice");
+  served = std::move(work);
+}
+
 void MainButton::Pressed() {
-  Screen& screen = screen_;
   // Off at once: a second tap must not post the line twice. The fields open it again.
-  screen.Command2.SetEnabled(false);
+  Allow(false);
   // A code that is read meanwhile waits: it must not move the item under a posting.
   world_.scanner.SetEnabled(false);
-  Dispatch();
+  if (const auto& work = tasks_[static_cast<std::size_t>(TaskNow())]) work();
   world_.scanner.SetEnabled(true);
 }
 
-void MainButton::Dispatch() {
-  Screen& screen = screen_;
-  if (screen.Command2.Caption() == "Satır Sil") {
-    AskAndCancel();
-  } else if (screen.Command3.Caption() == "Düzeltme") {
-    CorrectLine();
-  } else if (screen.CariGrid.Visible()) {
-    PostMoney();
-  } else {
-    PostSaleLine();
-  }
+MainTask MainButton::TaskNow() const {
+  if (OffersDeletion()) return MainTask::CancelLine;
+  if (CorrectionOffered(screen_)) return MainTask::CorrectLine;
+  return AtRest(screen_) ? MainTask::PostMoney : MainTask::PostSale;
 }
 
-void MainButton::AskAndCancel() {
-  const MessageAnswer answer = world_.messages.MessageBox("Satır Silinecek Emimisiniz..?", "", MessageIcon::Stop, MessageButtons::YesNo);
-  if (answer == MessageAnswer::Yes && cancelLine) ShowRefusal(world_, cancelLine());
-}
-
-void MainButton::CorrectLine() {
-  if (!correctLine) return;
-  // A line of nothing is no correction; the quantity stands at 0 after every posting.
-  if (NumberOrZero(screen_.Text2(1).Text()) == 0) {
-    screen_.Text2(1).SetFocus();
-    return;
-  }
-  ShowRefusal(world_, correctLine());
-}
-
-void MainButton::PostMoney() {
-  if (!postMoney) return;
-  if (!PayerInFront()) {
-    screen_.Text1(0).SetFocus();
-    screen_.Command2.SetEnabled(true);  // the amount stays, and is taken when the customer stands
-    return;
-  }
+bool MainButton::Post(const std::function<Status()>& posting) {
   SetWaiting(true);
-  const Status posted = postMoney();
+  const Status posted = posting();
   SetWaiting(false);
-  if (posted.Ok()) return;
-  screen_.Command2.SetEnabled(true);
-  ShowRefusal(world_, posted);
+  return Try([&] { return posted; });
 }
 
-// The money goes to the row in front, so there must be one, in the files too, and the name on the screen must be a customer's.
-bool MainButton::PayerInFront() const {
-  const Screen& screen = screen_;
-  Cursor& customers = cursors_.CariData;
-  if (!world_.stores.Driver().IsOpen()) return true;  // the posting tells why nothing can be booked
-  const std::string name = Trim(screen.Text1(0).Text());
-  if (!ListsCustomers(screen) || name.empty()) return false;
-  // After the store was away the list comes back with the customer that the screen still names.
-  if (!customers.HasCurrent() && !(customers.Refresh().Ok() && customers.FindFirst("Unvan=" + sources::Quoted(name)).Ok())) return false;
-  Cursor stored(world_.stores, "payer");
-  if (!OpenStoredCustomer(stored, customers)) {
-    customers.Refresh().Ignore();  // deleted at another terminal: the list shows who is left
-    return false;
-  }
-  if (NamesCard(name, customers.Text("Unvan"))) return true;
-  // A list of all cards can stand on a money account: what a customer pays is not paid by the till.
-  if (customers.Text("CariKod").starts_with('=')) return false;
-  return stored.Open("Select * From CariKartlar Where Unvan=" + sources::Quoted(name)).Ok() && stored.HasRows();
-}
-
-void MainButton::PostSaleLine() {
-  const std::string item = Trim(screen_.Text1(1).Text());
-  if (item.empty() || !cursors_.StokData.HasCurrent() || !NamesCard(item, cursors_.StokData.Text("StokAdi"))) {
-    screen_.Text1(1).SetFocus();  // the screen_ names no item, or not the one in front
-    return;
-  }
-  if (NumberOrZero(screen_.Text2(1).Text()) == 0) {
-    // A payment that was typed in a sale opens the button too, but there is nothing to sell.
-    screen_.Text2(1).SetFocus();
-    return;
-  }
-  Cursor stored(world_.stores, "sold");
-  if (world_.stores.Driver().IsOpen() && !OpenStoredItem(stored, cursors_.StokData)) {
-    screen_.Text1(1).SetFocus();  // its card was deleted at another terminal
-    return;
-  }
-  if (!IsNumeric(screen_.Text2(0).Text())) {
-    screen_.Text2(0).SetFocus();  // the name of an item that was looked up there is no price
-    return;
-  }
-  SetWaiting(true);
-  // One number serves all lines of a slip; printing the slip empties it.
-  if (form_.SlipNo.empty()) form_.SlipNo = settings_.NextSlipNumber();
-  const Status posted = posting_.PostLine();
-  SetWaiting(false);
-  if (!posted.Ok()) {
-    screen_.Command2.SetEnabled(true);
-    ShowRefusal(world_, posted);
-    return;
-  }
-  if (screen_.Label1(1).Caption() == " Barkod") screen_.Text1(1).SetFocus();
+bool MainButton::Try(const std::function<Status()>& work) {
+  const Status done = work();
+  if (done.Ok()) return true;
+  Allow(true);
+  ShowRefusal(world_, done);
+  return false;
 }
 
 void MainButton::SetWaiting(bool waiting) {
-  screen_.Command2.SetCaption(waiting ? "Bekleyin" : "Tamam");
+  screen_.Command2.SetCaption(waiting ? caption::kWait : caption::kConfirm);
   screen_.SetBusy(waiting);
+}
+
+void MainButton::OfferPosting() {
+  screen_.Command2.SetCaption(caption::kConfirm);
+}
+
+void MainButton::GiveUpLine() {
+  EndCorrection();
+  OfferPosting();
+}
+
+void MainButton::OfferDeletion(bool possible) {
+  screen_.Command2.SetCaption(caption::kDeleteLine);
+  Allow(possible);
+}
+
+void MainButton::OfferCorrection() {
+  screen_.Command3.SetCaption(caption::kCorrect);
+}
+
+void MainButton::EndCorrection() {
+  form_.EditLineId.clear();
+  screen_.Command3.SetCaption(caption::kExit);
+}
+
+bool MainButton::OffersPosting() const {
+  return screen_.Command2.Caption() == caption::kConfirm;
+}
+
+bool MainButton::OffersDeletion() const {
+  return screen_.Command2.Caption() == caption::kDeleteLine;
+}
+
+void MainButton::Allow(bool allowed) {
+  screen_.Command2.SetEnabled(allowed);
+}
+
+void MainButton::FollowAmounts() {
+  if (!OffersPosting()) return;
+  // While the list shows stock or deleted lines there is no customer to post to.
+  const bool customers = !screen_.StokChk.Checked() && !screen_.SilinenChk.Checked();
+  Allow(customers && NumberOrZero(screen_.Text2(1).Text()) + NumberOrZero(screen_.Text2(2).Text()) != 0);
+}
+
+void MainButton::Press() {
+  screen_.Command2.Press();
+}
+
+void MainButton::SetFocus() {
+  screen_.Command2.SetFocus();
 }
 
 }  // namespace karvel

@@ -1,6 +1,7 @@
 // What a feature of the desk is built on: the shared state, and the world outside. References to what the desk owns.
 #pragma once
 
+#include "books/shop.h"
 #include "desk/cursors.h"
 #include "desk/form_state.h"
 #include "desk/screen.h"
@@ -15,6 +16,7 @@ struct DeskParts {
   Cursors& cursors;
   Settings& settings;
   const World& world;
+  Shop shop;  // what the books are opened with
 };
 
 }  // namespace karvel

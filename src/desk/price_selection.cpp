@@ -1,11 +1,10 @@
 #include "desk/price_selection.h"
 
-#include <array>
-#include <string_view>
+#include <algorithm>
 
 #include "books/safe_calc.h"
-#include "books/sources.h"
-#include "books/steps.h"
+#include "books/special_prices.h"
+#include "desk/captions.h"
 #include "platform/messages.h"
 #include "text/format.h"
 #include "text/turkish.h"
@@ -13,14 +12,11 @@
 namespace karvel {
 namespace {
 
-constexpr std::array<std::string_view, 4> kPriceNames{"1.Fiyat", "2.Fiyat", "3.Fiyat", "Özel"};
-constexpr std::size_t kSpecial = 3;
-const Steps step("PriceSelection");
+// The slots, in the order of the price names.
+constexpr std::size_t kFirst = 0, kSecond = 1, kThird = 2, kSpecial = 3;
 
-std::size_t SlotOf(std::string_view priceName) {
-  for (std::size_t slot = 0; slot < kPriceNames.size(); ++slot)
-    if (kPriceNames[slot] == priceName) return slot;
-  return kSpecial;
+std::size_t SlotOf(PriceName name) {
+  return static_cast<std::size_t>(name);
 }
 
 }  // namespace
@@ -35,46 +31,50 @@ PriceSelection::PriceSelection(const DeskParts& parts)
 }
 
 void PriceSelection::ShowItem() {
-  if (form_.RepositionGuard == 66 || form_.KeyboardOpen) return;
-  screen_.Label1(2).SetCaption(std::string(kPriceNames[0]));
+  if (form_.RepositionGuard.ItemsStill() || form_.KeyboardOpen) return;
+  screen_.Label1(2).SetCaption(std::string(kPriceNames[kFirst]));
   FillSlots();
   screen_.List1.ClearItems();
-  if (!cursors_.StokData.HasCurrent() || form_.RepositionGuard == 99 || screen_.CariGrid.Visible()) return;
+  if (!cursors_.StokData.HasCurrent() || form_.RepositionGuard.ItemFieldsStill() || AtRest(screen_)) return;
 
   screen_.Text1(1).SetText(cursors_.StokData.Text("StokAdi"));
-  const std::size_t slot = SlotOf(Trim(screen_.Label1(2).Caption()));
+  const std::size_t slot = SlotOf(PriceNameOnScreen(screen_));
   screen_.Label1(2).SetCaption(std::string(kPriceNames[slot]));
   const double price = form_.PriceSlots[slot];
   const double discount = SafeCalcNumber(CalcOp::Multiply, price, screen_.Text2(3).Text()) / 100;
   screen_.Text2(0).SetText(Format(price - discount, form_.PriceFormat));
   KeepFloor();  // also where the text stays as it was and nobody hears of a change
-  const double pieces = slot == 1 ? cursors_.StokData.Number("Adet2") : slot == 2 ? cursors_.StokData.Number("Adet3") : 1;
+  const double pieces = slot == kSecond ? cursors_.StokData.Number("Adet2") : slot == kThird ? cursors_.StokData.Number("Adet3") : 1;
   screen_.Text2(1).SetText(PlainNumber(pieces));
+}
+
+void PriceSelection::ShowUnsoldItem() {
+  if (!cursors_.StokData.HasCurrent()) screen_.Text1(1).SetText("");
+  ShowItem();
+  screen_.Text2(1).SetText("0");
 }
 
 void PriceSelection::FillSlots() {
   const Cursor& card = cursors_.StokData;
-  Cursor& special = cursors_.OzelFiyat;
   auto& slots = form_.PriceSlots;
+  slots[kFirst] = card.Number(SecondPriceForGroup() ? "Fiyat2" : "Fiyat");
+  slots[kSecond] = card.Number("Fiyat2");
+  slots[kThird] = card.Number("Fiyat3");
   slots[kSpecial] = 0;
-  step("find special price", special.FindFirst("StokKod=" + sources::Quoted(card.Text("StokKod")) +
-                                               " And CariKod=" + sources::Quoted(cursors_.CariData.Text("CariKod"))));
-  slots[0] = card.Number(SecondPriceForGroup() ? "Fiyat2" : "Fiyat");
-  slots[1] = card.Number("Fiyat2");
-  slots[2] = card.Number("Fiyat3");
-  if (special.NoMatch()) return;
+  const SpecialPrices own = FindSpecialPrices(world_.stores, card.Text("StokKod"), cursors_.CariData.Text("CariKod"));
+  if (!own.kept) return;
   // The customer's own prices. His first one stands beside the card's as "Özel", it never replaces it.
-  if (const double own = special.Number("0Fiyat"); own != 0) slots[kSpecial] = own;
-  if (const double own = special.Number("1Fiyat"); own != 0) slots[1] = own;
-  if (const double own = special.Number("2Fiyat"); own != 0) slots[2] = own;
-  slots[0] = std::max(slots[0], card.Number("Fiyat"));
+  if (own.first != 0) slots[kSpecial] = own.first;
+  if (own.second != 0) slots[kSecond] = own.second;
+  if (own.third != 0) slots[kThird] = own.third;
+  slots[kFirst] = std::max(slots[kFirst], card.Number("Fiyat"));
 }
 
 void PriceSelection::Step() {
   Element& price = screen_.Text2(0);
   if (!screen_.Text1(1).Text().empty()) {
-    std::size_t slot = (SlotOf(Trim(screen_.Label1(2).Caption())) + 1) % kPriceNames.size();
-    if (form_.PriceSlots[slot] == 0) slot = form_.PriceSlots[kSpecial] != 0 ? kSpecial : 0;
+    std::size_t slot = (SlotOf(PriceNameOnScreen(screen_)) + 1) % kPriceNames.size();
+    if (form_.PriceSlots[slot] == 0) slot = form_.PriceSlots[kSpecial] != 0 ? kSpecial : kFirst;
     screen_.Label1(2).SetCaption(std::string(kPriceNames[slot]));
     price.SetText(Format(form_.PriceSlots[slot], form_.PriceFormat));
     price.SetFocus();

@@ -14,6 +14,8 @@ class PriceSelection {
   explicit PriceSelection(const DeskParts& parts);
   // The slots and, in a sale, the fields of the current item. What a move of StokData runs.
   void ShowItem();
+  // Another stock list in a sale: the fields name the item in front, and nothing of it is sold yet.
+  void ShowUnsoldItem();
   // A double tap on Label1(2): the next price that isn't 0.
   void Step();
   // Text2(0) changed: a price under the floor becomes the floor.

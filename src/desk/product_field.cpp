@@ -2,6 +2,7 @@
 
 #include "books/sources.h"
 #include "books/steps.h"
+#include "desk/captions.h"
 #include "desk/completion.h"
 #include "desk/screen_keyboard.h"
 #include "platform/event_loop.h"
@@ -26,8 +27,8 @@ bool FindIn(Cursor& among, std::initializer_list<const char*> columns, const std
 
 }  // namespace
 
-ProductField::ProductField(const DeskParts& parts)
-    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world) {
+ProductField::ProductField(const DeskParts& parts, MainButton& button)
+    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world), button_(button) {
   Element& field = screen_.Text1(1);
   connections_ += field.keyDown.Connect([this](const KeyEvent& event) {
     if (event.code == key::kEnter) EnterDown();
@@ -51,10 +52,10 @@ ProductField::ProductField(const DeskParts& parts)
 }
 
 void ProductField::Focused() {
-  if (form_.RepositionGuard == 66) return;
+  if (form_.RepositionGuard.ItemsStill()) return;
   form_.ActiveFieldCode = 1;
   Element& field = screen_.Text1(1);
-  const bool byBarcode = screen_.Label1(1).Caption() == " Barkod";
+  const bool byBarcode = SearchesByBarcode(screen_);
   if (!byBarcode && field.Text().empty() && cursors_.StokData.HasRows()) NameItemInFront();
   // The next name or code, typed or scanned, takes the place of what stands there.
   field.SelectAll();
@@ -124,55 +125,54 @@ bool ProductField::FindOutside(Columns columns, const std::string& text) {
 
 void ProductField::EnterCharacter() {
   Element& field = screen_.Text1(1);
-  if (Trim(field.Text()).empty()) return;
-  form_.RepositionGuard = 99;
+  if (Trim(field.Text()).empty() || !TakeEntered()) return;
+  if (!screen_.SecimTamam.Checked()) {
+    screen_.Text2(1).SetFocus();
+    return;
+  }
+  screen_.Text2(1).SetText("1");  // each code is one piece, whatever quantity stood there
+  button_.Press();
+  if (field.HasFocus()) field.SelectAll();  // the next code takes the place of this name
+}
+
+bool ProductField::TakeEntered() {
+  const Muted muted(form_.RepositionGuard, Mute::Fields);
+  Element& field = screen_.Text1(1);
   screen_.Text2(0).SetText("0");
   // The card that the first pass found by its code stays: another may bear the same name.
   const bool found = (matched_ && field.Text() == cursors_.StokData.Text("StokAdi")) || FindCard(field.Text());
   matched_ = false;
-  if (found) {
-    // An item to sell ends a correction or a deletion that was begun.
-    form_.EditLineId.clear();
-    screen_.Command3.SetCaption("Çıkış");
-    screen_.Command2.SetCaption("Tamam");
-    field.SetText(cursors_.StokData.Text("StokAdi"));
-    screen_.Text2(0).SetText(Format(cursors_.StokData.Number("Fiyat"), form_.PriceFormat));
-    if (screen_.SecimTamam.Checked()) {
-      form_.RepositionGuard = 0;
-      screen_.Text2(1).SetText("1");  // each code is one piece, whatever quantity stood there
-      screen_.Command2.Press();
-      if (field.HasFocus()) field.SelectAll();  // the next code takes the place of this name
-    } else {
-      screen_.Text2(1).SetFocus();
-    }
-  } else {
+  if (!found) {
     field.SetText("");
+    return false;
   }
-  form_.RepositionGuard = 0;
+  button_.GiveUpLine();  // an item to sell ends a correction or a deletion that was begun
+  field.SetText(cursors_.StokData.Text("StokAdi"));
+  screen_.Text2(0).SetText(Format(cursors_.StokData.Number("Fiyat"), form_.PriceFormat));
+  return true;
+}
+
+bool ProductField::FindQuietly(const std::string& text) {
+  const Muted muted(form_.RepositionGuard, Mute::Fields);
+  Cursor& cards = cursors_.StokData;
+  step("find name", cards.FindFirst("StokAdi Like '" + text + "*'"));
+  return !cards.NoMatch();
 }
 
 void ProductField::TextChanged() {
   const std::string& text = screen_.Text1(1).Text();
-  if (!screen_.Text1(1).HasFocus() || screen_.Label1(1).Caption() != " Ürün" || Trim(text).empty() || text == "*") return;
-  Cursor& cards = cursors_.StokData;
+  if (!screen_.Text1(1).HasFocus() || screen_.Label1(1).Caption() != caption::kByName || Trim(text).empty() || text == "*") return;
+  const Cursor& cards = cursors_.StokData;
   if (text == cards.Text("StokAdi")) return;  // the row in front is the one meant
-  const float guard = form_.RepositionGuard;
-  form_.RepositionGuard = 99;
-  step("find name", cards.FindFirst("StokAdi Like '" + text + "*'"));
-  form_.RepositionGuard = guard;
-  if (!cards.NoMatch()) screen_.Text2(0).SetText(Format(cards.Number("Fiyat"), form_.PriceFormat));
+  if (FindQuietly(text)) screen_.Text2(0).SetText(Format(cards.Number("Fiyat"), form_.PriceFormat));
 }
 
 void ProductField::KeyUp(const KeyEvent& event) {
   Element& field = screen_.Text1(1);
   if (!IsCompletingKey(event) || field.Text().empty() || field.Text() == "*") return;
-  Cursor& cards = cursors_.StokData;
+  const Cursor& cards = cursors_.StokData;
   if (cards.HasCurrent() && cards.Text("StokAdi") == field.Text()) return;
-  form_.RepositionGuard = 99;
-  step("find name", cards.FindFirst("StokAdi Like '" + field.Text() + "*'"));
-  const bool found = !cards.NoMatch();
-  form_.RepositionGuard = 0;
-  if (found && !form_.KeyboardOpen) Complete(field, cards.Text("StokAdi"));
+  if (FindQuietly(field.Text()) && !form_.KeyboardOpen) Complete(field, cards.Text("StokAdi"));
 }
 
 void ProductField::CodeRead(const std::string& code) {

@@ -6,6 +6,7 @@
 #include <initializer_list>
 #include <string>
 
+#include "desk/main_button.h"
 #include "desk/parts.h"
 #include "platform/signal.h"
 
@@ -13,13 +14,17 @@ namespace karvel {
 
 class ProductField {
  public:
-  explicit ProductField(const DeskParts& parts);
+  ProductField(const DeskParts& parts, MainButton& button);
 
  private:
   using Columns = std::initializer_list<const char*>;
   void Focused();
   void EnterDown();       // first pass, at the key's going down
   void EnterCharacter();  // second pass, at the key's character
+  // The card of what was entered comes in front and its price into the field, while no other field follows; false when nobody has it.
+  bool TakeEntered();
+  // Whether the list has a name that begins so; it then stands there, and no field follows.
+  bool FindQuietly(const std::string& text);
   // Stands on the card of what was entered.
   bool FindCard(const std::string& text);
   bool FindOutside(Columns columns, const std::string& text);
@@ -37,6 +42,7 @@ class ProductField {
   FormState& form_;
   Cursors& cursors_;
   const World& world_;
+  MainButton& button_;
   bool matched_ = false;  // the first pass of this Enter found the card in front by its barcode
   bool reading_ = false;
   std::deque<std::string> codes_;  // read and not yet entered, the oldest first

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "books/steps.h"
+#include "desk/captions.h"
 #include "platform/keyboard.h"
 #include "text/format.h"
 #include "text/turkish.h"
@@ -44,19 +45,18 @@ void UnmarkFieldNames(Screen& screen) {
   for (int i = 0; i <= 6; ++i) screen.Label1(i).SetColor(color::kYellow);
 }
 
-SaleFields::SaleFields(const DeskParts& parts, PriceSelection& prices)
-    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world), prices_(prices) {
+SaleFields::SaleFields(const DeskParts& parts, PriceSelection& prices, MainButton& button)
+    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world), prices_(prices), button_(button) {
   Screen& screen = screen_;
   for (int i = 0; i < screen.Text2.Count(); ++i) {
     Element& box = screen.Text2(i);
     box.SetFontName("Agency FB");
     connections_ += box.changed.Connect([this, i] { Changed(i); });
     connections_ += box.gotFocus.Connect([this, i] { Focused(i); });
-    connections_ += box.lostFocus.Connect([this, i] { Left(i); });
+    connections_ += box.lostFocus.Connect([this, i] { LeaveField(i); });
     connections_ += box.character.Connect([this, i](CharacterEvent& event) { Character(i, event); });
   }
   screen.Label2.SetFontName("Agency FB");
-  screen.Label5.SetFontName("Agency FB");
   connections_ += screen.Label2.changed.Connect([&screen] { screen.Label2.SetCaption(Format(screen.Label2.Caption(), "#,##0.00")); });
   connections_ += screen.Text3.changed.Connect([this] { TakePadValue(); });
   for (int i = 0; i < screen.Label9.Count(); ++i) {
@@ -68,7 +68,7 @@ SaleFields::SaleFields(const DeskParts& parts, PriceSelection& prices)
 }
 
 void SaleFields::Changed(int index) {
-  if (form_.RepositionGuard == 66) return;
+  if (form_.RepositionGuard.ItemsStill()) return;
   Element& box = screen_.Text2(index);
   if (box.Text().empty()) {
     box.SetText("0");
@@ -84,7 +84,7 @@ void SaleFields::Changed(int index) {
     const double amount = NumberOrZero(screen_.Text2(kPrice).Text()) * NumberOrZero(screen_.Text2(kQuantity).Text());
     screen_.Label2.SetCaption(Format(amount, form_.PriceFormat));
   }
-  if (screen_.Command2.Caption() == "Tamam") OpenMainButton();
+  button_.FollowAmounts();
   if (index == kPayment) {
     const std::string grouped = Grouped(box.Text());
     if (grouped != box.Text()) {
@@ -103,13 +103,6 @@ void SaleFields::KeepFloor() {
   floored_ = {};
   prices_.KeepFloor();
   if (typed && price.Text() != asked) floored_ = {asked, price.Text()};
-}
-
-void SaleFields::OpenMainButton() {
-  Screen& screen = screen_;
-  // While the list shows stock or deleted lines there is no customer to post to.
-  const bool customers = !screen.StokChk.Checked() && !screen.SilinenChk.Checked();
-  screen.Command2.SetEnabled(customers && NumberOrZero(screen.Text2(kQuantity).Text()) + NumberOrZero(screen.Text2(kPayment).Text()) != 0);
 }
 
 void SaleFields::Focused(int index) {
@@ -151,10 +144,10 @@ void SaleFields::Character(int index, CharacterEvent& event) {
   world_.keyboard.Beep();
 }
 
-void SaleFields::Left(int index) {
+void SaleFields::LeaveField(int index) {
   Element& box = screen_.Text2(index);
   if (box.Text().empty()) box.SetText("0");
-  if (screen_.Label4.Caption() == "Alış" && form_.SerialEntryOn && NumberOrZero(screen_.Text2(kQuantity).Text()) > 0) {
+  if (ModeOnScreen(screen_) == LineMode::Purchase && form_.SerialEntryOn && NumberOrZero(screen_.Text2(kQuantity).Text()) > 0) {
     // More than there are pieces now: which of them to leave out only the goods can tell.
     if (static_cast<double>(screen_.List1.Items().size()) > NumberOrZero(screen_.Text2(kQuantity).Text())) screen_.List1.ClearItems();
     screen_.Frame4.SetVisible(true);

@@ -2,6 +2,7 @@
 // and Text3, through which the numeric pad answers.
 #pragma once
 
+#include "desk/main_button.h"
 #include "desk/parts.h"
 #include "desk/price_selection.h"
 #include "platform/signal.h"
@@ -10,9 +11,7 @@ namespace karvel {
 
 class SaleFields {
  public:
-  SaleFields(const DeskParts& parts, PriceSelection& prices);
-  // "Tamam" can be pressed when there is a quantity or a payment to post.
-  void OpenMainButton();
+  SaleFields(const DeskParts& parts, PriceSelection& prices, MainButton& button);
 
  private:
   // What the clerk has typed of a price while the floor stands in the field in its place.
@@ -23,7 +22,7 @@ class SaleFields {
   void KeepFloor();
   void Focused(int index);
   void Character(int index, CharacterEvent& event);
-  void Left(int index);
+  void LeaveField(int index);
   void LookUpPriceText();
   void TakePadValue();
 
@@ -32,6 +31,7 @@ class SaleFields {
   Cursors& cursors_;
   const World& world_;
   PriceSelection& prices_;
+  MainButton& button_;
   Floored floored_;
   bool typing_ = false;  // a letter is on its way into the price
   Connections connections_;

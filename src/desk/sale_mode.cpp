@@ -1,10 +1,13 @@
 #include "desk/sale_mode.h"
 
+#include <optional>
+
 #include "books/sources.h"
 #include "books/steps.h"
-#include "books/stored_cards.h"
 #include "desk/booking_panels.h"
+#include "desk/captions.h"
 #include "desk/list_in_front.h"
+#include "desk/sale_fields.h"
 #include "desk/screen_keyboard.h"
 #include "platform/event_loop.h"
 #include "platform/scanner.h"
@@ -17,14 +20,17 @@ namespace {
 const Steps step("SaleMode");
 }
 
-SaleMode::SaleMode(const DeskParts& parts, PriceSelection& prices, SaleFields& fields, DayTotal& dayTotal)
+SaleMode::SaleMode(const DeskParts& parts, PriceSelection& prices, MainButton& button, CustomerInFront& customer, BalanceDisplay& figure,
+                   DayTotal& dayTotal)
     : screen_(parts.screen),
       form_(parts.form),
       cursors_(parts.cursors),
       settings_(parts.settings),
       world_(parts.world),
       prices_(prices),
-      fields_(fields),
+      button_(button),
+      customer_(customer),
+      figure_(figure),
       dayTotal_(dayTotal) {
   Screen& screen = screen_;
   for (int i = 0; i < screen.Label1.Count(); ++i) connections_ += screen.Label1(i).dblClick.Connect([this, i] { DoubleTap(i); });
@@ -77,94 +83,85 @@ void SaleMode::FlipSearch() {
   }
   if (!form_.LastStokSearch.empty()) return;
   Element& label = screen_.Label1(1);
-  label.SetCaption(label.Caption() == " Barkod" ? " Ürün" : " Barkod");
+  label.SetCaption(SearchesByBarcode(screen_) ? caption::kByName : caption::kByBarcode);
   settings_.Save(Setting::SearchCaption, label.Caption());
   screen_.Text1(1).SetText("");
   screen_.Text1(1).SetFocus();
 }
 
 void SaleMode::EnterOrLeave() {
-  if (screen_.CariGrid.Visible()) {
+  if (AtRest(screen_)) {
     if (!Enter()) return;
   } else {
     Leave();
   }
-  if (screen_.CariGrid.Visible()) {
-    screen_.Label1(0).SetCaption(" Satış");
-    screen_.Command1.SetCaption("Yazdır");
+  if (AtRest(screen_)) {
+    screen_.Label1(0).SetCaption(caption::kToSale);
+    screen_.Command1.SetCaption(caption::kPrint);
     return;
   }
-  screen_.Label1(0).SetCaption(" Müşteri");
-  if (screen_.Label1(1).Caption() == " Barkod") screen_.Text1(1).SetFocus();
+  screen_.Label1(0).SetCaption(caption::kToCustomers);
+  if (SearchesByBarcode(screen_)) screen_.Text1(1).SetFocus();
 }
 
 bool SaleMode::Enter() {
-  Cursor& customers = cursors_.CariData;
   if (!ListsCustomers(screen_)) return false;  // no row of stock or of the day book buys anything
   CloseKeyboard(form_, screen_);               // what was written on it is taken, so the item in front is shown
   CloseBookingPanels(screen_);
   screen_.Text2(2).SetText("0");
   screen_.Text2(3).SetText("0");
-  if (ContainsText(customers.RecordSource(), "Gurup='Toptan")) {
-    // From the wholesale list the way leads back to the customers.
-    form_.RepositionGuard = 100;
-    step("customer list", customers.Open(sources::kCustomers));
-    form_.RepositionGuard = 0;
-    // The balance on the screen_ is that of the row in front, no more the wholesaler's.
-    if (customers.HasCurrent()) step("customer in front", customers.MoveTo(customers.CurrentKey()));
-    screen_.Text1(0).SetText("");
-    screen_.Label1(5).SetCaption(" Tahsilat");
-    screen_.Label1(0).SetCaption(" Müşteri");
-    screen_.Vadefrm.SetVisible(false);
+  if (ContainsText(cursors_.CariData.RecordSource(), "Gurup='Toptan")) {
+    ReturnFromWholesale();
     return false;
   }
   form_.SlipNo.clear();
-  if (customers.HasCurrent() && customers.Text("Unvan") == screen_.Text1(0).Text()) {
-    // The row in front is the one meant, also when another bears the same name.
-    step("chosen customer", customers.MoveTo(customers.CurrentKey()));
-  } else {
-    step("find customer", customers.FindFirst("Unvan='" + screen_.Text1(0).Text() + "'"));
-    if (customers.NoMatch()) return false;
-  }
-  screen_.Command2.SetCaption("Tamam");
+  if (!customer_.BringNamed(screen_.Text1(0).Text())) return false;
+  button_.OfferPosting();
   screen_.HareketGrid.SetMarker(false);
-  if (screen_.Text1(0).Text().empty()) screen_.Text1(0).SetText(customers.Text("Unvan"));
-  if (form_.RepositionGuard != 4) {
-    form_.RepositionGuard = 0;
-    form_.CurrentCustomerCode = customers.Text("CariKod");
-    screen_.CariGrid.SetVisible(false);
-    screen_.Label5.SetColor(color::kGreen);
-  }
-  step("day book", cursors_.HareketData.Open(sources::DayBookOf(customers.Text("CariKod"))));
+  if (screen_.Text1(0).Text().empty()) screen_.Text1(0).SetText(customer_.Name());
+  form_.RepositionGuard.Keep(Mute::Nothing);
+  form_.CurrentCustomerCode = customer_.Code();
+  screen_.CariGrid.SetVisible(false);
+  figure_.ColorForSale();
   // Ledger and due dates are the customer's own, also when the last sale was left in purchase mode, which mutes the list.
-  step("ledger", cursors_.CariHarData.Open(sources::LedgerOf(customers.Text("CariKod"))));
-  step("due dates", cursors_.VadeData.Open(sources::DueDatesOf(customers.Text(0))));
+  customer_.OpenBooks();
   dayTotal_.ShowToday();
-  screen_.Label8.SetCaption(customers.Text("Unvan"));
+  screen_.Label8.SetCaption(customer_.Name());
   ShowSaleScreen();
   return true;
 }
 
+void SaleMode::ReturnFromWholesale() {
+  {
+    const Muted muted(form_.RepositionGuard, Mute::DayBook);
+    step("customer list", cursors_.CariData.Open(sources::kCustomers));
+  }
+  // The balance on the screen is that of the row in front, no more the wholesaler's.
+  if (customer_.IsThere()) customer_.Follow();
+  screen_.Text1(0).SetText("");
+  screen_.Label1(5).SetCaption(caption::kCollection);
+  screen_.Label1(0).SetCaption(caption::kToCustomers);
+  screen_.Vadefrm.SetVisible(false);
+}
+
 void SaleMode::ShowSaleScreen() {
-  const bool byBarcode = screen_.Label1(1).Caption() == " Barkod";
+  const bool byBarcode = SearchesByBarcode(screen_);
   screen_.Frame2.SetVisible(true);
   screen_.Frame2.BringToFront();
-  if (byBarcode) form_.RepositionGuard = 66;  // with a scanner no item is offered before the first code
-  step("refresh stock", cursors_.StokData.Refresh());
-  form_.RepositionGuard = 0;
+  RefreshStock(byBarcode);
   std::string name = screen_.Label8.Caption();
   while (!name.empty() && world_.window.TextWidth("Label8", name + "  ") > world_.window.InnerWidth("Label8"))
     name = LeftLetters(name, LetterCount(name) - 1);
   screen_.Label8.SetCaption(name);
   screen_.Text1(0).SetEnabled(false);
-  screen_.Label4.SetCaption("Satış");
+  ShowMode(LineMode::Sale);
   screen_.Label4.SetColor(color::kYellow);
-  if (screen_.CariGrid.Visible()) form_.ActiveCursor = &cursors_.CariData;
+  if (AtRest(screen_)) form_.ActiveCursor = &cursors_.CariData;
   screen_.Text2(1).SetText("0");
   screen_.Label2.SetCaption("0,00");
   screen_.StokGrid.SetVisible(cursors_.StokData.HasRows());
   screen_.HareketGrid.SetVisible(true);
-  if (ContainsText(cursors_.CariData.Text("Unvan"), sources::kWalkIn)) screen_.Command1.SetCaption("Tahsilat");
+  if (ContainsText(customer_.Name(), sources::kWalkIn)) screen_.Command1.SetCaption(caption::kCollectAtOnce);
   if (byBarcode) {
     screen_.Text1(1).SetText("");
     screen_.Label11.SetCaption("");
@@ -174,58 +171,67 @@ void SaleMode::ShowSaleScreen() {
   }
 }
 
+// With a scanner no item is offered before the first code.
+void SaleMode::RefreshStock(bool quietly) {
+  std::optional<Muted> muted;
+  if (quietly) muted.emplace(form_.RepositionGuard, Mute::Items);
+  step("refresh stock", cursors_.StokData.Refresh());
+}
+
 void SaleMode::Leave() {
   CloseBookingPanels(screen_);
   // The next customer's items are looked for in the whole list.
   screen_.Text5.SetText("");
   if (ContainsText(cursors_.StokData.RecordSource(), " Like ")) {
-    form_.RepositionGuard = 66;
+    const Muted muted(form_.RepositionGuard, Mute::Items);
     step("all stock", cursors_.StokData.Open(sources::kStock));
-    form_.RepositionGuard = 0;
   }
   screen_.CariGrid.SetVisible(true);
   screen_.StokGrid.SetVisible(false);
   screen_.HareketGrid.SetVisible(false);
-  screen_.Label5.SetColor(color::kWhite);
+  figure_.ColorForRest();
   // Beside the list stands the balance again, not the sum of the day or of a slip.
-  screen_.Label1(7).SetCaption("Bakiye");
-  screen_.Label5.SetCaption(PlainNumber(StoredBalance(world_.stores, cursors_.CariData)));
+  ShowBalance();
   screen_.Text1(0).SetEnabled(true);
   screen_.Text2(2).SetText("0");
   screen_.Text2(3).SetText("0");
-  screen_.Label8.SetCaption(cursors_.CariData.Text("CariKod"));
+  screen_.Label8.SetCaption(customer_.Code());
   screen_.Frame2.SetVisible(false);
   // An item or a line that was tapped in the sale is not meant any more: at rest the button takes payments.
-  form_.EditLineId.clear();
-  screen_.Command3.SetCaption("Çıkış");
   screen_.Text2(1).SetText("0");
-  screen_.Command2.SetCaption("Tamam");
-  fields_.OpenMainButton();
+  button_.GiveUpLine();
+  button_.FollowAmounts();
   step("refresh ledger", cursors_.CariHarData.Refresh());
   step("refresh movements", cursors_.StokHarData.Refresh());
   screen_.CariGrid.SetFocus();
 }
 
+void SaleMode::ShowBalance() {
+  figure_.NameBalance();
+  figure_.Show(customer_.StoredBalance());
+}
+
+void SaleMode::ShowMode(LineMode mode) {
+  screen_.Label4.SetCaption(std::string(NameOf(mode)));
+}
+
 void SaleMode::NextMode() {
-  const std::string mode = screen_.Label4.Caption();
-  screen_.Label4.SetCaption(mode == "Satış" ? "İade" : mode == "İade" ? "Alış" : "Satış");
+  const LineMode mode = ModeOnScreen(screen_);
+  ShowMode(mode == LineMode::Sale ? LineMode::Return : mode == LineMode::Return ? LineMode::Purchase : LineMode::Sale);
   screen_.Frame4.SetVisible(false);
   screen_.StokGrid.SetFocus();
-  step("day book", cursors_.HareketData.Open(sources::DayBookOf(cursors_.CariData.Text("CariKod"), "Asc")));
+  customer_.OpenDayBook("Asc");
 }
 
 void SaleMode::TapStock() {
-  form_.EditLineId.clear();
-  screen_.Label5.SetColor(color::kGreen);
-  screen_.Command3.SetCaption("Çıkış");
+  figure_.ColorForSale();
   CloseKeyboard(form_, screen_);
-  screen_.Command2.SetCaption("Tamam");
-  fields_.OpenMainButton();
+  button_.GiveUpLine();
+  button_.FollowAmounts();
   UnmarkFieldNames(screen_);
   form_.ActiveCursor = &cursors_.StokData;
-  screen_.Label4.SetCaption("Satış");
-  screen_.Label1(7).SetCaption("Bakiye");
-  screen_.Label5.SetCaption(PlainNumber(StoredBalance(world_.stores, cursors_.CariData)));
+  ShowMode(LineMode::Sale);
+  ShowBalance();
 }
 
 }  // namespace karvel

@@ -1,25 +1,34 @@
 // Entering and leaving a sale, and the double taps on the names in Label1 and on the mode in Label4.
 #pragma once
 
+#include "books/line_mode.h"
+#include "desk/balance_display.h"
+#include "desk/customer_in_front.h"
 #include "desk/day_total.h"
+#include "desk/main_button.h"
 #include "desk/parts.h"
 #include "desk/price_selection.h"
-#include "desk/sale_fields.h"
 #include "platform/signal.h"
 
 namespace karvel {
 
 class SaleMode {
  public:
-  SaleMode(const DeskParts& parts, PriceSelection& prices, SaleFields& fields, DayTotal& dayTotal);
+  SaleMode(const DeskParts& parts, PriceSelection& prices, MainButton& button, CustomerInFront& customer, BalanceDisplay& figure,
+           DayTotal& dayTotal);
 
  private:
   void DoubleTap(int index);
   void FlipSearch();  // Label1(1): " Ürün" and " Barkod"
   void EnterOrLeave();
   bool Enter();  // false: nothing changed
+  // From the wholesale list the way leads back to the customers.
+  void ReturnFromWholesale();
   void ShowSaleScreen();
+  void RefreshStock(bool quietly);
   void Leave();
+  void ShowBalance();
+  void ShowMode(LineMode mode);
   void NextMode();  // Label4
   void TapStock();
 
@@ -29,7 +38,9 @@ class SaleMode {
   Settings& settings_;
   const World& world_;
   PriceSelection& prices_;
-  SaleFields& fields_;
+  MainButton& button_;
+  CustomerInFront& customer_;
+  BalanceDisplay& figure_;
   DayTotal& dayTotal_;
   Connections connections_;
 };

@@ -1,15 +1,16 @@
 #include "desk/shut_down.h"
 
+#include "desk/captions.h"
 #include "desk/screen_keyboard.h"
 #include "platform/event_loop.h"
 #include "platform/window.h"
 
 namespace karvel {
 
-ShutDown::ShutDown(const DeskParts& parts, WindowRule& windowRule)
-    : screen_(parts.screen), form_(parts.form), settings_(parts.settings), world_(parts.world), windowRule_(windowRule) {
+ShutDown::ShutDown(const DeskParts& parts, LongPress& longPress)
+    : screen_(parts.screen), form_(parts.form), settings_(parts.settings), world_(parts.world), longPress_(longPress) {
   connections_ += screen_.Command3.click.Connect([this] {
-    if (screen_.Command3.Caption() == "Çıkış") world_.window.Close();
+    if (screen_.Command3.Caption() == caption::kExit) world_.window.Close();
   });
 }
 
@@ -18,7 +19,7 @@ bool ShutDown::CloseRequested(bool byProgram) {
   screen_.SetBusy(true);
   if (!byProgram) world_.window.SaveFitting("VelmoraKrv");
   settings_.SaveBoolean(Setting::WindowFixed, form_.Sabit);
-  windowRule_.StopTimer();
+  longPress_.End();
   screen_.Frame5.SetVisible(true);
   screen_.Frame5.BringToFront();
   CloseKeyboard(form_, screen_);

@@ -1,15 +1,15 @@
 // How the desk closes: what is kept is saved, and the window goes.
 #pragma once
 
+#include "desk/long_press.h"
 #include "desk/parts.h"
-#include "desk/window_rule.h"
 #include "platform/signal.h"
 
 namespace karvel {
 
 class ShutDown {
  public:
-  ShutDown(const DeskParts& parts, WindowRule& windowRule);
+  ShutDown(const DeskParts& parts, LongPress& longPress);
   // The window's close request. True: the window may go.
   bool CloseRequested(bool byProgram);
 
@@ -18,7 +18,7 @@ class ShutDown {
   FormState& form_;
   Settings& settings_;
   const World& world_;
-  WindowRule& windowRule_;
+  LongPress& longPress_;
   Connections connections_;
 };
 

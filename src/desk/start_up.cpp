@@ -2,9 +2,13 @@
 
 #include <fmt/format.h>
 
+#include "books/customer_cards.h"
 #include "books/sources.h"
 #include "books/steps.h"
+#include "books/terminal_group.h"
+#include "desk/captions.h"
 #include "desk/list_columns.h"
+#include "desk/template_copying.h"
 #include "platform/clock.h"
 #include "platform/connection.h"
 #include "platform/event_loop.h"
@@ -17,43 +21,39 @@
 #include "settings/terminal.h"
 #include "text/format.h"
 #include "text/turkish.h"
-#include "touch/file_operations.h"
 
 namespace karvel {
 namespace {
 constexpr const char* kFitting = "VelmoraKrv";
-constexpr int kTemplates = 8;  // the catalogue's first eight files lie in the data folder
 const Steps step("StartUp");
 }  // namespace
 
-StartUp::StartUp(const DeskParts& parts, CustomerList& customers, Options& options, PriceSelection& prices, WindowRule& windowRule)
-    : screen_(parts.screen),
+StartUp::StartUp(const DeskParts& parts, const Features& features)
+    : shop_(parts.shop),
+      screen_(parts.screen),
       form_(parts.form),
       cursors_(parts.cursors),
       settings_(parts.settings),
       world_(parts.world),
-      customers_(customers),
-      options_(options),
-      prices_(prices),
-      windowRule_(windowRule) {}
+      features_(features) {}
 
 bool StartUp::Load() {
-  if (!world_.shell.ClaimOnlyCopy(settings_.Title())) return false;                                 // 1.
-  world_.window.RestoreFitting(kFitting);                                                           // 2.
-  world_.shell.MakeShortcut(settings_.Title());                                                     // 3.
-  screen_.Label1(1).SetCaption(settings_.Get(Setting::SearchCaption));                              // 4.
-  FixTerminal();                                                                                    // 5.
-  ReadCompanyFiles();                                                                               // 6.
-  FixDataFolder();                                                                                  // 7.
-  if (const Status made = world_.files.MakeFolder(form_.DataDir); !made.Ok()) return Refuse(made);  // 8.
-  if (!CopyTemplates() || !OpenStores()) return false;                                              // 9.
-  KeepTerminalGroup();                                                                              // 10.
-  FillStockGroups();                                                                                // 11.
-  form_.CustomerGroup = settings_.Get(Setting::CustomerGroup);                                      // 12.
+  if (!world_.shell.ClaimOnlyCopy(settings_.Title())) return false;
+  world_.window.RestoreFitting(kFitting);
+  world_.shell.MakeShortcut(settings_.Title());
+  screen_.Label1(1).SetCaption(settings_.Get(Setting::SearchCaption));
+  FixTerminal();
+  ReadCompanyFiles();
+  FixDataFolder();
+  if (const Status made = world_.files.MakeFolder(form_.DataDir); !made.Ok()) return Refuse(made);
+  if (!CopyTemplates() || !OpenStores()) return false;
+  step("terminal group", KeepTerminalGroup(shop_));
+  FillStockGroups();
+  form_.CustomerGroup = settings_.Get(Setting::CustomerGroup);
   form_.StockGroup = settings_.Get(Setting::StockGroup);
   SetSources();
-  RefreshAll();                                          // 13.
-  screen_.DTPicker1.SetDate(world_.clock.Now().Date());  // 14.
+  RefreshAll();
+  screen_.DTPicker1.SetDate(world_.clock.Now().Date());
   ReadFormats();
   form_.Sabit = settings_.GetBoolean(Setting::WindowFixed);
   return true;
@@ -90,17 +90,8 @@ void StartUp::FixDataFolder() {
 }
 
 bool StartUp::CopyTemplates() {
-  CSHFileOp copy(world_.files);
-  for (const DatabaseFile& file : Catalogue::Files().first(kTemplates)) {
-    const std::string target = form_.DataDir + std::string(file.name);
-    if (world_.files.Exists(target)) continue;
-    copy.ClearSourceFiles();
-    copy.ClearDestFiles();
-    copy.AddSourceFile(world_.files.ProgramFolder() + "/" + std::string(file.name));
-    copy.AddDestFile(target);
-    if (const auto copied = copy.CopyFiles(); !copied) return Refuse(copied.error().status);
-  }
-  return true;
+  const Status copied = CopyMissingTemplates(world_.files, form_.DataDir);
+  return copied.Ok() || Refuse(copied);
 }
 
 bool StartUp::OpenStores() {
@@ -112,25 +103,6 @@ bool StartUp::Refuse(const Status& status) {
   step("open", status);
   world_.messages.MessageBox(ClerkMessage(status), "Program Açılamadı", MessageIcon::Stop, MessageButtons::Ok);
   return false;
-}
-
-void StartUp::KeepTerminalGroup() {
-  Cursor& groups = cursors_.HareketData;
-  form_.RepositionGuard = 100;
-  groups.SetDatabaseName(form_.DataDir + "Stok.Mdb");
-  step("terminal groups", groups.Open("Gurup"));
-  {
-    // Looked for under the lock: terminals that start together add it once.
-    Action action(world_.stores, "KeepTerminalGroup");
-    step("find terminal group", groups.FindFirst("Gurup='WinKarvel1'"));
-    if (groups.NoMatch()) {
-      step("add terminal group", groups.AddNew());
-      groups.Set("Gurup", "WinKarvel1");
-      step("update terminal group", groups.Update());
-    }
-    step("commit terminal group", action.Finish());
-  }
-  groups.Close();
 }
 
 void StartUp::FillStockGroups() {
@@ -167,7 +139,7 @@ void StartUp::SetSources() {
 }
 
 void StartUp::RefreshAll() {
-  form_.RepositionGuard = 555;
+  opening_.emplace(form_.RepositionGuard, Mute::Customers);
   for (Cursor* const cursor :
        {&cursors_.StokData, &cursors_.CariData, &cursors_.IndexPrimary, &cursors_.GunData, &cursors_.SeriNoData, &cursors_.OzelFiyat,
         &cursors_.GurupData, &cursors_.Fatura, &cursors_.FatHareket, &cursors_.DataTmp, &cursors_.DataMevcut, &cursors_.HareketData,
@@ -182,15 +154,15 @@ void StartUp::ReadFormats() {
 
 void StartUp::Activate() {
   if (screen_.Command3.Visible()) return;
-  windowRule_.ApplyFixed();  // 1.
+  features_.window.Apply();
   screen_.Label16.SetCaption("Bilgiler Düzenleniyor, Lütfen Bekleyiniz.....");
   screen_.Frame5.SetVisible(true);
   screen_.Frame5.BringToFront();
   world_.loop.Wait(1000);
-  options_.Read();                                    // 2., 5.
-  if (screen_.FtpVar.Checked()) WaitForConnection();  // 4.
-  options_.StartScanner();                            // 6.
-  ReadFormats();                                      // 7.
+  features_.options.Read();
+  if (screen_.FtpVar.Checked()) WaitForConnection();
+  features_.options.StartScanner();
+  ReadFormats();
   if (settings_.Get(Setting::QuantityFormat, "").empty()) {
     form_.QuantityFormat = "General Number";
     settings_.Save(Setting::QuantityFormat, form_.QuantityFormat);
@@ -199,32 +171,41 @@ void StartUp::Activate() {
     form_.PriceFormat = "Standard";
     settings_.Save(Setting::PriceFormat, form_.PriceFormat);
   }
-  screen_.GrpCombo.Choose(0);                                                                  // 8.
-  screen_.Command3.SetVisible(true);                                                           // 9.
-  if (cursors_.CariData.HasRows()) screen_.Text1(0).SetText(cursors_.CariData.Text("Unvan"));  // 10.
-  LayOutGrids();                                                                               // 11.
-  windowRule_.ApplyFonts();
-  form_.ActiveCursor = &cursors_.CariData;  // 12.
-  customers_.FillGroups();
-  customers_.ShowGroup(form_.CustomerGroup.empty() ? sources::kAllGroups : form_.CustomerGroup);
-  if (EqualText(screen_.GurupCombo.Text(), "Toptan")) {
-    // The wholesalers of yesterday are still paid today, not collected from.
-    screen_.Label1(5).SetCaption(" Ödeme");
-    screen_.Label1(0).SetCaption(" Toptan");
-  }
-  prices_.SetFirstPriceColumn();
+  screen_.GrpCombo.Choose(0);
+  screen_.Command3.SetVisible(true);
+  if (cursors_.CariData.HasRows()) screen_.Text1(0).SetText(cursors_.CariData.Text("Unvan"));
+  LayOutLists(screen_, form_, cursors_);
+  features_.font.Apply();
+  form_.ActiveCursor = &cursors_.CariData;
+  ShowGroups();
   opening();
-  screen_.MnPop(13).SetCaption("Kdv " + settings_.Get(Setting::TaxMode));  // 13.
-  customers_.KeepWalkIn();                                                 // 14.
-  screen_.Label5.SetColor(color::kWhite);
-  if (cursors_.CariData.HasCurrent()) {
-    // What the screen_ says beside the row in front is his.
-    screen_.Label5.SetCaption(PlainNumber(cursors_.CariData.Number("Bakiye")));
-    screen_.Label8.SetCaption(cursors_.CariData.Text("CariKod"));
-  }
-  screen_.Vadefrm.SetVisible(false);  // 15.
+  screen_.MnPop(13).SetCaption("Kdv " + settings_.Get(Setting::TaxMode));
+  step("walk-in customer", KeepWalkInCustomer(shop_));
+  features_.customer.RefreshList();
+  opening_.reset();
+  ShowCustomerInFront();
+  screen_.Vadefrm.SetVisible(false);
   screen_.Frame5.SetVisible(false);
   screen_.CariGrid.SetFocus();
+}
+
+void StartUp::ShowGroups() {
+  features_.groups.Fill();
+  features_.groups.Show(form_.CustomerGroup.empty() ? sources::kAllGroups : form_.CustomerGroup);
+  if (EqualText(screen_.GurupCombo.Text(), "Toptan")) {
+    // The wholesalers of yesterday are still paid today, not collected from.
+    screen_.Label1(5).SetCaption(caption::kPayment);
+    screen_.Label1(0).SetCaption(caption::kWholesale);
+  }
+  features_.prices.SetFirstPriceColumn();
+}
+
+// What the screen says beside the row in front is his; his books are opened when he is first looked up.
+void StartUp::ShowCustomerInFront() {
+  features_.balance.ColorForRest();
+  if (!features_.customer.IsThere()) return;
+  features_.balance.Show(cursors_.CariData.Number("Bakiye"));
+  screen_.Label8.SetCaption(features_.customer.Code());
 }
 
 void StartUp::WaitForConnection() {
@@ -234,34 +215,6 @@ void StartUp::WaitForConnection() {
     world_.loop.Wait(100);
   }
   screen_.BağlantıFrm.SetVisible(false);
-}
-
-void StartUp::LayOutGrids() {
-  const std::string& price = form_.PriceFormat;
-  const std::string& quantity = form_.QuantityFormat;
-  screen_.CariGrid.SetColumns(CustomerColumns(form_));
-  screen_.CariGrid.SetSource(&cursors_.CariData);
-  screen_.StokGrid.SetColumns({{"Stok Kodu", "StokKod"},
-                               {"Stok Adı", "StokAdi"},
-                               {"Maliyet", "gFiyat", true, Align::Right, price},
-                               {"1.Fiyat", "Fiyat", true, Align::Right, price},
-                               {"2.Fiyat", "Fiyat2", true, Align::Right, price},
-                               {"3.Fiyat", "Fiyat3", true, Align::Right, price},
-                               {"Kalan", "KalanB", true, Align::Right, quantity},
-                               {"Yeri", "Yeri"}});
-  screen_.StokGrid.SetSource(&cursors_.StokData);
-  screen_.HareketGrid.SetColumns({{"Tarih", "Tarih"},
-                                  {"Stok Kodu", "StokKod", false},
-                                  {"Stok Adı", "StokAd"},
-                                  {"Miktar", "Miktar", true, Align::Right, quantity},
-                                  {"Fiyat", "Fiyat", true, Align::Right, price},
-                                  {"Tutar", "Tutar", true, Align::Right, price},
-                                  {"Tahsilat", "Tahsilat", true, Align::Right, price},
-                                  {"Olay", "Durum"}});
-  screen_.HareketGrid.SetSource(&cursors_.HareketData);
-  // They stand in a sale alone.
-  screen_.StokGrid.SetVisible(false);
-  screen_.HareketGrid.SetVisible(false);
 }
 
 }  // namespace karvel

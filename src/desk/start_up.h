@@ -2,17 +2,32 @@
 // options and fills the lists.
 #pragma once
 
-#include "desk/customer_list.h"
+#include <optional>
+
+#include "desk/balance_display.h"
+#include "desk/customer_in_front.h"
+#include "desk/desk_font.h"
+#include "desk/fixed_window.h"
+#include "desk/group_list.h"
 #include "desk/options.h"
 #include "desk/parts.h"
 #include "desk/price_selection.h"
-#include "desk/window_rule.h"
 
 namespace karvel {
 
 class StartUp {
  public:
-  StartUp(const DeskParts& parts, CustomerList& customers, Options& options, PriceSelection& prices, WindowRule& windowRule);
+  // What is made ready at the start.
+  struct Features {
+    CustomerInFront& customer;
+    BalanceDisplay& balance;
+    GroupList& groups;
+    PriceSelection& prices;
+    Options& options;
+    FixedWindow& window;
+    DeskFont& font;
+  };
+  StartUp(const DeskParts& parts, const Features& features);
 
   // False when this copy must end at once.
   bool Load();
@@ -27,24 +42,23 @@ class StartUp {
   void FixDataFolder();
   bool CopyTemplates();
   bool OpenStores();
-  void KeepTerminalGroup();
   void FillStockGroups();
   void SetSources();
   void RefreshAll();
   void ReadFormats();
   void WaitForConnection();
-  void LayOutGrids();
+  void ShowGroups();
+  void ShowCustomerInFront();
   bool Refuse(const Status& status);  // tells the clerk; false
 
+  Shop shop_;
   Screen& screen_;
   FormState& form_;
   Cursors& cursors_;
   Settings& settings_;
   const World& world_;
-  CustomerList& customers_;
-  Options& options_;
-  PriceSelection& prices_;
-  WindowRule& windowRule_;
+  const Features features_;
+  std::optional<Muted> opening_;  // until the desk is open nobody is in front
 };
 
 }  // namespace karvel

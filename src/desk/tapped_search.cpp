@@ -2,6 +2,7 @@
 
 #include "books/sources.h"
 #include "books/steps.h"
+#include "desk/captions.h"
 #include "desk/completion.h"
 #include "desk/list_in_front.h"
 #include "desk/new_cards.h"
@@ -21,18 +22,17 @@ const std::string kSearched =
 
 }  // namespace
 
-TappedSearch::TappedSearch(const DeskParts& parts, CustomerList& customers, PriceSelection& prices)
-    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), customers_(customers), prices_(prices) {
-  Screen& screen = screen_;
-  connections_ += screen.Text1(0).click.Connect([this] { TapCustomer(); });
-  connections_ += screen.Text1(0).lostFocus.Connect([this] { LeftCustomer(); });
-  connections_ += screen.Text1(1).click.Connect([this] { TapProduct(); });
-  connections_ += screen.Text1(1).lostFocus.Connect([this] { LeftProduct(); });
+TappedSearch::TappedSearch(const DeskParts& parts, CustomerInFront& customer, PriceSelection& prices)
+    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), customer_(customer), prices_(prices) {
+  connections_ += screen_.Text1(0).click.Connect([this] { TapCustomer(); });
+  connections_ += screen_.Text1(0).lostFocus.Connect([this] { LeaveCustomer(); });
+  connections_ += screen_.Text1(1).click.Connect([this] { TapProduct(); });
+  connections_ += screen_.Text1(1).lostFocus.Connect([this] { LeaveProduct(); });
 }
 
 void TappedSearch::TapCustomer() {
   // The same list also shows stock and the day book, which have fields of their own for that.
-  if (!screen_.CariGrid.Visible() || !ListsCustomers(screen_)) return;
+  if (!AtRest(screen_) || !ListsCustomers(screen_)) return;
   if (form_.KeyboardOpen) {
     TakeCustomer();
   } else {
@@ -42,9 +42,7 @@ void TappedSearch::TapCustomer() {
 
 void TappedSearch::StartCustomer() {
   const std::string group = form_.ActiveFieldCode == 0 ? std::string() : form_.CustomerGroup;
-  form_.RepositionGuard = 555;
-  step("customer list", cursors_.CariData.Open(sources::CustomersOfGroupNamed(group, "")));
-  form_.RepositionGuard = 0;
+  customer_.ShowList(sources::CustomersOfGroupNamed(group, ""));
   OpenKeyboard(form_, screen_, screen_.Text1(0));
   screen_.Text1(0).SetText("");
 }
@@ -52,25 +50,27 @@ void TappedSearch::StartCustomer() {
 void TappedSearch::TakeCustomer() {
   CloseKeyboard(form_, screen_);
   const std::string text = screen_.Text1(0).Text();
-  Cursor& customers = cursors_.CariData;
-  form_.RepositionGuard = 99;
-  step("customer list", customers.Open(kSearched));
-  if (!FindCustomer(text)) {
-    form_.RepositionGuard = 0;
+  if (!ShowFound(text)) {
     OpenCustomerCard(screen_, Trim(text));
     return;
   }
+  customer_.Follow();
+  screen_.CariGrid.SetFocus();
+}
+
+bool TappedSearch::ShowFound(const std::string& text) {
+  const Muted muted(form_.RepositionGuard, Mute::Fields);
+  Cursor& customers = cursors_.CariData;
+  step("customer list", customers.Open(kSearched));
+  if (!FindCustomer(text)) return false;
   const RowKey found = customers.CurrentKey();
-  const std::string name = customers.Text("Unvan");
-  screen_.Text1(0).SetText(name);
+  screen_.Text1(0).SetText(customers.Text("Unvan"));
   const bool wholesale = EqualText(customers.Text("Gurup"), "Toptan");
   if (wholesale) customers.SetRecordSource(sources::CustomersOfGroup("Toptan"));
-  screen_.Label1(5).SetCaption(wholesale ? " Ödeme" : " Tahsilat");
+  screen_.Label1(5).SetCaption(wholesale ? caption::kPayment : caption::kCollection);
   step("customer list", customers.Refresh());
   step("found customer", customers.MoveTo(found));
-  form_.RepositionGuard = 0;
-  customers_.FollowInFront();
-  screen_.CariGrid.SetFocus();
+  return true;
 }
 
 bool TappedSearch::FindCustomer(const std::string& text) {
@@ -88,63 +88,58 @@ bool TappedSearch::FindCustomer(const std::string& text) {
 void TappedSearch::TapProduct() {
   if (form_.KeyboardOpen) {
     TakeProduct();
-  } else if (screen_.Label1(1).Caption() != " Barkod") {
-    StartProduct();
+  } else if (!SearchesByBarcode(screen_)) {
+    ShowAllStock();
+    OpenKeyboard(form_, screen_, screen_.Text1(1));
+    screen_.Text1(1).SetText("");
   }
 }
 
-void TappedSearch::StartProduct() {
-  form_.RepositionGuard = 66;
+void TappedSearch::ShowAllStock() {
+  const Muted muted(form_.RepositionGuard, Mute::Items);
   step("all stock", cursors_.StokData.Open(sources::kStock));
-  form_.RepositionGuard = 0;
-  OpenKeyboard(form_, screen_, screen_.Text1(1));
-  screen_.Text1(1).SetText("");
 }
 
 void TappedSearch::TakeProduct() {
   CloseKeyboard(form_, screen_);
   const std::string text = screen_.Text1(1).Text();
-  Cursor& cards = cursors_.StokData;
-  form_.RepositionGuard = 99;
   form_.LastStokSearch = text;
-  step("cards of that name", cards.Open(sources::StockNamed(text)));
-  step("find name", cards.FindFirst("StokAdi Like '" + text + "*'"));
-  if (!cards.NoMatch()) {
-    screen_.Text1(1).SetText(cards.Text("StokAdi"));
-    screen_.Text2(0).SetText(Format(cards.Number("Fiyat"), form_.PriceFormat));
-    screen_.Text2(1).SetFocus();
-    form_.RepositionGuard = 0;
-    return;
-  }
-  // A list of nothing would hide the next item from the scanner.
-  form_.RepositionGuard = 66;
-  step("all stock", cards.Open(sources::kStock));
-  form_.RepositionGuard = 0;
+  if (ShowNamed(text)) return;
+  ShowAllStock();  // a list of nothing would hide the next item from the scanner
   OpenStockCard(form_, screen_, text);
 }
 
-void TappedSearch::LeftCustomer() {
+bool TappedSearch::ShowNamed(const std::string& text) {
+  const Muted muted(form_.RepositionGuard, Mute::Fields);
+  Cursor& cards = cursors_.StokData;
+  step("cards of that name", cards.Open(sources::StockNamed(text)));
+  step("find name", cards.FindFirst("StokAdi Like '" + text + "*'"));
+  if (cards.NoMatch()) return false;
+  screen_.Text1(1).SetText(cards.Text("StokAdi"));
+  screen_.Text2(0).SetText(Format(cards.Number("Fiyat"), form_.PriceFormat));
+  screen_.Text2(1).SetFocus();
+  return true;
+}
+
+void TappedSearch::LeaveCustomer() {
   if (!form_.KeyboardOpen) return;
   CloseKeyboard(form_, screen_);
   // The field was emptied and the list began anew: what is paid now goes to the row in front, so it must say so.
-  if (ListsCustomers(screen_) && Trim(screen_.Text1(0).Text()).empty()) customers_.FollowInFront();
+  if (ListsCustomers(screen_) && Trim(screen_.Text1(0).Text()).empty()) customer_.Follow();
 }
 
-void TappedSearch::LeftProduct() {
+void TappedSearch::LeaveProduct() {
   if (!form_.KeyboardOpen) return;
   CloseKeyboard(form_, screen_);
   if (!screen_.Frame2.Visible()) return;
-  Cursor& cards = cursors_.StokData;
+  const Cursor& cards = cursors_.StokData;
   const std::string text = Trim(screen_.Text1(1).Text());
   if (text.empty()) {
-    // Nothing was looked for: the fields name the item in front, and nothing of it is sold yet.
-    prices_.ShowItem();
-    screen_.Text2(1).SetText("0");
+    prices_.ShowUnsoldItem();  // nothing was looked for
   } else if (cards.HasCurrent() && NamesCard(text, cards.Text("StokAdi"))) {
     // What the keyboard muted: the name is completed, and its prices are those of this item and customer.
-    form_.RepositionGuard = 99;
+    const Muted muted(form_.RepositionGuard, Mute::Fields);
     prices_.ShowItem();
-    form_.RepositionGuard = 0;
     screen_.Text1(1).SetText(cards.Text("StokAdi"));
   }
 }

@@ -2,7 +2,7 @@
 // second takes what was typed and looks it up. Whoever leaves the field without the second tap goes on with the row in front.
 #pragma once
 
-#include "desk/customer_list.h"
+#include "desk/customer_in_front.h"
 #include "desk/parts.h"
 #include "desk/price_selection.h"
 #include "platform/signal.h"
@@ -11,23 +11,27 @@ namespace karvel {
 
 class TappedSearch {
  public:
-  TappedSearch(const DeskParts& parts, CustomerList& customers, PriceSelection& prices);
+  TappedSearch(const DeskParts& parts, CustomerInFront& customer, PriceSelection& prices);
 
  private:
   void TapCustomer();
   void StartCustomer();
   void TakeCustomer();
+  // The list in which the customer was found, on his row, while no field follows; false when nobody is.
+  bool ShowFound(const std::string& text);
   bool FindCustomer(const std::string& text);
   void TapProduct();
-  void StartProduct();
+  void ShowAllStock();
   void TakeProduct();
-  void LeftCustomer();
-  void LeftProduct();
+  // The list of the cards whose name begins so, and the first of them in the fields; false when there is none.
+  bool ShowNamed(const std::string& text);
+  void LeaveCustomer();
+  void LeaveProduct();
 
   Screen& screen_;
   FormState& form_;
   Cursors& cursors_;
-  CustomerList& customers_;
+  CustomerInFront& customer_;
   PriceSelection& prices_;
   Connections connections_;
 };

@@ -2,7 +2,7 @@
 
 #include "desk/desk.h"
 #include "exchange/grid_layout.h"
-#include "exchange/purge.h"
+#include "exchange/purge_at_start.h"
 
 namespace karvel {
 
@@ -10,7 +10,7 @@ namespace karvel {
 struct Exchange::Features {
   explicit Features(Desk& desk) : purge(desk.Parts(), desk.Opening()), layouts(desk.Parts(), desk.Opening()) {}
 
-  Purge purge;
+  PurgeAtStart purge;
   GridLayout layouts;
 };
 

@@ -58,10 +58,9 @@ void Settings::SaveBooleanAt(Setting setting, int index, bool value) {
   store_.Save(Application(entry), std::string(entry.section), key, BooleanText(value));
 }
 
-std::string Settings::NextSlipNumber() {
-  const SettingEntry& entry = EntryOf(Setting::SlipNo);
-  return store_.Change(Application(entry), std::string(entry.section), std::string(entry.key), std::string(entry.preset),
-                       [](const std::string& last) { return Format(NumberOrZero(last) + 1, "000000"); });
+std::string Settings::Change(Setting setting, const std::function<std::string(const std::string&)>& change) {
+  const SettingEntry& entry = EntryOf(setting);
+  return store_.Change(Application(entry), std::string(entry.section), std::string(entry.key), std::string(entry.preset), change);
 }
 
 }  // namespace karvel

@@ -2,6 +2,7 @@
 // Booleans are saved as "True" and "False"; True, Doğru and every number but 0 read as true, anything else as false.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/settings_store.h"
@@ -32,8 +33,8 @@ class Settings {
   [[nodiscard]] bool GetBooleanAt(Setting setting, int index) const;
   void SaveBooleanAt(Setting setting, int index, bool value);
 
-  // Takes the next slip number, six digits or more, and saves it. Never gives one number twice, whichever terminals ask.
-  std::string NextSlipNumber();
+  // Reads, changes and saves an option with no other terminal in between; returns its new value.
+  std::string Change(Setting setting, const std::function<std::string(const std::string&)>& change);
 
  private:
   [[nodiscard]] std::string Application(const SettingEntry& entry) const;

@@ -197,7 +197,7 @@ TEST_F(CollectionPanelTest, afterwards_the_payment_field_is_empty_and_the_sale_g
   EXPECT_EQ(At("Text2(2)").Text(), "0");
   EXPECT_EQ(At("Command2").Caption(), "Tamam");
   EXPECT_FALSE(At("CariGrid").Visible());
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
   PickItem("1001");
   Post("1");
   EXPECT_EQ(Balance("Muhtelif Müşteri"), "150.0|100.0|50.0|Borç");

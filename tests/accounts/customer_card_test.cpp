@@ -50,7 +50,7 @@ TEST_F(CustomerCardTest, afterwards_the_panel_is_empty_and_closed_and_the_custom
   for (int i = 0; i < 10; ++i) EXPECT_EQ(desk->screen.CariNew(i).Text(), "");
   EXPECT_TRUE(At("Text1(0)").HasFocus());
   EXPECT_EQ(At("Text1(0)").Text(), desk->cursors.CariData.Text("Unvan"));  // an empty field shows the list's first
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
   EXPECT_EQ(Customer("zeynep")["Unvan"], "zeynep");
 }
 
@@ -247,14 +247,14 @@ TEST_F(CustomerCardTest, a_refusal_keeps_the_row_in_front_and_mutes_nothing_afte
   At("CariNew(0)").SetText("c001");
   Click("CariNewCmd(1)");
   EXPECT_EQ(desk->cursors.CariData.Text("CariKod"), "C002");
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
   EXPECT_EQ(At("CariNew(1)").Text(), "zeynep");
 }
 
 TEST_F(CustomerCardTest, cancel_mutes_nothing_afterwards) {
   Open("zeynep");
   Click("CariNewCmd(0)");
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
   Front("C002");
   EXPECT_EQ(At("Text1(0)").Text(), "Burak Demir");
 }

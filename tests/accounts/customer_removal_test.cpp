@@ -60,7 +60,7 @@ TEST_F(CustomerRemovalTest, a_history_goes_without_a_question_and_the_card_stays
   EXPECT_EQ(Count("Karvel.mdb", "Datam WHERE CariKod='C002'"), "1");
   EXPECT_EQ(Count("Stok.mdb", "StokHareket WHERE Carisi='C002'"), "1");
   EXPECT_EQ(desk->cursors.StokHarData.RecordSource(), "StokHareket");
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
   EXPECT_TRUE(desk->screen.CariGrid.Marker());
 }
 
@@ -188,7 +188,7 @@ TEST_F(CustomerRemovalTest, purchases_stay_in_the_stock_with_what_they_brought) 
   EXPECT_EQ(Card("1001")["GirenMik"], "4.0");
   EXPECT_EQ(Count("Karvel.mdb", "Datam"), "0");
   EXPECT_EQ(Balance("C001"), "0.0|0.0|0.0|Borç");
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
 }
 
 TEST_F(CustomerRemovalTest, afterwards_the_screen_shows_nothing_owed_and_no_notice) {
@@ -213,7 +213,7 @@ TEST_F(CustomerRemovalTest, after_a_store_that_refuses_the_screen_shows_what_is_
   EXPECT_EQ(At("Label5").Caption(), "150,00");
   EXPECT_TRUE(At("Vadefrm").Visible());
   EXPECT_EQ(desk->cursors.HareketData.RecordCount(), 1);
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
   EXPECT_FALSE(desk->screen.Busy());
 }
 

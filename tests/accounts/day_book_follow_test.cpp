@@ -48,7 +48,7 @@ TEST_F(DayBookFollowTest, guard_100_mutes_it) {
   EnterSale("Ayşe Yılmaz");
   desk->screen.Label5.SetCaption("1");
   desk->screen.HareketGrid.SetMarker(false);
-  desk->form.RepositionGuard = 100;
+  desk->form.RepositionGuard.Keep(Mute::DayBook);
   ASSERT_TRUE(desk->cursors.HareketData.MoveNext().Ok());
   EXPECT_EQ(At("Label5").Caption(), "1,00");
   EXPECT_FALSE(desk->screen.HareketGrid.Marker());

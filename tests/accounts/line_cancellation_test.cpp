@@ -23,7 +23,7 @@ TEST_F(LineCancellationTest, a_sale_is_taken_back_and_stays_in_the_day_book) {
   EXPECT_EQ(Balance("C001"), "0.0|0.0|0.0|Borç");
   EXPECT_EQ(Due("C001"), Lines{});
   EXPECT_EQ(At("Label5").Color(), color::kBlack);
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
   EXPECT_TRUE(At("StokGrid").HasFocus());
   EXPECT_TRUE(desk->screen.HareketGrid.Marker());
   EXPECT_FALSE(At("Command2").Enabled());
@@ -122,7 +122,7 @@ TEST_F(LineCancellationTest, a_line_that_was_handed_on_is_refused_and_the_desk_s
   EXPECT_EQ(messages.shown[1].text, "Veri Aktarımı Yapılmış Silinemez..!");
   EXPECT_EQ(Day(id)["Durum"], "Satış");
   EXPECT_EQ(Balance("C001"), "100.0|0.0|100.0|Borç");
-  EXPECT_EQ(desk->form.RepositionGuard, 555);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 555);
   EXPECT_EQ(desk->cursors.CariData.RecordSource(), "CariKartlar");
   EXPECT_EQ(desk->cursors.CariHarData.RecordSource(), "Select * From CariHareket Where DigerId='" + id + "'");
   EXPECT_FALSE(stores->InAction());
@@ -207,7 +207,7 @@ TEST_F(LineCancellationTest, a_store_that_refuses_takes_nothing_back) {
   EXPECT_EQ(Card("1001")["CikanMik"], "2.0");
   EXPECT_EQ(Due("C001"), Lines{"100.0"});
   EXPECT_TRUE(At("Command2").Enabled());
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
   engine.commitFault = {};
   messages.answers.push_back("Yes");
   Click("Command2");
@@ -368,7 +368,7 @@ TEST_F(LineCancellationTest, a_line_that_another_terminal_cancelled_meanwhile_is
   Click("Command2");
   EXPECT_EQ(Day(id)["Durum"], "Iptal");
   EXPECT_EQ(Due("C001"), due);
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
 }
 
 TEST_F(LineCancellationTest, a_line_that_another_terminal_corrected_is_taken_back_as_it_is_now) {

@@ -74,7 +74,7 @@ TEST_F(LineCorrectionTest, afterwards_nothing_is_in_correction_and_the_button_is
   EXPECT_FALSE(At("Command2").Enabled());
   EXPECT_EQ(At("Command2").Caption(), "Tamam");
   EXPECT_EQ(desk->form.EditLineId, "");
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
   EXPECT_EQ(desk->cursors.HareketData.Text("DigerId"), id);
 }
 
@@ -229,7 +229,7 @@ TEST_F(LineCorrectionTest, a_purchase_is_corrected_as_a_sale_that_is_how_it_stan
   EXPECT_EQ(Balance("C001"), "300.0|250.0|50.0|Borç");
 }
 
-TEST_F(LineCorrectionTest, a_money_line_is_corrected_as_a_sale_on_the_movement_in_front_that_is_how_it_stands) {
+TEST_F(LineCorrectionTest, a_money_line_is_corrected_as_a_sale_and_touches_no_movement_of_another_line) {
   Sell("Ayşe Yılmaz", "1001", "3");
   const std::string sale = LastId();
   Pay("Ayşe Yılmaz", "60");
@@ -239,8 +239,8 @@ TEST_F(LineCorrectionTest, a_money_line_is_corrected_as_a_sale_on_the_movement_i
   EXPECT_EQ(Day(id)["Tutar"], "20.0");
   EXPECT_EQ(Day(id)["Tahsilat"], "60.0");
   EXPECT_EQ(Day(id)["Durum"], "Nakit");
-  EXPECT_EQ(Movement(sale)["Miktar"], "2.0");  // it has no movement of its own: the one that was found last takes the figures
-  EXPECT_EQ(Card("1001")["CikanMik"], "2.0");
+  EXPECT_EQ(Movement(sale)["Miktar"], "3.0");  // it has no movement of its own
+  EXPECT_EQ(Card("1001")["CikanMik"], "3.0");
   EXPECT_EQ(Ledger(id, "C001")["Borc"], "20.0");
   EXPECT_EQ(Ledger(id, "C001")["Alacak"], "60.0");
   EXPECT_EQ(Balance("C001"), "170.0|60.0|110.0|Borç");

@@ -213,7 +213,7 @@ TEST_F(MoneyPostingTest, afterwards_the_list_stands_on_the_customer_and_the_fiel
   EXPECT_EQ(At("Text2(2)").Text(), "0");
   EXPECT_EQ(At("Command2").Caption(), "Tamam");
   EXPECT_EQ(At("Label1(5)").Caption(), " Tahsilat");
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
   EXPECT_FALSE(desk->screen.Busy());
   EXPECT_TRUE(desk->cursors.CariData.NoMatch() || desk->cursors.HareketData.Text("DigerId") == LastId());
   // The filtered list is back: no money account can be chosen in it.

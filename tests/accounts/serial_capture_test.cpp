@@ -97,13 +97,13 @@ TEST_F(SerialCaptureTest, the_look_leaves_the_item_of_the_line_in_front) {
   EXPECT_EQ(At("Text1(1)").Text(), "Telefon");
   EXPECT_EQ(At("Text2(1)").Text(), "2");
   EXPECT_EQ(Taken(), Texts{"S1"}) << "the list is dropped with the item, and the item stays";
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
 }
 
 TEST_F(SerialCaptureTest, the_name_in_the_field_decides_which_item_the_line_has) {
-  desk->form.RepositionGuard = 66;
+  desk->form.RepositionGuard.Keep(Mute::Items);
   ASSERT_TRUE(desk->cursors.StokData.FindFirst("StokKod='1002'").Ok());
-  desk->form.RepositionGuard = 0;
+  desk->form.RepositionGuard.Keep(Mute::Nothing);
   Scan("S1");
   EXPECT_EQ(desk->cursors.StokData.Text("StokKod"), "1001");
 }
@@ -118,9 +118,9 @@ TEST_F(SerialCaptureTest, a_quote_is_a_letter_like_others) {
 }
 
 TEST_F(SerialCaptureTest, a_quantity_of_zero_finishes_at_once) {
-  desk->form.RepositionGuard = 66;
+  desk->form.RepositionGuard.Keep(Mute::Items);
   At("Text2(1)").SetText("0");
-  desk->form.RepositionGuard = 0;
+  desk->form.RepositionGuard.Keep(Mute::Nothing);
   Key("Text4", key::kEnter);
   ASSERT_EQ(messages.shown.size(), 1U);
   EXPECT_EQ(messages.shown[0].title, "Giriş Tamam");
@@ -164,9 +164,9 @@ TEST_F(SerialCaptureTest, the_items_own_barcode_is_refused_as_well) {
 
 TEST_F(SerialCaptureTest, the_item_is_found_again_also_with_a_quote_in_its_name) {
   AddStock("1003", "Ali''nin Saati");
-  desk->form.RepositionGuard = 66;
+  desk->form.RepositionGuard.Keep(Mute::Items);
   ASSERT_TRUE(desk->cursors.StokData.FindFirst("StokKod='1002'").Ok());
-  desk->form.RepositionGuard = 0;
+  desk->form.RepositionGuard.Keep(Mute::Nothing);
   At("Text1(1)").SetText("Ali'nin Saati");
   Type("Text4", "S1");
   Key("Text4", key::kEnter);

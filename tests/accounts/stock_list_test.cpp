@@ -91,7 +91,7 @@ TEST_F(StockListTest, the_screen_follows_to_the_customer_that_comes_back) {
   Tick(false);
   EXPECT_EQ(At("Text1(0)").Text(), "Ayşe Yılmaz");
   EXPECT_EQ(At("Label5").Caption(), "75,50");
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
 }
 
 TEST_F(StockListTest, in_the_wholesale_branch_the_tick_opens_the_receipt) {
@@ -188,7 +188,7 @@ TEST_F(StockListTest, the_first_tap_opens_the_keyboard_over_all_cards) {
   EXPECT_TRUE(desk->form.KeyboardOpen);
   EXPECT_EQ(At("Stoktxt").Text(), "");
   EXPECT_EQ(Listed(), (Names{"Pirinç", "Sabun", "Şeker"}));
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
 }
 
 TEST_F(StockListTest, the_second_tap_takes_the_name) {
@@ -350,7 +350,7 @@ TEST_F(StockListTest, no_sale_is_entered_from_the_cards) {
 TEST_F(StockListTest, with_the_days_turnover_in_front_the_search_looks_for_the_lines_item) {
   Sql("Karvel.mdb",
       "INSERT INTO Datam(CariKod, StokAd, Tarih) VALUES('C001','Bal','2026-03-01 10:00:00'),('C001','Un','2026-03-01 09:00:00')");
-  desk->form.RepositionGuard = 555;
+  desk->form.RepositionGuard.Keep(Mute::Customers);
   At("CiroChk").SetChecked(true);
   desk->cursors.CariData.SetDatabaseName(desk->form.DataDir + "Karvel.Mdb");
   ASSERT_TRUE(desk->cursors.CariData.Open("Select * From Datam Order By Tarih Desc").Ok());
@@ -360,10 +360,10 @@ TEST_F(StockListTest, with_the_days_turnover_in_front_the_search_looks_for_the_l
 
 TEST_F(StockListTest, the_switch_mutes_nothing_afterwards) {
   Tick();
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
   EXPECT_TRUE(desk->cursors.CariData.DatabaseName().ends_with("Stok.Mdb"));
   Tick(false);
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
   EXPECT_TRUE(desk->cursors.CariData.DatabaseName().ends_with("Cari.Mdb"));
   EXPECT_EQ(desk->cursors.CariData.RecordSource(),
             "Select * From CariKartlar Where HesKullan=False And Gurup<>'Toptan' And Left(CariKod,1)<>'=' Order By Unvan Asc");

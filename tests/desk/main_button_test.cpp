@@ -28,7 +28,7 @@ TEST_F(MainButtonTest, it_is_off_and_says_wait_under_a_busy_pointer_while_a_sale
   EnterSale("Ayşe Yılmaz");
   PickItem("1001");
   bool waiting = false;
-  connections += desk->cursors.StokHarData.repositioned.Connect(
+  connections += desk->cursors.HareketData.repositioned.Connect(
       [&] { waiting = desk->screen.Busy() && At("Command2").Caption() == "Bekleyin" && !At("Command2").Enabled() && !scanner.enabled; });
   Post("1");
   EXPECT_TRUE(waiting);
@@ -342,9 +342,9 @@ TEST_F(MainButtonTest, the_till_does_not_pay_what_the_customer_on_the_screen_pay
   LeaveSale();
   ASSERT_TRUE(desk->cursors.CariData.Open("CariKartlar").Ok());
   Set("Text1(0)", "Ayşe Yılmaz");
-  desk->form.RepositionGuard = 99;
+  desk->form.RepositionGuard.Keep(Mute::Fields);
   ASSERT_TRUE(desk->cursors.CariData.FindFirst("CariKod='=100'").Ok());
-  desk->form.RepositionGuard = 0;
+  desk->form.RepositionGuard.Keep(Mute::Nothing);
   ASSERT_EQ(At("Text1(0)").Text(), "Ayşe Yılmaz");
   PayInFront("5");
   EXPECT_EQ(Booked(), Lines{});

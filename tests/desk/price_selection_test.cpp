@@ -206,7 +206,7 @@ TEST_F(PriceSelectionTest, under_guard_99_a_move_fills_the_slots_and_leaves_the_
   EnterSale("Ayşe Yılmaz");
   PickItem("1002");
   Set("Text2(1)", "7");
-  desk->form.RepositionGuard = 99;
+  desk->form.RepositionGuard.Keep(Mute::Fields);
   Move("1001");
   EXPECT_EQ(desk->form.PriceSlots, (std::array<double, 4>{50, 540, 1000, 45}));
   EXPECT_EQ(At("Text1(1)").Text(), "Şeker");
@@ -218,7 +218,7 @@ TEST_F(PriceSelectionTest, under_guard_99_a_move_names_the_first_price) {
   EnterSale("Ayşe Yılmaz");
   PickItem("1001");
   DoubleTap("Label1(2)");
-  desk->form.RepositionGuard = 99;
+  desk->form.RepositionGuard.Keep(Mute::Fields);
   Move("1002");
   EXPECT_EQ(Name(), "1.Fiyat");
 }
@@ -228,7 +228,7 @@ TEST_F(PriceSelectionTest, under_guard_66_a_move_changes_nothing) {
   PickItem("1001");
   DoubleTap("Label1(2)");
   At("List1").AddItem("SN-1");
-  desk->form.RepositionGuard = 66;
+  desk->form.RepositionGuard.Keep(Mute::Items);
   Move("1002");
   EXPECT_EQ(desk->form.PriceSlots, (std::array<double, 4>{50, 540, 1000, 0}));
   EXPECT_EQ(Name() + " " + Price(), "2.Fiyat 540,00");
@@ -267,7 +267,7 @@ TEST_F(PriceSelectionTest, a_move_under_guard_99_drops_the_serials_too) {
   EnterSale("Ayşe Yılmaz");
   PickItem("1001");
   At("List1").AddItem("SN-1");
-  desk->form.RepositionGuard = 99;
+  desk->form.RepositionGuard.Keep(Mute::Fields);
   Move("1002");
   EXPECT_TRUE(At("List1").Items().empty());
 }

@@ -41,7 +41,7 @@ TEST_F(ProductFieldTest, enter_finds_by_barcode_code_and_name) {
     EXPECT_EQ(At("Text1(1)").Text(), "Pirinç Osmancık");
     EXPECT_EQ(At("Text2(0)").Text(), "40,00");
     EXPECT_TRUE(At("Text2(1)").HasFocus());
-    EXPECT_EQ(desk->form.RepositionGuard, 0);
+    EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
   }
 }
 
@@ -244,7 +244,7 @@ TEST_F(ProductFieldTest, an_unknown_code_leaves_a_price_of_zero_and_no_guard) {
   Enter("1002");
   Enter("404");
   EXPECT_EQ(At("Text2(0)").Text(), "0");
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
   EXPECT_EQ(Item(), "1002");
 }
 
@@ -415,7 +415,7 @@ TEST_F(ProductFieldTest, a_field_with_a_name_in_it_keeps_the_name) {
 
 TEST_F(ProductFieldTest, under_guard_66_the_focus_is_not_noted) {
   At("Text2(3)").SetFocus();
-  desk->form.RepositionGuard = 66;
+  desk->form.RepositionGuard.Keep(Mute::Items);
   At("Text1(1)").SetFocus();
   EXPECT_EQ(desk->form.ActiveFieldCode, 3);
 }

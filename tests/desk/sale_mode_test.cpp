@@ -99,7 +99,7 @@ TEST_F(SaleModeTest, with_a_scanner_no_item_is_offered_and_the_product_field_has
   EnterSale("Ayşe Yılmaz");
   EXPECT_EQ(At("Text1(1)").Text(), "");
   EXPECT_TRUE(At("Text1(1)").HasFocus());
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
 }
 
 TEST_F(SaleModeTest, the_mode_goes_round) {

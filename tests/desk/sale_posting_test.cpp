@@ -434,7 +434,7 @@ TEST_F(SalePostingTest, after_a_line_the_fields_stand_ready_for_the_next) {
   EXPECT_EQ(At("Text2(0)").Text(), "50");
   EXPECT_EQ(At("Command2").Caption(), "Tamam");
   EXPECT_TRUE(At("StokGrid").HasFocus());
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
   EXPECT_EQ(At("Label5").Caption(), "150,00");
   EXPECT_EQ(At("Label5").Color(), color::kBlack);
   EXPECT_FALSE(desk->screen.Busy());
@@ -499,7 +499,7 @@ TEST_F(SalePostingTest, a_disk_that_fails_at_any_step_leaves_nothing_of_the_line
     EXPECT_EQ(At("Text2(1)").Text(), "2") << failing;
     EXPECT_EQ(At("Label2").Caption(), "1.080,00") << failing;
     EXPECT_EQ(At("Label1(2)").Caption(), "2.Fiyat");
-    EXPECT_EQ(desk->form.RepositionGuard, 0);
+    EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
     Click("Command2");
     ++lines;
     EXPECT_EQ(Day(LastId())["Miktar"], "24.0") << failing;

@@ -262,7 +262,7 @@ TEST_F(StartUpTest, the_wait_panel_stands_while_the_desk_is_made_ready) {
   EXPECT_EQ(At("GurupCombo").Text(), "Tüm Guruplar");
   EXPECT_EQ(At("Text1(0)").Text(), "");  // no card before the walk-in customer
   EXPECT_EQ(desk->form.ActiveCursor, &desk->cursors.CariData);
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
 }
 
 TEST_F(StartUpTest, a_damaged_file_is_told_by_name_and_left_alone) {

@@ -14,7 +14,7 @@ TEST_F(TappedCustomerTest, the_first_tap_empties_the_field_and_asks_for_the_keyb
   EXPECT_EQ(wanted, Names{"Text1(0)"});
   EXPECT_EQ(done, 0);
   EXPECT_EQ(At("Text1(0)").Text(), "");
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
 }
 
 TEST_F(TappedCustomerTest, the_first_tap_brings_the_standard_list_back) {

@@ -16,7 +16,7 @@ TEST_F(TappedProductTest, the_first_tap_on_the_product_empties_it_over_the_whole
   EXPECT_EQ(wanted, Names{"Text1(1)"});
   EXPECT_EQ(At("Text1(1)").Text(), "");
   EXPECT_EQ(Items(), (Names{"Pirinç Baldo", "Pirinç Osmancık", "Şeker"}));
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
 }
 
 TEST_F(TappedProductTest, the_second_tap_takes_the_item_and_narrows_the_list_to_the_name) {
@@ -45,7 +45,7 @@ TEST_F(TappedProductTest, an_unknown_item_is_a_new_card_with_the_text_as_its_nam
   EXPECT_TRUE(At("StokNew(0)").HasFocus());
   EXPECT_EQ(wanted, (Names{"Text1(1)", "StokNew(0)"}));
   EXPECT_EQ(desk->form.LastStokSearch, "Zeytin");
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
 }
 
 TEST_F(TappedProductTest, after_an_unknown_item_the_whole_list_is_there_for_the_scanner) {
@@ -296,7 +296,7 @@ TEST_F(TappedProductTest, signs_of_the_dialect_never_break_the_products_search) 
     Tap("Text1(1)");
     Write("Text1(1)", text);
     Tap("Text1(1)");
-    EXPECT_EQ(desk->form.RepositionGuard, 0);
+    EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
     At("StokGiris").SetVisible(false);
     At("StokGrid").SetFocus();
     PickItem("1001");

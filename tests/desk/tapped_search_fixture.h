@@ -52,7 +52,7 @@ class TappedSearchFixture : public DeskFixture {
     Write(field, text);
     Tap(field);
     EXPECT_FALSE(desk->form.KeyboardOpen);
-    EXPECT_EQ(desk->form.RepositionGuard, 0);
+    EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
   }
   void Special(const std::string& item, const std::string& price) {
     Sql("Cari.mdb", "INSERT INTO Cari(StokKod, CariKod, \"0Fiyat\") VALUES('" + item + "','C001'," + price + ")");

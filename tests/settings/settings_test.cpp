@@ -114,30 +114,5 @@ TEST(Settings, logo_marks_have_one_key_each) {
   EXPECT_FALSE(settings.GetBooleanAt(Setting::LogoMark, 0));
 }
 
-TEST(NextSlipNumber, counts_for_all_terminals_together) {
-  MemorySettings store;
-  Settings first(store, "Velmora Karvel1");
-  Settings second(store, "Velmora Karvel2");
-  EXPECT_EQ(first.NextSlipNumber(), "000001");
-  EXPECT_EQ(second.NextSlipNumber(), "000002");
-  EXPECT_EQ(first.NextSlipNumber(), "000003");
-  EXPECT_EQ(store.Get("Velmora Karvel", "Size", "DökNo", "-"), "000003");
-}
-
-TEST(NextSlipNumber, takes_number_and_saves_it_in_one_piece) {
-  MemorySettings store;
-  Settings(store, "Velmora Karvel1").NextSlipNumber();
-  EXPECT_EQ(store.Changes(), 1);
-}
-
-TEST(NextSlipNumber, goes_on_behind_six_digits_and_starts_over_from_a_damaged_one) {
-  MemorySettings store;
-  Settings settings(store, "Velmora Karvel1");
-  settings.Save(Setting::SlipNo, "999999");
-  EXPECT_EQ(settings.NextSlipNumber(), "1000000");
-  settings.Save(Setting::SlipNo, "");
-  EXPECT_EQ(settings.NextSlipNumber(), "000001");
-}
-
 }  // namespace
 }  // namespace karvel

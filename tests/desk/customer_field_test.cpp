@@ -89,7 +89,7 @@ TEST_F(CustomerListTest, typing_moves_the_list_and_completes_the_name) {
   EXPECT_EQ(At("Text1(0)").Text(), "Çetin Öz");
   EXPECT_EQ(At("Text1(0)").SelectionStart(), 2);
   EXPECT_EQ(desk->cursors.CariData.Text("CariKod"), "C002");
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
 }
 
 TEST_F(CustomerListTest, enter_takes_the_customer_and_goes_to_the_list) {
@@ -157,7 +157,7 @@ TEST_F(CustomerListTest, what_is_due_today_is_no_notice) {
 
 TEST_F(CustomerListTest, under_guard_99_a_move_leaves_the_fields_and_the_sources) {
   Choose("Çetin Öz");
-  desk->form.RepositionGuard = 99;
+  desk->form.RepositionGuard.Keep(Mute::Fields);
   Choose("Ahmet Işık");
   EXPECT_EQ(At("Text1(0)").Text(), "Çetin Öz");
   EXPECT_EQ(At("Label5").Caption(), "30,00");
@@ -168,7 +168,7 @@ TEST_F(CustomerListTest, under_guard_99_a_move_reads_the_day_book_anew) {
   Choose("Çetin Öz");
   ASSERT_EQ(desk->cursors.HareketData.RecordCount(), 1);
   Sql("Karvel.mdb", "INSERT INTO Datam(CariKod, CariAd, Tutar, Tarih, Durum) VALUES('C002','Çetin Öz',7,'2026-03-01 09:30:00','Satış')");
-  desk->form.RepositionGuard = 99;
+  desk->form.RepositionGuard.Keep(Mute::Fields);
   Choose("Ahmet Işık");
   EXPECT_EQ(desk->cursors.HareketData.RecordCount(), 2);
 }
@@ -178,7 +178,7 @@ TEST_F(CustomerListTest, under_guard_555_a_move_changes_nothing) {
   ASSERT_EQ(At("Command1").Caption(), "Tahsilat");
   const std::string book = desk->cursors.HareketData.RecordSource();
   At("Text1(0)").SetText("Ahmet Işık");
-  desk->form.RepositionGuard = 555;
+  desk->form.RepositionGuard.Keep(Mute::Customers);
   Choose("Ahmet Işık");
   EXPECT_EQ(At("Command1").Caption(), "Tahsilat");
   EXPECT_EQ(desk->cursors.HareketData.RecordSource(), book);
@@ -327,7 +327,7 @@ TEST_F(CustomerListTest, an_empty_field_takes_the_name_of_the_row_when_it_gets_t
   EXPECT_EQ(At("Text1(0)").Text(), "Ahmet Işık");
   EXPECT_EQ(At("Text1(0)").SelectionLength(), 10);
   EXPECT_EQ(desk->form.ActiveFieldCode, 0);
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
 }
 
 TEST_F(CustomerListTest, the_name_taken_on_focus_is_that_of_a_list_read_anew) {
@@ -416,7 +416,7 @@ TEST_F(CustomerListTest, name_balance_due_dates_and_button_follow_the_filter) {
   EXPECT_EQ(desk->cursors.VadeData.RecordSource(), "Select * From VadeGün Where CariKod='C002' Order By VadeTarih Asc");
   Set("Text5", "muh");
   EXPECT_EQ(At("Command1").Caption(), "Tahsilat");
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
 }
 
 TEST_F(CustomerListTest, the_notice_of_the_customer_before_goes_with_the_filter) {
@@ -485,7 +485,7 @@ TEST_F(CustomerListTest, in_a_sale_the_filter_narrows_the_stock) {
   EXPECT_EQ(At("Text1(1)").Text() + " " + At("Text2(0)").Text(), "Şeker 20,00");
   EXPECT_EQ(At("Text2(1)").Text(), "0");
   EXPECT_EQ(desk->cursors.CariData.Text("CariKod"), "C001");
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
   Post("2");
   EXPECT_EQ(Rows("Karvel.mdb", "SELECT CariKod, StokKod, Tutar FROM Datam WHERE StokKod<>''"), std::vector<std::string>{"C001|1002|40.0"});
 }

@@ -1,4 +1,5 @@
-#include "exchange/purge.h"
+#include "exchange/purge_at_start.h"
+#include "books/purge.h"
 
 #include <string>
 #include <vector>
@@ -103,16 +104,16 @@ TEST_F(PurgeTest, the_lists_show_what_is_left) {
 }
 
 TEST(Purge, is_due_on_new_years_day_and_every_thirtieth_after) {
-  EXPECT_TRUE(Purge::IsDue({2026, 1, 1, 23, 0, 0}));
-  EXPECT_FALSE(Purge::IsDue({2026, 1, 2, 0, 0, 0}));
-  EXPECT_FALSE(Purge::IsDue({2026, 1, 30, 0, 0, 0}));
-  EXPECT_TRUE(Purge::IsDue({2026, 1, 31, 0, 0, 0}));
-  EXPECT_TRUE(Purge::IsDue({2024, 3, 1, 0, 0, 0}));  // of a leap year
-  EXPECT_FALSE(Purge::IsDue({2026, 3, 1, 0, 0, 0}));
+  EXPECT_TRUE(IsPurgeDue({2026, 1, 1, 23, 0, 0}));
+  EXPECT_FALSE(IsPurgeDue({2026, 1, 2, 0, 0, 0}));
+  EXPECT_FALSE(IsPurgeDue({2026, 1, 30, 0, 0, 0}));
+  EXPECT_TRUE(IsPurgeDue({2026, 1, 31, 0, 0, 0}));
+  EXPECT_TRUE(IsPurgeDue({2024, 3, 1, 0, 0, 0}));  // of a leap year
+  EXPECT_FALSE(IsPurgeDue({2026, 3, 1, 0, 0, 0}));
 }
 
 TEST(Purge, takes_whole_days_up_to_thirty_days_ago) {
-  EXPECT_EQ(Purge::Filter({2026, 1, 1, 9, 30, 0}), "Tarih<=#12/02/2025 23:59:59#");
+  EXPECT_EQ(PurgeCriteria({2026, 1, 1, 9, 30, 0}), "Tarih<=#12/02/2025 23:59:59#");
 }
 
 }  // namespace

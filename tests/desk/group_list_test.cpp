@@ -29,7 +29,7 @@ TEST_F(StockGroupTest, a_group_narrows_the_stock_list_and_is_kept) {
   EXPECT_EQ(Cards(), (std::vector<std::string>{"Pirinç", "Şeker"}));
   EXPECT_EQ(settings.Get("Velmora Karvel1", "Size", "SGurup", ""), "Gıda");
   EXPECT_EQ(desk->form.StockGroup, "Gıda");
-  EXPECT_EQ(desk->form.RepositionGuard, 0);
+  EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
 }
 
 TEST_F(StockGroupTest, the_first_entry_gives_the_whole_list_back) {

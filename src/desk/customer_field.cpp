@@ -1,0 +1,84 @@
+#include "desk/customer_field.h"
+
+#include "books/sources.h"
+#include "books/steps.h"
+#include "desk/completion.h"
+#include "desk/list_in_front.h"
+#include "desk/new_cards.h"
+#include "desk/screen_keyboard.h"
+#include "text/turkish.h"
+
+namespace karvel {
+namespace {
+const Steps step("CustomerField");
+}
+
+CustomerField::CustomerField(const DeskParts& parts, CustomerInFront& customer)
+    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), customer_(customer) {
+  Element& field = screen_.Text1(0);
+  connections_ += field.changed.Connect([this] { TextChanged(); });
+  connections_ += field.gotFocus.Connect([this] { Focused(); });
+  connections_ += field.keyUp.Connect([this](const KeyEvent& event) { KeyUp(event); });
+  connections_ += field.character.Connect([this](CharacterEvent& event) { Character(event); });
+}
+
+void CustomerField::Focused() {
+  if (form_.RepositionGuard.ItemsStill()) return;
+  form_.ActiveFieldCode = 0;
+  Element& field = screen_.Text1(0);
+  if (field.Text().empty() && cursors_.CariData.HasRows() && !screen_.StokChk.Checked()) {
+    customer_.RefreshList();
+    field.SetText(customer_.Name());
+    customer_.Follow();  // the balance beside the name is this customer's
+  }
+  field.SelectAll();  // the next name takes the place of what stands there
+}
+
+bool CustomerField::FindQuietly(const std::string& text) {
+  const Muted muted(form_.RepositionGuard, Mute::Fields);
+  Cursor& customers = cursors_.CariData;
+  step("find customer", customers.FindFirst("Unvan Like '" + text + "*'"));
+  return !customers.NoMatch();
+}
+
+void CustomerField::TextChanged() {
+  const std::string& text = screen_.Text1(0).Text();
+  if (!screen_.Text1(0).HasFocus() || Trim(text).empty() || text == "*") return;
+  if (screen_.StokChk.Checked()) {
+    step("find name", cursors_.StokData.FindFirst("StokAdi Like '" + text + "*'"));
+    return;
+  }
+  if (text == customer_.Name()) return;  // the row in front is the one meant
+  FindQuietly(text);
+}
+
+void CustomerField::KeyUp(const KeyEvent& event) {
+  Element& field = screen_.Text1(0);
+  if (!ListsCustomers(screen_) || !IsCompletingKey(event) || field.Text().empty() || field.Text() == "*") return;
+  if (customer_.HasName(field.Text())) return;
+  if (FindQuietly(field.Text()) && !form_.KeyboardOpen) Complete(field, customer_.Name());
+}
+
+void CustomerField::Character(CharacterEvent& event) {
+  if (event.character != key::kEnter) return;
+  event.character = 0;
+  if (!ListsCustomers(screen_)) return;
+  CloseKeyboard(form_, screen_);  // what was typed on it is taken, so the list follows again
+  const std::string text = screen_.Text1(0).Text();
+  Element& list = screen_.CariGrid.Visible() ? static_cast<Element&>(screen_.CariGrid) : screen_.StokGrid;
+  if (customer_.HasName(text)) {
+    // The row in front is the one meant, also when another bears the same name.
+    customer_.Follow();
+  } else {
+    Cursor& customers = cursors_.CariData;
+    step("find customer", customers.FindFirst("Unvan Like '" + text + "*'"));
+    if (customers.NoMatch()) {
+      OpenCustomerCard(screen_, Trim(text));
+      return;
+    }
+  }
+  customer_.OpenDayBook();
+  list.SetFocus();
+}
+
+}  // namespace karvel

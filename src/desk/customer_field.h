@@ -1,0 +1,29 @@
+// Text1(0), the customer's name: what is typed there is completed from the list and looked up, and a name that nobody has opens a new card.
+#pragma once
+
+#include "desk/customer_in_front.h"
+#include "desk/parts.h"
+#include "platform/signal.h"
+
+namespace karvel {
+
+class CustomerField {
+ public:
+  CustomerField(const DeskParts& parts, CustomerInFront& customer);
+
+ private:
+  void Focused();
+  void TextChanged();
+  void KeyUp(const KeyEvent& event);
+  void Character(CharacterEvent& event);
+  // Whether the list has a name that begins so; it then stands there, and no field follows.
+  bool FindQuietly(const std::string& text);
+
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
+  CustomerInFront& customer_;
+  Connections connections_;
+};
+
+}  // namespace karvel

@@ -1,0 +1,24 @@
+// The fonts of the desk: chosen in a dialog, kept, and given to form and lists at the start.
+#pragma once
+
+#include "desk/parts.h"
+#include "platform/signal.h"
+
+namespace karvel {
+
+class DeskFont {
+ public:
+  explicit DeskFont(const DeskParts& parts);
+  // The fonts that were kept; the theme's own where none was.
+  void Apply();
+
+ private:
+  void Choose();  // a double tap on the form, or the menu
+
+  Screen& screen_;
+  Settings& settings_;
+  const World& world_;
+  Connections connections_;
+};
+
+}  // namespace karvel

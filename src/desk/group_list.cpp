@@ -1,0 +1,102 @@
+#include "desk/group_list.h"
+
+#include "books/sources.h"
+#include "books/steps.h"
+#include "desk/booking_panels.h"
+#include "desk/captions.h"
+#include "text/turkish.h"
+
+namespace karvel {
+namespace {
+const Steps step("GroupList");
+}
+
+GroupList::GroupList(const DeskParts& parts, PriceSelection& prices, CustomerInFront& customer)
+    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), settings_(parts.settings), prices_(prices), customer_(customer) {
+  connections_ += screen_.GurupCombo.click.Connect([this] { Chosen(); });
+  connections_ += screen_.ComboCmd.click.Connect([this] { Flip(); });
+  connections_ += screen_.Frame2.altered.Connect([this] {
+    if (waits_ && !screen_.Frame2.Visible() && ListsCustomerGroups(screen_)) CustomerGroupChosen();
+  });
+}
+
+void GroupList::Fill() {
+  std::vector<std::string> items{sources::kAllGroups};
+  Cursor& groups = cursors_.GurupData;
+  step("refresh groups", groups.Refresh());
+  for (; groups.HasCurrent(); step("next group", groups.MoveNext()))
+    if (const std::string name = groups.Text("Gurup"); !ContainsText(name, "WinKarvel")) items.push_back(name);
+  screen_.GurupCombo.SetItems(std::move(items));
+}
+
+void GroupList::Show(const std::string& group) {
+  showing_ = true;
+  if (!screen_.GurupCombo.ChooseText(group)) screen_.GurupCombo.Choose(0);
+  showing_ = false;
+}
+
+void GroupList::Chosen() {
+  if (showing_ || !screen_.ComboCmd.Visible()) return;
+  if (!ListsCustomerGroups(screen_)) {
+    StockGroupChosen();
+  } else if (screen_.Frame2.Visible()) {
+    KeepForLater();
+  } else {
+    CustomerGroupChosen();
+  }
+}
+
+// In a sale the customer stands; another list under it would book the sale elsewhere. The prices follow at once, the list after the sale.
+void GroupList::KeepForLater() {
+  form_.CustomerGroup = screen_.GurupCombo.Text();
+  settings_.Save(Setting::CustomerGroup, form_.CustomerGroup);
+  prices_.SetFirstPriceColumn();
+  waits_ = true;
+}
+
+void GroupList::CustomerGroupChosen() {
+  CloseBookingPanels(screen_);
+  waits_ = false;
+  screen_.StokChk.SetChecked(false);  // a group of customers is a wish for customers
+  const std::string group = screen_.GurupCombo.Text();
+  screen_.Text1(0).SetText("");
+  Cursor& customers = cursors_.CariData;
+  const bool wholesale = EqualText(group, "Toptan");
+  screen_.Label1(5).SetCaption(wholesale ? caption::kPayment : caption::kCollection);
+  screen_.Label1(0).SetCaption(wholesale ? caption::kWholesale : caption::kToSale);
+  form_.CustomerGroup = group;
+  settings_.Save(Setting::CustomerGroup, group);
+  {
+    const Muted muted(form_.RepositionGuard, Mute::Fields);
+    step("customers of the group",
+         customers.Open(group == sources::kAllGroups ? sources::kAllCustomers : sources::CustomersOfGroup(group)));
+  }
+  if (customers.HasRows()) screen_.Text1(0).SetText(customers.Text("Unvan"));
+  customer_.Follow();
+  if (customers.HasRows()) screen_.CariGrid.SetFocus();
+  prices_.SetFirstPriceColumn();
+}
+
+void GroupList::StockGroupChosen() {
+  const std::string group = screen_.GurupCombo.Text();
+  form_.StockGroup = group;
+  settings_.Save(Setting::StockGroup, group);
+  {
+    const Muted muted(form_.RepositionGuard, Mute::Items);
+    step("stock of the group",
+         cursors_.StokData.Open(screen_.GurupCombo.ListIndex() <= 0 ? sources::kStock : sources::StockOfGroup(group)));
+  }
+  if (screen_.Frame2.Visible()) prices_.ShowUnsoldItem();
+}
+
+void GroupList::Flip() {
+  const bool toStock = ListsCustomerGroups(screen_);
+  screen_.ComboCmd.SetCaption(toStock ? caption::kStockGroups : caption::kCustomerGroups);
+  cursors_.GurupData.SetDatabaseName(form_.DataDir + (toStock ? "Stok.Mdb" : "Cari.Mdb"));
+  Fill();
+  Show(toStock ? form_.StockGroup : form_.CustomerGroup);
+  // The list is that of the group that now stands there. Among the customers it is so already.
+  if (toStock) StockGroupChosen();
+}
+
+}  // namespace karvel

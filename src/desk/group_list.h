@@ -1,0 +1,40 @@
+// GurupCombo, the groups of customers or, when ComboCmd was flipped, of stock cards: the choice of one narrows the list.
+#pragma once
+
+#include <string>
+
+#include "desk/customer_in_front.h"
+#include "desk/parts.h"
+#include "desk/price_selection.h"
+#include "platform/signal.h"
+
+namespace karvel {
+
+class GroupList {
+ public:
+  GroupList(const DeskParts& parts, PriceSelection& prices, CustomerInFront& customer);
+
+  // Fills GurupCombo from GurupData: "Tüm Guruplar" and the groups, without the terminals' tags. Chooses nothing.
+  void Fill();
+  // Chooses an entry without the list following it.
+  void Show(const std::string& group);
+
+ private:
+  void Chosen();
+  void CustomerGroupChosen();
+  void KeepForLater();
+  void StockGroupChosen();
+  void Flip();  // ComboCmd
+
+  Screen& screen_;
+  FormState& form_;
+  Cursors& cursors_;
+  Settings& settings_;
+  PriceSelection& prices_;
+  CustomerInFront& customer_;
+  bool showing_ = false;
+  bool waits_ = false;  // a group was chosen in a sale
+  Connections connections_;
+};
+
+}  // namespace karvel
