@@ -16,4 +16,13 @@ class BookCursor : public Cursor {
   }
 };
 
+// A cursor that only adds rows to a table: it stands behind them, and reads none.
+class RowAdder : public BookCursor {
+ public:
+  RowAdder(Stores& stores, const std::string& name, const std::string& file, const std::string& table)
+      : BookCursor(stores, name, file, table) {
+    MoveBehindLast().Ignore();
+  }
+};
+
 }  // namespace karvel

@@ -64,7 +64,7 @@ class Posting {
   const std::string description_ = DescriptionOf(movement_);
   BookCursor account_{shop_.stores, "money account", "Cari.Mdb", kCustomerCards};
   BookCursor customer_{shop_.stores, "customer", "Cari.Mdb", kCustomerCards};
-  BookCursor ledger_{shop_.stores, "ledger", "Cari.Mdb", "CariHareket"};
+  RowAdder ledger_{shop_.stores, "ledger", "Cari.Mdb", "CariHareket"};
   std::string id_;  // DigerId
 };
 
@@ -95,7 +95,7 @@ void Posting::BookAccountsRow() {
 }
 
 void Posting::BookDay() {
-  BookCursor day(shop_.stores, "day book", "Karvel.Mdb", "Datam");
+  RowAdder day(shop_.stores, "day book", "Karvel.Mdb", "Datam");
   step("add day-book row", day.AddNew());
   day.Set("CariKod", customer_.Text("CariKod"));
   day.Set("CariAd", customer_.Text("Unvan"));

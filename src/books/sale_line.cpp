@@ -81,7 +81,7 @@ void Posting::WorkOutProfit() {
 }
 
 void Posting::BookDay() {
-  BookCursor day(shop_.stores, "day book", "Karvel.Mdb", "Datam");
+  RowAdder day(shop_.stores, "day book", "Karvel.Mdb", "Datam");
   step("add day-book row", day.AddNew());
   day.Set("CariKod", customer_.Text("CariKod"));
   day.Set("StokKod", item_.Text("StokKod"));
@@ -104,7 +104,7 @@ void Posting::BookDay() {
 }
 
 void Posting::BookMovement() {
-  BookCursor movement(shop_.stores, "stock movements", "Stok.Mdb", "StokHareket");
+  RowAdder movement(shop_.stores, "stock movements", "Stok.Mdb", "StokHareket");
   step("add movement", movement.AddNew());
   movement.Set("StokHarKod", item_.Text("StokKod"));
   movement.Set("Tarih", now_.Date());
@@ -135,7 +135,7 @@ void Posting::BookMovement() {
 
 void Posting::BookSerials() {
   if (line_.serials.empty()) return;
-  BookCursor serials(shop_.stores, "serial numbers", "SeriNo.Mdb", "SeriNo");
+  RowAdder serials(shop_.stores, "serial numbers", "SeriNo.Mdb", "SeriNo");
   for (const std::string& serial : line_.serials) {
     step("add serial", serials.AddNew());
     serials.Set("StokKod", item_.Text("StokKod"));
@@ -165,7 +165,7 @@ void Posting::MoveStock() {
 }
 
 void Posting::BookLedger() {
-  BookCursor ledger(shop_.stores, "ledger", "Cari.Mdb", "CariHareket");
+  RowAdder ledger(shop_.stores, "ledger", "Cari.Mdb", "CariHareket");
   step("add ledger row", ledger.AddNew());
   ledger.Set("cariharkod", customer_.Text("CariKod"));
   ledger.Set("Tarih", now_);

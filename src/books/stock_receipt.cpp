@@ -63,7 +63,7 @@ void RaiseStockCard(Cursor& item, const Receipt& receipt) {
 }
 
 void BookMovement(const Shop& shop, const Receipt& receipt, const Cursor& item, const std::string& id) {
-  BookCursor movement(shop.stores, "movement", "Stok.Mdb", "StokHareket");
+  RowAdder movement(shop.stores, "movement", "Stok.Mdb", "StokHareket");
   step("add movement", movement.AddNew());
   movement.Set("StokHarKod", item.Text("StokKod"));
   movement.Set("Tarih", shop.clock.Now());
@@ -82,7 +82,7 @@ void BookMovement(const Shop& shop, const Receipt& receipt, const Cursor& item, 
 
 // The other side of the supplier's row is the item, no account.
 void BookLedger(const Shop& shop, const Receipt& receipt, const Cursor& item, const Cursor& supplier, const std::string& id) {
-  BookCursor ledger(shop.stores, "ledger", "Cari.Mdb", "CariHareket");
+  RowAdder ledger(shop.stores, "ledger", "Cari.Mdb", "CariHareket");
   step("add ledger row", ledger.AddNew());
   ledger.Set("cariharkod", supplier.Text("CariKod"));
   ledger.Set("Tarih", shop.clock.Now());
@@ -102,7 +102,7 @@ void BookLedger(const Shop& shop, const Receipt& receipt, const Cursor& item, co
 }
 
 void BookDay(const Shop& shop, const Receipt& receipt, const Cursor& item, const Cursor& supplier, const std::string& id) {
-  BookCursor day(shop.stores, "day book", "Karvel.Mdb", "Datam");
+  RowAdder day(shop.stores, "day book", "Karvel.Mdb", "Datam");
   step("add day-book row", day.AddNew());
   day.Set("CariKod", supplier.Text("CariKod"));
   day.Set("StokKod", item.Text("StokKod"));

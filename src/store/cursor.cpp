@@ -250,6 +250,12 @@ Status Cursor::MoveLast() {
   return impl_->EndMove(*this, "move last", {});
 }
 
+Status Cursor::MoveBehindLast() {
+  if (SourceTable() == nullptr) return impl_->LogFailure("move behind the last row", {ErrorKind::NotOpen, "no source"});
+  impl_->position.ToEnd();
+  return impl_->EndMove(*this, "move behind the last row", {});
+}
+
 Status Cursor::MoveNext() {
   return impl_->EndMove(*this, "move next", impl_->position.Next());
 }

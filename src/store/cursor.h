@@ -71,6 +71,8 @@ class Cursor {
   // First and last are read when they are first asked for; without rows both leave no current record.
   Status MoveFirst();
   Status MoveLast();
+  // Behind the last row, with no current record: Eof. Nothing is read, so this is where a cursor stands that only adds rows.
+  Status MoveBehindLast();
   Status MoveNext();      // from the last row: Eof, no current record
   Status MovePrevious();  // from the first row: Bof, no current record
   // To a row that a grid showed; fails when it is gone.

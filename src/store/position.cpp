@@ -69,6 +69,10 @@ void Position::ToFirst() {
   if (source_) place_ = Place::First;
 }
 
+void Position::ToEnd() {
+  if (source_) place_ = Place::Eof;
+}
+
 void Position::ToLast() {
   if (source_) place_ = Place::Last;
 }

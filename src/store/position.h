@@ -37,6 +37,7 @@ class Position {
 
   void ToFirst();
   void ToLast();
+  void ToEnd();  // behind the last row: nothing is read
   Status Next();
   Status Previous();
   // To the first row with the criterion, from the start or behind the current row. NoRecord leaves everything as it was.

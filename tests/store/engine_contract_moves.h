@@ -36,6 +36,22 @@ TEST_P(EngineContract, refresh_and_first_and_last_read_nothing_before_they_are_a
   EXPECT_EQ(watch_.AllReads(), 1);
 }
 
+TEST_P(EngineContract, behind_the_last_row_nothing_is_read_and_what_is_added_stays_behind_the_cursor) {
+  AddCustomers(stores_, {"A", "B"});
+  auto cursor = Customers(stores_);
+  watch_ = {};
+  ASSERT_TRUE(cursor->MoveBehindLast().Ok());
+  EXPECT_TRUE(cursor->Eof());
+  EXPECT_FALSE(cursor->HasCurrent());
+  ASSERT_TRUE(cursor->AddNew().Ok());
+  cursor->Set("CariKod", "C");
+  ASSERT_TRUE(cursor->Update().Ok());
+  EXPECT_EQ(watch_.AllReads(), 0);
+  EXPECT_TRUE(cursor->Eof());
+  ASSERT_TRUE(cursor->MovePrevious().Ok());
+  EXPECT_EQ(cursor->Text("CariKod"), "C");
+}
+
 TEST_P(EngineContract, a_source_without_rows_is_at_both_ends) {
   auto cursor = Customers(stores_);
   EXPECT_TRUE(cursor->Bof());
