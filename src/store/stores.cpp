@@ -102,6 +102,8 @@ void Stores::Abandon() {
   }
   engine_->Rollback();
   failure_ = {};
+  // A posting that was refused before its first write leaves everything that was read as good as before.
+  if (writtenTables_.empty()) return;
   ++undoings_;
   Log(fmt::format("{}: left unfinished, and undone", name));
   ShowWrittenTables();

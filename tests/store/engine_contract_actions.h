@@ -82,6 +82,22 @@ TEST_P(EngineContract, an_action_left_unfinished_is_undone_over_all_files_and_it
   EXPECT_EQ(RowsOf(stores_, "Cari.mdb", "CariKartlar"), 2);
 }
 
+TEST_P(EngineContract, an_action_left_before_it_wrote_anything_costs_no_reading_again_and_no_line_in_the_log) {
+  AddCustomer(stores_, "A", "Ali");
+  auto cards = Customers(stores_);
+  EXPECT_EQ(cards->Text("Unvan"), "Ali");
+  const LoggedLines log;
+  {
+    const Action refused(stores_, "refused");
+  }
+  EXPECT_FALSE(stores_.InAction());
+  EXPECT_TRUE(log.Lines().empty());
+  watch_ = {};
+  EXPECT_EQ(cards->Text("Unvan"), "Ali");
+  EXPECT_EQ(watch_.AllReads(), 0);
+  AddCustomer(*OtherTerminal(), "B", "Bilge");  // the line is free
+}
+
 TEST_P(EngineContract, an_action_that_says_so_beforehand_is_committed_when_it_is_left) {
   {
     Action action(stores_, "kept");

@@ -16,14 +16,16 @@ using testing::ElementsAre;
 // An engine with numbered parameters behind a dollar sign, a key column of its own, and keys that are made otherwise than FoldKey's.
 class ServerWords final : public dialect::SqlTarget {
  public:
-  std::string ColumnName(std::string_view column) const override { return QuotedName(column); }
-  std::string Parameter(std::size_t n) const override { return fmt::format("${}", n + 1); }
-  std::string IndexedKey(std::string_view sql) const override { return fmt::format("indexed({})", sql); }
-  std::string ComputedKey(std::string_view sql) const override { return fmt::format("computed({})", sql); }
-  std::string Fits(std::string_view text, std::string_view pattern) const override { return fmt::format("fits({}, {})", text, pattern); }
-  std::string LeftOf(std::string_view text, int count) const override { return fmt::format("left({}, {})", text, count); }
-  std::string Key(std::string_view text) const override { return fmt::format("key of {}", text); }
-  std::string KeyPrefixEnd(std::string_view prefix) const override { return fmt::format("end of {}", prefix); }
+  [[nodiscard]] std::string ColumnName(std::string_view column) const override { return QuotedName(column); }
+  [[nodiscard]] std::string Parameter(std::size_t n) const override { return fmt::format("${}", n + 1); }
+  [[nodiscard]] std::string IndexedKey(std::string_view sql) const override { return fmt::format("indexed({})", sql); }
+  [[nodiscard]] std::string ComputedKey(std::string_view sql) const override { return fmt::format("computed({})", sql); }
+  [[nodiscard]] std::string Fits(std::string_view text, std::string_view pattern) const override {
+    return fmt::format("fits({}, {})", text, pattern);
+  }
+  [[nodiscard]] std::string LeftOf(std::string_view text, int count) const override { return fmt::format("left({}, {})", text, count); }
+  [[nodiscard]] std::string Key(std::string_view text) const override { return fmt::format("key of {}", text); }
+  [[nodiscard]] std::string KeyPrefixEnd(std::string_view prefix) const override { return fmt::format("end of {}", prefix); }
 };
 
 class TableSqlTest : public testing::Test {
