@@ -1,6 +1,7 @@
 #include "accounts/day_book_list.h"
 
 #include "accounts/row_deletion.h"
+#include "books/day_book_line.h"
 #include "books/sources.h"
 #include "books/steps.h"
 #include "desk/captions.h"
@@ -92,7 +93,7 @@ bool DayBookList::ShowsDeletedLines() const {
 }
 
 bool DayBookList::CancelledForGood() const {
-  return screen_.Silme.Checked() && cursors_.HareketData.Text("Durum") == kCancelledName;
+  return screen_.Silme.Checked() && IsCancelled(cursors_.HareketData);
 }
 
 }  // namespace karvel

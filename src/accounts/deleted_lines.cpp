@@ -19,7 +19,7 @@ void DeletedLines::Toggled() {
   Screen& screen = screen_;
   if (!screen.SilinenChk.Checked()) {
     Close();
-  } else if (screen.CariGrid.Visible() && passwords_.AdmitToDeletedLines()) {
+  } else if (AtRest(screen) && passwords_.AdmitToDeletedLines()) {
     Open();
   } else {
     screen.SilinenChk.SetChecked(false);  // also in a sale, whose lines stay in front

@@ -1,6 +1,6 @@
 #include "accounts/line_cancellation.h"
 
-#include "books/line_mode.h"
+#include "books/day_book_line.h"
 #include "books/sources.h"
 #include "books/steps.h"
 #include "desk/captions.h"
@@ -53,7 +53,7 @@ Status LineCancellation::CancelDayBookLine() {
 bool LineCancellation::ReadLineAnew(const Cancellation& line) {
   const Muted muted(form_.RepositionGuard, Mute::DayBook);
   Cursor& day = cursors_.HareketData;
-  const bool there = day.MoveTo(line.dayBookRow).Ok() && (line.listedAsCancelled || day.Text("Durum") != kCancelledName);
+  const bool there = day.MoveTo(line.dayBookRow).Ok() && (line.listedAsCancelled || !IsCancelled(day));
   if (!there) step("refresh day book", day.Refresh());
   return there;
 }
@@ -69,7 +69,7 @@ void LineCancellation::RefuseTransferred(const std::string& id) {
 Cancellation LineCancellation::ReadCancellation() const {
   Cancellation cancellation;
   cancellation.dayBookRow = cursors_.HareketData.CurrentKey();
-  cancellation.listedAsCancelled = cursors_.HareketData.Text("Durum") == kCancelledName;
+  cancellation.listedAsCancelled = IsCancelled(cursors_.HareketData);
   cancellation.itemInFront = cursors_.StokData.CurrentKey();
   cancellation.lastPostedId = form_.CurrentLineId;
   return cancellation;

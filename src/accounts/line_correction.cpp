@@ -1,6 +1,6 @@
 #include "accounts/line_correction.h"
 
-#include "books/line_mode.h"
+#include "books/day_book_line.h"
 #include "books/sources.h"
 #include "books/steps.h"
 #include "desk/captions.h"
@@ -71,7 +71,7 @@ Correction LineCorrection::ReadCorrection() const {
   Correction correction;
   correction.dayBookRow = day.CurrentKey();
   correction.id = form_.EditLineId;
-  correction.listedAsCancelled = day.Text("Durum") == kCancelledName;
+  correction.listedAsCancelled = IsCancelled(day);
   correction.price = ReadNumber(screen_.Text2(0).Text());
   correction.quantity = NumberOrZero(screen_.Text2(1).Text());
   correction.amount = NumberOrZero(screen_.Label2.Caption());

@@ -1,6 +1,7 @@
 #include "books/customer_cards.h"
 
 #include "books/book_cursor.h"
+#include "books/card_balance.h"
 #include "books/find_card.h"
 #include "books/sources.h"
 #include "text/turkish.h"
@@ -53,7 +54,7 @@ Status AddCustomerCard(const Shop& shop, const NewCustomer& customer) {
   card.Set("KartNo", customer.cardNumber);
   card.Set("Gurup", customer.group);
   card.Set("Hes", "C");
-  card.Set("Hesap", "Borç");
+  card.Set("Hesap", kDebitSide);
   card.Set("yeni", 1);
   return Finish(action, card.Update());
 }

@@ -16,7 +16,7 @@ const Steps step("WipeCustomer");
 void ClearCard(Cursor& card) {
   step("edit card", card.Edit());
   for (const char* const field : {"Borc", "Alacak", "dBorc", "eBorc", "Bakiye", "dBakiye", "eBakiye"}) card.Set(field, 0);
-  card.Set("Hesap", "Borç");
+  card.Set("Hesap", kDebitSide);
   step("update card", card.Update());
 }
 

@@ -13,7 +13,6 @@ namespace {
 
 const Steps step("BookMoneyMovement");
 
-constexpr std::string_view kCollection = " Tahsilat", kPayment = " Ödeme";
 constexpr std::string_view kCard = "Kredi Kartı";
 // The account behind each form of payment. Whatever else is said is cash.
 struct MoneyAccount {
@@ -36,7 +35,7 @@ std::string AccountOf(std::string_view instrument) {
 // What the money is for: behind an open sale and without the panel it is for the item in front.
 std::string DescriptionOf(const MoneyMovement& movement) {
   if (movement.itemInFront && !movement.inPanel) return movement.itemInFront->name;
-  return movement.instrument + std::string(movement.itemInFront ? kCollection : NameOf(movement.direction));
+  return movement.instrument + std::string(movement.itemInFront ? kCollectionName : NameOf(movement.direction));
 }
 
 // One movement on its way through the books. All of its rows bear one moment and one id.
@@ -135,7 +134,7 @@ void Posting::ConsumeDueDates(const CardBalance& balance) {
 }  // namespace
 
 std::string_view NameOf(MoneyDirection direction) {
-  return direction == MoneyDirection::Payment ? kPayment : kCollection;
+  return direction == MoneyDirection::Payment ? kPaymentName : kCollectionName;
 }
 
 Outcome<BookedMoney> BookMoneyMovement(const Shop& shop, const MoneyMovement& movement) {

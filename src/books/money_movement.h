@@ -19,7 +19,8 @@
 namespace karvel {
 
 enum class MoneyDirection { Collection, Payment };
-// " Tahsilat" and " Ödeme", with the blank in front: it stands so in the rows and on the screen.
+// With the blank in front: so they stand in the rows and on the screen.
+inline constexpr const char *kCollectionName = " Tahsilat", *kPaymentName = " Ödeme";
 std::string_view NameOf(MoneyDirection direction);
 
 // An item as the rows of a payment for it name it.

@@ -14,7 +14,7 @@ inline constexpr const char *kToSale = " Satış", *kToCustomers = " Müşteri",
 // Label1(1): whether names are typed or codes are scanned.
 inline constexpr const char *kByName = " Ürün", *kByBarcode = " Barkod";
 // Label1(5): which way money goes.
-inline constexpr const char *kCollection = " Tahsilat", *kPayment = " Ödeme";
+inline constexpr const char *kCollection = kCollectionName, *kPayment = kPaymentName;
 // Label1(7): what the figure below it is.
 inline constexpr const char *kBalance = "Bakiye", *kSlipTotal = "Fiş Top.";
 // Command1.

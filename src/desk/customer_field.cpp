@@ -2,6 +2,7 @@
 
 #include "books/sources.h"
 #include "books/steps.h"
+#include "desk/captions.h"
 #include "desk/completion.h"
 #include "desk/list_in_front.h"
 #include "desk/new_cards.h"
@@ -65,7 +66,7 @@ void CustomerField::Character(CharacterEvent& event) {
   if (!ListsCustomers(screen_)) return;
   CloseKeyboard(form_, screen_);  // what was typed on it is taken, so the list follows again
   const std::string text = screen_.Text1(0).Text();
-  Element& list = screen_.CariGrid.Visible() ? static_cast<Element&>(screen_.CariGrid) : screen_.StokGrid;
+  Element& list = AtRest(screen_) ? static_cast<Element&>(screen_.CariGrid) : screen_.StokGrid;
   if (customer_.HasName(text)) {
     // The row in front is the one meant, also when another bears the same name.
     customer_.Follow();

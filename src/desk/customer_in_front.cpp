@@ -27,6 +27,10 @@ bool CustomerInFront::IsThere() const {
   return list_.SourceTable() && list_.SourceTable()->name == "CariKartlar" && list_.HasCurrent();
 }
 
+bool CustomerInFront::ListedBy(const std::string& condition) const {
+  return ContainsText(list_.RecordSource(), condition);
+}
+
 double CustomerInFront::StoredBalance() const {
   return karvel::StoredBalance(world_.stores, list_);
 }

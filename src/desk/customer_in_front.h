@@ -31,6 +31,9 @@ class CustomerInFront {
   // Whether another terminal deleted his card since the list read it. Not known is not gone.
   [[nodiscard]] bool IsGone() const;
 
+  // Whether the list was narrowed by this piece of its source.
+  [[nodiscard]] bool ListedBy(const std::string& condition) const;
+
   // Everything follows to the row on which the list stands, which was reached while the followers kept still; without rows all of it names
   // nobody.
   void Follow();

@@ -42,7 +42,7 @@ struct Desk::Features {
   OverdueNotice overdue{parts};
   CustomerInFront customer{parts, balance, dayTotal, overdue};
   MainButton button{parts};
-  PriceSelection prices{parts};
+  PriceSelection prices{parts, customer};
   SaleFields fields{parts, prices, button};
   SaleMode saleMode{parts, prices, button, customer, balance, dayTotal};
   GroupList groups{parts, prices, customer};

@@ -21,7 +21,7 @@ ListFilter::ListFilter(const DeskParts& parts, CustomerInFront& customer, PriceS
 
 void ListFilter::ShowAllAgain() {
   // A filter from before the sale went with it: a list that stayed narrow under an empty field would seem to miss customers.
-  if (!screen_.Text5.Text().empty() || !ContainsText(cursors_.CariData.RecordSource(), "Unvan Like ")) return;
+  if (!screen_.Text5.Text().empty() || !customer_.ListedBy("Unvan Like ")) return;
   const std::string code = customer_.Code();
   OpenCustomers("");
   customer_.BringInFront(code);

@@ -21,8 +21,13 @@ std::size_t SlotOf(PriceName name) {
 
 }  // namespace
 
-PriceSelection::PriceSelection(const DeskParts& parts)
-    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), settings_(parts.settings), world_(parts.world) {
+PriceSelection::PriceSelection(const DeskParts& parts, const CustomerInFront& customer)
+    : screen_(parts.screen),
+      form_(parts.form),
+      cursors_(parts.cursors),
+      settings_(parts.settings),
+      world_(parts.world),
+      customer_(customer) {
   connections_ += cursors_.StokData.repositioned.Connect([this] { ShowItem(); });
   connections_ += screen_.Label1(2).mouseDown.Connect([this](const MouseEvent& event) {
     if (event.button == 2) screen_.popUp(screen_.Popyuzde);
@@ -61,7 +66,7 @@ void PriceSelection::FillSlots() {
   slots[kSecond] = card.Number("Fiyat2");
   slots[kThird] = card.Number("Fiyat3");
   slots[kSpecial] = 0;
-  const SpecialPrices own = FindSpecialPrices(world_.stores, card.Text("StokKod"), cursors_.CariData.Text("CariKod"));
+  const SpecialPrices own = FindSpecialPrices(world_.stores, card.Text("StokKod"), customer_.Code());
   if (!own.kept) return;
   // The customer's own prices. His first one stands beside the card's as "Özel", it never replaces it.
   if (own.first != 0) slots[kSpecial] = own.first;

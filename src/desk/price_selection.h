@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "desk/customer_in_front.h"
 #include "desk/parts.h"
 #include "platform/signal.h"
 
@@ -11,7 +12,7 @@ namespace karvel {
 
 class PriceSelection {
  public:
-  explicit PriceSelection(const DeskParts& parts);
+  PriceSelection(const DeskParts& parts, const CustomerInFront& customer);
   // The slots and, in a sale, the fields of the current item. What a move of StokData runs.
   void ShowItem();
   // Another stock list in a sale: the fields name the item in front, and nothing of it is sold yet.
@@ -33,6 +34,7 @@ class PriceSelection {
   Cursors& cursors_;
   Settings& settings_;
   const World& world_;
+  const CustomerInFront& customer_;
   Connections connections_;
 };
 

@@ -110,7 +110,7 @@ bool SaleMode::Enter() {
   CloseBookingPanels(screen_);
   screen_.Text2(2).SetText("0");
   screen_.Text2(3).SetText("0");
-  if (ContainsText(cursors_.CariData.RecordSource(), "Gurup='Toptan")) {
+  if (customer_.ListedBy("Gurup='Toptan")) {
     ReturnFromWholesale();
     return false;
   }
