@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kOk = 1, kCancel = 0;
 constexpr int kAmount = 2;  // of Text2
-// In the order in which a tap on Label3 goes round.
+// In the order in which taps on Label3 go through them.
 constexpr std::array<const char*, 4> kInstruments{"Nakit", "Kredi Kartı", "Çek", "Senet"};
 
 void Flip(Element& button, const char* one, const char* other) {
@@ -90,7 +90,7 @@ void CollectionPanel::Collect() {
   }
   screen_.SetBusy(false);
   screen_.Command7(kOk).SetEnabled(true);
-  // Last: the codes that waited behind the panel are entered now, by a desk that takes input.
+  // Last: this lets in the codes that waited behind the panel, and they need a desk that takes input.
   if (posted.Ok()) screen_.TahsilatFrame.SetVisible(false);
   ShowRefusal(world_, posted);
 }

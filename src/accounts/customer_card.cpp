@@ -64,7 +64,7 @@ void CustomerCard::Character(int index, CharacterEvent& event) {
     return;
   }
   const bool searched = index == kCode || index == kName;
-  // They would stand for any letter in the searches.
+  // These would stand for any letter in the searches.
   if (searched && (event.character == '*' || event.character == '?' || event.character == '!')) {
     event.character = 0;
   } else if (event.character >= ' ') {
@@ -102,7 +102,7 @@ bool CustomerCard::IsNew() {
     return false;
   }
   if (*taken) return Refuse("Dikkat Bu Cari Kodu Kayıtlı..!", field(kCode));
-  // Name and card number are new in the list that is in front.
+  // Name and card number have to be new in the list that is in front.
   Cursor listed(world_.stores, "listed customers");
   listed.SetDatabaseName(cursors_.CariData.DatabaseName());
   step("listed customers", listed.Open(cursors_.CariData.RecordSource()));

@@ -1,4 +1,5 @@
-// CariFrm, " Müşteri Kayıt ": adds a customer's card, whose code, name and card number no other card in the list may have.
+// CariFrm, " Müşteri Kayıt ": adds a customer's card. No card at all may have its code, and none in the list in front its name or card
+// number.
 #pragma once
 
 #include <string>

@@ -16,7 +16,7 @@ CustomerRemoval::CustomerRemoval(const DeskParts& parts, CustomerInFront& custom
 }
 
 void CustomerRemoval::Remove() {
-  // His rows, whatever the cursor stood on: a list in purchase mode doesn't follow.
+  // His own rows, whatever the ledger showed: in purchase mode it doesn't follow the list.
   step("ledger", cursors_.CariHarData.Open(sources::LedgerOf(customer_.Code())));
   if (!cursors_.CariHarData.HasRows()) {
     AskAndDeleteCard();

@@ -27,7 +27,7 @@ DayBookList::DayBookList(const DeskParts& parts, MainButton& button, CustomerInF
   connections_ += screen.HareketGrid.mouseUp.Connect([this](const MouseEvent&) { Released(); });
   connections_ += screen.HareketGrid.keyDown.Connect([this](KeyEvent& event) {
     DeleteRowOnKey(screen_, world_, cursors_.HareketData, event);
-    // With the last line goes what could be cancelled.
+    // After the last line there is nothing left to cancel.
     if (event.dropped && button_.OffersDeletion() && !cursors_.HareketData.HasRows()) button_.Allow(false);
   });
   connections_ += screen.CariGrid.keyDown.Connect([this](KeyEvent& event) { DeleteCustomerOnKey(event); });
@@ -87,7 +87,7 @@ void DayBookList::LoadLine() {
   screen_.Text2(1).SetFocus();
 }
 
-// They are looked at, no more: what they stood for was taken back, and the customer in front is not theirs.
+// They can only be looked at: what they stood for was taken back, and they are not those of the customer in front.
 bool DayBookList::ShowsDeletedLines() const {
   return screen_.SilinenChk.Checked();
 }

@@ -1,5 +1,5 @@
-// HareketGrid, the customer's day-book lines: a tap marks a line for deletion, a double tap for correction, and with "Silme Açık" a line is
-// loaded into the entry fields, or wiped by the Delete key.
+// HareketGrid, the customer's day-book lines: a tap offers to cancel a line, a double tap to correct it; with "Silme Açık" a tap also loads
+// it into the entry fields, and the Delete key wipes it.
 #pragma once
 
 #include "desk/balance_display.h"

@@ -10,10 +10,11 @@ namespace karvel {
 namespace {
 
 const Steps step("GridSorting");
-// Of StokGrid only the code and the name can be sorted: the sale goes on while its list changes, and these are found at once.
+// Only the code and name columns of StokGrid sort the list: the sale goes on while its list changes, and these two are read in order
+// at once.
 constexpr int kLastSortedOfStock = 1;
 
-// Where " Order By" stands last, in whatever case; npos when nothing is ordered.
+// Where the last " Order By" begins, in whatever case; npos without one.
 std::size_t OrderPart(const std::string& source) {
   static constexpr std::string_view kOrder = " order by";
   const auto found = std::find_end(source.begin(), source.end(), kOrder.begin(), kOrder.end(),

@@ -1,4 +1,4 @@
-// A tap on a heading sorts the list by that column, and turns the order round with every further tap.
+// A tap on a heading sorts the list by that column, and every further tap reverses the order.
 #pragma once
 
 #include <string>
@@ -12,7 +12,8 @@ class GridSorting {
  public:
   explicit GridSorting(const DeskParts& parts);
 
-  // The source ordered by one field: downwards, or upwards where it was ordered downwards before. What it selects stays as it is.
+  // The source ordered by one field: descending, or ascending where it was descending before, in the spelling of `up` and `down` (" ASC",
+  // " Desc"). What it selects stays as it is.
   static std::string Sorted(const std::string& source, const std::string& field, const std::string& up, const std::string& down);
 
  private:

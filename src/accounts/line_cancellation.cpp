@@ -10,7 +10,7 @@ namespace karvel {
 namespace {
 
 const Steps step("CancelDayBookLine");
-// Sube of a row that was handed on to the central site; the small letter of the day file is another mark.
+// Sube of a row that was handed on to the central site. The small letter, which the day file writes, is another mark.
 constexpr const char* kTransferred = "X";
 
 }  // namespace
@@ -48,8 +48,8 @@ Status LineCancellation::CancelDayBookLine() {
   return done.Kind() == ErrorKind::NoRecord ? Status() : done;
 }
 
-// The line as the files hold it now: another terminal may have changed or cancelled it since the list read it. False when it is gone or was
-// cancelled; it would be taken back twice.
+// Reads the line as the files hold it now: another terminal may have changed or cancelled it since the list read it. False when it is gone
+// or was cancelled, for it would be taken back twice.
 bool LineCancellation::ReadLineAnew(const Cancellation& line) {
   const Muted muted(form_.RepositionGuard, Mute::DayBook);
   Cursor& day = cursors_.HareketData;
@@ -58,7 +58,7 @@ bool LineCancellation::ReadLineAnew(const Cancellation& line) {
   return there;
 }
 
-// What was handed on stays, and the desk stays as it is here, on all cards and the line's own ledger rows, until something else is posted.
+// What was handed on stays. The desk then stands on all cards and the line's own ledger rows until something else is posted.
 void LineCancellation::RefuseTransferred(const std::string& id) {
   form_.RepositionGuard.Keep(Mute::Customers);
   step("all cards", cursors_.CariData.Open("CariKartlar"));
@@ -78,13 +78,13 @@ Cancellation LineCancellation::ReadCancellation() const {
 void LineCancellation::ShowBooks() {
   const Muted muted(form_.RepositionGuard, Mute::Customers);
   const std::string name = screen_.Text1(0).Text();
-  // The card that was in front, also when another bears the same name.
+  // The card that was in front, even if another bears the same name.
   if (!customer_.HasName(name)) step("find customer", cursors_.CariData.FindFirst("Unvan=" + sources::Quoted(name)));
   step("refresh ledger", cursors_.CariHarData.Refresh());
   step("refresh serials", cursors_.SeriNoData.Refresh());
   step("refresh day book", cursors_.HareketData.Refresh());
   screen_.HareketGrid.SetMarker(cursors_.HareketData.HasRows());
-  ShowCustomer();  // behind the day book, which shows its own sum as it is refreshed
+  ShowCustomer();  // after the day book, which shows its own sum when it is refreshed
   step("refresh due dates", cursors_.VadeData.Refresh());
 }
 

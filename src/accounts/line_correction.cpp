@@ -26,7 +26,8 @@ void LineCorrection::TakeLine() {
   screen_.Text2(0).SetFocus();
 }
 
-// What is corrected begins as it is: the item in front is another one's price, and its lowest price would be kept for this line.
+// The fields begin with the line as it is: the price of the item in front is not its own, and that item's minimum sale price would hold for
+// it.
 void LineCorrection::ShowLine() {
   const Cursor& day = cursors_.HareketData;
   Cursor& cards = cursors_.StokData;
@@ -38,7 +39,7 @@ void LineCorrection::ShowLine() {
 }
 
 void LineCorrection::Confirm() {
-  // A line of nothing is no correction; the quantity stands at 0 after every posting.
+  // A quantity of 0 is no correction: the field stands at 0 after every posting.
   if (NumberOrZero(screen_.Text2(1).Text()) == 0) {
     screen_.Text2(1).SetFocus();
     return;
@@ -93,7 +94,7 @@ void LineCorrection::ShowCorrected() {
   prices_.ShowUnsoldItem();  // nothing more of it is sold
 }
 
-// The line that was taken is not in front any more, or not what it was: what stands there now must not be rewritten in its place.
+// The line that was taken is no longer in front, or no longer what it was: what stands there now must not be rewritten in its place.
 void LineCorrection::ShowTooLate() {
   button_.EndCorrection();
   button_.Allow(true);

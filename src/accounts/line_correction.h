@@ -1,5 +1,5 @@
-// Correcting a line of the day book. Command3 reads "Düzeltme" while a line is marked for it; a press on it takes the line (EditLineId),
-// the fields then hold the new price and quantity, and the main button ends it.
+// Correcting a line of the day book. Command3 reads "Düzeltme" while a line can be corrected; a press on it takes the line (EditLineId).
+// The fields then hold the new price and quantity, and the main button books them.
 #pragma once
 
 #include "books/line_correction.h"

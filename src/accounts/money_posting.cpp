@@ -28,15 +28,15 @@ void MoneyPosting::Confirm() {
     return;
   }
   screen_.Text1(0).SetFocus();
-  button_.Allow(true);  // the amount stays, and is taken when the customer stands
+  button_.Allow(true);  // the amount stays, and is taken once the customer is right
 }
 
-// The money goes to the row in front, so there must be one, in the files too, and the name on the screen must be a customer's.
+// The money goes to the row in front: there must be one, in the files too, and the name on the screen must be a customer's.
 bool MoneyPosting::PayerInFront() {
   if (!world_.stores.IsOpen()) return true;  // the posting tells why nothing can be booked
   const std::string name = Trim(screen_.Text1(0).Text());
   if (!ListsCustomers(screen_) || name.empty()) return false;
-  // After the store was away the list comes back with the customer that the screen still names.
+  // After the stores were away the list comes back, on the customer that the screen still names.
   if (!customer_.IsThere() && !customer_.FindAnew(name)) return false;
   if (customer_.IsGone()) {
     customer_.RefreshAndFollow();  // deleted at another terminal: the list shows who is left

@@ -29,14 +29,14 @@ SerialCapture::SerialCapture(const DeskParts& parts, MainButton& button)
 void SerialCapture::FollowMode() {
   Screen& screen = screen_;
   if (ModeOnScreen(screen) == LineMode::Purchase) return;
-  // Only what is bought brings serials in; read for a purchase, they would be stored with a sale.
+  // Only a purchase brings serials in; what was read for one would otherwise be stored with a sale.
   screen.Frame4.SetVisible(false);
   screen.List1.ClearItems();
 }
 
 void SerialCapture::CheckSerialEntry() {
-  if (!screen_.Text4.Text().empty()) Take();  // 1.
-  // 2. As many serials as pieces.
+  if (!screen_.Text4.Text().empty()) Take();
+  // The entry is complete with as many serials as pieces.
   if (static_cast<double>(screen_.List1.Items().size()) != NumberOrZero(screen_.Text2(1).Text())) return;
   world_.messages.MessageBox("Seri Numarası Girişi Tamamlandı.", "Giriş Tamam", MessageIcon::None, MessageButtons::Ok);
   screen_.Frame4.SetVisible(false);
@@ -79,7 +79,7 @@ bool SerialCapture::IsReadAlready(const std::string& serial) {
 bool SerialCapture::IsBarcode(const std::string& serial) {
   Cursor& cards = cursors_.StokData;
   const RowKey item = cards.CurrentKey();
-  // The look must not move the sale: its list of serials would be dropped with the item.
+  // Looking must not change the item of the line: its serials would be dropped with it.
   const Muted muted(form_.RepositionGuard, Mute::Items);
   step("find barcode", cards.FindFirst("Barkod=" + sources::Quoted(serial)));
   const bool barcode = !cards.NoMatch();

@@ -1,4 +1,4 @@
-// Serial numbers of goods that come in: each is scanned into Text4, gathers in List1, and the line takes the list along when it is posted.
+// Serial numbers of goods that come in: each is scanned into Text4 and gathered in List1, and the posted line takes the list along.
 //
 // What stays true: List1 holds no serial twice, none that is in the stores already, and no item's barcode; outside the mode
 // "Alış" it is empty and the panel closed.
@@ -15,7 +15,7 @@ namespace karvel {
 class SerialCapture {
  public:
   SerialCapture(const DeskParts& parts, MainButton& button);
-  // What the end of a scan in Text4 runs.
+  // Runs at the end of a scan in Text4: takes the serial, and closes the panel when there are as many as pieces.
   void CheckSerialEntry();
 
  private:

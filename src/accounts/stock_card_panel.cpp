@@ -30,7 +30,7 @@ StockCardPanel::StockCardPanel(const DeskParts& parts) : screen_(parts.screen), 
 void StockCardPanel::Left() {
   const Screen& screen = screen_;
   const Element* const focused = screen.elements.Focused();
-  // The keyboard over the new code mutes the items: it goes with the panel, and when the clerk goes on elsewhere.
+  // The keyboard over the new code mutes the items: it closes with the panel, and when the clerk goes on elsewhere.
   if (!screen.StokGiris.Visible() || (focused && focused->Panel() != &screen.StokGiris)) CloseKeyboard(form_, screen_);
 }
 

@@ -13,7 +13,7 @@ class StockCardPanel {
 
  private:
   void OpenSave();
-  void Left();  // the panel closed, or the focus went on
+  void Left();  // the panel closed, or the focus moved on
 
   Screen& screen_;
   FormState& form_;

@@ -15,7 +15,7 @@ namespace {
 
 const Steps step("StockList");
 
-// The customers that come back are more than the standard list: the salesmen and the central site are among them.
+// The list of customers that comes back is longer than the standard one: it has the salesmen and the central site too.
 const std::string kCustomersBack =
     "Select * From CariKartlar Where HesKullan=False And Gurup<>'Toptan' And Left(CariKod,1)<>'=' Order By Unvan Asc";
 
@@ -117,7 +117,7 @@ void StockList::Point(const std::string& file, const std::string& source) {
 }
 
 void StockList::Narrow() {
-  // Before the desk has opened the first entry is only being chosen.
+  // Until the desk is open the first entry is only being preset.
   if (switching_ || !screen_.Command3.Visible() || !ListsStock()) return;
   std::string narrowed;
   if (screen_.GrpCombo.ListIndex() > 0) narrowed = " And Gurup=" + sources::Quoted(screen_.GrpCombo.Text());

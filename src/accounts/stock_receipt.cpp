@@ -47,7 +47,7 @@ void StockReceipt::Changed(int index) {
     screen.Text6(index).CaretToEnd();
     return;
   }
-  // A digit typed behind the standing "0" takes its place.
+  // A digit typed after the "0" that stands there replaces it.
   if (HoldsNumber(index) && text.size() > 1 && text[0] == '0' && text[1] >= '0' && text[1] <= '9') {
     screen.Text6(index).SetText(text.substr(1));
     screen.Text6(index).CaretToEnd();
@@ -144,7 +144,7 @@ Status StockReceipt::Receive() {
   return {};
 }
 
-// The stock list stands on the card that was raised, where it holds it, and the day book and ledger show the receipt.
+// The stock list stands on the card that was raised, if it is in the list, and day book and ledger show the receipt.
 void StockReceipt::ShowReceived(const std::string& name) {
   {
     const Muted muted(form_.RepositionGuard, Mute::Items);

@@ -24,7 +24,7 @@ class StockReceipt {
   void Changed(int index);
   void Character(int index, CharacterEvent& event);
   void Search();
-  // The first card with this barcode, or whose name or code begins so, is in front; false when there is none.
+  // Moves to the first card with this barcode, else to the first whose name, else whose code, begins so; false when there is none.
   bool StandOnSearched(const std::string& text);
   void Save();  // StokAlCmd(1)
   [[nodiscard]] Receipt ReadReceipt() const;

@@ -1,5 +1,5 @@
-// The two use passwords of a shop, chosen at their first use: one lets to the deleted lines, one to the customer menu on CariGrid.
-// A typed password fits only letter by letter, capitals told from small ones. (The minimum percent, which also asks for the second, asks
+// The two use passwords of a shop, chosen at their first use: one opens the deleted lines, one the customer menu on CariGrid.
+// A typed password must match letter by letter, capitals included. (The minimum percent, which also asks for the second, asks
 // only where one is set: PriceSelection.)
 #pragma once
 

@@ -48,7 +48,7 @@ T& Either(T* brought, T& own) {
 
 }  // namespace
 
-// In the order in which they stand on each other.
+// In the order in which they are built, each on those before it.
 struct App::Composition {
   Composition(const std::string& title, const AppParts& parts)
       : log(files.HomeFolder(), title),
@@ -103,7 +103,7 @@ App::App(QApplication& application, const std::string& title, const AppParts& pa
     QCoreApplication::installTranslator(words);
   ApplyTheme(application);
   all_ = std::make_unique<Composition>(title, parts);
-  // The program ends when the desk's window closed, whatever box or menu was open over it.
+  // The program ends when the desk's window has closed, whatever box or menu was open over it.
   QApplication::setQuitOnLastWindowClosed(false);
   QObject::connect(&all_->deskWindow, &DeskWindow::closed, &application, [] { QCoreApplication::exit(0); });
 }

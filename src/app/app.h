@@ -18,14 +18,14 @@ class EventLoop;
 class Messages;
 class ScannerKeys;
 
-// What another program around the same desk brings of its own; null: the machine's. They must live longer than the App.
+// What another program around the same desk brings of its own; null: the machine's is used. All of it outlives the App.
 struct AppParts {
   Clock* clock = nullptr;
   EventLoop* loop = nullptr;
   Messages* messages = nullptr;
   Connection* connection = nullptr;
   // A robot makes no sound and leaves the user's desktop alone: its shortcuts go to a folder of the home. It brings the codes itself, and
-  // has a scanner beside that only where the settings name its port.
+  // uses a scanner besides only where the settings name its port.
   bool unattended = false;
 };
 

@@ -33,7 +33,7 @@ AtomicFile::AtomicFile(std::string target)
     Fail(errno);
     return;
   }
-  // Who may read the file is not changed by writing it.
+  // Writing the file doesn't change who may read it.
   struct stat old{};
   if (stat(target_.c_str(), &old) == 0 && fchmod(handle_, old.st_mode & 07777) != 0) Fail(errno);
 }

@@ -13,12 +13,12 @@ class AtomicFile {
  public:
   // Opens the neighbour of `target`, a path of this machine.
   explicit AtomicFile(std::string target);
-  // Without a Finish that went well, nothing is left of it.
+  // Deletes the neighbour, unless Finish has put it in place.
   ~AtomicFile();
   AtomicFile(const AtomicFile&) = delete;
   AtomicFile& operator=(const AtomicFile&) = delete;
 
-  // A failure is told by Finish; what is appended after it is dropped.
+  // Finish tells of a failure here; what is appended after one is dropped.
   void Append(std::string_view bytes);
   // Puts the content in place, and on the disk. After a failure the target is as it was, unless only its folder could not be synced.
   // Without `replace`, a target that has come to exist meanwhile stays as it is, and all is well.

@@ -47,7 +47,7 @@ ComboField::ComboField(const DeskUi& ui, Element& element, QWidget* parent) : QC
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   setMinimumContentsLength(8);
   setMaxVisibleItems(9);
-  setView(new QListView(this));  // the platform's own pop-up knows no entry as high as a finger
+  setView(new QListView(this));  // in the platform's own pop-up no entry is as high as a finger
   connect(this, &QComboBox::currentIndexChanged, this, [this](int index) {
     if (syncing_) return;
     chosen_ = true;
@@ -55,7 +55,7 @@ ComboField::ComboField(const DeskUi& ui, Element& element, QWidget* parent) : QC
     Sync();
   });
   connect(this, &QComboBox::activated, this, [this](int index) {
-    // The entry that stands there was chosen once more: a list that went another way meanwhile follows it again.
+    // The entry that stands there was chosen once more: a list that was narrowed in another way meanwhile follows it again.
     if (!std::exchange(chosen_, false) && index == element_.ListIndex() && ui_.Reaches(element_)) element_.click();
   });
 }
@@ -121,7 +121,7 @@ ListField::ListField(const DeskUi& ui, Element& element, QWidget* parent) : QLis
     if (ui_.Reaches(element_)) element_.Choose(row);
     Sync();
   });
-  // The entry that was chosen before: a tap on it is a tap all the same.
+  // A tap on the entry that was chosen before the press is a tap all the same.
   connect(this, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
     if (row(item) == chosenBeforePress_ && ui_.Reaches(element_)) element_.click();
   });

@@ -1,4 +1,4 @@
-// The standard fields of a choice: combo, date picker, list.
+// The fields in which something is chosen: combo, date picker, list.
 #pragma once
 
 #include <QComboBox>
@@ -14,15 +14,16 @@ class ComboField : public QComboBox {
 
  public:
   ComboField(const DeskUi& ui, Element& element, QWidget* parent);
+  // Shows the element as it is now, as the Sync of the fields below does.
   void Sync();
-  // Chooses an entry as a person does, also the one that stands there already.
+  // Chooses an entry as a person does, even the one that is chosen already.
   void Pick(int index);
 
  private:
   const DeskUi& ui_;
   Element& element_;
   bool syncing_ = false;
-  bool chosen_ = false;  // the choice that is being reported is another entry
+  bool chosen_ = false;  // another entry was chosen, and that has been reported
 };
 
 class DateField : public QDateEdit {

@@ -11,9 +11,9 @@ namespace karvel {
 // The line in which scanned codes wait for the desk, whoever read them: a device, a scanner that types, a request to the robot.
 //
 // What stays true:
-// - Codes are reported in the order in which they came, each once, and the next when the handlers of the one before have returned, also
-//   when those let events run.
-// - While it is switched off, or a box stands over the desk, they wait: the Enter behind a code must not answer the box.
+// - Codes are reported in the order in which they came, each once. The next is reported when the handlers of the one before have returned,
+//   even if those let events run.
+// - While it is switched off, or a box stands over the desk, codes wait: the Enter that follows a code must not answer the box.
 class CodeScanner : public Scanner {
  public:
   CodeScanner();
@@ -23,9 +23,9 @@ class CodeScanner : public Scanner {
   void Stop() override;
   void SetEnabled(bool enabled) override;
 
-  // A whole code was read.
+  // Takes a whole code into the line.
   void Take(std::string code);
-  // A code's handlers are running.
+  // Whether the handlers of a code are running.
   [[nodiscard]] bool Reporting() const { return reporting_; }
 
  protected:

@@ -196,7 +196,8 @@ void DeskGrid::ScrollToPlace(double place) {
   ClampScroll();
 }
 
-// Runs when the desk is at rest. A source of modest size is counted and the bar is exact; in a longer one it goes by the sorted values.
+// Runs when the grid has been left alone for a moment. A source of modest size is counted, and the bar is exact; in a longer one the bar
+// goes by the sorted values.
 void DeskGrid::MeasureExtent() {
   if (!watched_ || stale_) return;
   extent_ = watched_->HasRows() ? (watched_->RowsAt(kModest, 1).empty() ? watched_->RecordCount() : -1) : 0;
@@ -234,7 +235,7 @@ void DeskGrid::ShowScrollBar() {
     else if (scale_ && rows_.Count() > 0)
       bar->setValue(std::clamp(static_cast<int>(scale_->PlaceOf(TopValue()) * kWideSpan), 1, kWideSpan - 1));
     else if (bar->value() == 0 || bar->value() == kWideSpan)
-      bar->setValue(kWideSpan / 50);  // not measured yet: away from the ends, no more is known
+      bar->setValue(kWideSpan / 50);  // not measured yet: all that is known is that this is neither end
   }
   bar->setSingleStep(height);
   showingBar_ = false;
@@ -343,7 +344,7 @@ QStringList DeskGrid::VisibleHeadings() {
 }
 
 QList<QStringList> DeskGrid::ShownRows(int max) {
-  // Another terminal's rows are in the answer, so a tap on one of them must find it on the window.
+  // The answer has the rows of other terminals too, and a tap on one of them must find it on the window.
   stale_ = true;
   FetchIfStale();
   viewport()->update();

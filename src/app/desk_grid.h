@@ -1,9 +1,9 @@
-// A grid over a cursor. It holds and paints the rows that it shows; moving, sorting and meaning are the cursor's and the features'.
+// A grid over a cursor. It holds and paints the rows that it shows; the cursor moves and sorts, and the features say what a tap means.
 //
 // What stays true:
-// - Rows are read when the grid paints, once, however often the cursor changed since.
+// - Rows are read when the grid paints, once, however often the cursor has changed since.
 // - When the cursor's current record changes, its row comes into view; a finger may scroll away from it.
-// - All places are pixels of viewport(); the heading is its uppermost strip.
+// - All places are pixels of viewport(); the heading is its top strip.
 #pragma once
 
 #include <QAbstractScrollArea>
@@ -34,7 +34,7 @@ class DeskGrid : public QAbstractScrollArea {
   std::optional<QPoint> RowInFront();
   QRect HeadRect(int visibleColumn);
   QStringList VisibleHeadings();
-  // The first `max` rows of the source, each visible column's text as shown; read anew, and shown from here on.
+  // The first `max` rows of the source, each visible column's text as shown. They are read anew, and the grid shows them.
   QList<QStringList> ShownRows(int max);
   // Counted from the source's first row; -1 without a current record.
   [[nodiscard]] int CurrentRowNumber() const;

@@ -108,12 +108,12 @@ void DeskGrid::mouseReleaseEvent(QMouseEvent* event) {
   }
   const int row = RowAt(at.y());
   if (row < 0 || row != RowAt(pressedAt_.y())) return;
-  // A tap on the row in front chooses it again: the fields may have gone another way meanwhile.
+  // A tap on the row in front chooses it again: the fields may show something else meanwhile.
   tapped_ = rows_.Rows()[static_cast<std::size_t>(row)].key;
   TapRow(tapped_, number, ToMouseEvent(*event));
 }
 
-// The row is in front before the element hears of the tap. False when that ended the grid, or the row is gone.
+// The row is in front before the element hears of the tap. False when a handler destroyed the grid, or the row is gone.
 bool DeskGrid::TapRow(RowKey key, int column, const MouseEvent& at) {
   const QPointer<DeskGrid> self(this);
   if (!MoveToKey(key) || !self) return false;
@@ -128,7 +128,7 @@ void DeskGrid::mouseDoubleClickEvent(QMouseEvent* event) {
   FetchIfStale();
   const QPoint at = event->position().toPoint();
   const int column = ColumnAt(at.x());
-  // The second tap means the row of the first, also when that made the list move: with lines of another terminal, say.
+  // The second tap means the row of the first, even if the list has moved under it since, for instance by lines of another terminal.
   const int row = RowAt(at.y());
   const RowKey meant = at.y() < HeadHeight() ? 0 : tapped_ != 0 ? tapped_ : row < 0 ? 0 : rows_.Rows()[static_cast<std::size_t>(row)].key;
   if (event->button() != Qt::LeftButton || meant == 0 || column < 0) {

@@ -129,7 +129,7 @@ void DeskGrid::FitColumns(const QPainter& painter) {
     if (static_cast<int>(i) != names) shown_[i].pixelSize = size;
 }
 
-// Where long names are the rule all are small alike; where they are the exception each shrinks by itself, and the others stay.
+// Whether long names are the rule: then all names are equally small. Where they are the exception, each shrinks by itself.
 bool DeskGrid::MostlyLong(const ShownColumn& column, int first, int behind, const QFontMetrics& metrics) const {
   int longer = 0;
   for (int index = first; index < behind; ++index)

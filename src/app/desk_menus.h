@@ -1,4 +1,4 @@
-// The pop-up menus, made from the menu elements. An entry only tells its element that it was tapped; the check marks are the features'.
+// The pop-up menus, made from the menu elements. An entry only tells its element that it was tapped; the features set the check marks.
 #pragma once
 
 #include <QAction>
@@ -17,7 +17,7 @@ class DeskMenus : public QObject {
   DeskMenus(DeskUi& ui, QWidget* window);
   [[nodiscard]] QAction* ActionOf(const Element& element) const { return actions_.value(&element); }
   [[nodiscard]] QMenu* MenuOf(const Element& element) const { return menus_.value(&element); }
-  // Opens a menu at a place on the screen. It does not wait for the clerk's choice.
+  // Opens a menu at a place on the screen. Returns without waiting for the clerk's choice.
   void PopUp(const Element& element, const QPoint& at);
 
  private:

@@ -18,7 +18,7 @@ struct DeskUi {
   QHash<const Element*, QWidget*> widgets;
   // Where the finger last came down, on the screen.
   QPoint lastPress;
-  // What a key does that no element wanted: the keyboard's way to what fingers reach by a double tap. True when it did something.
+  // What a key that no element wanted does: the keyboard's way to what fingers reach by a double tap. True when it did something.
   std::function<bool(int code)> spareKey;
 
   // While the desk is busy or its form is off, no key or tap reaches an element.

@@ -107,7 +107,7 @@ void DeskWindow::NameFields() {
       if (QWidget* const widget = WidgetOf(*element)) widget->setAccessibleName(QString::fromUtf8(named.name));
 }
 
-// A panel that comes, goes or is turned off takes all that lies on it along, wherever the layout put it.
+// A panel that comes, goes or is turned off takes along all that lies on it, wherever the layout put it.
 void DeskWindow::FollowPanels() {
   for (Element* panel : ui_.screen.elements.All()) {
     if (panel->Kind() != ElementKind::Panel) continue;
@@ -210,13 +210,13 @@ void DeskWindow::closeEvent(QCloseEvent* event) {
     closing_ = true;
     const bool goes = !life_.mayClose || life_.mayClose(byProgram_);
     closing_ = false;
-    if (!goes || ended_) return;  // a desk that ended while it was asked has said so
+    if (!goes || ended_) return;  // a desk that ended while it was being asked has closed the window already
   }
   event->accept();
   Q_EMIT closed();
 }
 
-// Who had the keyboard was switched off or went with his panel: the list in front has it, or no key would be heard.
+// The element that had the keyboard was switched off or went with its panel: the list in front gets it, or no key would be heard.
 void DeskWindow::focusInEvent(QFocusEvent* event) {
   QMainWindow::focusInEvent(event);
   QTimer::singleShot(0, this, [this] {

@@ -41,9 +41,9 @@ class DeskWindow : public QMainWindow {
   [[nodiscard]] QMenu* MenuOf(const Element& element) const { return menus_->MenuOf(element); }
   [[nodiscard]] DeskUi& Ui() { return ui_; }
 
-  // Close as asked by the program itself.
+  // Closes on the program's own wish: the desk is asked, with byProgram set.
   void CloseByProgram();
-  // Close without asking the desk, also in the middle of a close request.
+  // Closes without asking the desk, also in the middle of a close request.
   void EndAtOnce();
   void ShowTitleInside(bool shown);
 

@@ -14,7 +14,7 @@ struct FilePlaces {
   std::string home;
   std::string program;
   // The removable disks, D: first. Looked up at every use, for disks come and go. Every mounted disk is asked for its size on the way, so a
-  // network disk that doesn't answer holds this up.
+  // network disk that doesn't answer delays this.
   std::function<std::vector<std::string>()> disks;
 
   // From KARVEL_HOME and KARVEL_PROGRAM, else the user's data folder, and the executable's folder or its share folder,

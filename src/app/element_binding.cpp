@@ -142,7 +142,7 @@ bool ElementBinding::OnKeyPress(const QKeyEvent& event) {
     return true;
   }
   if (down.code == key::kEnter && element_.Kind() == ElementKind::CheckBox) {
-    MoveTab(true);  // Enter walks a card from field to field; the tick is Space's
+    MoveTab(true);  // Enter walks a card from field to field; Space sets the tick
     return true;
   }
   if (event.key() == Qt::Key_Menu) {

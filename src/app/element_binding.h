@@ -1,9 +1,9 @@
 // Ties one widget to its element, both ways: what the element holds is shown, and the clerk's keys and taps become the element's events.
 //
 // What stays true:
-// - One key goes in the order key down, character, the edit, key up; a dropped step ends it.
-// - A tap is a press and a release on the widget; the second press of a double tap is a double tap and no second tap.
-// - Holding a finger on a label, panel or list row for a while is the right press of the mouse.
+// - The steps of a key are key down, character, the edit, key up; one that is dropped ends the key.
+// - A tap is a press and a release on the widget; the second press of a double tap counts as the double tap, not as a tap.
+// - Holding a finger on a label, panel or list row for 0.7 seconds is a right press of the mouse.
 // - Nothing reaches an element that is not shown, not open, or while the desk takes no input.
 // - A widget that is hidden or turned off gives the focus back to the window, not to a neighbour; it returns with the widget.
 #pragma once
@@ -66,7 +66,7 @@ class ElementBinding : public QObject {
   Connections connections_;
 };
 
-// Open along all panels; the form apart, whose state is a gate in front of all input and no look.
+// Whether the element and all its panels are enabled. The form is left out: its state keeps out all input, and changes no look.
 [[nodiscard]] bool OpenBelowForm(const Element& element);
 
 }  // namespace karvel

@@ -1,4 +1,4 @@
-// The printed name of a field on a card: no element, it only says what stands below or beside it.
+// The printed name of a field on a card. No element: it only says what stands below or beside it.
 #pragma once
 
 #include <QLabel>

@@ -59,7 +59,7 @@ std::vector<ShownColumn> PlaceColumns(const std::vector<GridColumn>& columns, co
     column.position = table ? table->Position(columns[i].field) : -1;
     column.figures = IsFigures(columns[i], table);
     least.push_back(LeastWidth(columns[i], need, table));
-    // A width that the clerk dragged holds, but cuts no amount, and spreads no figures over half the grid.
+    // A width that the clerk dragged holds, but it cuts no amount and spreads no figures over half the grid.
     int asked = static_cast<int>(columns[i].width / kTwipsPerPixel);
     if (asked <= 0) asked = std::min(std::max(need.heading, need.content), kMostFitted);
     if (column.figures) asked = std::min(asked, kMostFigures);

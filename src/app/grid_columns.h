@@ -10,7 +10,7 @@
 
 namespace karvel {
 
-// One pixel of the layout files' screen units.
+// How many screen units (twips) of the layout files make a pixel.
 inline constexpr double kTwipsPerPixel = 15;
 
 struct ShownColumn {
@@ -28,7 +28,7 @@ struct ColumnNeed {
 };
 
 // Places the visible columns on a width. One column, that of the names, takes what the others leave; where they leave too little, they
-// give way together. `needs` goes by column number.
+// all give way. `needs` goes by column number.
 std::vector<ShownColumn> PlaceColumns(const std::vector<GridColumn>& columns, const std::vector<ColumnNeed>& needs, const Table* table,
                                       int width);
 // The place (among the visible columns) of the column that takes the rest.

@@ -24,8 +24,8 @@ class IniSettings : public SettingsStore {
  private:
   [[nodiscard]] QString Read(const QString& address, const QString& preset) const;
   void Write(const QString& address, const QString& value);
-  // Runs the work while no other terminal writes; such works may nest. Reading needs it too: the file's text is read first and its time
-  // after it, so a save between the two would be missed, and a number given twice.
+  // Runs the work while no other terminal writes; calls may nest. Reading needs it too: the file's text is read first and its time after
+  // it, so a save between the two would be missed, and a number given twice.
   void InLine(const std::function<void()>& work) const;
 
   const std::string path_;

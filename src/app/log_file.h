@@ -4,7 +4,8 @@
 
 namespace karvel {
 
-// The log of one terminal, log/<title>.log in the home folder, kept small by turning it over. Takes the desk's log lines while it lives.
+// The log of one terminal, log/<title>.log in the home folder: a file of 1 MB at most, and up to three older ones beside it. Takes the
+// desk's log lines while it lives. A disk that refuses ends the log, not the desk.
 class LogFile {
  public:
   LogFile(const std::string& homeFolder, const std::string& title);

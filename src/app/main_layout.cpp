@@ -155,7 +155,7 @@ void MainLayout::BuildMoney() {
   balanceName->SetLook(LabelLook::FieldName);
   auto* const balance = qobject_cast<TouchLabel*>(Of(screen.Label5));
   balance->SetLook(LabelLook::BigAmount);
-  // Red stands by a balance for the shop's debt; by the sum of a slip it only tells that a line was tapped.
+  // On a balance red means that the shop owes; on the sum of a slip it only tells that a line was tapped.
   const auto noteDebt = [balance, &name = screen.Label1(7)] { balance->SetRedNote(Trim(name.Caption()) == "Bakiye" ? "Alacak" : ""); };
   noteDebt();
   connections_ += screen.Label1(7).altered.Connect(noteDebt);

@@ -28,10 +28,11 @@ class PanelCard : public QFrame {
   // A title for a card whose element has none.
   void SetTitle(const QString& title) { ownTitle_ = title; }
   void SetLeastWidth(int base) { leastWidth_ = base; }
-  // The clerk may move it by its ground; once moved it keeps its place.
+  // The clerk may drag it by its background; once moved it keeps its place.
   void SetMovable();
-  // What the card hears as long as it lives.
+  // Keeps a connection for as long as the card lives.
   void Keep(ScopedConnection connection) { connections_ += std::move(connection); }
+  // Shows the element's caption and depth as they are now.
   void Sync();
   // Places the card inside the areas at hand, in pixels of its parent.
   void Lay(const QRect& list, const QRect& desk);

@@ -62,7 +62,7 @@ class Builder {
     card_->Content().addWidget(label);
     return label;
   }
-  // A line of the card that follows these elements.
+  // A text on the card that is written anew when one of these elements changes.
   void Following(QLabel* label, std::initializer_list<Element*> elements, const std::function<QString()>& text) {
     label->setText(text());
     for (Element* element : elements) card_->Keep(element->altered.Connect([label, text] { label->setText(text()); }));
@@ -214,7 +214,6 @@ void Documents(Builder& build, DeskUi& ui, const Screen& screen) {
   build.Field(2, 2, "Adres 2", screen.Fat(3), 2);
   build.Field(3, 0, "Vergi Dairesi", screen.Fat(4));
   build.Field(3, 1, "Vergi No", screen.Fat(5));
-  // Quantity, price and amount of a line.
   const std::pair<const char*, int> parts[] = {{"Miktar", 7}, {"Fiyat", 8}, {"Tutar", 6}};
   auto* const cells = new QGridLayout;
   cells->setSpacing(ui.theme.Px(4));

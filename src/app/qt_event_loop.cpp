@@ -32,7 +32,7 @@ void QtEventLoop::Later(std::function<void()> work) {
 }
 
 std::shared_ptr<void> QtEventLoop::Every(int milliseconds, std::function<void()> tick) {
-  // A tick may drop its own timer, so the timer goes when its event is done with it.
+  // A tick may drop its own timer, so the timer is deleted only when its event has been handled.
   const std::shared_ptr<QTimer> timer(new QTimer, [](QTimer* ended) {
     ended->stop();
     ended->disconnect();

@@ -7,7 +7,7 @@ namespace karvel {
 // The application's event loop.
 class QtEventLoop : public EventLoop {
  public:
-  // While `waitsEndAtOnce` tells true, Wait only runs what is pending.
+  // While `waitsEndAtOnce` returns true, Wait only runs what is pending.
   explicit QtEventLoop(std::function<bool()> waitsEndAtOnce = {});
   void RunPending() override;
   void RunPendingButInput() override;

@@ -36,7 +36,7 @@ std::pair<int, QString> KeyOf(int virtualKey) {
 }
 
 void SendToFocus(QEvent::Type type, int key, const QString& text) {
-  // A box that opened in between is answered by people.
+  // A box that opened meanwhile is for a person to answer.
   if (QApplication::activeModalWidget()) return;
   QWidget* target = QApplication::focusWidget();
   if (!target) target = QApplication::activeWindow();

@@ -1,4 +1,5 @@
-// The frame around the desk's window. Until a window is attached, every call is a wish that nobody hears, but the title.
+// The frame around the desk's window. Until a window is attached, title, fitting and fixing are kept for it, and every other call does
+// nothing.
 #pragma once
 
 #include <QByteArray>
@@ -37,7 +38,7 @@ class QtWindow : public Window {
 
   const std::string folder_;
   QPointer<DeskWindow> window_;
-  // Wishes from before the window was there (the load stage runs without one).
+  // What was asked for before the window was there (the load stage runs without one).
   std::string title_, fitting_;
   bool fixed_ = false;
 };

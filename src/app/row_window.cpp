@@ -62,7 +62,7 @@ int RowWindow::LoadAt(std::int64_t position, int margin, int count) {
   const std::int64_t first = std::max<std::int64_t>(0, position - margin);
   const int wanted = static_cast<int>(position - first) + count;
   rows_ = cursor_->RowsAt(first, wanted);
-  if (rows_.empty() && position > 0) {  // behind the last row: it stands at the end
+  if (rows_.empty() && position > 0) {  // past the last row: the end is loaded
     LoadEnd(margin + count);
     return std::max(0, Count() - 1);
   }

@@ -27,14 +27,14 @@ class RowWindow {
   void Clear();
   void LoadStart(int count);
   void LoadEnd(int count);
-  // The row with up to `margin` rows before it and `count` from it on. Returns its index, or that of its successor when it is gone.
+  // Loads the row with up to `margin` rows before it and `count` from it on. Returns its index, or that of its successor when it is gone.
   int LoadAround(const GridRow& row, int margin, int count);
-  // From a position on, with up to `margin` rows before it. Returns the index of the row at the position.
+  // Loads the rows from a position on, with up to `margin` rows before it. Returns the index of the row at the position.
   int LoadAt(std::int64_t position, int margin, int count);
   // Adds rows at an end; returns how many came.
   int GrowUp(int count);
   int GrowDown(int count);
-  // Lets go of rows at an end.
+  // Drops rows at an end.
   void DropTop(int count);
   void DropBottom(int count);
 

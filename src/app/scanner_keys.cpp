@@ -23,8 +23,8 @@ constexpr int kLeastInAmount = 8;  // of a barcode; fewer digits are an amount
 constexpr int kMostLetters = 1024;
 constexpr int kGapMilliseconds = 35;     // within a burst; no hand is that fast for long
 constexpr int kHeldMilliseconds = 45;    // from the last letter on
-constexpr int kLateMilliseconds = 20;    // a timer that comes that late was kept by work, and so were keys
-constexpr int kAloneMilliseconds = 500;  // before a code: shorter is a code that broke off
+constexpr int kLateMilliseconds = 20;    // a timer that comes this late was held up by work, and so were keys
+constexpr int kAloneMilliseconds = 500;  // of silence before a code; after less it is the rest of one
 constexpr qint64 kLongAgo = 60'000;
 
 // Who gets the keys now; null where no widget of ours has the focus.
@@ -107,7 +107,7 @@ bool ScannerKeys::eventFilter(QObject* object, QEvent* event) {
 
 bool ScannerKeys::Press(QObject* object, const QKeyEvent& event) {
   if (IsModifier(event.key())) return false;
-  const QPointer<QObject> target(object);  // what arrives first may end it
+  const QPointer<QObject> target(object);  // what arrives before the key may destroy it
   TakeKey(takenDown_, event.key());
   const qint64 gap = Gap(event);
   const bool prompt = gap <= kGapMilliseconds;
@@ -151,7 +151,7 @@ bool ScannerKeys::IsCodeInAmount(bool prompt) const {
 }
 
 void ScannerKeys::Report(const QString& code) {
-  // Not from within the key: its handlers let events run.
+  // Not from within the key event: a code's handlers let events run.
   QMetaObject::invokeMethod(this, [this, text = ToUtf8(code)] { scanner_.Take(text); }, Qt::QueuedConnection);
 }
 
@@ -223,20 +223,21 @@ void ScannerKeys::Arrive() {
   text_.clear();
   heldDown_.clear();
   if (run_ == Run::Held) run_ = Run::Arrived;
-  // Letters for a widget that lost the focus meanwhile are nobody else's. Behind the first each goes to whoever has the focus then.
+  // Letters meant for a widget that has lost the focus are dropped: they are nobody else's. After the first, each goes to whoever then has
+  // the focus.
   if (target_ && !IsKeyHolder(target_)) held_.clear();
   target_.clear();
   while (!held_.empty()) {
     const std::unique_ptr<QKeyEvent> event = std::move(held_.front());
     held_.pop_front();
-    if (!held_.empty()) patience_.start(0);  // a handler that lets events run gets the rest then
+    if (!held_.empty()) patience_.start(0);  // if a handler lets events run, the rest arrive then
     if (QWidget* const receiver = KeyReceiver()) QCoreApplication::sendEvent(receiver, event.get());
   }
   patience_.stop();
 }
 
 void ScannerKeys::TimedOut() {
-  // After a piece of work the keys that came during it are still in the queue: they decide.
+  // The keys that came during a piece of work are still in the queue after it, and they decide.
   if (run_ == Run::Held && !patienceRenewed_ && sinceHeld_.elapsed() > kHeldMilliseconds + kLateMilliseconds) {
     patienceRenewed_ = true;
     patience_.start(kHeldMilliseconds);
@@ -254,7 +255,7 @@ qint64 ScannerKeys::Gap(const QKeyEvent& event) {
   }
   const qint64 heard = sinceLast_.restart();
   if (stamp == 0 || before == 0) return heard;
-  // By the clock of the window system, which knows when a key was struck; a desk at work hears of it later.
+  // Told by the clock of the window system, which knows when a key was struck; a desk at work hears of it later.
   return stamp >= before ? static_cast<qint64>(stamp - before) : kLongAgo;
 }
 

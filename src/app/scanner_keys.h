@@ -18,14 +18,14 @@ class TextField;
 // letters that ends with Enter is a scanned code; the widget that has the focus then sees none of its keys, least of all the Enter.
 //
 // What stays true:
-// - In an entry field keys arrive at once, whoever struck them. Only while a code is being entered, which holds the product field itself,
+// - In an entry field keys arrive at once, whoever struck them. Only while the desk is entering a code, which occupies the product field,
 //   does the next burst wait its turn as a code.
-// - An amount never keeps a code: one of a barcode's length that was typed into it as no hand could is taken out again at its Enter, and is
-//   then a code like any other.
+// - An amount never keeps a code: one of a barcode's length, typed faster than any hand, is taken out again at its Enter and is then a code
+//   like any other.
 // - Elsewhere a letter is held back as long as it may begin a burst, about a twentieth of a second; then it arrives after all, in order and
-//   once. Every other key, and a tap, first brings what is held back, so that nothing overtakes.
-// - A code is whole or none, wherever the focus goes meanwhile: a burst that broke off is not taken for the shorter code that its rest
-// would be. Its Enter ends here too.
+//   only once. Any other key, and a tap, first lets what is held back arrive, so that nothing overtakes it.
+// - A code is taken whole or not at all, wherever the focus goes meanwhile: the rest of a burst that broke off is not taken for a shorter
+//   code. Its Enter ends here too.
 class ScannerKeys : public QObject {
   Q_OBJECT
 
@@ -33,7 +33,7 @@ class ScannerKeys : public QObject {
   // Listens to the application from here on. The scanner is borrowed.
   explicit ScannerKeys(CodeScanner& scanner);
 
-  // What is held back arrives now, and the next key begins anew.
+  // Lets what is held back arrive now; the next key begins a new run.
   void Settle();
 
  protected:
@@ -55,11 +55,11 @@ class ScannerKeys : public QObject {
   void FollowAmount(const QKeyEvent& event);
   [[nodiscard]] bool IsCodeInAmount(bool prompt) const;
   void Report(const QString& code);
-  // Whether a letter may belong to a code: where the burst began, not where the focus went meanwhile.
+  // Whether a letter may belong to a code. The place where the burst began decides, not where the focus went meanwhile.
   [[nodiscard]] bool Collects() const;
   void EndRun();
   void Hold(const QKeyEvent& event);
-  // The key arrives, behind what is held back.
+  // Lets the key arrive after what is held back. True: it ends here.
   bool PassOn(const QObject* target, const QKeyEvent& event);
   void Arrive();
   void TimedOut();
@@ -68,11 +68,11 @@ class ScannerKeys : public QObject {
 
   CodeScanner& scanner_;
   std::deque<std::unique_ptr<QKeyEvent>> held_;
-  QPointer<QObject> target_;  // who was to get the first of them; null once it did
+  QPointer<QObject> target_;  // the receiver of the first of them; null once it has arrived
   QString text_;
-  Run run_ = Run::None;  // of letters that came close behind each other
+  Run run_ = Run::None;  // of letters that came close after one another
   bool alone_ = false;   // no other letters stood shortly before the run
-  int fast_ = 0;         // letters that came close behind another, in this run and those shortly before
+  int fast_ = 0;         // letters that came close after another, in this run and those shortly before
   AmountRun amount_;
   bool codeEnded_ = false;                 // the last key was a code's Enter
   std::vector<int> heldDown_, takenDown_;  // keys that were struck and not yet let go

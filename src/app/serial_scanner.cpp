@@ -23,7 +23,7 @@ SerialScanner::SerialScanner(const Settings& settings, Device device) : settings
   QObject::connect(&again_, &QTimer::timeout, &again_, [this] {
     if (Open()) again_.stop();
   });
-  // Queued: a code's handlers let events run, and a port that is still telling of its last bytes tells of no further ones.
+  // Queued: a code's handlers let events run, and a port reports no further bytes while its last report is being handled.
   QObject::connect(
       &port_, &QSerialPort::readyRead, &port_,
       [this] {
@@ -31,7 +31,7 @@ SerialScanner::SerialScanner(const Settings& settings, Device device) : settings
         Report();
       },
       Qt::QueuedConnection);
-  // A port that vanished fails in more than one way, some drivers with nothing but failing reads.
+  // A port that vanished fails in more than one way, with some drivers only by failing reads.
   QObject::connect(
       &port_, &QSerialPort::errorOccurred, &port_,
       [this] {

@@ -11,11 +11,11 @@ namespace karvel {
 
 class Settings;
 
-// A barcode scanner on a serial port, also one that shows itself as such on USB: 8N1, port and speed as the settings tell at each start.
+// A barcode scanner on a serial port, or one on USB that presents itself as such: 8N1, port and speed as the settings say at each start.
 // A code ends with CR, LF or both; its bytes are read as code page 1254.
 //
-// From Start to Stop an unplugged scanner is waited for: the port is tried again about once a second. A code of which only a part
-// came is dropped then, whole ones are kept.
+// From Start to Stop an unplugged scanner is waited for: the port is tried again about once a second. A code that had come
+// only in part is then dropped; whole ones are kept.
 class SerialScanner : public CodeScanner {
  public:
   enum class Device {

@@ -5,9 +5,9 @@
 
 namespace karvel {
 
-// The widget behind (or before) an element's that can take the keyboard now; null when there is none. Elements follow each other as they
-// are declared, but the way out of a panel comes behind the other buttons of its array: who walks through the fields with Enter comes to
-// the button that saves. A panel that is filled in keeps Tab to itself until it is left by one of its buttons. O(elements).
+// The widget after (or before) an element's that can take the keyboard now; null when there is none. Elements follow each other as they
+// are declared, but the button that leaves a panel comes after the others of its array, so that whoever walks through the fields with Enter
+// comes to the one that saves. A panel that is filled in keeps Tab to itself until it is left by one of its buttons. O(elements).
 QWidget* NextInTabOrder(const DeskUi& ui, const Element& from, bool forward);
 
 }  // namespace karvel

@@ -18,13 +18,14 @@ class TextField : public QLineEdit {
 
  public:
   TextField(const DeskUi& ui, Element& element, QWidget* parent);
+  // Shows the element as it is now.
   void Sync();
   // The edit of one character: a letter is inserted, Backspace (8) deletes, anything else has no edit of its own.
   void Type(char32_t character);
   // Amounts stand at the right, in a larger type.
   void SetAmount(bool amount);
   [[nodiscard]] bool IsAmount() const { return amount_; }
-  // Puts the text back as it stood before, as if what was typed since had not been.
+  // Puts an earlier text back, as if nothing had been typed since.
   void PutBack(const std::string& text) { element_.SetText(text); }
   [[nodiscard]] const std::string& ElementText() const { return element_.Text(); }
   void ApplyFont();

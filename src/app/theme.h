@@ -2,7 +2,7 @@
 //
 // What stays true:
 // - The state colours of the elements (color::kYellow, …) are names of states; only this file turns them into colours.
-// - Sizes are told in pixels of a 1024×768 window and grow with the window through Px.
+// - Sizes are given in pixels of a 1024×768 window and grow with the window through Px.
 #pragma once
 
 #include <QColor>
@@ -42,7 +42,7 @@ class Theme {
   // Pixels of a 1024×768 window in the window at hand.
   [[nodiscard]] int Px(int base) const { return static_cast<int>(base * scale_ + 0.5); }
   [[nodiscard]] double Scale() const { return scale_; }
-  // Follows the window's size in few steps, so that dragging its border does not lay it out anew at every pixel.
+  // Follows the window's size, in pixels, in a few steps, so that dragging its border does not lay it out anew at every pixel.
   void FitTo(int width, int height);
 
   // The desk's fonts as the clerk chose them. Empty or unknown name: the theme's own family. Size in points, 0: the theme's own.

@@ -17,6 +17,7 @@ class TouchButton : public QAbstractButton {
   void SetLook(ButtonLook look);
   // Under this caption a press deletes, and the button looks so.
   void SetDeletingCaption(const QString& caption) { deletingCaption_ = caption; }
+  // Shows the element as it is now.
   void Sync();
   [[nodiscard]] QFont TextFont() const;
   [[nodiscard]] QSize sizeHint() const override;

@@ -26,8 +26,9 @@ class TouchLabel : public QWidget {
 
   void SetLook(LabelLook look);
   [[nodiscard]] LabelLook Look() const { return look_; }
-  // What a red amount says in words too.
+  // A word that stands beside the amount while it is red.
   void SetRedNote(const QString& note);
+  // Shows the element's caption and state as they are now.
   void Sync();
   [[nodiscard]] QFont TextFont() const;
   [[nodiscard]] int InnerWidth() const;

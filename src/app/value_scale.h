@@ -12,7 +12,7 @@ namespace karvel {
 
 class ValueScale {
  public:
-  // Nothing when the two ends are alike to the scale.
+  // Nothing when the scale can't tell the two ends apart.
   static std::optional<ValueScale> Between(const Value& first, const Value& last);
 
   // From 0 at the first value to 1 at the last.

@@ -1,8 +1,8 @@
-// The figure beside the customer, Label5, with its name above it, Label1(7): his balance at rest, and in a sale what he bought. The one
-// place that writes the two.
+// Label5, the figure beside the customer, and Label1(7), the name above it: his balance at rest, in a sale what he bought. No other file
+// writes the two.
 //
-// What stays true: the figure reads as "Standard" whatever was written into it; its colour tells where the desk stands: white at rest,
-// green in a sale, after a posting black for what the customer owes and red for what the shop owes, red for the total of a slip.
+// What stays true: whatever is written into the figure, it reads in the format "Standard". Its colour tells where the desk stands: white at
+// rest, green in a sale; after a posting black where the customer owes and red where the shop owes; red over the total of a slip.
 #pragma once
 
 #include <string>
@@ -17,20 +17,20 @@ class BalanceDisplay {
  public:
   explicit BalanceDisplay(Screen& screen);
 
-  // A figure under the name that stands above it.
+  // Changes the figure, and leaves its name and colour.
   void Show(double amount);
-  // A text that is formatted already, or stands for no number.
+  // The same for a text that is formatted already, or is no number.
   void ShowText(const std::string& text);
-  // A balance after a posting, in the colour of its side.
+  // The balance after a posting, in the colour of its side.
   void ShowSided(const CardBalance& balance);
-  // Nobody is in front.
+  // For when nobody is in front.
   void ShowNobody() { ShowText("0"); }
 
   void NameBalance();
-  void NameSlipTotal();  // with its colour
+  void NameSlipTotal();  // in red
   void ColorForSale();
   void ColorForRest();
-  // Neither name nor figure while the list shows stock.
+  // Both are hidden while the list shows stock.
   void SetShown(bool shown);
 
   [[nodiscard]] const std::string& Text() const { return screen_.Label5.Caption(); }

@@ -1,4 +1,4 @@
-// The panels that lie over the lists and book by what stands in front there.
+// The panels that lie over the lists and book on the customer or item in front there.
 #pragma once
 
 #include <array>
@@ -9,8 +9,8 @@ namespace karvel {
 
 struct BookingPanel {
   Element* panel;
-  Element* wayOut;  // the button that leaves it and books nothing; null: it has none
-  bool filledIn;    // it has fields of its own, which are walked through
+  Element* wayOut;  // the button that leaves it without booking; null: it has none
+  bool filledIn;    // it has fields of its own, and Tab stays among them
 };
 
 // The one that lies uppermost comes first.
@@ -22,8 +22,8 @@ inline std::array<BookingPanel, 5> BookingPanels(Screen& screen) {
            {&screen.Frame4, nullptr, true}}};
 }
 
-// What another list or another customer makes void: a receipt, a collection, a card or serials that were begun would be booked on the
-// wrong one, and an item that was typed in a sale is missing in no other.
+// Closes all of them, for when another list or customer comes in front: a receipt, a collection, a card or serials that were begun would be
+// booked on the wrong one, and an item that was typed in one sale is not asked for in another.
 void CloseBookingPanels(Screen& screen);
 
 }  // namespace karvel

@@ -1,4 +1,4 @@
-// The captions that carry state, each text once, and what they say. What a button or label reads is what it does: handlers ask here.
+// The captions that carry state, each text once, and the questions to ask of them: what a button or label reads is what it does.
 #pragma once
 
 #include "books/line_mode.h"
@@ -32,7 +32,7 @@ inline constexpr const char *kOnAccount = "Cari Hesap", *kInCash = "Nakit";
 inline constexpr const char* kPrintAll = "Tümünü Yazdır";
 }  // namespace caption
 
-// The customer list has made room for a sale, or for the deleted lines.
+// The customer list is shown. False in a sale, and while the deleted lines stand in its place.
 inline bool AtRest(const Screen& screen) {
   return screen.CariGrid.Visible();
 }

@@ -68,7 +68,7 @@ void CustomerField::Character(CharacterEvent& event) {
   const std::string text = screen_.Text1(0).Text();
   Element& list = AtRest(screen_) ? static_cast<Element&>(screen_.CariGrid) : screen_.StokGrid;
   if (customer_.HasName(text)) {
-    // The row in front is the one meant, also when another bears the same name.
+    // The row in front is the one meant, even if another bears the same name.
     customer_.Follow();
   } else {
     Cursor& customers = cursors_.CariData;

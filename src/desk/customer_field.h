@@ -16,7 +16,7 @@ class CustomerField {
   void TextChanged();
   void KeyUp(const KeyEvent& event);
   void Character(CharacterEvent& event);
-  // Whether the list has a name that begins so; it then stands there, and no field follows.
+  // Moves the list to the first name that begins so, while no field follows; false, and it stays, where there is none.
   bool FindQuietly(const std::string& text);
 
   Screen& screen_;

@@ -19,7 +19,7 @@ class CustomerInFront {
  public:
   CustomerInFront(const DeskParts& parts, BalanceDisplay& balance, DayTotal& dayTotal, OverdueNotice& overdue);
 
-  // The list stands on a row of customers.
+  // Whether the list stands on a customer.
   [[nodiscard]] bool IsThere() const;
   [[nodiscard]] std::string Code() const { return list_.Text("CariKod"); }
   [[nodiscard]] std::string Name() const { return list_.Text("Unvan"); }
@@ -28,36 +28,38 @@ class CustomerInFront {
   [[nodiscard]] RowKey Key() const { return list_.CurrentKey(); }
   // His balance as the files have it now; as the list has it where they can't be read.
   [[nodiscard]] double StoredBalance() const;
-  // Whether another terminal deleted his card since the list read it. Not known is not gone.
+  // Whether another terminal deleted his card since the list read it. False where the files can't be read.
   [[nodiscard]] bool IsGone() const;
 
   // Whether the list was narrowed by this piece of its source.
   [[nodiscard]] bool ListedBy(const std::string& condition) const;
 
-  // Everything follows to the row on which the list stands, which was reached while the followers kept still; without rows all of it names
-  // nobody.
+  // Lets everything follow to the row on which the list stands, after it was reached while the followers kept still. Without a row, all of
+  // it names nobody.
   void Follow();
-  // The list stands on the card with this code, and everything follows. Where the list lacks him it stays as it is, and so do they.
+  // Moves the list to the card with this code; everything follows. Where the list lacks the card nothing changes.
   void BringInFront(const std::string& code);
-  // The list is read anew, and everything follows to the card with this code; to the first row where the list lacks him.
+  // Reads the list anew and moves it to the card with this code, or to the first row where the list lacks it; everything follows.
   void ReadListAnew(const std::string& code);
-  // The list stands on the card with this code, and no field follows. Where it does already, nothing is read.
+  // Moves the list to the card with this code while nothing follows. Reads nothing where it stands there already.
   void StandQuietlyOn(const std::string& code);
-  // The first of this name comes in front and everything follows; false, and nothing has changed, where the list has none. The row that is
-  // in front already is the one meant, also when another bears the same name.
+  // Brings the first customer of this name in front; everything follows. False, and nothing changes, where the list has none. Where the row
+  // in front bears the name it is the one meant, even if another bears it too.
   bool BringNamed(const std::string& name);
-  // After the list could not be read: it is read anew and stands on the first of this name; false when it has none, or still can't be read.
+  // For a list that could not be read: reads it anew and moves to the first customer of this name. False where there is none, or where it
+  // still can't be read.
   bool FindAnew(const std::string& name);
-  // The list is read anew, and everything follows to its first row.
+  // Reads the list anew; everything follows to its first row.
   void RefreshAndFollow();
-  // The day book, ledger and due dates are his, also where the list is muted in purchase mode.
+  // Opens his day book, ledger and due dates, also in purchase mode, where they don't follow the list. The order of the day book, by date,
+  // is "Asc" or "Desc".
   void OpenBooks(const char* dayBookOrder = "Desc");
   void OpenDayBook(const char* order = "Desc");
-  // The list with another source, while nothing follows.
+  // Gives the list another source while nothing follows.
   void ShowList(const std::string& source);
-  // The list read anew, while nothing follows.
+  // Reads the list anew while nothing follows.
   void RefreshList();
-  // To the row behind the one that was deleted, or the one before it; everything follows.
+  // After his row was deleted: moves to the next one, or to the one before where his was the last; everything follows.
   void LeaveDeleted();
 
  private:

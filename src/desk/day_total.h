@@ -1,4 +1,4 @@
-// What a customer bought on a day: the sum that stands beside him during a sale, and that follows the day book's current row.
+// The day total, what a customer bought on a day: it stands beside him during a sale, and is summed anew when the day book moves.
 #pragma once
 
 #include "desk/balance_display.h"
@@ -10,12 +10,12 @@ namespace karvel {
 class DayTotal {
  public:
   DayTotal(const DeskParts& parts, BalanceDisplay& figure);
-  // Today's unpaid sales of the customer in Text1(0), by name. Leaves the figure as it is when the day book has no row of his.
+  // Shows today's unpaid sales of the customer in Text1(0), found by his name. The figure stays as it is when the day book has no rows.
   void ShowToday();
 
  private:
   void FollowDayBook();  // HareketData's current row changed
-  void TakeDayOfRow();   // a double tap on Label5: the day of the current day-book row, offered as the payment
+  void TakeDayOfRow();   // a double tap on Label5: the sales of the current row's day become the payment
 
   Screen& screen_;
   FormState& form_;

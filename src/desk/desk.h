@@ -1,5 +1,5 @@
-// The desk: the screen's state, the stores' cursors, and the features connected to them. The one composition root of the house below the
-// window.
+// The desk: the screen's state, the stores' cursors, and the features of this folder connected to them. What stands above it, accounts/ and
+// exchange/, is built on a desk and reaches it through the parts below.
 //
 // Order of life: construct, Load (false: end at once), show the window, Activate at each activation of the window, CloseRequested.
 #pragma once
@@ -33,7 +33,7 @@ class Desk {
   bool Load();
   // The window came to the front. The first time it applies the options and fills the lists; later it does nothing.
   void Activate();
-  // The window's close request. Saves, backs up; true when the window may go.
+  // The window's close request. Saves what is kept; true when the window may go.
   bool CloseRequested(bool byProgram);
 
   Screen screen;
@@ -50,7 +50,7 @@ class Desk {
   [[nodiscard]] OverdueNotice& Overdue() const;
   [[nodiscard]] PriceSelection& Prices() const;
   [[nodiscard]] SalePosting& Posting() const;
-  // Raised once, in the first activation: options read, lists filled, columns set, the clerk still asked to wait.
+  // Raised once, during the first activation: options are read, lists filled and columns set, and the clerk is still asked to wait.
   [[nodiscard]] Signal<>& Opening() const;
 
  private:

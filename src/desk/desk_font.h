@@ -9,7 +9,7 @@ namespace karvel {
 class DeskFont {
  public:
   explicit DeskFont(const DeskParts& parts);
-  // The fonts that were kept; the theme's own where none was.
+  // Gives form and lists the fonts that were kept; the theme's own where none was.
   void Apply();
 
  private:

@@ -73,7 +73,7 @@ class Element {
   void SetVisible(bool visible);
   [[nodiscard]] bool Enabled() const { return enabled_; }
   void SetEnabled(bool enabled);
-  // Visible with all panels under it; enabled likewise.
+  // Visible, or enabled, together with every panel that it lies on.
   [[nodiscard]] bool IsShown() const;
   [[nodiscard]] bool IsOpen() const;
   // A check box fires `click` when this changes it, as the clerk's tap does; a menu entry doesn't.
@@ -81,7 +81,7 @@ class Element {
   void SetChecked(bool checked);
   [[nodiscard]] int Color() const { return color_; }
   void SetColor(int color);
-  // Open to typing. A locked box still takes focus and selection.
+  // Closed to typing. A locked box still takes focus and selection.
   [[nodiscard]] bool Locked() const { return locked_; }
   void SetLocked(bool locked);
   // A fixed font family for this element ("Agency FB"); empty: the desk's.
@@ -97,13 +97,13 @@ class Element {
 
   // Entries of a combo or list.
   [[nodiscard]] const std::vector<std::string>& Items() const { return items_; }
-  void SetItems(std::vector<std::string> items);  // no entry chosen, text empty
+  void SetItems(std::vector<std::string> items);  // then no entry is chosen, and a combo's text is empty
   void AddItem(const std::string& item);
   void ClearItems() { SetItems({}); }
-  // -1: none. Choosing another entry sets the text and fires `click`.
+  // The chosen entry, from 0; -1: none. Choosing another one sets a combo's text and fires `click`.
   [[nodiscard]] int ListIndex() const { return listIndex_; }
   void Choose(int index);
-  // Chooses the entry of this text, if there is one.
+  // Chooses the entry of this text, by the compare rule; false when there is none.
   bool ChooseText(const std::string& text);
 
   // Date of a date picker.
@@ -179,14 +179,14 @@ class GridElement : public Element {
   // The row marker: whether the current row is painted as chosen.
   [[nodiscard]] bool Marker() const { return marker_; }
   void SetMarker(bool on);
-  // The cell last tapped.
+  // The column of the cell last tapped.
   [[nodiscard]] int Column() const { return column_; }
-  // What the window calls after it moved the source's current record to the tapped row.
+  // The window calls these when it has moved the source's current record to the tapped row.
   void TapCell(int column);
   void DoubleTapCell(int column);
 
   Signal<int> headClick;    // column number
-  Signal<> released;        // the finger came up, on a row, a heading or elsewhere; heard before what the tap means
+  Signal<> released;        // the finger came up, on a row, a heading or elsewhere; raised before the tap's own event
   Signal<> columnsResized;  // the clerk dragged a border
   // Raised by the feature that gave the list other columns, so that the layout kept for them comes back.
   Signal<> columnsSwitched;

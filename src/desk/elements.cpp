@@ -46,7 +46,7 @@ void Elements::MoveFocus(Element* to) {
   Element* const from = focused_;
   focused_ = to;
   if (from) from->lostFocus();
-  if (focused_ != to) return;  // the one who lost it sent it elsewhere
+  if (focused_ != to) return;  // a handler of the one that lost it sent it elsewhere
   focusMoved(to);
   if (to) to->gotFocus();
 }

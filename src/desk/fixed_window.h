@@ -1,4 +1,4 @@
-// The frame of the desk's window: fixed in its place, or moved and sized by the arrow keys with Ctrl and Alt.
+// The frame of the desk's window: fixed in its place, or moved by the arrow keys with Ctrl and sized by them with Alt.
 #pragma once
 
 #include "desk/parts.h"
@@ -9,7 +9,7 @@ namespace karvel {
 class FixedWindow {
  public:
   explicit FixedWindow(const DeskParts& parts);
-  // As the state says (Sabit).
+  // Fixes or frees the frame, as FormState::Sabit says.
   void Apply();
 
  private:

@@ -32,9 +32,11 @@ struct FormState {
   std::string CustomerGroup, StockGroup;
   Cursor* ActiveCursor = nullptr;  // CariData or StokData, the list in front
   bool KeyboardOpen = false, PadOpen = false;
-  float ActiveFieldCode = 0;  // 0, 1 Text1; 0 to 3 Text2; 100 on Text6; 99 the first of Text6
+  // The field in use: its index in Text1, Text2, CariNew or StokNew; 99 for Text6(0) and 100 plus the index for the others of Text6;
+  // 999 once the keyboard was closed.
+  float ActiveFieldCode = 0;
   std::string DataDir = "C:\\KarvelData\\";
-  bool Closing = false;  // the window goes: waits end
+  bool Closing = false;  // the window is closing: waits end
   bool Sabit = false;    // the window is fixed
 
   // Every value by its name, for support: numbers, texts and booleans; PriceSlots and CompanyLines entry by entry, "PriceSlots(0)".

@@ -46,7 +46,7 @@ void GroupList::Chosen() {
   }
 }
 
-// In a sale the customer stands; another list under it would book the sale elsewhere. The prices follow at once, the list after the sale.
+// In a sale the customer stays: another list under it would book the sale elsewhere. The prices follow at once, the list after the sale.
 void GroupList::KeepForLater() {
   form_.CustomerGroup = screen_.GurupCombo.Text();
   settings_.Save(Setting::CustomerGroup, form_.CustomerGroup);
@@ -57,7 +57,7 @@ void GroupList::KeepForLater() {
 void GroupList::CustomerGroupChosen() {
   CloseBookingPanels(screen_);
   waits_ = false;
-  screen_.StokChk.SetChecked(false);  // a group of customers is a wish for customers
+  screen_.StokChk.SetChecked(false);  // whoever chooses a group of customers wants to see customers
   const std::string group = screen_.GurupCombo.Text();
   screen_.Text1(0).SetText("");
   Cursor& customers = cursors_.CariData;
@@ -95,7 +95,7 @@ void GroupList::Flip() {
   cursors_.GurupData.SetDatabaseName(form_.DataDir + (toStock ? "Stok.Mdb" : "Cari.Mdb"));
   Fill();
   Show(toStock ? form_.StockGroup : form_.CustomerGroup);
-  // The list is that of the group that now stands there. Among the customers it is so already.
+  // The stock list becomes that of the group that now stands there; the customer list is that of its group already.
   if (toStock) StockGroupChosen();
 }
 

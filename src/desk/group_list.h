@@ -1,4 +1,4 @@
-// GurupCombo, the groups of customers or, when ComboCmd was flipped, of stock cards: the choice of one narrows the list.
+// GurupCombo, the groups of customers or, when ComboCmd was flipped, of stock cards: choosing one narrows the list.
 #pragma once
 
 #include <string>
@@ -16,7 +16,7 @@ class GroupList {
 
   // Fills GurupCombo from GurupData: "Tüm Guruplar" and the groups, without the terminals' tags. Chooses nothing.
   void Fill();
-  // Chooses an entry without the list following it.
+  // Chooses the entry of this group, or the first where it is gone, while the list stays as it is.
   void Show(const std::string& group);
 
  private:
@@ -33,7 +33,7 @@ class GroupList {
   PriceSelection& prices_;
   CustomerInFront& customer_;
   bool showing_ = false;
-  bool waits_ = false;  // a group was chosen in a sale
+  bool waits_ = false;  // a group chosen in a sale waits until it is left
   Connections connections_;
 };
 

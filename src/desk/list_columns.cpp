@@ -39,7 +39,7 @@ void LayOutLists(Screen& screen, const FormState& form, Cursors& cursors) {
                                  {"Tahsilat", "Tahsilat", true, Align::Right, price},
                                  {"Olay", "Durum"}});
   screen.HareketGrid.SetSource(&cursors.HareketData);
-  // They stand in a sale alone.
+  // These two are shown in a sale alone.
   screen.StokGrid.SetVisible(false);
   screen.HareketGrid.SetVisible(false);
 }

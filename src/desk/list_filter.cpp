@@ -20,7 +20,7 @@ ListFilter::ListFilter(const DeskParts& parts, CustomerInFront& customer, PriceS
 }
 
 void ListFilter::ShowAllAgain() {
-  // A filter from before the sale went with it: a list that stayed narrow under an empty field would seem to miss customers.
+  // The sale has emptied the filter from before it: a list still narrow under an empty field would seem to lack customers.
   if (!screen_.Text5.Text().empty() || !customer_.ListedBy("Unvan Like ")) return;
   const std::string code = customer_.Code();
   OpenCustomers("");
@@ -37,7 +37,7 @@ void ListFilter::Changed() {
     if (!text.empty()) screen_.Text5.SetText("");
   }
   if (screen_.CariFrm.Visible()) {
-    // The new card is looked for in the whole list, so that stays.
+    // The new card is compared with the list in front, so the list stays.
     if (field >= 0 && field < screen_.CariNew.Count()) screen_.CariNew(field).SetText(text);
   } else if (screen_.StokAl.IsShown() && field >= kFirstOfReceipt && field < kReceipt + screen_.Text6.Count()) {
     screen_.Text6(field == kFirstOfReceipt ? 0 : field - kReceipt).SetText(text);

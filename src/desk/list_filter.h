@@ -1,5 +1,5 @@
-// Text5, the list filter: it narrows the customers at rest and the stock in a sale. The on-screen keyboard writes through it too, so under
-// a panel it echoes into the panel's field.
+// Text5, the list filter: it narrows the customers at rest and the stock in a sale. The on-screen keyboard writes into it too, so under an
+// open panel its text goes on into the panel's field.
 #pragma once
 
 #include <string>

@@ -7,7 +7,7 @@ namespace karvel {
 namespace {
 constexpr int kTickMilliseconds = 250;
 constexpr int kExitSeconds = 4, kHeadingSeconds = 2;
-constexpr int kHeadingHeight = 44;  // pixels of a grid that take the long press
+constexpr int kHeadingHeight = 44;  // pixels from the top of a grid that take the long press
 constexpr int kLeftButton = 1;
 }  // namespace
 

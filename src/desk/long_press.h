@@ -1,5 +1,5 @@
-// The long press that closes a fixed desk: a finger that stays on the exit button or on a list's heading. A fixed window has no frame to
-// close it by.
+// The long press that closes a fixed desk, whose window has no frame to close it by: a finger that stays on the exit button (4 seconds) or
+// on a list's heading (2 seconds).
 #pragma once
 
 #include <memory>

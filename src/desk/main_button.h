@@ -1,5 +1,5 @@
-// Command2, the desk's main button, and Command3 beside it where a line is corrected: what they read, and whether they can be pressed. The
-// one place that writes the two captions.
+// Command2, the desk's main button, and Command3 beside it where a line is corrected: what they read, and whether they can be pressed. No
+// other file writes the two captions.
 //
 //   Command3    Command2       a press on Command2
 //   Düzeltme    Tamam          corrects the line that was taken
@@ -24,18 +24,19 @@ class MainButton {
  public:
   explicit MainButton(const DeskParts& parts);
 
-  // Who does a task. Each has one: a second one is a mistake of the program, which std::logic_error tells at the start.
-  // The button is off when it runs, and the scanner still.
+  // Names who does a task. A task has one server: a second is a programmer's mistake, and throws std::logic_error at the start.
+  // When `work` runs, the button is off and the scanner switched off.
   void Serve(MainTask task, std::function<void()> work);
 
-  // Runs a posting with the clerk asked to wait; true when it is booked. Otherwise he was told why, and the button is open for another try.
+  // Runs a posting while the clerk is asked to wait; true when it is booked. Otherwise he was told why, and the button is on for another
+  // try.
   bool Post(const std::function<Status()>& posting);
-  // The same for work that is told by no caption.
+  // The same without asking him to wait.
   bool Try(const std::function<Status()>& work);
 
-  // A line to sell, or money to take. A correction that was begun goes on.
+  // "Tamam": a line can be sold, or money taken. A correction that was begun goes on.
   void OfferPosting();
-  // The same, and the correction or deletion that was begun is given up.
+  // The same, and a correction or deletion that was begun is given up.
   void GiveUpLine();
   void OfferDeletion(bool possible);
   void OfferCorrection();
@@ -44,7 +45,7 @@ class MainButton {
   [[nodiscard]] bool OffersDeletion() const;
 
   void Allow(bool allowed);
-  // While "Tamam" stands: on when there is a quantity or a payment to post, and a customer to post it to.
+  // While it reads "Tamam": on when there is a quantity or a payment to post, and a customer to post it to.
   void FollowAmounts();
   void Press();
   void SetFocus();

@@ -9,7 +9,7 @@ enum class Mute {
   Nothing = 0,
   Items = 66,       // prices and fields don't follow the stock list
   Fields = 99,      // no field follows: the lists move, what stands in the fields stays
-  DayBook = 100,    // the day total doesn't follow the day book, and no field the customer list
+  DayBook = 100,    // the day total doesn't follow the day book, nor any field the customer list
   Customers = 555,  // nothing follows the customer list
 };
 
@@ -20,10 +20,10 @@ class Muting {
   [[nodiscard]] bool ItemFieldsStill() const { return now_ == Mute::Fields; }
   [[nodiscard]] bool DayBookStill() const { return now_ == Mute::DayBook; }
   [[nodiscard]] bool CustomersStill() const { return now_ == Mute::Customers; }
-  // Name, balance and books of the customer; what no field shows follows all the same.
+  // Name, balance and books of the customer keep still; what no field shows follows all the same.
   [[nodiscard]] bool CustomerFieldsStill() const { return now_ >= Mute::Fields; }
   [[nodiscard]] double Number() const { return static_cast<double>(now_); }
-  // Keeps still beyond the handler, until the next one that mutes something is through: a refusal leaves the desk as it stands.
+  // Lasts beyond the handler, until the next one that mutes something has ended: a refusal leaves the desk as it stands.
   void Keep(Mute what) { now_ = what; }
 
  private:
@@ -32,8 +32,8 @@ class Muting {
   int depth_ = 0;
 };
 
-// Keeps something still for as long as this lives. What a handler around it kept still is so again afterwards; when the outermost is
-// through, everything follows.
+// Keeps something still for as long as this lives. Afterwards what a handler around it kept still is so again; after the outermost,
+// everything follows.
 class [[nodiscard]] Muted {
  public:
   Muted(Muting& muting, Mute what) : muting_(muting), before_(muting.depth_ > 0 ? muting.now_ : Mute::Nothing) {

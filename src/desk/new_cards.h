@@ -8,7 +8,7 @@
 
 namespace karvel {
 
-// An unknown name is a new customer: his card opens with the name in it.
+// An unknown customer: the panel of a new card with the name in it.
 void OpenCustomerCard(Screen& screen, const std::string& name);
 // An unknown item: the panel of a new stock card with the name in it, and the keyboard for its code.
 void OpenStockCard(FormState& form, Screen& screen, const std::string& name);

@@ -1,4 +1,4 @@
-// The overdue notice, Vadefrm: for how many days the customer in front has owed. A tap dismisses it.
+// The overdue notice, Vadefrm: how many days ago the debt of the customer in front fell due. A tap dismisses it.
 #pragma once
 
 #include "desk/parts.h"
@@ -10,7 +10,8 @@ class OverdueNotice {
  public:
   explicit OverdueNotice(const DeskParts& parts);
 
-  // For this card, whose due dates stand in VadeData. Shows nothing where he owes nothing or it fell due today.
+  // Shows it for the customer on whose card the cursor stands, with his due dates in VadeData. Hides it where he owes nothing, has
+  // no due date, or his debt falls due today.
   void ShowFor(const Cursor& customer);
   void Hide();
 

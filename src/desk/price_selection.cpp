@@ -48,7 +48,7 @@ void PriceSelection::ShowItem() {
   const double price = form_.PriceSlots[slot];
   const double discount = SafeCalcNumber(CalcOp::Multiply, price, screen_.Text2(3).Text()) / 100;
   screen_.Text2(0).SetText(Format(price - discount, form_.PriceFormat));
-  KeepFloor();  // also where the text stays as it was and nobody hears of a change
+  KeepFloor();  // also where the text was the same before, so that nobody heard of a change
   const double pieces = slot == kSecond ? cursors_.StokData.Number("Adet2") : slot == kThird ? cursors_.StokData.Number("Adet3") : 1;
   screen_.Text2(1).SetText(PlainNumber(pieces));
 }
@@ -68,7 +68,7 @@ void PriceSelection::FillSlots() {
   slots[kSpecial] = 0;
   const SpecialPrices own = FindSpecialPrices(world_.stores, card.Text("StokKod"), customer_.Code());
   if (!own.kept) return;
-  // The customer's own prices. His first one stands beside the card's as "Özel", it never replaces it.
+  // The customer's own prices. His first one stands beside the card's as "Özel", and never replaces it.
   if (own.first != 0) slots[kSpecial] = own.first;
   if (own.second != 0) slots[kSecond] = own.second;
   if (own.third != 0) slots[kThird] = own.third;

@@ -1,5 +1,5 @@
-// Which of up to four prices of an item this customer pays: worked out whenever the current record of StokData changes,
-// stepped through by a double tap on Label1(2), and kept above the floor that the shop has set.
+// Which of up to four prices of an item this customer pays: worked out whenever the current record of StokData changes, stepped through by
+// a double tap on Label1(2), and kept above the floor, the shop's minimum sale price: MinSalePercent below the card's Fiyat.
 #pragma once
 
 #include <string>
@@ -13,9 +13,9 @@ namespace karvel {
 class PriceSelection {
  public:
   PriceSelection(const DeskParts& parts, const CustomerInFront& customer);
-  // The slots and, in a sale, the fields of the current item. What a move of StokData runs.
+  // Works out the slots and, in a sale, fills the fields of the current item. Runs at every move of StokData.
   void ShowItem();
-  // Another stock list in a sale: the fields name the item in front, and nothing of it is sold yet.
+  // For another stock list in a sale: the fields name its item in front, with a quantity of 0.
   void ShowUnsoldItem();
   // A double tap on Label1(2): the next price that isn't 0.
   void Step();

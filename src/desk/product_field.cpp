@@ -16,7 +16,7 @@ namespace karvel {
 namespace {
 const Steps step("ProductField");
 
-// By the first of the columns that has the text.
+// Stands on the card that has the text, in the first of the columns in which there is one.
 bool FindIn(Cursor& among, std::initializer_list<const char*> columns, const std::string& text) {
   for (const char* const column : columns) {
     step("find card", among.FindFirst(std::string(column) + "='" + text + "'"));
@@ -64,7 +64,7 @@ void ProductField::Focused() {
 void ProductField::NameItemInFront() {
   Cursor& cards = cursors_.StokData;
   if (NumberOrZero(screen_.Text2(0).Text()) == 0 && cards.HasCurrent()) {
-    // A code that nobody knows took the price away; the item must not go for nothing.
+    // An unknown code has set the price to 0, and the item must not go for nothing.
     const std::string quantity = screen_.Text2(1).Text();
     step("item in front", cards.MoveTo(cards.CurrentKey()));
     screen_.Text2(1).SetText(quantity);
@@ -77,7 +77,7 @@ void ProductField::EnterDown() {
   CloseKeyboard(form_, screen_);  // what was typed on it is taken, so the prices follow again
   Cursor& cards = cursors_.StokData;
   const std::string text = screen_.Text1(1).Text();
-  if (Trim(text).empty()) return;  // a reader that ends a code with two signs must not sell the card without a barcode
+  if (Trim(text).empty()) return;  // the second Enter of a scanner that ends codes with two signs would sell the card that has no barcode
   step("find barcode", cards.FindFirst("Barkod='" + text + "'"));
   matched_ = !cards.NoMatch();
   if (!matched_ && !FindName(text)) return;
@@ -87,9 +87,9 @@ void ProductField::EnterDown() {
 
 bool ProductField::FindName(const std::string& text) {
   Cursor& cards = cursors_.StokData;
-  // The card in front is the one meant, also when another bears the same name.
+  // The card in front is the one meant, even if another bears the same name.
   if (cards.HasCurrent() && cards.Text("StokAdi") == text) {
-    // Its prices are worked out as if it had been found: those of another item may stand there, or a step of its own.
+    // Its prices are worked out as if it had been found: the fields may show those of another item, or one that was stepped to.
     return cards.MoveTo(cards.CurrentKey()).Ok();
   }
   step("find name", cards.FindFirst("StokAdi='" + text + "'"));
@@ -176,7 +176,7 @@ void ProductField::KeyUp(const KeyEvent& event) {
 }
 
 void ProductField::CodeRead(const std::string& code) {
-  // Codes wait in line: the next one is shown when the one before has been entered.
+  // Codes wait in line: each is shown when the one before has been entered.
   codes_.push_back(code);
   EnterCodes();
 }
@@ -194,11 +194,11 @@ void ProductField::EnterCodes() {
   reading_ = true;
   for (; !codes_.empty() && !screen_.TahsilatFrame.IsShown(); codes_.pop_front()) {
     screen_.Label11.SetCaption("");
-    if (!CodeField().IsShown()) continue;  // a code is an item of a sale, and there is none
+    if (!CodeField().IsShown()) continue;  // outside a sale a code means nothing
     CodeField().SetFocus();
     world_.loop.Wait(1000);
     screen_.Label11.SetCaption(codes_.front());
-    world_.loop.RunPending();  // the Enter that it sends
+    world_.loop.RunPending();  // the Enter that the caption sends
   }
   reading_ = false;
 }

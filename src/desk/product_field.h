@@ -1,5 +1,5 @@
-// Text1(1), the product field: typed names with completion, codes by keyboard, codes from a scanner. All ways end with a current
-// record in StokData, its name in the field, and a price in Text2(0).
+// Text1(1), the product field: names typed and completed, codes typed, codes from a scanner. All ways end with a current record in
+// StokData, its name in the field, and a price in Text2(0).
 #pragma once
 
 #include <deque>
@@ -19,13 +19,13 @@ class ProductField {
  private:
   using Columns = std::initializer_list<const char*>;
   void Focused();
-  void EnterDown();       // first pass, at the key's going down
-  void EnterCharacter();  // second pass, at the key's character
-  // The card of what was entered comes in front and its price into the field, while no other field follows; false when nobody has it.
+  void EnterDown();       // the first pass of an Enter, when the key goes down
+  void EnterCharacter();  // the second pass, when its character comes
+  // Brings the card of what was entered in front and its price into Text2(0), while no other field follows; false when no card has it.
   bool TakeEntered();
-  // Whether the list has a name that begins so; it then stands there, and no field follows.
+  // Moves the list to the first name that begins so, while no field follows; false, and it stays, where there is none.
   bool FindQuietly(const std::string& text);
-  // Stands on the card of what was entered.
+  // Moves to the card of what was entered; false where there is none.
   bool FindCard(const std::string& text);
   bool FindOutside(Columns columns, const std::string& text);
   bool FindName(const std::string& text);
@@ -34,7 +34,7 @@ class ProductField {
   void KeyUp(const KeyEvent& event);
   void CodeRead(const std::string& code);
   void EnterCodes();
-  // Where a code goes: into the product field, or into the panel that asks for codes.
+  // The field that a code goes to: the product field, or that of a panel that asks for codes.
   [[nodiscard]] Element& CodeField() const;
   void ScannedText();  // Label11 changed
 

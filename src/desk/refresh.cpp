@@ -7,7 +7,7 @@ namespace karvel {
 
 Status VeriTazele(Cursor& cursor, EventLoop& loop) {
   Status refreshed = cursor.Refresh();
-  // A tap that waits keeps its place: the caller is not done.
+  // Taps keep waiting: the caller is not done.
   loop.RunPendingButInput();
   return refreshed;
 }

@@ -1,4 +1,4 @@
-// The full refresh of a list, as every feature that points a cursor elsewhere does it.
+// The full refresh of a list that was pointed elsewhere.
 #pragma once
 
 #include "platform/status.h"
@@ -8,8 +8,8 @@ namespace karvel {
 class Cursor;
 class EventLoop;
 
-// Re-runs the cursor's source, lets the window paint, and leaves the cursor on the first record. The count is exact afterwards, as it
-// always is: nothing is read for it, so a list of a million rows costs as much as one of ten.
+// Re-runs the cursor's source, lets the window paint, and leaves the cursor on the first record. Nothing is
+// counted: a list of a million rows costs as much as one of ten.
 Status VeriTazele(Cursor& cursor, EventLoop& loop);
 
 }  // namespace karvel

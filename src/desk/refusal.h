@@ -1,4 +1,4 @@
-// The one box that tells the clerk that the stores refused what was posted. Nothing of it is in them.
+// The one box that tells the clerk that the stores refused what was posted. Nothing of the posting is in them then.
 #pragma once
 
 #include "desk/world.h"

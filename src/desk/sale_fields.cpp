@@ -32,7 +32,7 @@ bool MayBecomeNumber(const std::string& text) {
   return digits <= kWholeDigits && (IsNumeric(text) || IsNumeric(text + "0"));
 }
 
-// Groups the whole part of an amount and leaves what is typed behind the comma: "1500,5" is "1.500,5".
+// Groups the whole part of an amount and leaves what is typed after the comma: "1500,5" becomes "1.500,5".
 std::string Grouped(const std::string& text) {
   if (!IsNumeric(text)) return text;
   const std::size_t comma = text.find(',');
@@ -74,7 +74,7 @@ void SaleFields::Changed(int index) {
     box.SetText("0");
     return;
   }
-  // A digit typed behind the standing "0" takes its place.
+  // A digit typed after the "0" that stands there replaces it.
   if (box.Text().size() > 1 && box.Text()[0] == '0' && box.Text()[1] >= '0' && box.Text()[1] <= '9') {
     box.SetText(box.Text().substr(1));
     return;
@@ -127,7 +127,7 @@ void SaleFields::Character(int index, CharacterEvent& event) {
   const bool sign = event.character == '-' || event.character == '+';
   const std::string& shown = screen_.Text2(index).Text();
   if (index == kPrice && !sign && !floored_.shown.empty() && shown == floored_.shown && screen_.Text2(index).SelectionLength() == 0) {
-    // The floor stands where only the first digits of a price were: the next one goes on behind those.
+    // The floor took the place of a price of which only the first digits were typed: the next digit goes on from those.
     const std::string price = floored_.typed + LetterToUtf8(event.character);
     if (MayBecomeNumber(price)) {
       event.character = 0;
@@ -148,11 +148,11 @@ void SaleFields::LeaveField(int index) {
   Element& box = screen_.Text2(index);
   if (box.Text().empty()) box.SetText("0");
   if (ModeOnScreen(screen_) == LineMode::Purchase && form_.SerialEntryOn && NumberOrZero(screen_.Text2(kQuantity).Text()) > 0) {
-    // More than there are pieces now: which of them to leave out only the goods can tell.
+    // There are more serials than pieces now, and only the goods can tell which to leave out.
     if (static_cast<double>(screen_.List1.Items().size()) > NumberOrZero(screen_.Text2(kQuantity).Text())) screen_.List1.ClearItems();
     screen_.Frame4.SetVisible(true);
     screen_.Frame4.BringToFront();
-    // The serials follow the quantity; whoever goes on to another field of the line, or back, is left to type there.
+    // The serials come after the quantity; a clerk who goes to another field of the line is left to type there.
     const Element* const next = screen_.elements.Focused();
     const bool onLine = next == &screen_.Text2(kPrice) || next == &screen_.Text2(kQuantity) || next == &screen_.Text2(kDiscount);
     if (!onLine && (index == kQuantity || next != &screen_.Text2(kPayment))) screen_.Text4.SetFocus();

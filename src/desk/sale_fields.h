@@ -37,7 +37,7 @@ class SaleFields {
   Connections connections_;
 };
 
-// All field names Label1(0) to Label1(6) yellow, none marked.
+// Makes the field names Label1(0) to Label1(6) yellow: none is marked as in use.
 void UnmarkFieldNames(Screen& screen);
 
 }  // namespace karvel

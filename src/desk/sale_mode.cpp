@@ -41,7 +41,7 @@ SaleMode::SaleMode(const DeskParts& parts, PriceSelection& prices, MainButton& b
 void SaleMode::DoubleTap(int index) {
   Element& label = screen_.Label1(index);
   world_.scanner.SetEnabled(false);
-  // A second double tap that is still on its way must not undo the first. Both are on again before a handler hands out the focus.
+  // A second double tap that is still waiting must not undo the first. Label and form are on again before a handler moves the focus.
   label.SetEnabled(false);
   screen_.Form1.SetEnabled(false);
   world_.loop.RunPending();
@@ -105,7 +105,7 @@ void SaleMode::EnterOrLeave() {
 }
 
 bool SaleMode::Enter() {
-  if (!ListsCustomers(screen_)) return false;  // no row of stock or of the day book buys anything
+  if (!ListsCustomers(screen_)) return false;  // a row of stock or of the day book buys nothing
   CloseKeyboard(form_, screen_);               // what was written on it is taken, so the item in front is shown
   CloseBookingPanels(screen_);
   screen_.Text2(2).SetText("0");
@@ -136,7 +136,7 @@ void SaleMode::ReturnFromWholesale() {
     const Muted muted(form_.RepositionGuard, Mute::DayBook);
     step("customer list", cursors_.CariData.Open(sources::kCustomers));
   }
-  // The balance on the screen is that of the row in front, no more the wholesaler's.
+  // The balance on the screen is that of the row in front, no longer the wholesaler's.
   if (customer_.IsThere()) customer_.Follow();
   screen_.Text1(0).SetText("");
   screen_.Label1(5).SetCaption(caption::kCollection);
@@ -190,14 +190,14 @@ void SaleMode::Leave() {
   screen_.StokGrid.SetVisible(false);
   screen_.HareketGrid.SetVisible(false);
   figure_.ColorForRest();
-  // Beside the list stands the balance again, not the sum of the day or of a slip.
+  // The balance stands beside the list again, not the sum of the day or of a slip.
   ShowBalance();
   screen_.Text1(0).SetEnabled(true);
   screen_.Text2(2).SetText("0");
   screen_.Text2(3).SetText("0");
   screen_.Label8.SetCaption(customer_.Code());
   screen_.Frame2.SetVisible(false);
-  // An item or a line that was tapped in the sale is not meant any more: at rest the button takes payments.
+  // An item or a line that was tapped in the sale is no longer meant: at rest the button takes payments.
   screen_.Text2(1).SetText("0");
   button_.GiveUpLine();
   button_.FollowAmounts();

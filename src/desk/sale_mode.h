@@ -22,7 +22,7 @@ class SaleMode {
   void FlipSearch();  // Label1(1): " Ürün" and " Barkod"
   void EnterOrLeave();
   bool Enter();  // false: nothing changed
-  // From the wholesale list the way leads back to the customers.
+  // Leads back from the wholesale list to the customers; no sale is entered.
   void ReturnFromWholesale();
   void ShowSaleScreen();
   void RefreshStock(bool quietly);

@@ -30,14 +30,14 @@ SalePosting::SalePosting(const DeskParts& parts, MainButton& button, CustomerInF
 void SalePosting::Confirm() {
   if (!LineIsWhole()) return;
   const bool posted = button_.Post([this] {
-    // One number serves all lines of a slip; printing the slip empties it.
+    // One number serves all lines of a slip; printing the slip clears it.
     if (form_.SlipNo.empty()) form_.SlipNo = NextSlipNumber(settings_);
     return PostLine();
   });
   if (posted && SearchesByBarcode(screen_)) screen_.Text1(1).SetFocus();
 }
 
-// Whether the screen names what is sold; if not, the focus goes where it is missing.
+// Whether the screen names what is sold; if not, the focus goes to the field that lacks it.
 bool SalePosting::LineIsWhole() {
   const auto missing = [](Element& field) {
     field.SetFocus();
@@ -51,7 +51,7 @@ bool SalePosting::LineIsWhole() {
   Cursor stored(world_.stores, "sold");
   // Its card was deleted at another terminal.
   if (OpenStoredItem(stored, item) == Stored::Gone) return missing(screen_.Text1(1));
-  // The name of an item that was looked up there is no price.
+  // An item looked up in the price field leaves its name there, which is no price.
   if (!IsNumeric(screen_.Text2(0).Text())) return missing(screen_.Text2(0));
   return true;
 }
@@ -79,7 +79,7 @@ Status SalePosting::PostLine() {
   const auto booked = BookSaleLine(shop_, ReadLine());
   if (!booked) return booked.error();
   form_.CurrentLineId = booked->id;
-  // The sale goes on under the code of the card that the line made, or the next line would make another.
+  // The sale goes on under the code of the card that the line made; otherwise the next line would make another.
   form_.CurrentCustomerCode = booked->customerCode;
   customer_.StandQuietlyOn(booked->customerCode);
   balance_.ShowSided(booked->balance);

@@ -20,7 +20,7 @@ class Screen {
   }
   Element& Hidden(const std::string& name, Kind kind, const std::string& text, Element* panel);
   ElementArray Many(const std::string& name, Kind kind, std::initializer_list<const char*> texts, Element* panel);
-  // Entries of an array that begin at an index above 0 or lie on different panels, by index.
+  // Entries of an array that lie on different panels, by index.
   ElementArray Placed(const std::string& name, Kind kind, std::initializer_list<std::pair<const char*, Element*>> entries);
 
  public:
@@ -176,7 +176,7 @@ class Screen {
   Signal<bool> pointerChanged;
   // Asks the window to open a pop-up menu (PopMenu, PopBrk, …) where the finger is.
   Signal<Element&> popUp;
-  // Asks for the on-screen keyboard over a text box, and tells that its work is done.
+  // Asks for the on-screen keyboard over a text box, and says that it is no longer wanted.
   Signal<Element&> keyboardWanted;
   Signal<> keyboardDone;
 

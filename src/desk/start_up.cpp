@@ -193,14 +193,14 @@ void StartUp::ShowGroups() {
   features_.groups.Fill();
   features_.groups.Show(form_.CustomerGroup.empty() ? sources::kAllGroups : form_.CustomerGroup);
   if (EqualText(screen_.GurupCombo.Text(), "Toptan")) {
-    // The wholesalers of yesterday are still paid today, not collected from.
+    // Yesterday's list of wholesalers still pays out today; nothing is collected from them.
     screen_.Label1(5).SetCaption(caption::kPayment);
     screen_.Label1(0).SetCaption(caption::kWholesale);
   }
   features_.prices.SetFirstPriceColumn();
 }
 
-// What the screen says beside the row in front is his; his books are opened when he is first looked up.
+// What stands beside the list belongs to the customer in front; his books are opened when he is first looked up.
 void StartUp::ShowCustomerInFront() {
   features_.balance.ColorForRest();
   if (!features_.customer.IsThere()) return;

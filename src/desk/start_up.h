@@ -32,8 +32,8 @@ class StartUp {
   // False when this copy must end at once.
   bool Load();
   void Activate();
-  // Once, in the first activation, with the options read, the lists filled and the grids' columns set, while the clerk is asked to wait:
-  // the time for upkeep and for what was kept of the lists.
+  // Raised once, during the first activation: options are read, lists filled and columns set, and the clerk is still asked to wait. The
+  // time for upkeep, and for the column layouts that were kept.
   Signal<> opening;
 
  private:
@@ -49,7 +49,7 @@ class StartUp {
   void WaitForConnection();
   void ShowGroups();
   void ShowCustomerInFront();
-  bool Refuse(const Status& status);  // tells the clerk; false
+  bool Refuse(const Status& status);  // tells the clerk why; false
 
   Shop shop_;
   Screen& screen_;

@@ -15,7 +15,7 @@ namespace {
 
 const Steps step("TappedSearch");
 
-// Unlike the standard list it has the wholesalers too: whoever types a name means that one.
+// Unlike the standard list it has the wholesalers too: whoever types a name means its bearer.
 const std::string kSearched =
     "Select * From CariKartlar Where HesKullan=False And lcase(Gurup)<>'plasiyer' And Left(CariKod,1)<>'=' And CariKod<>'Merkez' Order By "
     "Unvan Asc";
@@ -31,7 +31,7 @@ TappedSearch::TappedSearch(const DeskParts& parts, CustomerInFront& customer, Pr
 }
 
 void TappedSearch::TapCustomer() {
-  // The same list also shows stock and the day book, which have fields of their own for that.
+  // The same list also shows stock and the day book, which have search fields of their own.
   if (!AtRest(screen_) || !ListsCustomers(screen_)) return;
   if (form_.KeyboardOpen) {
     TakeCustomer();
@@ -105,7 +105,7 @@ void TappedSearch::TakeProduct() {
   const std::string text = screen_.Text1(1).Text();
   form_.LastStokSearch = text;
   if (ShowNamed(text)) return;
-  ShowAllStock();  // a list of nothing would hide the next item from the scanner
+  ShowAllStock();  // an empty list would hide the next item from the scanner
   OpenStockCard(form_, screen_, text);
 }
 
@@ -124,7 +124,7 @@ bool TappedSearch::ShowNamed(const std::string& text) {
 void TappedSearch::LeaveCustomer() {
   if (!form_.KeyboardOpen) return;
   CloseKeyboard(form_, screen_);
-  // The field was emptied and the list began anew: what is paid now goes to the row in front, so it must say so.
+  // The field was emptied and the list began anew: what is paid now goes to the row in front, so the field must name it.
   if (ListsCustomers(screen_) && Trim(screen_.Text1(0).Text()).empty()) customer_.Follow();
 }
 
@@ -137,7 +137,7 @@ void TappedSearch::LeaveProduct() {
   if (text.empty()) {
     prices_.ShowUnsoldItem();  // nothing was looked for
   } else if (cards.HasCurrent() && NamesCard(text, cards.Text("StokAdi"))) {
-    // What the keyboard muted: the name is completed, and its prices are those of this item and customer.
+    // What the open keyboard held back: the name is completed, and the prices are those of this item and customer.
     const Muted muted(form_.RepositionGuard, Mute::Fields);
     prices_.ShowItem();
     screen_.Text1(1).SetText(cards.Text("StokAdi"));

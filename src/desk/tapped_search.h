@@ -17,13 +17,13 @@ class TappedSearch {
   void TapCustomer();
   void StartCustomer();
   void TakeCustomer();
-  // The list in which the customer was found, on his row, while no field follows; false when nobody is.
+  // Shows the list in which the customer was found, standing on his row, while no field follows; false when nobody is found.
   bool ShowFound(const std::string& text);
   bool FindCustomer(const std::string& text);
   void TapProduct();
   void ShowAllStock();
   void TakeProduct();
-  // The list of the cards whose name begins so, and the first of them in the fields; false when there is none.
+  // Shows the cards whose name begins so, and the first of them in the fields; false when there is none.
   bool ShowNamed(const std::string& text);
   void LeaveCustomer();
   void LeaveProduct();

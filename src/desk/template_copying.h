@@ -7,8 +7,8 @@
 
 namespace karvel {
 
-// Copies each of the data folder's files that isn't there; one that is stays, also one that another terminal lays there at this moment.
-// `dataFolder` ends with a backslash. The failure names the file; the files before it are laid.
+// Copies each of the data folder's files that is missing. One that is there stays as it is, even one that another terminal lays there at
+// this moment. `dataFolder` ends with a backslash. A failure names the file; the files before it are laid.
 Status CopyMissingTemplates(Files& files, const std::string& dataFolder);
 
 }  // namespace karvel

@@ -17,7 +17,7 @@ bool WayOut::Leave() {
     if (panel.wayOut) {
       panel.wayOut->Press();
     } else {
-      // More serials were asked for than there are: the quantity is what is wrong, and leaving it asks anew.
+      // More serials were asked for than there are: the quantity is wrong, and leaving its field asks again.
       panel.panel->SetVisible(false);
       screen.Text2(1).SetFocus();
     }

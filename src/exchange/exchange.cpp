@@ -6,7 +6,7 @@
 
 namespace karvel {
 
-// One member a feature, in the order in which they connect: what goes is gone before the lists are laid out.
+// One member a feature, in the order in which they connect: old rows are purged before the lists are laid out.
 struct Exchange::Features {
   explicit Features(Desk& desk) : purge(desk.Parts(), desk.Opening()), layouts(desk.Parts(), desk.Opening()) {}
 

@@ -1,4 +1,4 @@
-// What the desk keeps and clears away around its stores: every feature of this folder, built on a desk and connected to it.
+// What the desk keeps and clears away beside its sales and accounts: every feature of this folder, built on a desk and connected to it.
 //
 // Constructed before the desk loads; lives no longer than the desk.
 #pragma once

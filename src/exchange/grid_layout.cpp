@@ -22,7 +22,7 @@ constexpr float kWidest = 1'000'000;  // twips; what is wider is no width
 constexpr const char* kLineEnd = "\r\n";
 const Steps step("GridLayout");
 
-// Columns whose cells are wider than their heading: the longest that commonly stands in them.
+// Columns whose cells are wider than their heading, each with the longest text that is common in it.
 struct CommonCell {
   std::string_view field;
   const char* text;

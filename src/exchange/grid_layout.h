@@ -1,12 +1,12 @@
 // The column layout of the five data grids, kept in small text files in the data folder, so that the clerk's layout survives restarts.
 //
-// A file is the grid's name, a suffix and ".dat"; the suffix is "C" while CiroChk is checked, else "S" while StokChk is, else "". A line a
-// column, in column order: the width in twips and whether it shows.
+// A file is the grid's name, a suffix and ".dat"; the suffix is "C" while CiroChk is checked, else "S" while StokChk is, else "". One line
+// for each column, in column order: the width in twips and whether it shows.
 //
 //   1200,#TRUE#
 //   987.5,#FALSE#
 //
-// A line that can't be read leaves its column as it is, and so does one that is missing.
+// A line that can't be read, or is missing, leaves its column as it is.
 #pragma once
 
 #include <string>
@@ -19,12 +19,13 @@ namespace karvel {
 
 class GridLayout {
  public:
-  // Loads the layouts when the desk opens, and one when its grid gets other columns; saves one when the clerk changed a column.
+  // Loads all layouts when the desk opens, and a grid's own when it gets other columns; saves it when the clerk has changed a column.
   GridLayout(const DeskParts& parts, Signal<>& opening);
 
-  // GridYükle: the layout that was kept; where there is none, one fitted to the headings and the grid, which is then kept.
+  // GridYükle: gives the grid the layout that was kept; where there is none, one fitted to the headings and the grid, which is then kept.
+  // Does nothing to a grid without columns.
   void Load(GridElement& grid);
-  // GridYaz.
+  // GridYaz: keeps the layout that the grid has now. A file that can't be written is noted in the log.
   void Save(GridElement& grid);
 
  private:

@@ -65,7 +65,7 @@ void TypeFast(const std::vector<KeyStroke>& strokes, QWidget& otherwise) {
 }
 
 void Settle() {
-  // What a first round queues may queue once more: a sent key moves the focus, the focus selects a text.
+  // What runs in a first round may queue something more: a sent key moves the focus, the focus selects a text.
   for (int round = 0; round < 3; ++round) QCoreApplication::processEvents();
 }
 

@@ -17,14 +17,14 @@ enum class Tap { Click, Double, Right, Press, Release };
 void TapAt(QWidget& widget, const QPoint& point, Tap tap);
 void TapCenter(QWidget& widget, Tap tap);
 
-// One press and release, to the widget that has the focus when each comes; `otherwise` gets them where none has.
-// `stamp` is the moment in milliseconds that the events tell, 0: none.
+// One press and one release, each to the widget that has the focus at that moment; where none has, to `otherwise`.
+// `stamp`: the time stamp of the events, in milliseconds; 0: none.
 void Strike(const KeyStroke& stroke, QWidget& otherwise, quint64 stamp = 0);
 
-// One key behind the other, a millisecond apart by their time stamps, as a scanner types that shows itself as a keyboard.
+// One key after another, a millisecond apart by their time stamps, as a scanner types that presents itself as a keyboard.
 void TypeFast(const std::vector<KeyStroke>& strokes, QWidget& otherwise);
 
-// Lets everything run that waits now: queued works, painting, focus changes.
+// Lets everything run that waits now: queued calls, painting, focus changes.
 void Settle();
 
 // Closes open pop-up menus and lists, as a tap beside them does.

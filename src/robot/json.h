@@ -15,7 +15,8 @@ class RequestError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// What a request tells under a key. Without it, or with another type, a RequestError names the key.
+// The value of a request under a key. Where it is missing or of another type, a RequestError names the key; `preset` stands in for a
+// missing one.
 std::string TextOf(const Json& request, const char* key);
 int NumberOf(const Json& request, const char* key);
 int NumberOf(const Json& request, const char* key, int preset);

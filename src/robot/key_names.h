@@ -16,7 +16,7 @@ struct KeyStroke {
 
 // Nothing for a name that isn't a key's.
 std::optional<KeyStroke> KeyByName(const std::string& name);
-// The keys that write a text, one a letter.
+// The keys that write a text, one for each letter.
 std::vector<KeyStroke> KeysOfText(const std::string& text);
 
 }  // namespace karvel

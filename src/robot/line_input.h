@@ -6,7 +6,8 @@
 
 namespace karvel {
 
-// The lines of a file handle, as they come, on the event loop. A last line without an end mark counts.
+// The lines of a file handle as they come, reported from the event loop: `line` for each, without its end mark, then `end` once. A last
+// line without an end mark counts.
 class LineInput {
  public:
   LineInput(int handle, std::function<void(std::string)> line, std::function<void()> end);

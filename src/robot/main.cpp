@@ -13,7 +13,7 @@
 
 int main(int argc, char** argv) {
   using namespace karvel;
-  // A reader that went away shows at the end of the input.
+  // That the reader of the answers went away is noticed at the end of the input.
   std::signal(SIGPIPE, SIG_IGN);
   if (argc > 1) argc = 1;
   const RobotPlatform platform;

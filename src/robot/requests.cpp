@@ -19,7 +19,7 @@
 namespace karvel {
 namespace {
 
-constexpr int kRowLimit = 10000;  // of a grid's rows in one answer, unless a request tells another
+constexpr int kRowLimit = 10000;  // of a grid's rows in one answer, unless a request names another
 
 Json Refusal(const std::string& error) {
   return {{"ok", false}, {"error", error}};

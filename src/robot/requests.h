@@ -26,8 +26,8 @@ class Requests {
   // Does what one line asks and returns its answer, {"ok":true,…} or {"ok":false,"error":"…"}, when the desk's handlers have returned.
   // No line makes it throw.
   [[nodiscard]] Json Handle(const std::string& line);
-  // A line that tells about the world outside and needs no desk: it holds also while the desk is in the middle of something that
-  // waits for it. Nothing for any other line.
+  // Does what a line asks that is about the world outside and needs no desk, also while the desk is in the middle of something that waits
+  // for it. Nothing for any other line.
   [[nodiscard]] std::optional<Json> HandleEarly(const std::string& line);
 
  private:

@@ -52,7 +52,7 @@ void Robot::Pump() {
     if (ended_) Close();
     return;
   }
-  // One request a round, so that the main loop itself comes to its turn between two: it is what deletes what is to be deleted.
+  // One request a round, so that the main loop has its turn between two: only there do deferred deletions happen.
   busy_ = true;
   const Waiting next = std::move(waiting_.front());
   waiting_.pop_front();
@@ -76,7 +76,7 @@ void Robot::Close() {
 }
 
 void Robot::Answer(const Json& answer) {
-  // Letters that a damaged text lost must not end the robot.
+  // Damaged letters in a text must not end the robot.
   const std::string line = answer.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
   std::fwrite(line.data(), 1, line.size(), output_);
   std::fflush(output_);

@@ -1,6 +1,6 @@
-// Reads requests, one a line, and answers them in their order, one line each. A request is begun when the desk's handlers for the one
-// before have returned, also when they let events run meanwhile; and never within a code that a device sends: its handlers let events run
-// too, and a request among them would find the code half entered.
+// Reads requests, one a line, and answers them in their order, one line each. A request begins when the desk's handlers for the one before
+// have returned, even if they let events run meanwhile. It never begins while the desk enters a code of a device: the code's handlers let
+// events run too, and the request would find the code half entered.
 #pragma once
 
 #include <QObject>
@@ -19,7 +19,7 @@ class CodeScanner;
 
 class Robot : public QObject {
  public:
-  // Begins when the window was activated. The end of the input is a request to close.
+  // Begins when the window has been activated. The end of the input is a request to close.
   Robot(App& app, RobotWorld& world, int input, std::FILE* output);
 
  private:

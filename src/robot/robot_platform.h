@@ -5,12 +5,12 @@
 
 namespace karvel {
 
-// The screen that the robot works on. To be made before the application, and kept until that exists.
+// The screen that the robot works on. It has to be made before the application, and to live until that exists.
 class RobotPlatform {
  public:
   // Without a display the robot works offscreen, on a screen of the window's size.
   RobotPlatform();
-  // Of the window: KARVEL_SIZE ("1920x1080"), else 1024×768.
+  // The window's size in pixels: KARVEL_SIZE ("1920x1080"), else 1024×768.
   [[nodiscard]] QSize WindowSize() const { return size_; }
 
  private:

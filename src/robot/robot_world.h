@@ -1,4 +1,4 @@
-// The robot's own pieces of the world outside: what a person or the machine would do, told by requests.
+// The robot's own pieces of the world outside: requests decide what a person or the machine would.
 #pragma once
 
 #include <utility>
@@ -19,7 +19,7 @@ class RobotConnection : public Connection {
   bool up_ = true;
 };
 
-// The jobs that the desk printed, as the protocol tells them, until they are asked for.
+// The jobs that the desk printed, in the form of the protocol, until they are asked for.
 class PrintedJobs {
  public:
   void Add(Json job) { jobs_.push_back(std::move(job)); }

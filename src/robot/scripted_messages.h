@@ -12,7 +12,7 @@ namespace karvel {
 // default: OK; No of Yes and No; Cancel where something is asked for.
 class ScriptedMessages : public Messages {
  public:
-  // "Yes", "No", "OK", "Cancel", or the text to enter; a font is told as "Name, 10".
+  // "Yes", "No", "OK", "Cancel", or the text to enter; a font is given as "Name, 10" (points).
   void QueueAnswer(const std::string& answer) { answers_.push_back(answer); }
   // The boxes since the last call: text, title, icon, buttons, answer.
   [[nodiscard]] Json TakeShown();

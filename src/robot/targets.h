@@ -14,7 +14,7 @@ class Element;
 class Elements;
 class GridElement;
 
-// One window's elements. What is looked up is asked for at each request, as windows come and go.
+// One window's elements. They are looked up anew at each request, for windows come and go.
 struct TargetWindow {
   std::string name;                           // "Form1"
   std::function<const Elements*()> elements;  // null while the window isn't open

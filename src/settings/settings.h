@@ -1,4 +1,4 @@
-// One terminal's options by name: reads and saves them in the settings store under the title of this terminal.
+// One terminal's options by name, kept in the settings store under its title. A save is in the store when it returns.
 // Booleans are saved as "True" and "False"; True, Doğru and every number but 0 read as true, anything else as false.
 #pragma once
 
@@ -29,7 +29,7 @@ class Settings {
   // As a plain number.
   void SaveNumber(Setting setting, double value);
 
-  // Options kept once for each entry of a menu (Setting::LogoMark): the index stands behind the key.
+  // Options kept once for each entry of a menu (Setting::LogoMark): the key ends with its index.
   [[nodiscard]] bool GetBooleanAt(Setting setting, int index) const;
   void SaveBooleanAt(Setting setting, int index, bool value);
 

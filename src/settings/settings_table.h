@@ -67,6 +67,7 @@ enum class Setting {
   SlipNo,
 };
 
+// Where in the settings store an option stands: under this terminal's title, or under a name that all terminals of the machine share.
 enum class SettingApplication { Title, Terminal, Karvel, VelmoraKarvel };
 
 struct SettingEntry {

@@ -1,4 +1,4 @@
-// The running number of slips, six digits or more, which the terminals of a machine share.
+// The running number of slips: six digits with leading zeros, more where six don't hold it. The terminals of a machine share it.
 #pragma once
 
 #include <string>

@@ -1,5 +1,5 @@
-// Which terminal of the shop this desk is, told by the last letter of its title. The number enters every line id, so two terminals
-// on the same files never make the same one.
+// Which terminal of the shop this desk is: the last letter of its title tells. The number is part of every line id, so two terminals on the
+// same files never make the same one.
 #pragma once
 
 #include <string>

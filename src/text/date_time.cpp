@@ -14,7 +14,7 @@ namespace {
 constexpr std::int64_t kMinuteSeconds = 60;
 constexpr std::int64_t kHourSeconds = 60 * kMinuteSeconds;
 constexpr std::int64_t kDaySeconds = 24 * kHourSeconds;
-// 0001-01-01 and 9999-12-31, the dates that four digits of year can tell.
+// 0001-01-01 and 9999-12-31, the first and last day whose year has four digits at most.
 constexpr std::int64_t kFirstDay = -719162;
 constexpr std::int64_t kLastDay = 2932896;
 

@@ -1,5 +1,5 @@
 // A moment on the shop's wall clock, to the second: local time, no time zone, as the stores keep it.
-// The zero value (IsEmpty) stands for "no date"; an empty or damaged date field reads as it.
+// The zero value (IsEmpty) stands for "no date"; an empty or damaged date field reads as that.
 #pragma once
 
 #include <compare>

@@ -14,9 +14,9 @@ struct Decimal {
 
   explicit Decimal(double value);
   enum class Half { AwayFromZero, ToEven };
-  // Keeps this many digits behind the point, 0 or more.
+  // Keeps this many digits after the point, 0 or more.
   void Round(int decimals, Half half);
-  // The digits before the point, "" when there are none, and those behind it.
+  // The digits before the point and those after it; "" when there are none.
   [[nodiscard]] std::string Whole() const;
   [[nodiscard]] std::string Fraction() const;
   [[nodiscard]] double ToDouble() const;

@@ -30,7 +30,7 @@ NumberPattern ReadPattern(std::string_view pattern) {
     return result;
   }
   const std::size_t to = pattern.find_last_of("0#") + 1;
-  // "." or "," right before the first place belongs to the number, not to the words.
+  // A "." right before the first place belongs to the number, not to the words.
   const bool pointFirst = from > 0 && pattern[from - 1] == '.';
   result.hasPlaces = true;
   result.before = pattern.substr(0, pointFirst ? from - 1 : from);
@@ -55,7 +55,7 @@ NumberPattern ReadPattern(std::string_view pattern) {
   return result;
 }
 
-// The length first: patterns are formatted by the thousand, names are few.
+// Compares the lengths first: patterns are used by the thousand, and few of them are names.
 bool IsNamed(std::string_view pattern, std::string_view name) {
   return pattern.size() == name.size() && EqualText(pattern, name);
 }
@@ -135,7 +135,7 @@ std::optional<double> ReadNumber(std::string_view text) {
   if (!digitSeen) return std::nullopt;
   double value = 0;
   const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), value);
-  // Thousands of digits behind the comma are a small number still; thousands before it are none that the desk can hold.
+  // Thousands of digits after the comma are still a number; thousands before it are none that the desk can hold.
   if (result.ec != std::errc{}) return std::nullopt;
   return value == 0 ? 0.0 : value;
 }

@@ -15,7 +15,7 @@ namespace karvel {
 // the Turkish signs. A leading literal digit in a pattern such as "10000000000" stands for itself: the digits 1 to 9 are literals.
 // Halves are rounded away from zero, on the decimal value that the number shows (15 digits).
 std::string Format(double value, std::string_view pattern);
-// Formats a date: "Short Date" (dd.mm.yyyy) or a pattern of dd, d, mm, m, mmmm, yyyy, yy, dddd, hh, nn, ss ("mm" behind "hh" is minutes).
+// Formats a date: "Short Date" (dd.mm.yyyy) or a pattern of dd, d, mm, m, mmmm, yyyy, yy, dddd, hh, nn, ss ("mm" after "hh" is minutes).
 std::string Format(const DateTime& value, std::string_view pattern);
 // Formats a text as a number where it is one; a text that isn't a number comes back as it is.
 std::string Format(std::string_view text, std::string_view pattern);

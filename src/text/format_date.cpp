@@ -41,7 +41,7 @@ std::string Format(const DateTime& value, std::string_view pattern) {
   if (value.IsEmpty()) return {};
   if (EqualText(pattern, "Short Date")) pattern = "dd.mm.yyyy";
   std::string result;
-  char lastPlace = '\0';  // tells whether "mm" stands behind hours
+  char lastPlace = '\0';  // tells whether "mm" comes after hours
   for (std::size_t at = 0; at < pattern.size();) {
     const char sign = static_cast<char>(std::tolower(static_cast<unsigned char>(pattern[at])));
     std::size_t length = 1;
@@ -68,7 +68,7 @@ std::string Format(const DateTime& value, std::string_view pattern) {
       default:
         result += pattern.substr(at, length);
     }
-    // A colon keeps the hours in mind; any other sign ends them.
+    // Across a colon "mm" still belongs to the hours before it; any other sign ends that.
     if (sign != ':') lastPlace = sign;
     at += length;
   }

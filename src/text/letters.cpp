@@ -49,7 +49,7 @@ void AppendLetter(std::string& text, char32_t code) {
 }
 
 std::uint32_t CompareCode(char32_t code) {
-  // Four places a letter: the plain one, one with a hat, one with the Turkish mark.
+  // Four numbers for each letter, three of them in use: the plain letter, the one with a hat, the one with the Turkish mark.
   const auto plain = [](char32_t letter) { return static_cast<std::uint32_t>(letter) * 4; };
   if (code < 0x80) return plain(code >= U'A' && code <= U'Z' ? code + 0x20 : code);
   constexpr std::uint32_t kHat = 1;

@@ -86,7 +86,7 @@ bool LikePattern::Takes(const Piece& piece, char32_t letter) const {
 
 bool LikePattern::Matches(std::string_view text) const {
   if (!valid_) return false;
-  // Only the last star is ever retried: an earlier one that took more could not help the pieces behind it.
+  // Only the last star is ever retried: an earlier one that took more could not help the pieces after it.
   constexpr std::size_t kNone = static_cast<std::size_t>(-1);
   std::size_t starPiece = kNone;
   std::size_t starAt = 0;

@@ -12,8 +12,8 @@
 namespace karvel {
 namespace {
 
-// The marks behind a plain letter: the highest code points, which no real text holds. So "ç" stands behind every "c…" and before "d",
-// and a prefix "c" ends before it.
+// The marks that follow a plain letter: the highest code points, which no real text holds. So "ç" orders after every "c…" and before "d",
+// and the range of the prefix "c" ends before it.
 constexpr std::string_view kMark = "\U0010FFFD";
 constexpr std::string_view kHat = "\U0010FFFC";
 
@@ -29,7 +29,7 @@ constexpr Marked kMarked[] = {
     {"â", 'a', kHat},  {"Â", 'a', kHat},  {"î", 'i', kHat},  {"Î", 'i', kHat},  {"û", 'u', kHat},  {"Û", 'u', kHat},
 };
 
-// All marked letters are two bytes with the leads C3, C4, C5: a look-up by lead and second byte gives the entry's number plus one.
+// All marked letters are two bytes with the leads C3, C4, C5. Looked up by lead and second byte: the entry's number plus one, 0 for none.
 constexpr auto kMarkedAt = [] {
   std::array<std::array<std::uint8_t, 64>, 3> table{};
   for (std::size_t i = 0; i < std::size(kMarked); ++i) {

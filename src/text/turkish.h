@@ -14,7 +14,7 @@ namespace karvel {
 // and they order as their keys do, byte by byte. A text starts with a prefix if and only if its key k has
 // FoldKey(prefix) <= k < FoldKeyPrefixEnd(prefix). O(n).
 std::string FoldKey(std::string_view text);
-// The first key behind all keys of texts that start with this prefix.
+// The first key after those of all texts that start with this prefix.
 std::string FoldKeyPrefixEnd(std::string_view prefix);
 // The same key as an SQL expression over a column, made of built-in functions only (lower and replace), for SQLite.
 std::string FoldKeySql(std::string_view columnSql);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view kNoSourcesText = "No source files specified file operation";
 
-// The desk's paths part at "\", this machine's at "/".
+// The desk's paths have "\" between their pieces, this machine's "/".
 std::size_t NameStart(std::string_view path) {
   const std::size_t at = path.find_last_of("\\/");
   return at == std::string_view::npos ? 0 : at + 1;
@@ -31,7 +31,7 @@ std::string Joined(const std::string& folder, const std::string& name) {
   return folder + (folder.starts_with('/') ? "/" : "\\") + name;
 }
 
-// True for a place inside the folder, which the folder itself can't go to.
+// Whether the place lies inside the folder: no folder can go into itself.
 bool Inside(std::string_view place, std::string_view folder) {
   return place.size() > folder.size() && EqualText(place.substr(0, folder.size()), folder) &&
          (place[folder.size()] == '\\' || place[folder.size()] == '/');
@@ -139,7 +139,7 @@ Status CSHFileOp::Transfer(Task task, const Step& step) {
   }
   if (task == Task::Move) return files_.Move(step.from, to);
   if (IsFolder(step.from)) return CopyFolder(step.from, to);
-  // Where nothing stood a moment ago, what stands there now is another terminal's, and nobody agreed to lose it.
+  // Nothing stood there a moment ago: what stands there now is another terminal's, and nobody agreed to lose it.
   return replace ? files_.Copy(step.from, to) : files_.CopyNew(step.from, to);
 }
 

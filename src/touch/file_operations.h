@@ -3,7 +3,7 @@
 //
 // Sources and destinations pair up: the first source goes to the first destination and so on. One destination for several sources,
 // or one that is a folder, is the folder that takes them. "*" and "?" in the last piece of a source stand for every name that fits.
-// The lists stay as they are after an operation. An operation stops at the first file that fails; what was done before stays done.
+// The lists stay as they are after an operation. An operation stops at the first file that fails; what was done before that stays done.
 #pragma once
 
 #include <expected>
@@ -19,7 +19,7 @@ namespace karvel {
 
 struct FileOperationError {
   static constexpr int kNoSources = -2147220504;
-  int number = 0;  // kNoSources, or 0 for a failure of the disk, told by `status`
+  int number = 0;  // kNoSources, or 0 for a failure of the disk, which `status` tells
   std::string text;
   Status status;
 };

@@ -282,38 +282,6 @@ TEST_F(StockListTest, a_group_with_stock_on_hand_needs_both) {
   EXPECT_EQ(Listed(), (Names{"Deterjan", "Sabun"}));
 }
 
-class StockCardPanelTest : public StockListTest {};
-
-TEST_F(StockCardPanelTest, saving_opens_with_code_and_name_and_does_nothing) {
-  At("StokGiris").SetVisible(true);
-  EXPECT_FALSE(At("StokNewCmd(1)").Enabled());
-  At("StokNew(1)").SetText("Yeni");
-  EXPECT_FALSE(At("StokNewCmd(1)").Enabled());
-  At("StokNew(0)").SetText("9");
-  EXPECT_TRUE(At("StokNewCmd(1)").Enabled());
-  Click("StokNewCmd(1)");
-  EXPECT_EQ(One("Stok.mdb", "SELECT count(*) FROM StokKartlar"), "4");
-  EXPECT_TRUE(At("StokGiris").Visible());
-  At("StokNew(1)").SetText("");
-  EXPECT_FALSE(At("StokNewCmd(1)").Enabled());
-}
-
-TEST_F(StockCardPanelTest, leaving_hides_it_and_goes_back_to_the_product) {
-  EnterSale("Ayşe Yılmaz");
-  At("StokGiris").SetVisible(true);
-  Click("StokNewCmd(0)");
-  EXPECT_FALSE(At("StokGiris").Visible());
-  EXPECT_TRUE(At("Text1(1)").HasFocus());
-}
-
-TEST_F(StockCardPanelTest, a_field_that_is_entered_selects_its_text_and_is_the_active_one) {
-  At("StokGiris").SetVisible(true);
-  At("StokNew(5)").SetText("12,50");
-  At("StokNew(5)").SetFocus();
-  EXPECT_EQ(At("StokNew(5)").SelectionLength(), 5);
-  EXPECT_EQ(desk->form.ActiveFieldCode, 5);
-}
-
 TEST_F(StockListTest, a_group_with_a_quote_in_its_name_narrows_the_cards) {
   Sql("Stok.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Süt''lük',1)");
   AddStock("5", "Kaşar", "Gurup='Süt''lük', KalanB=3");

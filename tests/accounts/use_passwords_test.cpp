@@ -1,41 +1,12 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/desk_fixture.h"
+#include "tests/accounts/deleted_lines_fixture.h"
 
 namespace karvel {
 namespace {
 
-constexpr const char* kTerminal = "Velmora Karvel1";
-
-class UsePasswordsTest : public DeskFixture {
- protected:
-  void SetUp() override {
-    ASSERT_TRUE(Start());
-    AddCustomer("C001", "Ayşe Yılmaz", "Bakiye=30, Borc=30, Hesap='Borç'");
-    AddCustomer("C002", "Bora Çetin");
-    AddStock("1001", "Pirinç");
-    Sql("Cari.mdb", "INSERT INTO CariHareket(cariharkod, Borc) VALUES('C001', 30)");
-    Sql("Karvel.mdb",
-        "INSERT INTO Datam(CariKod, CariAd, StokAd, Tarih, Durum) VALUES"
-        "('C001','Ayşe Yılmaz','Pirinç','2026-02-01 10:00:00','Satış'),"
-        "('C001','Ayşe Yılmaz','Eski','2026-02-01 11:00:00','Iptal'),"
-        "('C002','Bora Çetin','Yeni','2026-02-02 11:00:00','Iptal')");
-    ASSERT_TRUE(Start());
-    connections += desk->screen.popUp.Connect([this](Element& menu) { popUps.push_back(menu.Name()); });
-    ASSERT_TRUE(desk->cursors.CariData.FindFirst("CariKod='C001'").Ok());
-  }
-  void Keep(const std::string& key, const std::string& password) { settings.Save(kTerminal, "Size", key, password); }
-  std::string Kept(const std::string& key) { return settings.Get(kTerminal, "Size", key, ""); }
-  void RightPress() { desk->screen.CariGrid.mouseDown(MouseEvent{.button = 2}); }
-  void Tick(bool on = true) { At("SilinenChk").SetChecked(on); }
-  std::vector<std::string> Lines() {
-    std::vector<std::string> names;
-    for (const GridRow& row : desk->cursors.HareketData.RowsFromStart(100)) names.push_back(AsText(row.values[3]));
-    return names;
-  }
-  std::vector<std::string> popUps;
-};
+class UsePasswordsTest : public DeletedLinesFixture {};
 
 TEST_F(UsePasswordsTest, the_first_use_sets_the_password_of_the_deleted_lines_and_keeps_them_closed) {
   messages.answers = {"gizli"};
@@ -72,34 +43,6 @@ TEST_F(UsePasswordsTest, the_right_password_opens_the_deleted_lines) {
   EXPECT_EQ(window.ends, 0);
 }
 
-TEST_F(UsePasswordsTest, nothing_can_be_posted_over_the_deleted_lines) {
-  Keep("iSif", "gizli");
-  messages.answers = {"gizli"};
-  Tick();
-  EXPECT_FALSE(At("Command2").Enabled());
-  EXPECT_FALSE(At("Command4").Enabled());
-  EXPECT_FALSE(At("Label1(0)").Enabled());
-  Set("Text2(2)", "5");
-  EXPECT_FALSE(At("Command2").Enabled());
-}
-
-TEST_F(UsePasswordsTest, clearing_the_tick_brings_the_customers_back) {
-  Keep("iSif", "gizli");
-  messages.answers = {"gizli"};
-  const std::string before = desk->cursors.HareketData.RecordSource();
-  Tick();
-  desk->screen.HareketGrid.TapCell(2);
-  Tick(false);
-  EXPECT_TRUE(At("CariGrid").Visible());
-  EXPECT_EQ(desk->cursors.HareketData.RecordSource(), before);
-  EXPECT_EQ(Lines(), (std::vector<std::string>{"Eski", "Pirinç"}));
-  EXPECT_TRUE(At("StokChk").Enabled());
-  EXPECT_TRUE(At("Command2").Enabled());
-  EXPECT_EQ(At("Command2").Caption(), "Tamam");
-  EXPECT_EQ(At("Label5").Caption(), "30,00");
-  EXPECT_EQ(messages.shown.size(), 1U);
-}
-
 TEST_F(UsePasswordsTest, a_wrong_password_ends_the_program_at_once) {
   Keep("iSif", "gizli");
   for (const char* const wrong : {"GİZLİ", "Gizli", "gizli ", ""}) {
@@ -117,16 +60,6 @@ TEST_F(UsePasswordsTest, a_wrong_password_ends_the_program_at_once) {
     EXPECT_TRUE(At("CariGrid").Visible());
     desk->screen.Form1.SetEnabled(true);
   }
-}
-
-TEST_F(UsePasswordsTest, in_a_sale_the_deleted_lines_stay_closed) {
-  Keep("iSif", "gizli");
-  messages.answers = {"gizli"};
-  EnterSale("Ayşe Yılmaz");
-  Tick();
-  EXPECT_FALSE(At("SilinenChk").Checked());
-  EXPECT_FALSE(At("CariGrid").Visible());
-  EXPECT_TRUE(messages.shown.empty());
 }
 
 TEST_F(UsePasswordsTest, the_menu_of_a_customer_with_rows_offers_to_wipe_them) {

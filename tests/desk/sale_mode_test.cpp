@@ -1,21 +1,10 @@
-#include "books/sources.h"
-#include "tests/support/desk_fixture.h"
+#include "tests/desk/sale_fixture.h"
 #include "text/format.h"
 
 namespace karvel {
 namespace {
 
-class SaleModeTest : public DeskFixture {
- protected:
-  void SetUp() override {
-    ASSERT_TRUE(Start());
-    AddCustomer("C001", "Ayşe Yılmaz", "Bakiye=75.5, Borc=75.5, Hesap='Borç'");
-    AddCustomer("C002", "Bora Çetin");
-    AddStock("1001", "Pirinç", "Fiyat=50, Fiyat2=540, Fiyat3=1000, Birim2='Koli', Adet2=12, Adet3=24");
-    AddStock("1002", "Şeker", "Fiyat=20");
-    ASSERT_TRUE(Start());
-  }
-};
+class SaleModeTest : public SaleFixture {};
 
 TEST_F(SaleModeTest, entering_a_sale_puts_the_customer_in_front) {
   EnterSale("Ayşe Yılmaz");
@@ -155,29 +144,6 @@ TEST_F(SaleModeTest, a_tap_on_the_stock_list_makes_the_desk_ready_to_sell) {
   EXPECT_EQ(desk->form.ActiveCursor, &desk->cursors.StokData);
 }
 
-TEST_F(SaleModeTest, the_day_total_counts_todays_unpaid_sales_by_name) {
-  Sql("Karvel.mdb",
-      "INSERT INTO Datam(CariKod, CariAd, Tutar, Tarih, Durum, Tahsilat) VALUES"
-      "('C001','Ayşe Yılmaz',10,'2026-03-01 00:00:00','Satış',0),"
-      "('C001','Ayşe Yılmaz',20.5,'2026-03-01 23:59:59','Satış',0),"
-      "('C001','Ayşe Yılmaz',40,'2026-02-28 23:59:59','Satış',0),"
-      "('C001','Ayşe Yılmaz',80,'2026-03-01 10:00:00','İade',0),"
-      "('C001','Ayşe Yılmaz',160,'2026-03-01 10:00:00','Satış',5),"
-      "('C002','Bora Çetin',320,'2026-03-01 10:00:00','Satış',0)");
-  EnterSale("Ayşe Yılmaz");
-  EXPECT_EQ(At("Label5").Caption(), "30,50");
-}
-
-TEST_F(SaleModeTest, a_double_tap_on_the_total_takes_the_day_of_the_current_row_as_payment) {
-  Sql("Karvel.mdb",
-      "INSERT INTO Datam(CariKod, CariAd, Tutar, Tarih, Durum) VALUES"
-      "('C001','Ayşe Yılmaz',1000,'2026-02-20 09:00:00','Satış'),('C001','Ayşe Yılmaz',234.5,'2026-02-20 18:00:00','Satış')");
-  EnterSale("Ayşe Yılmaz");
-  DoubleTap("Label5");
-  EXPECT_EQ(At("Label5").Caption(), "1.234,50");
-  EXPECT_EQ(At("Text2(2)").Text(), "1.234,50");
-}
-
 TEST_F(SaleModeTest, from_the_wholesale_list_the_way_leads_back_to_the_customers) {
   Sql("Cari.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Toptan',1)");
   AddCustomer("T1", "Toptancı", "Gurup='Toptan'");
@@ -204,113 +170,6 @@ TEST_F(SaleModeTest, due_dates_follow_the_customer_also_when_the_last_sale_was_l
   EXPECT_EQ(Rows("Cari.mdb", "SELECT CariKod, Tutar FROM \"VadeGün\" ORDER BY 1"), (std::vector<std::string>{"C001|50.0", "C002|20.0"}));
 }
 
-// Fields.
-
-TEST_F(SaleModeTest, the_amount_follows_price_and_quantity) {
-  EnterSale("Ayşe Yılmaz");
-  PickItem("1001");
-  Set("Text2(1)", "2,5");
-  EXPECT_EQ(At("Label2").Caption(), "125,00");
-  Set("Text2(0)", "1.5");  // the point of the numeric pad is the comma
-  EXPECT_EQ(At("Text2(0)").Text(), "1,5");
-  EXPECT_EQ(At("Label2").Caption(), "3,75");
-}
-
-TEST_F(SaleModeTest, letters_and_signs_are_dropped_with_a_beep) {
-  EnterSale("Ayşe Yılmaz");
-  Set("Text2(1)", "-1a2+,5,");
-  EXPECT_EQ(At("Text2(1)").Text(), "12,5");
-  EXPECT_EQ(keyboard.beeps, 4);
-}
-
-TEST_F(SaleModeTest, an_empty_field_becomes_zero) {
-  EnterSale("Ayşe Yılmaz");
-  At("Text2(1)").SetText("");
-  EXPECT_EQ(At("Text2(1)").Text(), "0");
-}
-
-TEST_F(SaleModeTest, the_main_button_opens_for_a_quantity_or_a_payment) {
-  EnterSale("Ayşe Yılmaz");
-  EXPECT_FALSE(At("Command2").Enabled());
-  Set("Text2(2)", "15");
-  EXPECT_TRUE(At("Command2").Enabled());
-  Set("Text2(2)", "0");
-  EXPECT_FALSE(At("Command2").Enabled());
-  Set("Text2(1)", "3");
-  EXPECT_TRUE(At("Command2").Enabled());
-}
-
-TEST_F(SaleModeTest, enter_goes_on_to_the_next_field) {
-  EnterSale("Ayşe Yılmaz");
-  Key("Text2(1)", key::kEnter);
-  EXPECT_FALSE(At("Text2(1)").HasFocus());
-}
-
-TEST_F(SaleModeTest, the_name_of_the_field_in_use_is_green_and_the_others_yellow) {
-  EnterSale("Ayşe Yılmaz");
-  At("Text2(1)").SetFocus();
-  EXPECT_EQ(At("Label1(3)").Color(), color::kGreen);
-  EXPECT_EQ(At("Label1(2)").Color(), color::kYellow);
-  EXPECT_EQ(desk->form.ActiveFieldCode, 1);
-  At("Text2(3)").SetFocus();
-  EXPECT_EQ(At("Label1(3)").Color(), color::kYellow);
-  EXPECT_EQ(At("Label1(6)").Color(), color::kGreen);
-}
-
-TEST_F(SaleModeTest, enter_in_the_price_takes_an_item_by_its_barcode) {
-  EnterSale("Ayşe Yılmaz");
-  Set("Text2(0)", "8691002");
-  Key("Text2(0)", key::kEnter);
-  EXPECT_EQ(At("Text2(0)").Text(), "Şeker");
-  EXPECT_EQ(At("Text6(5)").Text(), "8691002");
-}
-
-TEST_F(SaleModeTest, the_pads_value_goes_to_the_field_in_use_and_is_capped_by_the_stock) {
-  Sql("Stok.mdb", "UPDATE StokKartlar SET KalanB=4, GirenMik=4 WHERE StokKod='1001'");
-  EnterSale("Ayşe Yılmaz");
-  PickItem("1001");
-  At("Text2(1)").SetFocus();
-  At("Text3").SetText("9");
-  EXPECT_EQ(At("Text2(1)").Text(), "9");
-  EXPECT_EQ(At("Text3").Text(), "");
-  Click("Stoklu");
-  At("Text3").SetText("9");
-  EXPECT_EQ(At("Text2(1)").Text(), "4");
-}
-
-TEST_F(SaleModeTest, purchases_with_serials_open_the_serial_panel_on_leaving_the_quantity) {
-  desk->form.SerialEntryOn = true;
-  EnterSale("Ayşe Yılmaz");
-  PickItem("1001");
-  At("Text2(1)").SetFocus();
-  At("Text2(0)").SetFocus();
-  EXPECT_FALSE(At("Frame4").Visible());
-  DoubleTap("Label4");
-  DoubleTap("Label4");
-  At("Text2(1)").SetFocus();
-  At("Text2(0)").SetFocus();
-  EXPECT_TRUE(At("Frame4").Visible());
-  // Whoever goes back to the price types a price; the serials follow the quantity.
-  EXPECT_TRUE(At("Text2(0)").HasFocus());
-  At("Text2(1)").SetFocus();
-  EXPECT_TRUE(At("Text2(1)").HasFocus());
-  Key("Text2(1)", key::kEnter);
-  EXPECT_TRUE(At("Text4").HasFocus());
-}
-
-TEST_F(SaleModeTest, a_purchase_that_is_booked_closes_the_serial_panel) {
-  desk->form.SerialEntryOn = true;
-  EnterSale("Ayşe Yılmaz");
-  PickItem("1001");
-  DoubleTap("Label4");
-  DoubleTap("Label4");
-  Set("Text2(1)", "2");
-  At("Command2").SetFocus();
-  EXPECT_TRUE(At("Frame4").Visible());
-  Click("Command2");
-  EXPECT_FALSE(At("Frame4").Visible());
-}
-
 TEST_F(SaleModeTest, back_at_the_list_the_balance_stands_on_the_screen) {
   EnterSale("Ayşe Yılmaz");
   PickItem("1001");
@@ -321,22 +180,6 @@ TEST_F(SaleModeTest, back_at_the_list_the_balance_stands_on_the_screen) {
   DoubleTap("Label1(0)");
   EXPECT_EQ(At("Label1(7)").Caption(), "Bakiye");
   EXPECT_EQ(At("Label5").Caption(), Format(desk->cursors.CariData.Number("Bakiye"), "Standard"));
-}
-
-TEST_F(SaleModeTest, the_group_list_changes_between_customers_and_stock) {
-  Sql("Cari.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Bayi',1),('Kapalı',0)");
-  Sql("Stok.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Gıda',1),('WinKarvel1',1)");
-  ASSERT_TRUE(Start());
-  EXPECT_EQ(At("GurupCombo").Items(), (std::vector<std::string>{"Tüm Guruplar", "Bayi"}));
-  Click("ComboCmd");
-  EXPECT_EQ(At("ComboCmd").Caption(), "Stok");
-  EXPECT_EQ(At("GurupCombo").Items(), (std::vector<std::string>{"Tüm Guruplar", "Gıda"}));
-  At("GurupCombo").ChooseText("Gıda");
-  EXPECT_EQ(desk->cursors.StokData.RecordSource(), "Select * From StokKartlar Where StokGizle=False And Gurup='Gıda' Order By StokAdi Asc");
-  EXPECT_EQ(settings.Get("Velmora Karvel1", "Size", "SGurup", ""), "Gıda");
-  Click("ComboCmd");
-  EXPECT_EQ(At("ComboCmd").Caption(), "Cari");
-  EXPECT_EQ(At("GurupCombo").Text(), "Tüm Guruplar");
 }
 
 TEST_F(SaleModeTest, back_from_the_wholesalers_the_balance_is_that_of_the_customer_in_front) {
@@ -350,21 +193,6 @@ TEST_F(SaleModeTest, back_from_the_wholesalers_the_balance_is_that_of_the_custom
   EXPECT_EQ(At("Text1(0)").Text(), "");
   ASSERT_EQ(desk->cursors.CariData.Text("CariKod"), "C050");
   EXPECT_EQ(At("Label5").Caption(), "7,00");
-}
-
-TEST_F(SaleModeTest, a_filter_from_before_the_sale_goes_with_it) {
-  AddCustomer("C050", "Ömer Bakkal");
-  AddCustomer("C051", "Önder Kasap");
-  ASSERT_TRUE(Start());
-  Set("Text5", "ö");
-  ASSERT_TRUE(desk->cursors.CariData.FindFirst("CariKod='C051'").Ok());
-  DoubleTap("Label1(0)");
-  ASSERT_FALSE(At("CariGrid").Visible());
-  DoubleTap("Label1(0)");
-  EXPECT_EQ(At("Text5").Text(), "");
-  EXPECT_EQ(desk->cursors.CariData.RecordSource(), sources::kCustomers);
-  EXPECT_EQ(desk->cursors.CariData.Text("CariKod"), "C051");
-  EXPECT_EQ(At("Text1(0)").Text(), "Önder Kasap");
 }
 
 TEST_F(SaleModeTest, the_balance_in_and_behind_a_sale_is_the_one_in_the_files) {

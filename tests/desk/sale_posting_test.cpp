@@ -427,6 +427,44 @@ TEST_F(SalePostingTest, one_slip_number_serves_all_lines_and_the_next_sale_takes
   EXPECT_EQ(settings.Get("Velmora Karvel", "Size", "DökNo", ""), "000002");
 }
 
+TEST_F(SalePostingTest, the_slip_number_runs_on_from_the_kept_one_in_six_digits) {
+  settings.Save("Velmora Karvel", "Size", "DökNo", "000041");
+  Sell("Ayşe Yılmaz", "1001", "2");
+  EXPECT_EQ(Day(LastId())["SeriNo"], "000042");
+  EXPECT_EQ(desk->form.SlipNo, "000042");
+  EXPECT_EQ(settings.Get("Velmora Karvel", "Size", "DökNo", ""), "000042");
+}
+
+TEST_F(SalePostingTest, the_lines_of_a_slip_have_one_number_that_all_terminals_count) {
+  settings.Save("Velmora Karvel", "Size", "DökNo", "000041");
+  Sell("Ayşe Yılmaz", "1001", "2");
+  PickItem("1002");
+  Post("1");
+  EXPECT_EQ(Rows("Karvel.mdb", "SELECT SeriNo FROM Datam"), (std::vector<std::string>{"000042", "000042"}));
+  EXPECT_EQ(settings.Get("Velmora Karvel", "Size", "DökNo", ""), "000042");
+}
+
+TEST_F(SalePostingTest, a_press_that_sells_nothing_takes_no_number) {
+  EnterSale("Ayşe Yılmaz");
+  At("Command2").SetEnabled(true);
+  Click("Command2");
+  EXPECT_EQ(desk->form.SlipNo, "");
+  EXPECT_EQ(settings.Get("Velmora Karvel", "Size", "DökNo", "none"), "none");
+}
+
+TEST_F(SalePostingTest, a_purchase_that_is_booked_closes_the_serial_panel) {
+  desk->form.SerialEntryOn = true;
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  DoubleTap("Label4");
+  DoubleTap("Label4");
+  Set("Text2(1)", "2");
+  At("Command2").SetFocus();
+  EXPECT_TRUE(At("Frame4").Visible());
+  Click("Command2");
+  EXPECT_FALSE(At("Frame4").Visible());
+}
+
 TEST_F(SalePostingTest, after_a_line_the_fields_stand_ready_for_the_next) {
   Sell("Ayşe Yılmaz", "1001", "3");
   EXPECT_EQ(At("Text2(1)").Text(), "0");

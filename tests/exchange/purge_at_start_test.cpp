@@ -1,6 +1,3 @@
-#include "exchange/purge_at_start.h"
-#include "books/purge.h"
-
 #include <string>
 #include <vector>
 
@@ -9,7 +6,7 @@
 namespace karvel {
 namespace {
 
-class PurgeTest : public DeskFixture {
+class PurgeAtStartTest : public DeskFixture {
  protected:
   void SetUp() override {
     ASSERT_TRUE(Start());
@@ -36,7 +33,7 @@ class PurgeTest : public DeskFixture {
 using Texts = std::vector<std::string>;
 constexpr DateTime kSixtiethDay{2026, 3, 2, 8, 0, 0};  // the filter ends on 31 January
 
-TEST_F(PurgeTest, a_thirtieth_day_drops_the_movements_of_all_three_books) {
+TEST_F(PurgeAtStartTest, a_thirtieth_day_drops_the_movements_of_all_three_books) {
   StartOn(kSixtiethDay);
   const Texts left{"2026-03-01"};
   EXPECT_EQ(Days("Cari.mdb", "CariHareket"), left);
@@ -44,7 +41,7 @@ TEST_F(PurgeTest, a_thirtieth_day_drops_the_movements_of_all_three_books) {
   EXPECT_EQ(Days("Karvel.mdb", "Datam"), left);
 }
 
-TEST_F(PurgeTest, the_last_second_of_the_limit_day_goes_and_the_next_stays) {
+TEST_F(PurgeAtStartTest, the_last_second_of_the_limit_day_goes_and_the_next_stays) {
   for (const char* const moment : {"2026-01-31 23:59:59", "2026-02-01 00:00:00"}) {
     const std::string date(moment);
     Sql("Cari.mdb", "INSERT INTO CariHareket(cariharkod, Tarih) VALUES('C001','" + date + "')");
@@ -58,13 +55,13 @@ TEST_F(PurgeTest, the_last_second_of_the_limit_day_goes_and_the_next_stays) {
   EXPECT_EQ(Days("Karvel.mdb", "Datam"), left);
 }
 
-TEST_F(PurgeTest, on_new_years_day_it_reaches_back_into_the_old_year) {
+TEST_F(PurgeAtStartTest, on_new_years_day_it_reaches_back_into_the_old_year) {
   Sql("Karvel.mdb", "INSERT INTO Datam(CariKod, Tarih) VALUES('C001','2025-12-02 23:59:59'),('C001','2025-12-03 00:00:00')");
   StartOn({2026, 1, 1, 8, 0, 0});
   EXPECT_EQ(Days("Karvel.mdb", "Datam"), (Texts{"2025-12-03", "2026-01-30", "2026-01-31", "2026-03-01"}));
 }
 
-TEST_F(PurgeTest, due_dates_serials_and_invoices_are_no_movements) {
+TEST_F(PurgeAtStartTest, due_dates_serials_and_invoices_are_no_movements) {
   Sql("Cari.mdb", "INSERT INTO \"VadeGün\" VALUES('C001','2025-01-01 00:00:00',30)");
   Sql("SeriNo.mdb", "INSERT INTO SeriNo(barcode, Tarih) VALUES('S1','2025-01-01 00:00:00')");
   StartOn(kSixtiethDay);
@@ -72,48 +69,35 @@ TEST_F(PurgeTest, due_dates_serials_and_invoices_are_no_movements) {
   EXPECT_EQ(One("SeriNo.mdb", "SELECT count(*) FROM SeriNo"), "1");
 }
 
-TEST_F(PurgeTest, a_row_without_a_date_stays) {
+TEST_F(PurgeAtStartTest, a_row_without_a_date_stays) {
   StartOn(kSixtiethDay);
   EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam WHERE CariKod='undated'"), "1");
 }
 
-TEST_F(PurgeTest, the_cards_keep_their_sums) {
+TEST_F(PurgeAtStartTest, the_cards_keep_their_sums) {
   StartOn(kSixtiethDay);
   EXPECT_EQ(One("Cari.mdb", "SELECT Borc, Bakiye FROM CariKartlar WHERE CariKod='C001'"), "30.0|30.0");
   EXPECT_EQ(One("Stok.mdb", "SELECT CikanMik, KalanA FROM StokKartlar"), "3.0|3.0");
 }
 
-TEST_F(PurgeTest, other_days_drop_nothing) {
+TEST_F(PurgeAtStartTest, other_days_drop_nothing) {
   StartOn({2026, 3, 1, 8, 0, 0});
   EXPECT_EQ(Days("Karvel.mdb", "Datam").size(), 4U);
   StartOn({2026, 3, 3, 8, 0, 0});
   EXPECT_EQ(Days("Karvel.mdb", "Datam").size(), 4U);
 }
 
-TEST_F(PurgeTest, unchecked_it_never_runs) {
+TEST_F(PurgeAtStartTest, unchecked_it_never_runs) {
   settings.Save("Velmora Karvel1", "AySil", "AySil", "False");
   StartOn(kSixtiethDay);
   EXPECT_EQ(Days("Karvel.mdb", "Datam").size(), 4U);
 }
 
-TEST_F(PurgeTest, the_lists_show_what_is_left) {
+TEST_F(PurgeAtStartTest, the_lists_show_what_is_left) {
   StartOn(kSixtiethDay);
   ASSERT_TRUE(desk->cursors.CariData.FindFirst("CariKod='C001'").Ok());
   EXPECT_EQ(desk->cursors.HareketData.RecordCount(), 1);
   EXPECT_EQ(desk->cursors.CariHarData.RecordCount(), 1);
-}
-
-TEST(Purge, is_due_on_new_years_day_and_every_thirtieth_after) {
-  EXPECT_TRUE(IsPurgeDue({2026, 1, 1, 23, 0, 0}));
-  EXPECT_FALSE(IsPurgeDue({2026, 1, 2, 0, 0, 0}));
-  EXPECT_FALSE(IsPurgeDue({2026, 1, 30, 0, 0, 0}));
-  EXPECT_TRUE(IsPurgeDue({2026, 1, 31, 0, 0, 0}));
-  EXPECT_TRUE(IsPurgeDue({2024, 3, 1, 0, 0, 0}));  // of a leap year
-  EXPECT_FALSE(IsPurgeDue({2026, 3, 1, 0, 0, 0}));
-}
-
-TEST(Purge, takes_whole_days_up_to_thirty_days_ago) {
-  EXPECT_EQ(PurgeCriteria({2026, 1, 1, 9, 30, 0}), "Tarih<=#12/02/2025 23:59:59#");
 }
 
 }  // namespace

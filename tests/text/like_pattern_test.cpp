@@ -1,10 +1,11 @@
+#include "text/like_pattern.h"
+
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <random>
 #include <string>
 
-#include "text/like_pattern.h"
 #include "text/turkish.h"
 
 namespace karvel {

@@ -3,11 +3,11 @@
 namespace karvel {
 namespace {
 
-class TappedCustomerTest : public TappedSearchFixture {};
+class TappedSearchCustomerTest : public TappedSearchFixture {};
 
 // The customer's field.
 
-TEST_F(TappedCustomerTest, the_first_tap_empties_the_field_and_asks_for_the_keyboard) {
+TEST_F(TappedSearchCustomerTest, the_first_tap_empties_the_field_and_asks_for_the_keyboard) {
   ASSERT_EQ(At("Text1(0)").Text(), "Ahmet Işık");
   Tap("Text1(0)");
   EXPECT_TRUE(desk->form.KeyboardOpen);
@@ -17,14 +17,14 @@ TEST_F(TappedCustomerTest, the_first_tap_empties_the_field_and_asks_for_the_keyb
   EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
 }
 
-TEST_F(TappedCustomerTest, the_first_tap_brings_the_standard_list_back) {
+TEST_F(TappedSearchCustomerTest, the_first_tap_brings_the_standard_list_back) {
   Set("Text5", "çe");
   ASSERT_EQ(Customers(), Names{"Çetin Öz"});
   Tap("Text1(0)");
   EXPECT_EQ(Customers(), (Names{"Ahmet Işık", "Çetin Öz", "Muhtelif Müşteri"}));
 }
 
-TEST_F(TappedCustomerTest, from_another_field_the_first_tap_keeps_the_group) {
+TEST_F(TappedSearchCustomerTest, from_another_field_the_first_tap_keeps_the_group) {
   At("GurupCombo").ChooseText("Bayi");
   At("Text1(0)").SetFocus();
   desk->form.ActiveFieldCode = 3;
@@ -34,7 +34,7 @@ TEST_F(TappedCustomerTest, from_another_field_the_first_tap_keeps_the_group) {
             "CariKod<>'Merkez' And Gurup='Bayi' Order By Unvan Asc");
 }
 
-TEST_F(TappedCustomerTest, all_groups_narrow_nothing) {
+TEST_F(TappedSearchCustomerTest, all_groups_narrow_nothing) {
   At("GurupCombo").ChooseText("Bayi");
   At("GurupCombo").ChooseText("Tüm Guruplar");
   At("Text1(0)").SetFocus();
@@ -43,7 +43,7 @@ TEST_F(TappedCustomerTest, all_groups_narrow_nothing) {
   EXPECT_EQ(Customers(), (Names{"Ahmet Işık", "Çetin Öz", "Muhtelif Müşteri"}));
 }
 
-TEST_F(TappedCustomerTest, the_second_tap_takes_the_customer) {
+TEST_F(TappedSearchCustomerTest, the_second_tap_takes_the_customer) {
   Search("Text1(0)", "çe");
   EXPECT_EQ(At("Text1(0)").Text(), "Çetin Öz");
   EXPECT_EQ(Customer(), "C002");
@@ -54,19 +54,19 @@ TEST_F(TappedCustomerTest, the_second_tap_takes_the_customer) {
   EXPECT_EQ(desk->cursors.HareketData.RecordSource(), "Select * From Datam Where CariKod='C002' Order By Tarih Desc");
 }
 
-TEST_F(TappedCustomerTest, the_list_searched_has_the_wholesalers_but_no_salesman_nor_hidden_card) {
+TEST_F(TappedSearchCustomerTest, the_list_searched_has_the_wholesalers_but_no_salesman_nor_hidden_card) {
   Search("Text1(0)", "çe");
   EXPECT_EQ(Customers(), (Names{"Ahmet Işık", "Çetin Öz", "Muhtelif Müşteri", "Toptancı Bey", "Toptancı Can"}));
 }
 
-TEST_F(TappedCustomerTest, a_sale_can_be_entered_with_the_customer_that_was_taken) {
+TEST_F(TappedSearchCustomerTest, a_sale_can_be_entered_with_the_customer_that_was_taken) {
   Search("Text1(0)", "çe");
   DoubleTap("Label1(0)");
   EXPECT_FALSE(At("CariGrid").Visible());
   EXPECT_EQ(desk->form.CurrentCustomerCode, "C002");
 }
 
-TEST_F(TappedCustomerTest, a_wholesaler_is_paid_and_his_list_comes_in_front) {
+TEST_F(TappedSearchCustomerTest, a_wholesaler_is_paid_and_his_list_comes_in_front) {
   Search("Text1(0)", "toptancı c");
   EXPECT_EQ(At("Text1(0)").Text(), "Toptancı Can");
   EXPECT_EQ(Customer(), "T002");
@@ -76,7 +76,7 @@ TEST_F(TappedCustomerTest, a_wholesaler_is_paid_and_his_list_comes_in_front) {
   EXPECT_TRUE(At("CariGrid").HasFocus());
 }
 
-TEST_F(TappedCustomerTest, after_a_wholesaler_a_customer_is_collected_from_again) {
+TEST_F(TappedSearchCustomerTest, after_a_wholesaler_a_customer_is_collected_from_again) {
   Search("Text1(0)", "topt");
   EXPECT_EQ(At("Label5").Caption(), "12,00");
   Search("Text1(0)", "ahm");
@@ -84,7 +84,7 @@ TEST_F(TappedCustomerTest, after_a_wholesaler_a_customer_is_collected_from_again
   EXPECT_EQ(At("Label5").Caption(), "75,50");
 }
 
-TEST_F(TappedCustomerTest, of_two_with_one_name_the_one_found_stays_in_front) {
+TEST_F(TappedSearchCustomerTest, of_two_with_one_name_the_one_found_stays_in_front) {
   AddCustomer("C010", "Deniz Ak", "KartNo='9010', Bakiye=1");
   AddCustomer("C011", "Deniz Ak", "KartNo='9011', Bakiye=2");
   Search("Text1(0)", "9011");
@@ -92,42 +92,42 @@ TEST_F(TappedCustomerTest, of_two_with_one_name_the_one_found_stays_in_front) {
   EXPECT_EQ(At("Label5").Caption(), "2,00");
 }
 
-TEST_F(TappedCustomerTest, a_card_number_finds_its_customer) {
+TEST_F(TappedSearchCustomerTest, a_card_number_finds_its_customer) {
   Search("Text1(0)", "9002");
   EXPECT_EQ(Customer(), "C002");
   EXPECT_EQ(At("Text1(0)").Text(), "Çetin Öz");
 }
 
-TEST_F(TappedCustomerTest, a_card_number_is_tried_only_after_the_name) {
+TEST_F(TappedSearchCustomerTest, a_card_number_is_tried_only_after_the_name) {
   AddCustomer("C009", "9002 Kulübü");
   Search("Text1(0)", "9002");
   EXPECT_EQ(Customer(), "C009");
 }
 
-TEST_F(TappedCustomerTest, a_part_of_a_card_number_finds_nobody) {
+TEST_F(TappedSearchCustomerTest, a_part_of_a_card_number_finds_nobody) {
   Search("Text1(0)", "900");
   EXPECT_TRUE(At("CariFrm").Visible());
 }
 
-TEST_F(TappedCustomerTest, a_dotted_capital_is_tried_as_a_small_i) {
+TEST_F(TappedSearchCustomerTest, a_dotted_capital_is_tried_as_a_small_i) {
   AddCustomer("C020", "ipek Tekstil");
   Search("Text1(0)", "İPEK");
   EXPECT_EQ(Customer(), "C020");
 }
 
-TEST_F(TappedCustomerTest, a_capital_without_a_dot_is_tried_as_a_small_one_without) {
+TEST_F(TappedSearchCustomerTest, a_capital_without_a_dot_is_tried_as_a_small_one_without) {
   AddCustomer("C021", "ışıl Optik");
   Search("Text1(0)", "IŞIL");
   EXPECT_EQ(Customer(), "C021");
 }
 
-TEST_F(TappedCustomerTest, both_letters_are_tried_together) {
+TEST_F(TappedSearchCustomerTest, both_letters_are_tried_together) {
   AddCustomer("C022", "iki ışık");
   Search("Text1(0)", "İKİ IŞ");
   EXPECT_EQ(Customer(), "C022");
 }
 
-TEST_F(TappedCustomerTest, an_unknown_customer_is_a_new_card_with_the_trimmed_name) {
+TEST_F(TappedSearchCustomerTest, an_unknown_customer_is_a_new_card_with_the_trimmed_name) {
   Search("Text1(0)", "  Zeki Yeni ");
   EXPECT_TRUE(At("CariFrm").Visible());
   EXPECT_EQ(At("CariNew(0)").Text(), "Zeki Yeni");
@@ -136,7 +136,7 @@ TEST_F(TappedCustomerTest, an_unknown_customer_is_a_new_card_with_the_trimmed_na
   EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariKartlar WHERE Unvan LIKE '%Zeki%'"), "0");
 }
 
-TEST_F(TappedCustomerTest, leaving_without_a_second_tap_names_the_row_in_front) {
+TEST_F(TappedSearchCustomerTest, leaving_without_a_second_tap_names_the_row_in_front) {
   At("GurupCombo").ChooseText("Bayi");
   ASSERT_EQ(At("Text1(0)").Text(), "Çetin Öz");
   Tap("Text1(0)");
@@ -148,7 +148,7 @@ TEST_F(TappedCustomerTest, leaving_without_a_second_tap_names_the_row_in_front) 
   EXPECT_EQ(desk->cursors.HareketData.RecordSource(), "Select * From Datam Where CariKod='C001' Order By Tarih Desc");
 }
 
-TEST_F(TappedCustomerTest, a_payment_right_after_leaving_goes_to_the_row_in_front) {
+TEST_F(TappedSearchCustomerTest, a_payment_right_after_leaving_goes_to_the_row_in_front) {
   AddCustomer("=100", "Nakit", "Gurup='Kasa'");
   At("GurupCombo").ChooseText("Bayi");
   Tap("Text1(0)");
@@ -157,7 +157,7 @@ TEST_F(TappedCustomerTest, a_payment_right_after_leaving_goes_to_the_row_in_fron
   EXPECT_EQ(Rows("Karvel.mdb", "SELECT CariKod, CariAd, Tahsilat FROM Datam"), Names{"C001|Ahmet Işık|40.0"});
 }
 
-TEST_F(TappedCustomerTest, a_name_written_and_left_is_paid_by_whom_it_names) {
+TEST_F(TappedSearchCustomerTest, a_name_written_and_left_is_paid_by_whom_it_names) {
   AddCustomer("=100", "Nakit", "Gurup='Kasa'");
   Tap("Text1(0)");
   Write("Text1(0)", "çet");
@@ -167,7 +167,7 @@ TEST_F(TappedCustomerTest, a_name_written_and_left_is_paid_by_whom_it_names) {
   EXPECT_EQ(Rows("Karvel.mdb", "SELECT CariKod, Tahsilat FROM Datam"), Names{"C002|40.0"});
 }
 
-TEST_F(TappedCustomerTest, enter_closes_the_keyboard_and_takes_the_customer) {
+TEST_F(TappedSearchCustomerTest, enter_closes_the_keyboard_and_takes_the_customer) {
   Tap("Text1(0)");
   Write("Text1(0)", "çet");
   Key("Text1(0)", key::kEnter);
@@ -178,14 +178,14 @@ TEST_F(TappedCustomerTest, enter_closes_the_keyboard_and_takes_the_customer) {
   EXPECT_TRUE(At("CariGrid").HasFocus());
 }
 
-TEST_F(TappedCustomerTest, names_are_not_completed_under_the_keyboard) {
+TEST_F(TappedSearchCustomerTest, names_are_not_completed_under_the_keyboard) {
   Tap("Text1(0)");
   Type("Text1(0)", "çe");
   EXPECT_EQ(At("Text1(0)").Text(), "çe");
   EXPECT_EQ(Customer(), "C002");
 }
 
-TEST_F(TappedCustomerTest, over_the_stock_list_a_tap_does_nothing) {
+TEST_F(TappedSearchCustomerTest, over_the_stock_list_a_tap_does_nothing) {
   At("StokChk").SetChecked(true);
   const std::string list = desk->cursors.CariData.RecordSource();
   Tap("Text1(0)");
@@ -194,13 +194,13 @@ TEST_F(TappedCustomerTest, over_the_stock_list_a_tap_does_nothing) {
   EXPECT_EQ(desk->cursors.CariData.RecordSource(), list);
 }
 
-TEST_F(TappedCustomerTest, the_customers_field_searches_also_while_codes_are_scanned) {
+TEST_F(TappedSearchCustomerTest, the_customers_field_searches_also_while_codes_are_scanned) {
   At("Label1(1)").SetCaption(" Barkod");
   Search("Text1(0)", "çe");
   EXPECT_EQ(Customer(), "C002");
 }
 
-TEST_F(TappedCustomerTest, a_field_that_is_off_in_a_sale_takes_no_tap) {
+TEST_F(TappedSearchCustomerTest, a_field_that_is_off_in_a_sale_takes_no_tap) {
   EnterSale("Ahmet Işık");
   At("Text1(0)").click();
   EXPECT_FALSE(desk->form.KeyboardOpen);
@@ -209,7 +209,7 @@ TEST_F(TappedCustomerTest, a_field_that_is_off_in_a_sale_takes_no_tap) {
 
 // The keyboard is never left open behind the clerk's back.
 
-TEST_F(TappedCustomerTest, a_group_closes_the_keyboard) {
+TEST_F(TappedSearchCustomerTest, a_group_closes_the_keyboard) {
   Tap("Text1(0)");
   At("GurupCombo").SetFocus();
   At("GurupCombo").ChooseText("Bayi");
@@ -217,14 +217,14 @@ TEST_F(TappedCustomerTest, a_group_closes_the_keyboard) {
   EXPECT_EQ(At("Text1(0)").Text(), "Çetin Öz");
 }
 
-TEST_F(TappedCustomerTest, the_desk_closes_with_its_keyboard) {
+TEST_F(TappedSearchCustomerTest, the_desk_closes_with_its_keyboard) {
   Tap("Text1(0)");
   EXPECT_TRUE(desk->CloseRequested(false));
   EXPECT_FALSE(desk->form.KeyboardOpen);
   EXPECT_EQ(done, 1);
 }
 
-TEST_F(TappedCustomerTest, a_tap_without_a_keyboard_open_tells_no_end) {
+TEST_F(TappedSearchCustomerTest, a_tap_without_a_keyboard_open_tells_no_end) {
   At("Text1(0)").SetFocus();
   At("Text2(2)").SetFocus();
   Key("Text1(0)", key::kEnter);
@@ -233,7 +233,7 @@ TEST_F(TappedCustomerTest, a_tap_without_a_keyboard_open_tells_no_end) {
 
 // Whatever is written.
 
-TEST_F(TappedCustomerTest, signs_of_the_dialect_never_break_the_customers_search) {
+TEST_F(TappedSearchCustomerTest, signs_of_the_dialect_never_break_the_customers_search) {
   for (const std::string& text :
        {std::string("*"), std::string("?"), std::string("'"), std::string("\""), std::string("["), std::string("#"), std::string("a'b"),
         std::string("x' Or 'a'='a"), std::string("'; DELETE FROM CariKartlar; --"), std::string(10000, 'q'), std::string("\x01\x02\t")}) {

@@ -1,11 +1,35 @@
-#include <string>
-
-#include "tests/support/desk_fixture.h"
+#include "tests/desk/sale_fixture.h"
 
 namespace karvel {
 namespace {
 
-class DayBookFollowTest : public DeskFixture {
+class DayTotalTest : public SaleFixture {};
+
+TEST_F(DayTotalTest, the_day_total_counts_todays_unpaid_sales_by_name) {
+  Sql("Karvel.mdb",
+      "INSERT INTO Datam(CariKod, CariAd, Tutar, Tarih, Durum, Tahsilat) VALUES"
+      "('C001','Ayşe Yılmaz',10,'2026-03-01 00:00:00','Satış',0),"
+      "('C001','Ayşe Yılmaz',20.5,'2026-03-01 23:59:59','Satış',0),"
+      "('C001','Ayşe Yılmaz',40,'2026-02-28 23:59:59','Satış',0),"
+      "('C001','Ayşe Yılmaz',80,'2026-03-01 10:00:00','İade',0),"
+      "('C001','Ayşe Yılmaz',160,'2026-03-01 10:00:00','Satış',5),"
+      "('C002','Bora Çetin',320,'2026-03-01 10:00:00','Satış',0)");
+  EnterSale("Ayşe Yılmaz");
+  EXPECT_EQ(At("Label5").Caption(), "30,50");
+}
+
+TEST_F(DayTotalTest, a_double_tap_on_the_total_takes_the_day_of_the_current_row_as_payment) {
+  Sql("Karvel.mdb",
+      "INSERT INTO Datam(CariKod, CariAd, Tutar, Tarih, Durum) VALUES"
+      "('C001','Ayşe Yılmaz',1000,'2026-02-20 09:00:00','Satış'),('C001','Ayşe Yılmaz',234.5,'2026-02-20 18:00:00','Satış')");
+  EnterSale("Ayşe Yılmaz");
+  DoubleTap("Label5");
+  EXPECT_EQ(At("Label5").Caption(), "1.234,50");
+  EXPECT_EQ(At("Text2(2)").Text(), "1.234,50");
+}
+
+// Over a day book with rows of two days and two customers.
+class DayTotalOfRowsTest : public DeskFixture {
  protected:
   void SetUp() override {
     ASSERT_TRUE(Start());
@@ -22,7 +46,7 @@ class DayBookFollowTest : public DeskFixture {
   }
 };
 
-TEST_F(DayBookFollowTest, a_move_in_the_day_book_sums_todays_rows_of_the_customer) {
+TEST_F(DayTotalOfRowsTest, a_move_in_the_day_book_sums_todays_rows_of_the_customer) {
   EnterSale("Ayşe Yılmaz");
   desk->screen.Label5.SetCaption("1");
   ASSERT_TRUE(desk->cursors.HareketData.MoveNext().Ok());
@@ -30,21 +54,21 @@ TEST_F(DayBookFollowTest, a_move_in_the_day_book_sums_todays_rows_of_the_custome
   EXPECT_TRUE(desk->screen.HareketGrid.Marker());
 }
 
-TEST_F(DayBookFollowTest, a_day_book_without_rows_reads_zero_and_marks_none) {
+TEST_F(DayTotalOfRowsTest, a_day_book_without_rows_reads_zero_and_marks_none) {
   AddCustomer("C003", "Cem Ak");
   EnterSale("Cem Ak");
   EXPECT_EQ(At("Label5").Caption(), "0,00");
   EXPECT_FALSE(desk->screen.HareketGrid.Marker());
 }
 
-TEST_F(DayBookFollowTest, at_rest_the_balance_stays) {
+TEST_F(DayTotalOfRowsTest, at_rest_the_balance_stays) {
   ASSERT_TRUE(desk->cursors.CariData.FindFirst("CariKod='C001'").Ok());
   EXPECT_EQ(At("Label5").Caption(), "75,50");
   ASSERT_TRUE(desk->cursors.HareketData.MoveNext().Ok());
   EXPECT_EQ(At("Label5").Caption(), "75,50");
 }
 
-TEST_F(DayBookFollowTest, guard_100_mutes_it) {
+TEST_F(DayTotalOfRowsTest, with_the_day_book_muted_it_stays) {
   EnterSale("Ayşe Yılmaz");
   desk->screen.Label5.SetCaption("1");
   desk->screen.HareketGrid.SetMarker(false);
@@ -54,27 +78,12 @@ TEST_F(DayBookFollowTest, guard_100_mutes_it) {
   EXPECT_FALSE(desk->screen.HareketGrid.Marker());
 }
 
-TEST_F(DayBookFollowTest, after_a_posting_the_balance_stands) {
+TEST_F(DayTotalOfRowsTest, after_a_posting_the_balance_stands) {
   Sell("Ayşe Yılmaz", "1001", "2");
   EXPECT_EQ(At("Label5").Caption(), "95,50");
 }
 
-TEST_F(DayBookFollowTest, the_print_choice_leads_back_to_the_whole_day_book) {
-  int printed = 0;
-  connections += At("Command1").click.Connect([&printed] { ++printed; });
-  ASSERT_TRUE(desk->cursors.CariData.FindFirst("CariKod='C001'").Ok());
-  At("Command5(1)").SetEnabled(false);
-  At("Command5(2)").SetCaption("x");
-  ASSERT_TRUE(desk->cursors.HareketData.Open("Datam").Ok());
-  Click("VzgCmd");
-  EXPECT_EQ(desk->cursors.HareketData.RecordSource(), "Select * From Datam Where CariKod='C001' Order By Tarih Desc");
-  EXPECT_EQ(desk->cursors.HareketData.RecordCount(), 3);
-  EXPECT_TRUE(At("Command5(1)").Enabled());
-  EXPECT_EQ(At("Command5(2)").Caption(), "Tümünü Yazdır");
-  EXPECT_EQ(printed, 1);
-}
-
-TEST_F(DayBookFollowTest, the_totals_find_a_customer_with_a_quote_in_code_and_name) {
+TEST_F(DayTotalOfRowsTest, the_totals_find_a_customer_with_a_quote_in_code_and_name) {
   AddCustomer("O''1", "O''Neil", "Bakiye=7, Borc=7, Hesap='Borç'");
   Sql("Karvel.mdb",
       "INSERT INTO Datam(CariKod, CariAd, Tutar, Tarih, Durum, Tahsilat) VALUES"

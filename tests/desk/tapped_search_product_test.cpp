@@ -3,11 +3,11 @@
 namespace karvel {
 namespace {
 
-class TappedProductTest : public TappedSearchFixture {};
+class TappedSearchProductTest : public TappedSearchFixture {};
 
 // The product's field.
 
-TEST_F(TappedProductTest, the_first_tap_on_the_product_empties_it_over_the_whole_list) {
+TEST_F(TappedSearchProductTest, the_first_tap_on_the_product_empties_it_over_the_whole_list) {
   EnterSale("Ahmet Işık");
   Set("Text5", "şe");
   ASSERT_EQ(Items(), Names{"Şeker"});
@@ -19,7 +19,7 @@ TEST_F(TappedProductTest, the_first_tap_on_the_product_empties_it_over_the_whole
   EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
 }
 
-TEST_F(TappedProductTest, the_second_tap_takes_the_item_and_narrows_the_list_to_the_name) {
+TEST_F(TappedSearchProductTest, the_second_tap_takes_the_item_and_narrows_the_list_to_the_name) {
   EnterSale("Ahmet Işık");
   Search("Text1(1)", "pirinç o");
   EXPECT_EQ(At("Text1(1)").Text(), "Pirinç Osmancık");
@@ -32,14 +32,14 @@ TEST_F(TappedProductTest, the_second_tap_takes_the_item_and_narrows_the_list_to_
   EXPECT_EQ(Items(), Names{"Pirinç Osmancık"});
 }
 
-TEST_F(TappedProductTest, an_item_that_was_taken_is_sold_with_the_quantity_typed_next) {
+TEST_F(TappedSearchProductTest, an_item_that_was_taken_is_sold_with_the_quantity_typed_next) {
   EnterSale("Ahmet Işık");
   Search("Text1(1)", "şe");
   Post("3");
   EXPECT_EQ(Rows("Karvel.mdb", "SELECT StokKod, Miktar, Fiyat, Tutar FROM Datam"), Names{"1003|3.0|20.0|60.0"});
 }
 
-TEST_F(TappedProductTest, an_unknown_item_is_a_new_card_with_the_text_as_its_name) {
+TEST_F(TappedSearchProductTest, an_unknown_item_is_a_new_card_with_the_text_as_its_name) {
   OpenNewCard();
   EXPECT_EQ(At("StokNew(1)").Text(), "Zeytin");
   EXPECT_TRUE(At("StokNew(0)").HasFocus());
@@ -48,12 +48,12 @@ TEST_F(TappedProductTest, an_unknown_item_is_a_new_card_with_the_text_as_its_nam
   EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
 }
 
-TEST_F(TappedProductTest, after_an_unknown_item_the_whole_list_is_there_for_the_scanner) {
+TEST_F(TappedSearchProductTest, after_an_unknown_item_the_whole_list_is_there_for_the_scanner) {
   OpenNewCard();
   EXPECT_EQ(Items().size(), 3U);
 }
 
-TEST_F(TappedProductTest, while_codes_are_scanned_a_tap_on_the_product_opens_nothing) {
+TEST_F(TappedSearchProductTest, while_codes_are_scanned_a_tap_on_the_product_opens_nothing) {
   EnterSale("Ahmet Işık");
   PickItem("1002");
   At("Label1(1)").SetCaption(" Barkod");
@@ -63,7 +63,7 @@ TEST_F(TappedProductTest, while_codes_are_scanned_a_tap_on_the_product_opens_not
   EXPECT_EQ(At("Text1(1)").Text(), "Pirinç Osmancık");
 }
 
-TEST_F(TappedProductTest, leaving_an_empty_product_field_names_the_row_in_front_unsold) {
+TEST_F(TappedSearchProductTest, leaving_an_empty_product_field_names_the_row_in_front_unsold) {
   EnterSale("Ahmet Işık");
   PickItem("1003");
   Tap("Text1(1)");
@@ -75,7 +75,7 @@ TEST_F(TappedProductTest, leaving_an_empty_product_field_names_the_row_in_front_
   EXPECT_FALSE(At("Command2").Enabled());
 }
 
-TEST_F(TappedProductTest, leaving_a_written_name_completes_it_with_the_customers_own_prices) {
+TEST_F(TappedSearchProductTest, leaving_a_written_name_completes_it_with_the_customers_own_prices) {
   Special("1002", "35");
   EnterSale("Ahmet Işık");
   PickItem("1001");
@@ -89,7 +89,7 @@ TEST_F(TappedProductTest, leaving_a_written_name_completes_it_with_the_customers
   EXPECT_EQ(At("Label1(2)").Caption() + " " + At("Text2(0)").Text(), "Özel 35,00");
 }
 
-TEST_F(TappedProductTest, the_second_tap_brings_the_customers_own_prices) {
+TEST_F(TappedSearchProductTest, the_second_tap_brings_the_customers_own_prices) {
   Special("1002", "35");
   EnterSale("Ahmet Işık");
   PickItem("1001");
@@ -97,7 +97,7 @@ TEST_F(TappedProductTest, the_second_tap_brings_the_customers_own_prices) {
   EXPECT_EQ(desk->form.PriceSlots, (std::array<double, 4>{40, 0, 0, 35}));
 }
 
-TEST_F(TappedProductTest, enter_on_a_written_name_brings_the_customers_own_prices) {
+TEST_F(TappedSearchProductTest, enter_on_a_written_name_brings_the_customers_own_prices) {
   Special("1002", "35");
   EnterSale("Ahmet Işık");
   PickItem("1001");
@@ -110,7 +110,7 @@ TEST_F(TappedProductTest, enter_on_a_written_name_brings_the_customers_own_price
   EXPECT_EQ(desk->form.PriceSlots, (std::array<double, 4>{40, 0, 0, 35}));
 }
 
-TEST_F(TappedProductTest, enter_on_a_written_name_drops_the_serials_of_the_item_before) {
+TEST_F(TappedSearchProductTest, enter_on_a_written_name_drops_the_serials_of_the_item_before) {
   EnterSale("Ahmet Işık");
   PickItem("1001");
   At("List1").AddItem("SN-1");
@@ -122,7 +122,7 @@ TEST_F(TappedProductTest, enter_on_a_written_name_drops_the_serials_of_the_item_
 
 // The next of a name, by a double tap on Label1(1).
 
-TEST_F(TappedProductTest, a_double_tap_goes_round_the_cards_of_the_name_searched_for) {
+TEST_F(TappedSearchProductTest, a_double_tap_goes_round_the_cards_of_the_name_searched_for) {
   AddStock("1004", "Su", "Fiyat=1");
   AddStock("1005", "Su", "Fiyat=2");
   EnterSale("Ahmet Işık");
@@ -137,7 +137,7 @@ TEST_F(TappedProductTest, a_double_tap_goes_round_the_cards_of_the_name_searched
   EXPECT_EQ(desk->form.LastStokSearch, "Su");
 }
 
-TEST_F(TappedProductTest, the_fields_show_the_next_card_of_the_name) {
+TEST_F(TappedSearchProductTest, the_fields_show_the_next_card_of_the_name) {
   AddStock("1004", "Su", "Fiyat=1");
   AddStock("1005", "Su", "Fiyat=2");
   EnterSale("Ahmet Işık");
@@ -146,7 +146,7 @@ TEST_F(TappedProductTest, the_fields_show_the_next_card_of_the_name) {
   EXPECT_EQ(At("Text1(1)").Text() + " " + At("Text2(0)").Text(), "Su 2,00");
 }
 
-TEST_F(TappedProductTest, a_name_with_a_wild_card_goes_round_all_its_cards) {
+TEST_F(TappedSearchProductTest, a_name_with_a_wild_card_goes_round_all_its_cards) {
   EnterSale("Ahmet Işık");
   Search("Text1(1)", "pir*");
   ASSERT_EQ(Item(), "1001");
@@ -156,7 +156,7 @@ TEST_F(TappedProductTest, a_name_with_a_wild_card_goes_round_all_its_cards) {
   EXPECT_EQ(Item(), "1001");
 }
 
-TEST_F(TappedProductTest, a_name_that_no_card_has_is_forgotten_and_names_and_codes_change_places) {
+TEST_F(TappedSearchProductTest, a_name_that_no_card_has_is_forgotten_and_names_and_codes_change_places) {
   EnterSale("Ahmet Işık");
   Search("Text1(1)", "pir");  // the beginning of a name, not a whole one
   DoubleTap("Label1(1)");
@@ -168,7 +168,7 @@ TEST_F(TappedProductTest, a_name_that_no_card_has_is_forgotten_and_names_and_cod
 
 // The keyboard is never left open behind the clerk's back.
 
-TEST_F(TappedProductTest, a_tap_on_the_stock_list_closes_the_keyboard) {
+TEST_F(TappedSearchProductTest, a_tap_on_the_stock_list_closes_the_keyboard) {
   EnterSale("Ahmet Işık");
   Tap("Text1(1)");
   PickItem("1003");
@@ -176,7 +176,7 @@ TEST_F(TappedProductTest, a_tap_on_the_stock_list_closes_the_keyboard) {
   EXPECT_EQ(done, 1);
 }
 
-TEST_F(TappedProductTest, enter_on_an_unknown_code_closes_the_keyboard) {
+TEST_F(TappedSearchProductTest, enter_on_an_unknown_code_closes_the_keyboard) {
   EnterSale("Ahmet Işık");
   Tap("Text1(1)");
   Write("Text1(1)", "404");
@@ -184,7 +184,7 @@ TEST_F(TappedProductTest, enter_on_an_unknown_code_closes_the_keyboard) {
   EXPECT_FALSE(desk->form.KeyboardOpen);
 }
 
-TEST_F(TappedProductTest, a_scan_closes_the_keyboard_and_finds_its_item) {
+TEST_F(TappedSearchProductTest, a_scan_closes_the_keyboard_and_finds_its_item) {
   EnterSale("Ahmet Işık");
   Tap("Text1(1)");
   scanner.codeRead("8691003");
@@ -193,7 +193,7 @@ TEST_F(TappedProductTest, a_scan_closes_the_keyboard_and_finds_its_item) {
   EXPECT_EQ(At("Text2(0)").Text(), "20,00");
 }
 
-TEST_F(TappedProductTest, entering_a_sale_closes_the_keyboard) {
+TEST_F(TappedSearchProductTest, entering_a_sale_closes_the_keyboard) {
   Tap("Text1(0)");
   Write("Text1(0)", "Çetin Öz");
   DoubleTap("Label1(0)");
@@ -203,7 +203,7 @@ TEST_F(TappedProductTest, entering_a_sale_closes_the_keyboard) {
   EXPECT_EQ(At("Text1(1)").Text(), "Pirinç Baldo");
 }
 
-TEST_F(TappedProductTest, a_sale_entered_from_the_keyboard_sells_what_it_shows) {
+TEST_F(TappedSearchProductTest, a_sale_entered_from_the_keyboard_sells_what_it_shows) {
   EnterSale("Ahmet Işık");
   PickItem("1003");
   DoubleTap("Label1(0)");
@@ -215,7 +215,7 @@ TEST_F(TappedProductTest, a_sale_entered_from_the_keyboard_sells_what_it_shows) 
   EXPECT_EQ(Rows("Karvel.mdb", "SELECT CariKod, StokKod, Tutar FROM Datam"), Names{"C002|1001|100.0"});
 }
 
-TEST_F(TappedProductTest, changing_to_codes_closes_the_keyboard) {
+TEST_F(TappedSearchProductTest, changing_to_codes_closes_the_keyboard) {
   EnterSale("Ahmet Işık");
   Tap("Text1(1)");
   DoubleTap("Label1(1)");
@@ -223,7 +223,7 @@ TEST_F(TappedProductTest, changing_to_codes_closes_the_keyboard) {
   EXPECT_FALSE(desk->form.KeyboardOpen);
 }
 
-TEST_F(TappedProductTest, the_next_of_a_name_is_shown_also_from_the_keyboard) {
+TEST_F(TappedSearchProductTest, the_next_of_a_name_is_shown_also_from_the_keyboard) {
   AddStock("1004", "Su", "Fiyat=1");
   AddStock("1005", "Su", "Fiyat=2");
   EnterSale("Ahmet Işık");
@@ -234,7 +234,7 @@ TEST_F(TappedProductTest, the_next_of_a_name_is_shown_also_from_the_keyboard) {
   EXPECT_EQ(At("Text1(1)").Text() + " " + At("Text2(0)").Text(), "Su 1,00");  // the whole list began anew
 }
 
-TEST_F(TappedProductTest, leaving_a_sale_closes_the_keyboard) {
+TEST_F(TappedSearchProductTest, leaving_a_sale_closes_the_keyboard) {
   EnterSale("Ahmet Işık");
   Tap("Text1(1)");
   DoubleTap("Label1(0)");
@@ -242,7 +242,7 @@ TEST_F(TappedProductTest, leaving_a_sale_closes_the_keyboard) {
   EXPECT_FALSE(desk->form.KeyboardOpen);
 }
 
-TEST_F(TappedProductTest, a_new_item_given_up_closes_the_keyboard) {
+TEST_F(TappedSearchProductTest, a_new_item_given_up_closes_the_keyboard) {
   OpenNewCard();
   Click("StokNewCmd(0)");
   EXPECT_FALSE(At("StokGiris").Visible());
@@ -253,7 +253,7 @@ TEST_F(TappedProductTest, a_new_item_given_up_closes_the_keyboard) {
   EXPECT_FALSE(At("StokGiris").Visible());
 }
 
-TEST_F(TappedProductTest, a_sale_left_over_a_new_item_closes_the_panel_and_the_keyboard) {
+TEST_F(TappedSearchProductTest, a_sale_left_over_a_new_item_closes_the_panel_and_the_keyboard) {
   OpenNewCard();
   DoubleTap("Label1(0)");
   EXPECT_FALSE(At("StokGiris").Visible());
@@ -262,20 +262,20 @@ TEST_F(TappedProductTest, a_sale_left_over_a_new_item_closes_the_panel_and_the_k
   EXPECT_EQ(At("Text1(0)").Text(), "Çetin Öz");
 }
 
-TEST_F(TappedProductTest, from_one_field_of_a_new_item_to_the_next_the_keyboard_stays) {
+TEST_F(TappedSearchProductTest, from_one_field_of_a_new_item_to_the_next_the_keyboard_stays) {
   OpenNewCard();
   At("StokNew(1)").SetFocus();
   EXPECT_TRUE(desk->form.KeyboardOpen);
 }
 
-TEST_F(TappedProductTest, behind_a_new_item_the_list_sells_what_it_shows) {
+TEST_F(TappedSearchProductTest, behind_a_new_item_the_list_sells_what_it_shows) {
   OpenNewCard();
   Set("Text5", "şe");
   EXPECT_FALSE(desk->form.KeyboardOpen);
   EXPECT_EQ(At("Text1(1)").Text() + " " + At("Text2(0)").Text(), "Şeker 20,00");
 }
 
-TEST_F(TappedProductTest, two_taps_with_nothing_written_take_the_first_of_the_list) {
+TEST_F(TappedSearchProductTest, two_taps_with_nothing_written_take_the_first_of_the_list) {
   Tap("Text1(0)");
   Tap("Text1(0)");
   EXPECT_EQ(At("Text1(0)").Text(), "Ahmet Işık");
@@ -288,7 +288,7 @@ TEST_F(TappedProductTest, two_taps_with_nothing_written_take_the_first_of_the_li
 
 // Whatever is written.
 
-TEST_F(TappedProductTest, signs_of_the_dialect_never_break_the_products_search) {
+TEST_F(TappedSearchProductTest, signs_of_the_dialect_never_break_the_products_search) {
   EnterSale("Ahmet Işık");
   for (const std::string& text :
        {std::string("*"), std::string("?"), std::string("'"), std::string("\""), std::string("["), std::string("#"), std::string("a'b"),
@@ -307,7 +307,7 @@ TEST_F(TappedProductTest, signs_of_the_dialect_never_break_the_products_search) 
   EXPECT_EQ(Item(), "1003");
 }
 
-TEST_F(TappedProductTest, a_wild_card_finds_inside_names) {
+TEST_F(TappedSearchProductTest, a_wild_card_finds_inside_names) {
   Search("Text1(0)", "*öz");
   EXPECT_EQ(Customer(), "C002");
   EnterSale("Çetin Öz");
@@ -315,7 +315,7 @@ TEST_F(TappedProductTest, a_wild_card_finds_inside_names) {
   EXPECT_EQ(Item(), "1002");
 }
 
-TEST_F(TappedProductTest, a_name_with_a_quote_is_found_by_what_stands_before_it) {
+TEST_F(TappedSearchProductTest, a_name_with_a_quote_is_found_by_what_stands_before_it) {
   AddCustomer("C030", "O''Neil Ltd");
   AddStock("1006", "Lay''s Klasik", "Fiyat=15");
   Search("Text1(0)", "o?ne");

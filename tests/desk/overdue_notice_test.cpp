@@ -109,5 +109,14 @@ TEST_F(OverdueNoticeTest, a_debtor_with_a_quote_in_his_code_is_noticed) {
   EXPECT_EQ(At("Label15").Caption(), "9 Gün");
 }
 
+TEST_F(OverdueNoticeTest, an_overdue_customer_is_noticed_and_the_notice_goes_with_a_tap) {
+  Due("C001", "2026-02-20 00:00:00");
+  Show("Ayşe Yılmaz");
+  EXPECT_TRUE(Noticed());
+  EXPECT_EQ(At("Label15").Caption(), "9 Gün");
+  Click("Vadefrm");
+  EXPECT_FALSE(Noticed());
+}
+
 }  // namespace
 }  // namespace karvel
