@@ -1,9 +1,9 @@
 #include "exchange/purge_at_start.h"
-#include "books/purge.h"
 
 #include <string>
 #include <vector>
 
+#include "books/purge.h"
 #include "tests/support/desk_fixture.h"
 
 namespace karvel {
