@@ -7,13 +7,13 @@ Fail() {
   exit 1
 }
 
-# Installs what packages.txt names and the machine lacks.
+# InstallPackages [PACKAGE…]: what packages.txt and the words name and the machine lacks.
 InstallPackages() {
   local package missing=()
   while read -r package; do
     [ -n "$package" ] || continue
     [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")
-  done <packages.txt
+  done < <(cat packages.txt && printf '%s\n' "$@")
   [ ${#missing[@]} -gt 0 ] || return 0
   local asRoot=()
   [ "$(id -u)" = 0 ] || asRoot=(sudo)
@@ -22,13 +22,19 @@ InstallPackages() {
     Fail "could not be installed: ${missing[*]}"
 }
 
+# Configure PRESET
+Configure() {
+  local log
+  log=$(cmake --preset "$1" 2>&1) || {
+    echo "$log" >&2
+    Fail "configuring the $1 preset failed"
+  }
+}
+
 # Build PRESET [TARGET…]
 Build() {
-  local preset=$1 log
+  local preset=$1
   shift
-  log=$(cmake --preset "$preset" 2>&1) || {
-    echo "$log" >&2
-    Fail "configuring the $preset preset failed"
-  }
+  Configure "$preset"
   cmake --build --preset "$preset" ${@:+--target "$@"} || Fail "building the $preset preset failed"
 }

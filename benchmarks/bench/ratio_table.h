@@ -41,7 +41,7 @@ class RatioTable : public benchmark::BenchmarkReporter {
   void Add(Figure figure) { figures_.push_back(std::move(figure)); }
   void Add(Counts counts) { counts_.push_back(std::move(counts)); }
   // The whole table; false when a line is over its limit or was not measured.
-  bool Print() const;
+  [[nodiscard]] bool Print() const;
 
  private:
   [[nodiscard]] double Median(const std::string& name) const;  // seconds; below 0 when it never ran

@@ -20,7 +20,7 @@ class Dice {
   // 0 to size - 1; size above 0.
   std::size_t Below(std::size_t size) { return static_cast<std::size_t>(Next() % size); }
   // From low to high, both included.
-  int Between(int low, int high) { return low + static_cast<int>(Below(static_cast<std::size_t>(high - low + 1))); }
+  int Between(int low, int high) { return low + static_cast<int>(Below(static_cast<std::size_t>(high - low) + 1)); }
   // 0 to just below 1.
   double Part() { return static_cast<double>(Next() >> 11) * 0x1.0p-53; }
   bool Chance(int percent) { return Between(1, 100) <= percent; }

@@ -15,7 +15,7 @@ struct Goods {
   std::array<std::string_view, 4> sizes;
   int lowPrice, highPrice;  // kuruş, of the smallest size
   int packed = 0;           // pieces of the first unit in a second one; 0: sold singly only
-  std::string_view packUnit = "";
+  std::string_view packUnit{};
 };
 
 std::span<const Goods> AllGoods();

@@ -31,7 +31,8 @@ int main(int count, char** words) {
       home = word;
       continue;
     }
-    if (i + 1 == count || !ReadNumber(words[++i], number) || (word != "--seed" && number > kMost)) {
+    ++i;
+    if (i == count || !ReadNumber(words[i], number) || (word != "--seed" && number > kMost)) {
       fmt::print(stderr, "{}", kUsage);
       return 2;
     }

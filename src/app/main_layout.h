@@ -31,7 +31,7 @@ class MainLayout : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  QWidget* Of(const Element& element) const { return ui_.widgets.value(&element); }
+  [[nodiscard]] QWidget* Of(const Element& element) const { return ui_.widgets.value(&element); }
   void BuildTop();
   void BuildLists();
   void BuildMoney();
