@@ -9,7 +9,7 @@
 #include "accounts/ledger_view.h"
 #include "accounts/line_cancellation.h"
 #include "accounts/line_correction.h"
-#include "accounts/money_posting.h"
+#include "accounts/money_confirmation.h"
 #include "accounts/serial_capture.h"
 #include "accounts/stock_card_panel.h"
 #include "accounts/stock_list.h"
@@ -29,7 +29,7 @@ struct Accounts::Features {
   MainButton& button = desk.Button();
   CustomerInFront& customer = desk.Customer();
   BalanceDisplay& figure = desk.Balance();
-  MoneyPosting money{parts, button, customer};
+  MoneyConfirmation money{parts, button, customer};
   CollectionPanel collection{parts, money, customer, figure};
   LineCorrection correction{parts, button, desk.Prices()};
   LineCancellation cancellation{parts, button, customer, figure};

@@ -21,7 +21,7 @@ void Flip(Element& button, const char* one, const char* other) {
 
 }  // namespace
 
-CollectionPanel::CollectionPanel(const DeskParts& parts, MoneyPosting& money, CustomerInFront& customer, BalanceDisplay& figure)
+CollectionPanel::CollectionPanel(const DeskParts& parts, MoneyConfirmation& money, CustomerInFront& customer, BalanceDisplay& figure)
     : screen_(parts.screen), cursors_(parts.cursors), world_(parts.world), money_(money), customer_(customer), figure_(figure) {
   Screen& screen = screen_;
   connections_ += screen.Command1.click.Connect([this] {

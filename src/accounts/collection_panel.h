@@ -1,7 +1,7 @@
 // TahsilatFrame: the panel in which a sale is collected at once, and the choice of the form of payment in Label3.
 #pragma once
 
-#include "accounts/money_posting.h"
+#include "accounts/money_confirmation.h"
 #include "desk/balance_display.h"
 #include "desk/customer_in_front.h"
 #include "desk/parts.h"
@@ -11,7 +11,7 @@ namespace karvel {
 
 class CollectionPanel {
  public:
-  CollectionPanel(const DeskParts& parts, MoneyPosting& money, CustomerInFront& customer, BalanceDisplay& figure);
+  CollectionPanel(const DeskParts& parts, MoneyConfirmation& money, CustomerInFront& customer, BalanceDisplay& figure);
 
  private:
   void Open();                       // Command1 "Tahsilat"
@@ -24,7 +24,7 @@ class CollectionPanel {
   Screen& screen_;
   Cursors& cursors_;
   const World& world_;
-  MoneyPosting& money_;
+  MoneyConfirmation& money_;
   CustomerInFront& customer_;
   BalanceDisplay& figure_;
   Element* defaultButton_ = nullptr;  // the Command8 chosen last, which Enter in the amount presses

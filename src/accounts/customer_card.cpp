@@ -82,10 +82,14 @@ void CustomerCard::Save() {
   // Off until the next change of a field; a refused card is not tried again as it is.
   screen_.CariNewCmd(kSave).SetEnabled(false);
   if (!IsNew()) return;
-  const Status added = AddCustomerCard(shop_, ReadCard());
+  const Outcome<bool> added = AddCustomerCard(shop_, ReadCard());
+  if (added && !*added) {
+    RefuseCode();
+    return;
+  }
   screen_.CariNewCmd(kSave).SetEnabled(true);
-  if (!added.Ok()) {
-    ShowRefusal(world_, added);
+  if (!added) {
+    ShowRefusal(world_, added.error());
     return;
   }
   customer_.RefreshList();
@@ -101,7 +105,7 @@ bool CustomerCard::IsNew() {
     ShowRefusal(world_, taken.error());
     return false;
   }
-  if (*taken) return Refuse("Dikkat Bu Cari Kodu Kayıtlı..!", field(kCode));
+  if (*taken) return RefuseCode();
   // Name and card number have to be new in the list that is in front.
   Cursor listed(world_.stores, "listed customers");
   listed.SetDatabaseName(cursors_.CariData.DatabaseName());
@@ -114,6 +118,10 @@ bool CustomerCard::IsNew() {
   field(kCardNumber).SetText("");
   screen_.CariNewCmd(kSave).SetEnabled(false);
   return Refuse("Bu Kart Numarası Kullanılmış...?", field(kCardNumber));
+}
+
+bool CustomerCard::RefuseCode() {
+  return Refuse("Dikkat Bu Cari Kodu Kayıtlı..!", screen_.CariNew(kCode));
 }
 
 bool CustomerCard::Refuse(const std::string& text, Element& focus) {

@@ -23,6 +23,7 @@ class CustomerCard {
   void Cancel();  // CariNewCmd(0)
   void Save();    // CariNewCmd(1)
   [[nodiscard]] bool IsNew();
+  bool RefuseCode();
   bool Refuse(const std::string& text, Element& focus);
   [[nodiscard]] NewCustomer ReadCard() const;
   void Close();

@@ -2,7 +2,7 @@
 // card.
 #pragma once
 
-#include "books/customer_removal.h"
+#include "books/wiping.h"
 #include "desk/customer_in_front.h"
 #include "desk/parts.h"
 #include "platform/signal.h"

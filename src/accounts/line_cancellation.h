@@ -1,7 +1,7 @@
 // "Satır Sil": asks, and cancels the day-book line in front.
 #pragma once
 
-#include "books/line_cancellation.h"
+#include "books/cancellation.h"
 #include "desk/balance_display.h"
 #include "desk/customer_in_front.h"
 #include "desk/main_button.h"

@@ -2,7 +2,7 @@
 // The fields then hold the new price and quantity, and the main button books them.
 #pragma once
 
-#include "books/line_correction.h"
+#include "books/correction.h"
 #include "desk/main_button.h"
 #include "desk/parts.h"
 #include "desk/price_selection.h"

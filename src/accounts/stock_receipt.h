@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "books/stock_receipt.h"
+#include "books/receipt.h"
 #include "desk/customer_in_front.h"
 #include "desk/parts.h"
 #include "platform/signal.h"

@@ -20,28 +20,17 @@ std::string AddressLower(const std::string& text) {
   return TurkishLower(ReplaceAll(text, "I", "i"));
 }
 
-// One card is the whole of the action: where it could not be written, the reason is the outcome.
-Status Finish(Action& action, const Status& written) {
-  Status done = action.Finish();
-  return written.Ok() ? done : written;
-}
-
-Status AddWalkInCustomer(Cursor& cards) {
-  if (Status begun = cards.AddNew(); !begun.Ok()) return begun;
-  cards.Set("CariKod", sources::kWalkIn);
-  cards.Set("Unvan", sources::kWalkIn);
-  cards.Set("yeni", 1);
-  cards.Set("Gurup", "Müşteri");
-  return cards.Update();
-}
-
 }  // namespace
 
-Status AddCustomerCard(const Shop& shop, const NewCustomer& customer) {
+Outcome<bool> AddCustomerCard(const Shop& shop, const NewCustomer& customer) {
   Action action(shop.stores, "AddCustomerCard");
-  if (!action.Begun().Ok()) return action.Finish();
-  BookCursor card(shop.stores, "new customer", "Cari.Mdb", kCustomerCards);
-  if (Status begun = card.AddNew(); !begun.Ok()) return begun;
+  if (!action.Begun().Ok()) return std::unexpected(action.Finish());
+  // Asked again within the turn: another terminal may have taken the code meanwhile.
+  const Outcome<bool> taken = IsCustomerCodeTaken(shop, customer.code);
+  if (!taken) return taken;
+  if (*taken) return false;
+  RowAdder card(shop.stores, "new customer", "Cari.Mdb", kCustomerCards);
+  if (Status begun = card.AddNew(); !begun.Ok()) return std::unexpected(begun);
   card.Set("CariKod", customer.code);
   card.Set("Unvan", customer.name);
   card.Set("Adres1", customer.street);
@@ -56,7 +45,11 @@ Status AddCustomerCard(const Shop& shop, const NewCustomer& customer) {
   card.Set("Hes", "C");
   card.Set("Hesap", kDebitSide);
   card.Set("yeni", 1);
-  return Finish(action, card.Update());
+  const Status written = card.Update();
+  const Status done = action.Finish();
+  if (!written.Ok()) return std::unexpected(written);
+  if (!done.Ok()) return std::unexpected(done);
+  return true;
 }
 
 Outcome<bool> IsCustomerCodeTaken(const Shop& shop, const std::string& code) {
@@ -67,15 +60,6 @@ Outcome<bool> IsCustomerCodeTaken(const Shop& shop, const std::string& code) {
   if (found.Ok()) return true;
   if (found.Kind() == ErrorKind::NoRecord) return false;
   return std::unexpected(found);
-}
-
-Status KeepWalkInCustomer(const Shop& shop) {
-  Action action(shop.stores, "KeepWalkInCustomer");
-  if (!action.Begun().Ok()) return action.Finish();
-  BookCursor cards(shop.stores, "walk-in customer", "Cari.Mdb", kCustomerCards);
-  Status kept = cards.FindFirst("Unvan=" + sources::Quoted(sources::kWalkIn));
-  if (kept.Kind() == ErrorKind::NoRecord) kept = AddWalkInCustomer(cards);
-  return Finish(action, kept);
 }
 
 }  // namespace karvel

@@ -14,11 +14,12 @@
 #include "desk/options.h"
 #include "desk/overdue_notice.h"
 #include "desk/parts.h"
+#include "desk/price_floor.h"
 #include "desk/price_selection.h"
 #include "desk/product_field.h"
+#include "desk/sale_confirmation.h"
 #include "desk/sale_fields.h"
 #include "desk/sale_mode.h"
-#include "desk/sale_posting.h"
 #include "desk/shut_down.h"
 #include "desk/start_up.h"
 #include "desk/tapped_search.h"
@@ -42,8 +43,9 @@ struct Desk::Features {
   OverdueNotice overdue{parts};
   CustomerInFront customer{parts, balance, dayTotal, overdue};
   MainButton button{parts};
-  PriceSelection prices{parts, customer};
-  SaleFields fields{parts, prices, button};
+  PriceFloor floor{parts};
+  PriceSelection prices{parts, customer, floor};
+  SaleFields fields{parts, floor, button};
   SaleMode saleMode{parts, prices, button, customer, balance, dayTotal};
   GroupList groups{parts, prices, customer};
   CustomerField customerField{parts, customer};
@@ -51,7 +53,7 @@ struct Desk::Features {
   WayOut wayOut{parts};
   ProductField product{parts, button};
   TappedSearch taps{parts, customer, prices};
-  SalePosting posting{parts, button, customer, balance};
+  SaleConfirmation posting{parts, button, customer, balance};
   Options options{parts, prices};
   FixedWindow window{parts};
   LongPress longPress{parts};
@@ -86,7 +88,7 @@ OverdueNotice& Desk::Overdue() const {
 PriceSelection& Desk::Prices() const {
   return features_->prices;
 }
-SalePosting& Desk::Posting() const {
+SaleConfirmation& Desk::Posting() const {
   return features_->posting;
 }
 Signal<>& Desk::Opening() const {

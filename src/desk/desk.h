@@ -21,7 +21,7 @@ class DayTotal;
 class MainButton;
 class OverdueNotice;
 class PriceSelection;
-class SalePosting;
+class SaleConfirmation;
 
 class Desk {
  public:
@@ -49,7 +49,7 @@ class Desk {
   [[nodiscard]] MainButton& Button() const;
   [[nodiscard]] OverdueNotice& Overdue() const;
   [[nodiscard]] PriceSelection& Prices() const;
-  [[nodiscard]] SalePosting& Posting() const;
+  [[nodiscard]] SaleConfirmation& Posting() const;
   // Raised once, during the first activation: options are read, lists filled and columns set, and the clerk is still asked to wait.
   [[nodiscard]] Signal<>& Opening() const;
 

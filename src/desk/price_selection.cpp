@@ -5,7 +5,6 @@
 #include "books/safe_calc.h"
 #include "books/special_prices.h"
 #include "desk/captions.h"
-#include "platform/messages.h"
 #include "text/format.h"
 #include "text/turkish.h"
 
@@ -21,18 +20,9 @@ std::size_t SlotOf(PriceName name) {
 
 }  // namespace
 
-PriceSelection::PriceSelection(const DeskParts& parts, const CustomerInFront& customer)
-    : screen_(parts.screen),
-      form_(parts.form),
-      cursors_(parts.cursors),
-      settings_(parts.settings),
-      world_(parts.world),
-      customer_(customer) {
+PriceSelection::PriceSelection(const DeskParts& parts, const CustomerInFront& customer, PriceFloor& floor)
+    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world), customer_(customer), floor_(floor) {
   connections_ += cursors_.StokData.repositioned.Connect([this] { ShowItem(); });
-  connections_ += screen_.Label1(2).mouseDown.Connect([this](const MouseEvent& event) {
-    if (event.button == 2) screen_.popUp(screen_.Popyuzde);
-  });
-  connections_ += screen_.Yuzde.click.Connect([this] { AskMinPercent(); });
 }
 
 void PriceSelection::ShowItem() {
@@ -48,7 +38,7 @@ void PriceSelection::ShowItem() {
   const double price = form_.PriceSlots[slot];
   const double discount = SafeCalcNumber(CalcOp::Multiply, price, screen_.Text2(3).Text()) / 100;
   screen_.Text2(0).SetText(Format(price - discount, form_.PriceFormat));
-  KeepFloor();  // also where the text was the same before, so that nobody heard of a change
+  floor_.Keep();  // also where the text was the same before, so that nobody heard of a change
   const double pieces = slot == kSecond ? cursors_.StokData.Number("Adet2") : slot == kThird ? cursors_.StokData.Number("Adet3") : 1;
   screen_.Text2(1).SetText(PlainNumber(pieces));
 }
@@ -87,14 +77,6 @@ void PriceSelection::Step() {
   price.SelectAll();
 }
 
-void PriceSelection::KeepFloor() {
-  const double listed = cursors_.StokData.Number("Fiyat");
-  const double price = NumberOrZero(screen_.Text2(0).Text());
-  if (form_.MinSalePercent <= 0 || listed == 0 || price >= listed) return;
-  const double floor = listed - static_cast<double>(form_.MinSalePercent) * listed / 100;
-  if (price < floor) screen_.Text2(0).SetText(Format(floor, form_.PriceFormat));
-}
-
 bool PriceSelection::SecondPriceForGroup() const {
   return screen_.Fiyat2.Checked() && EqualText(screen_.GurupCombo.Text(), "Fatura");
 }
@@ -108,15 +90,6 @@ void PriceSelection::SetFirstPriceColumn() {
     column.width = 0;  // fitted to the heading again
   }
   grid.SetColumns(std::move(columns));
-}
-
-void PriceSelection::AskMinPercent() {
-  const std::string password = settings_.Get(Setting::UsePassword);
-  if (!password.empty() && world_.messages.InputBox("Lütfen Kullanım Şifresi Girin", "Kullanım Şifresi", "") != password) return;
-  const auto answer = world_.messages.InputBox("Lütfen Satış Yüzdesi Girin", "Min.Satış Yüzdesi", "0");
-  if (!answer) return;
-  form_.MinSalePercent = static_cast<float>(NumberOrZero(*answer));
-  settings_.SaveNumber(Setting::MinSalePercent, NumberOrZero(*answer));
 }
 
 }  // namespace karvel

@@ -1,40 +1,38 @@
 // Which of up to four prices of an item this customer pays: worked out whenever the current record of StokData changes, stepped through by
-// a double tap on Label1(2), and kept above the floor, the shop's minimum sale price: MinSalePercent below the card's Fiyat.
+// a double tap on Label1(2), and kept above the floor (price_floor.h).
 #pragma once
 
 #include <string>
 
 #include "desk/customer_in_front.h"
 #include "desk/parts.h"
+#include "desk/price_floor.h"
 #include "platform/signal.h"
 
 namespace karvel {
 
 class PriceSelection {
  public:
-  PriceSelection(const DeskParts& parts, const CustomerInFront& customer);
+  PriceSelection(const DeskParts& parts, const CustomerInFront& customer, PriceFloor& floor);
   // Works out the slots and, in a sale, fills the fields of the current item. Runs at every move of StokData.
   void ShowItem();
   // For another stock list in a sale: the fields name its item in front, with a quantity of 0.
   void ShowUnsoldItem();
   // A double tap on Label1(2): the next price that isn't 0.
   void Step();
-  // Text2(0) changed: a price under the floor becomes the floor.
-  void KeepFloor();
   // The first-price column of StokGrid: Fiyat2 for the group "Fatura" when "Gurup 2.Fiyat" is on, else Fiyat.
   void SetFirstPriceColumn();
 
  private:
   void FillSlots();
   [[nodiscard]] bool SecondPriceForGroup() const;
-  void AskMinPercent();
 
   Screen& screen_;
   FormState& form_;
   Cursors& cursors_;
-  Settings& settings_;
   const World& world_;
   const CustomerInFront& customer_;
+  PriceFloor& floor_;
   Connections connections_;
 };
 

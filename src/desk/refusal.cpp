@@ -1,5 +1,6 @@
 #include "desk/refusal.h"
 
+#include "platform/clerk_message.h"
 #include "platform/messages.h"
 
 namespace karvel {

@@ -45,8 +45,8 @@ void UnmarkFieldNames(Screen& screen) {
   for (int i = 0; i <= 6; ++i) screen.Label1(i).SetColor(color::kYellow);
 }
 
-SaleFields::SaleFields(const DeskParts& parts, PriceSelection& prices, MainButton& button)
-    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world), prices_(prices), button_(button) {
+SaleFields::SaleFields(const DeskParts& parts, PriceFloor& floor, MainButton& button)
+    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world), floor_(floor), button_(button) {
   Screen& screen = screen_;
   for (int i = 0; i < screen.Text2.Count(); ++i) {
     Element& box = screen.Text2(i);
@@ -101,7 +101,7 @@ void SaleFields::KeepFloor() {
   if (asked == floored_.shown) return;
   const bool typed = std::exchange(typing_, false);
   floored_ = {};
-  prices_.KeepFloor();
+  floor_.Keep();
   if (typed && price.Text() != asked) floored_ = {asked, price.Text()};
 }
 

@@ -4,14 +4,14 @@
 
 #include "desk/main_button.h"
 #include "desk/parts.h"
-#include "desk/price_selection.h"
+#include "desk/price_floor.h"
 #include "platform/signal.h"
 
 namespace karvel {
 
 class SaleFields {
  public:
-  SaleFields(const DeskParts& parts, PriceSelection& prices, MainButton& button);
+  SaleFields(const DeskParts& parts, PriceFloor& floor, MainButton& button);
 
  private:
   // What the clerk has typed of a price while the floor stands in the field in its place.
@@ -30,7 +30,7 @@ class SaleFields {
   FormState& form_;
   Cursors& cursors_;
   const World& world_;
-  PriceSelection& prices_;
+  PriceFloor& floor_;
   MainButton& button_;
   Floored floored_;
   bool typing_ = false;  // a letter is on its way into the price

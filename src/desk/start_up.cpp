@@ -2,13 +2,14 @@
 
 #include <fmt/format.h>
 
-#include "books/customer_cards.h"
 #include "books/sources.h"
 #include "books/steps.h"
 #include "books/terminal_group.h"
+#include "books/walk_in_customer.h"
 #include "desk/captions.h"
 #include "desk/list_columns.h"
 #include "desk/template_copying.h"
+#include "platform/clerk_message.h"
 #include "platform/clock.h"
 #include "platform/connection.h"
 #include "platform/event_loop.h"

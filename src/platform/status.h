@@ -35,7 +35,4 @@ class [[nodiscard]] Status {
   std::string message_;
 };
 
-// What the clerk reads about a failure: one plain Turkish sentence, with what he can do.
-std::string ClerkMessage(const Status& status);
-
 }  // namespace karvel

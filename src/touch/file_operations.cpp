@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "platform/clerk_message.h"
 #include "text/like_pattern.h"
 #include "text/turkish.h"
 

@@ -31,11 +31,17 @@ class CustomerCardsBook : public FailingBooks {
     EXPECT_TRUE(taken.has_value());
     return taken.value_or(false);
   }
+  // Fails when the stores refuse it; false when the code is taken.
+  bool Add(const NewCustomer& customer) {
+    const Outcome<bool> added = AddCustomerCard(shop, customer);
+    EXPECT_TRUE(added.has_value());
+    return added.value_or(false);
+  }
   std::string Count() { return One("Cari.mdb", "SELECT count(*) FROM CariKartlar"); }
 };
 
 TEST_F(CustomerCardsBook, a_new_card_has_every_field) {
-  ASSERT_TRUE(AddCustomerCard(shop, Zeynep()).Ok());
+  ASSERT_TRUE(Add(Zeynep()));
   const Fields wanted{
       {"CariKod", "Z01"},   {"Unvan", "zeynep ak"}, {"Adres1", "cadde 1"}, {"Adres2", "izmir"}, {"Email", "zeynep@karvel.tr"},
       {"VergiDa", "konak"}, {"VergiNo", "123"},     {"Telefon", "0232"},   {"Gsm", "0532"},     {"KartNo", "K77"},
@@ -49,13 +55,13 @@ TEST_F(CustomerCardsBook, a_new_card_has_every_field) {
 TEST_F(CustomerCardsBook, a_mail_address_is_lower_cased_with_a_dot_on_every_i) {
   NewCustomer customer = Zeynep();
   customer.email = "İLETİŞİM@ALI.COM";
-  ASSERT_TRUE(AddCustomerCard(shop, customer).Ok());
+  ASSERT_TRUE(Add(customer));
   EXPECT_EQ(Customer("Z01")["Email"], "iletişim@ali.com");
 }
 
 TEST_F(CustomerCardsBook, the_other_cards_stay_as_they_are) {
   const auto before = Rows("Cari.mdb", "SELECT * FROM CariKartlar");
-  ASSERT_TRUE(AddCustomerCard(shop, Zeynep()).Ok());
+  ASSERT_TRUE(Add(Zeynep()));
   EXPECT_EQ(Rows("Cari.mdb", "SELECT * FROM CariKartlar WHERE CariKod<>'Z01'"), before);
 }
 
@@ -63,7 +69,7 @@ TEST_F(CustomerCardsBook, quotes_are_kept_as_typed) {
   NewCustomer customer = Zeynep();
   customer.code = "O'1";
   customer.name = "Oya'nın \"yeri\"";
-  ASSERT_TRUE(AddCustomerCard(shop, customer).Ok());
+  ASSERT_TRUE(Add(customer));
   EXPECT_EQ(Customer("O''1")["Unvan"], "Oya'nın \"yeri\"");
   EXPECT_TRUE(IsTaken("O'1"));
   EXPECT_TRUE(IsTaken("o'1"));
@@ -72,13 +78,23 @@ TEST_F(CustomerCardsBook, quotes_are_kept_as_typed) {
 
 TEST_F(CustomerCardsBook, the_first_card_of_an_empty_file_is_added_too) {
   Sql("Cari.mdb", "DELETE FROM CariKartlar");
-  ASSERT_TRUE(AddCustomerCard(shop, Zeynep()).Ok());
+  ASSERT_TRUE(Add(Zeynep()));
   EXPECT_EQ(Count(), "1");
 }
 
 TEST_F(CustomerCardsBook, a_fault_of_the_stores_adds_nothing_and_says_what_it_was) {
-  FailsWholeOrWorks([this] { return AddCustomerCard(shop, Zeynep()); });
+  FailsWholeOrWorks([this] {
+    const Outcome<bool> added = AddCustomerCard(shop, Zeynep());
+    return added ? Status() : added.error();
+  });
   EXPECT_EQ(Customer("Z01")["Unvan"], "zeynep ak");
+}
+
+TEST_F(CustomerCardsBook, a_code_that_another_terminal_took_meanwhile_is_added_no_second_time) {
+  AddCustomer("z01", "Zeki Son");
+  const std::string before = Count();
+  EXPECT_FALSE(Add(Zeynep()));
+  EXPECT_EQ(Count(), before);
 }
 
 TEST_F(CustomerCardsBook, codes_that_differ_in_case_or_in_the_kind_of_an_i_are_one) {
@@ -114,40 +130,6 @@ TEST_F(CustomerCardsBook, where_the_cards_cant_be_read_a_code_is_neither_free_no
     ASSERT_FALSE(taken.has_value()) << working;
     EXPECT_EQ(taken.error().Kind(), ErrorKind::Other);
   }
-}
-
-TEST_F(CustomerCardsBook, the_walk_in_customer_is_added_where_there_is_none) {
-  ASSERT_TRUE(KeepWalkInCustomer(shop).Ok());
-  Fields card = Customer("Muhtelif Müşteri");
-  EXPECT_EQ(card["Unvan"], "Muhtelif Müşteri");
-  EXPECT_EQ(card["Gurup"], "Müşteri");
-  EXPECT_EQ(card["yeni"], "1.0");
-  for (const char* const field : {"Hes", "Hesap", "Adres1"}) EXPECT_EQ(card[field], "") << field;
-  for (const char* const field : {"Borc", "Alacak", "Bakiye"}) EXPECT_EQ(card[field], "0.0") << field;
-}
-
-TEST_F(CustomerCardsBook, the_walk_in_customer_exists_once_however_many_starts) {
-  for (int i = 0; i < 3; ++i) ASSERT_TRUE(KeepWalkInCustomer(shop).Ok());
-  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariKartlar WHERE Unvan='Muhtelif Müşteri'"), "1");
-}
-
-TEST_F(CustomerCardsBook, the_walk_in_customer_is_known_by_his_name_whatever_his_code_and_list) {
-  AddCustomer("M1", "Muhtelif Müşteri", "HesKullan=1");
-  const std::string before = Count();
-  ASSERT_TRUE(KeepWalkInCustomer(shop).Ok());
-  EXPECT_EQ(Count(), before);
-}
-
-TEST_F(CustomerCardsBook, cards_that_cant_be_read_get_no_second_walk_in_customer) {
-  ASSERT_TRUE(KeepWalkInCustomer(shop).Ok());
-  engine.readFault = {ErrorKind::Other, "the disk is silent"};
-  EXPECT_EQ(KeepWalkInCustomer(shop).Kind(), ErrorKind::Other);
-  engine.readFault = {};
-  EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariKartlar WHERE Unvan='Muhtelif Müşteri'"), "1");
-}
-
-TEST_F(CustomerCardsBook, a_fault_of_the_stores_adds_no_walk_in_customer_and_says_what_it_was) {
-  FailsWholeOrWorks([this] { return KeepWalkInCustomer(shop); });
 }
 
 }  // namespace

@@ -2,11 +2,11 @@
 #include <string>
 #include <vector>
 
-#include "books/customer_removal.h"
-#include "books/line_cancellation.h"
-#include "books/line_correction.h"
+#include "books/cancellation.h"
+#include "books/correction.h"
 #include "books/money_movement.h"
-#include "books/stock_receipt.h"
+#include "books/receipt.h"
+#include "books/wiping.h"
 #include "tests/support/sale_lines.h"
 
 namespace karvel {

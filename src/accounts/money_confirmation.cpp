@@ -1,4 +1,4 @@
-#include "accounts/money_posting.h"
+#include "accounts/money_confirmation.h"
 
 #include "books/sources.h"
 #include "books/steps.h"
@@ -11,7 +11,7 @@
 
 namespace karvel {
 
-MoneyPosting::MoneyPosting(const DeskParts& parts, MainButton& button, CustomerInFront& customer)
+MoneyConfirmation::MoneyConfirmation(const DeskParts& parts, MainButton& button, CustomerInFront& customer)
     : shop_(parts.shop),
       screen_(parts.screen),
       form_(parts.form),
@@ -22,7 +22,7 @@ MoneyPosting::MoneyPosting(const DeskParts& parts, MainButton& button, CustomerI
   button.Serve(MainTask::PostMoney, [this] { Confirm(); });
 }
 
-void MoneyPosting::Confirm() {
+void MoneyConfirmation::Confirm() {
   if (PayerInFront()) {
     button_.Post([this] { return PostMoneyMovement(); });
     return;
@@ -32,7 +32,7 @@ void MoneyPosting::Confirm() {
 }
 
 // The money goes to the row in front: there must be one, in the files too, and the name on the screen must be a customer's.
-bool MoneyPosting::PayerInFront() {
+bool MoneyConfirmation::PayerInFront() {
   if (!world_.stores.IsOpen()) return true;  // the posting tells why nothing can be booked
   const std::string name = Trim(screen_.Text1(0).Text());
   if (!ListsCustomers(screen_) || name.empty()) return false;
@@ -50,7 +50,7 @@ bool MoneyPosting::PayerInFront() {
   return named.Open("CariKartlar").Ok() && named.FindFirst("Unvan=" + sources::Quoted(name)).Kind() != ErrorKind::NoRecord;
 }
 
-MoneyMovement MoneyPosting::ReadMovement() const {
+MoneyMovement MoneyConfirmation::ReadMovement() const {
   MoneyMovement movement;
   movement.customerCode = customer_.Code();
   movement.customerName = screen_.Text1(0).Text();
@@ -63,7 +63,7 @@ MoneyMovement MoneyPosting::ReadMovement() const {
   return movement;
 }
 
-Status MoneyPosting::PostMoneyMovement() {
+Status MoneyConfirmation::PostMoneyMovement() {
   const MoneyMovement movement = ReadMovement();
   const auto booked = BookMoneyMovement(shop_, movement);
   if (!booked) return booked.error();

@@ -12,10 +12,10 @@
 
 namespace karvel {
 
-class SalePosting {
+class SaleConfirmation {
  public:
   // Serves the main button in a sale.
-  SalePosting(const DeskParts& parts, MainButton& button, CustomerInFront& customer, BalanceDisplay& balance);
+  SaleConfirmation(const DeskParts& parts, MainButton& button, CustomerInFront& customer, BalanceDisplay& balance);
 
   // Posts the line on the screen and resets the fields for the next. When the stores refuse it, nothing of the line is in them,
   // the fields stay for another try, and the outcome says why.

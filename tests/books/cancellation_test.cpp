@@ -1,4 +1,4 @@
-#include "books/line_cancellation.h"
+#include "books/cancellation.h"
 
 #include <string>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "platform/status.h"
+#include "platform/clerk_message.h"
 
 namespace karvel {
 

@@ -1,4 +1,4 @@
-#include "books/line_correction.h"
+#include "books/correction.h"
 
 #include <algorithm>
 

@@ -9,10 +9,10 @@
 
 namespace karvel {
 
-class MoneyPosting {
+class MoneyConfirmation {
  public:
   // Serves the main button while the customer list is in front.
-  MoneyPosting(const DeskParts& parts, MainButton& button, CustomerInFront& customer);
+  MoneyConfirmation(const DeskParts& parts, MainButton& button, CustomerInFront& customer);
 
   // Posts the amount in Text2(2) for the customer in front, by the instrument in Label3 and the direction in Label1(5). Any amount is
   // taken, also 0 and below. When the stores refuse it, nothing of it is in them, the amount stays for another try, and the outcome says

@@ -1,4 +1,4 @@
-#include "desk/sale_posting.h"
+#include "desk/sale_confirmation.h"
 
 #include "books/steps.h"
 #include "books/stored_cards.h"
@@ -14,7 +14,7 @@ namespace {
 const Steps step("PostLine");
 }
 
-SalePosting::SalePosting(const DeskParts& parts, MainButton& button, CustomerInFront& customer, BalanceDisplay& balance)
+SaleConfirmation::SaleConfirmation(const DeskParts& parts, MainButton& button, CustomerInFront& customer, BalanceDisplay& balance)
     : shop_(parts.shop),
       screen_(parts.screen),
       form_(parts.form),
@@ -27,7 +27,7 @@ SalePosting::SalePosting(const DeskParts& parts, MainButton& button, CustomerInF
   button.Serve(MainTask::PostSale, [this] { Confirm(); });
 }
 
-void SalePosting::Confirm() {
+void SaleConfirmation::Confirm() {
   if (!LineIsWhole()) return;
   const bool posted = button_.Post([this] {
     // One number serves all lines of a slip; printing the slip clears it.
@@ -38,7 +38,7 @@ void SalePosting::Confirm() {
 }
 
 // Whether the screen names what is sold; if not, the focus goes to the field that lacks it.
-bool SalePosting::LineIsWhole() {
+bool SaleConfirmation::LineIsWhole() {
   const auto missing = [](Element& field) {
     field.SetFocus();
     return false;
@@ -56,7 +56,7 @@ bool SalePosting::LineIsWhole() {
   return true;
 }
 
-SaleLine SalePosting::ReadLine() const {
+SaleLine SaleConfirmation::ReadLine() const {
   SaleLine line;
   line.mode = ModeOnScreen(screen_);
   line.itemInFront = cursors_.StokData.CurrentKey();
@@ -75,7 +75,7 @@ SaleLine SalePosting::ReadLine() const {
   return line;
 }
 
-Status SalePosting::PostLine() {
+Status SaleConfirmation::PostLine() {
   const auto booked = BookSaleLine(shop_, ReadLine());
   if (!booked) return booked.error();
   form_.CurrentLineId = booked->id;
@@ -94,7 +94,7 @@ Status SalePosting::PostLine() {
   return {};
 }
 
-void SalePosting::ResetFields() {
+void SaleConfirmation::ResetFields() {
   screen_.Text2(1).SetText("0");
   screen_.Label1(2).SetCaption(std::string(NameOf(PriceName::First)));
   screen_.Text2(0).SetText(PlainNumber(form_.PriceSlots[0]));

@@ -1,4 +1,4 @@
-#include "books/stock_receipt.h"
+#include "books/receipt.h"
 
 #include "books/book_cursor.h"
 #include "books/find_card.h"

@@ -1,4 +1,4 @@
-#include "books/line_cancellation.h"
+#include "books/cancellation.h"
 
 #include "books/book_cursor.h"
 #include "books/card_balance.h"

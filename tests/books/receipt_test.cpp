@@ -1,4 +1,4 @@
-#include "books/stock_receipt.h"
+#include "books/receipt.h"
 
 #include <string>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "books/customer_removal.h"
+#include "books/wiping.h"
 
 #include <string>
 #include <vector>
