@@ -21,7 +21,6 @@ if [ "$way" = fix ]; then
 fi
 printf '%s\0' "${files[@]}" | xargs -0 -n 50 -P "$(nproc)" clang-format-19 --dry-run --Werror ||
   Fail "a file's layout is not the formatter's: ./lint.sh fix lays them out"
-echo "clang-format: ${#files[@]} files are clean"
 
 Configure release
 exec python3 scripts/tidy.py build/release/compile_commands.json "${folders[@]}"

@@ -20,7 +20,7 @@ def clang_command(command):
     """The command that clang understands of one that the database holds."""
     words = iter(shlex.split(command))
     for word in words:  # A launcher such as ccache stands in front of the compiler.
-        if word.endswith(("c++", "g++", "clang++-19")):
+        if re.search(r"\+\+(-\d+)?$", word):
             break
     arguments = ["clang++-19"]
     for word in words:

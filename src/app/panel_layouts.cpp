@@ -35,7 +35,7 @@ class Builder {
     return card;
   }
 
-  QWidget* Of(const Element& element) const { return ui_.widgets.value(&element); }
+  [[nodiscard]] QWidget* Of(const Element& element) const { return ui_.widgets.value(&element); }
 
   // A field under its name, in the card's grid.
   void Field(int row, int column, const char* name, const Element& element, int span = 1) {

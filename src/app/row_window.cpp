@@ -38,7 +38,8 @@ void RowWindow::LoadEnd(int count) {
 }
 
 int RowWindow::LoadAround(const GridRow& row, int margin, int count) {
-  const GridRow anchor = row;  // it may be one of the rows let go below
+  // A copy: the row may be one of those let go below.
+  const GridRow anchor = row;  // NOLINT(performance-unnecessary-copy-initialization)
   const auto index = IndexOf(anchor.key);
   const std::optional<std::int64_t> held = position_ && index >= 0 ? std::optional(*position_ + index) : std::nullopt;
   Clear();

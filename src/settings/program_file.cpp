@@ -8,7 +8,7 @@ namespace karvel {
 
 std::string ProgramFilePath(const Files& files, std::string_view name) {
   const std::string folder = files.ProgramFolder();
-  std::string plain = folder + "/" + std::string(name);
+  const std::string plain = folder + "/" + std::string(name);
   if (files.Exists(plain)) return plain;
   for (const std::string& other : files.List(folder)) {
     if (EqualText(other, name)) return folder + "/" + other;
