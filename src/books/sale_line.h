@@ -12,9 +12,9 @@
 #include <vector>
 
 #include "books/card_balance.h"
+#include "books/customer_prices.h"
 #include "books/line_mode.h"
 #include "books/shop.h"
-#include "books/special_prices.h"
 #include "store/row.h"
 
 namespace karvel {

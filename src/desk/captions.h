@@ -1,9 +1,9 @@
 // The captions that carry state, each text once, and the questions to ask of them: what a button or label reads is what it does.
 #pragma once
 
+#include "books/customer_prices.h"
 #include "books/line_mode.h"
 #include "books/money_movement.h"
-#include "books/special_prices.h"
 #include "desk/screen.h"
 
 namespace karvel {

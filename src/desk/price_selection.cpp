@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "books/customer_prices.h"
 #include "books/safe_calc.h"
-#include "books/special_prices.h"
 #include "desk/captions.h"
 #include "text/format.h"
 #include "text/turkish.h"

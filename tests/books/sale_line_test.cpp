@@ -252,7 +252,7 @@ TEST_F(SaleLineTest, each_mode_but_a_return_remembers_a_price_that_was_typed_ove
   }
 }
 
-TEST_F(SaleLineTest, the_cards_price_leaves_the_special_prices_unchanged_also_for_a_new_pair) {
+TEST_F(SaleLineTest, the_cards_price_leaves_the_customer_prices_unchanged_also_for_a_new_pair) {
   Book(Line("1001", 1, 50));
   EXPECT_EQ(Rows("Cari.mdb", "SELECT * FROM Cari"), Lines{});
   Sql("Cari.mdb", "INSERT INTO Cari VALUES('1001','C001',45,0,0)");

@@ -89,7 +89,7 @@ TEST_F(PriceSelectionTest, a_customers_own_second_and_third_price_replace_the_ca
   EXPECT_EQ(desk->form.PriceSlots, (std::array<double, 4>{50, 500, 900, 0}));
 }
 
-TEST_F(PriceSelectionTest, special_prices_are_the_customers_alone) {
+TEST_F(PriceSelectionTest, customer_prices_are_the_customers_alone) {
   Special("45,500,900");
   EnterSale("Bora Çetin");
   PickItem("1001");

@@ -276,7 +276,7 @@ TEST_F(SalePostingTest, the_special_price_is_remembered_as_the_first) {
   EXPECT_EQ(RowOf("Cari.mdb", "Cari")["0Fiyat"], "44.0");
 }
 
-TEST_F(SalePostingTest, a_price_equal_to_the_cards_leaves_the_special_prices_unchanged) {
+TEST_F(SalePostingTest, a_price_equal_to_the_cards_leaves_the_customer_prices_unchanged) {
   Sell("Ayşe Yılmaz", "1001", "1");
   EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM Cari"), "0");
   Sql("Cari.mdb", "INSERT INTO Cari(StokKod, CariKod, \"0Fiyat\") VALUES('1001','C001',45)");

@@ -1,4 +1,4 @@
-#include "books/special_prices.h"
+#include "books/customer_prices.h"
 
 #include "books/book_cursor.h"
 #include "books/sources.h"
