@@ -33,7 +33,11 @@ void CustomerRemoval::AskAndDeleteCard() {
       world_.messages.MessageBox("Cari Kart Silinecek Emimisiniz..?", "", MessageIcon::Stop, MessageButtons::YesNo);
   if (answer != MessageAnswer::Yes) return;
   const Status deleted = DeleteCustomerCard(shop_, customer_.Key());
-  if (deleted.Kind() == ErrorKind::NoRecord) return;  // another terminal deleted it meanwhile
+  if (deleted.Kind() == ErrorKind::NoRecord) {
+    // Another terminal deleted it meanwhile, or posted to him: the list shows how it is now.
+    customer_.ReadListAnew(customer_.Code());
+    return;
+  }
   if (deleted.Ok()) customer_.LeaveDeleted();
   ShowRefusal(world_, deleted);
 }

@@ -10,8 +10,6 @@ namespace karvel {
 namespace {
 
 const Steps step("CancelDayBookLine");
-// Sube of a row that was handed on to the central site. The small letter, which the day file writes, is another mark.
-constexpr const char* kTransferred = "X";
 
 }  // namespace
 
@@ -38,7 +36,7 @@ Status LineCancellation::CancelDayBookLine() {
   const Cancellation cancellation = ReadCancellation();
   if (!ReadLineAnew(cancellation)) return {};
   form_.CurrentCustomerCode = customer_.Code();
-  if (day.Text("Sube") == kTransferred) {
+  if (IsTransferred(day)) {
     RefuseTransferred(day.Text("DigerId"));
     return {};
   }
@@ -79,7 +77,11 @@ void LineCancellation::ShowBooks() {
   const Muted muted(form_.RepositionGuard, Mute::Customers);
   const std::string name = screen_.Text1(0).Text();
   // The card that was in front, even if another bears the same name.
-  if (!customer_.HasName(name)) step("find customer", cursors_.CariData.FindFirst("Unvan=" + sources::Quoted(name)));
+  if (customer_.HasName(name)) {
+    step("customer in front", cursors_.CariData.MoveTo(customer_.Key()));  // as he is now: another terminal may have posted to him
+  } else {
+    step("find customer", cursors_.CariData.FindFirst("Unvan=" + sources::Quoted(name)));
+  }
   step("refresh ledger", cursors_.CariHarData.Refresh());
   step("refresh serials", cursors_.SeriNoData.Refresh());
   step("refresh day book", cursors_.HareketData.Refresh());

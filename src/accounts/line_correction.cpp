@@ -97,9 +97,11 @@ void LineCorrection::ShowCorrected() {
 // The line that was taken is no longer in front, or no longer what it was: what stands there now must not be rewritten in its place.
 void LineCorrection::ShowTooLate() {
   button_.EndCorrection();
-  button_.Allow(true);
-  const Muted muted(form_.RepositionGuard, Mute::DayBook);
-  step("refresh day book", cursors_.HareketData.Refresh());
+  {
+    const Muted muted(form_.RepositionGuard, Mute::DayBook);
+    step("refresh day book", cursors_.HareketData.Refresh());
+  }
+  prices_.ShowUnsoldItem();  // a second tap must not sell what was meant to correct
 }
 
 }  // namespace karvel

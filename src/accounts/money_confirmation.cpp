@@ -28,7 +28,7 @@ void MoneyConfirmation::Confirm() {
     return;
   }
   screen_.Text1(0).SetFocus();
-  button_.Allow(true);  // the amount stays, and is taken once the customer is right
+  button_.FollowAmounts();  // an amount that stays is taken once the customer is right
 }
 
 // The money goes to the row in front: there must be one, in the files too, and the name on the screen must be a customer's.
@@ -39,7 +39,9 @@ bool MoneyConfirmation::PayerInFront() {
   // After the stores were away the list comes back, on the customer that the screen still names.
   if (!customer_.IsThere() && !customer_.FindAnew(name)) return false;
   if (customer_.IsGone()) {
-    customer_.RefreshAndFollow();  // deleted at another terminal: the list shows who is left
+    // Deleted at another terminal: the list shows who is left, and a second tap must not take the money from him.
+    customer_.RefreshAndFollow();
+    screen_.Text2(2).SetText("0");
     return false;
   }
   if (NamesCard(name, customer_.Name())) return true;

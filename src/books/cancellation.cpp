@@ -97,6 +97,7 @@ Status CancelLine(const Shop& shop, const Cancellation& cancellation) {
   if (!action.Begun().Ok()) return action.Finish();
   BookCursor day(shop.stores, "day book", "Karvel.Mdb", "Datam");
   if (Status there = StandOnLine(day, cancellation.dayBookRow, cancellation.listedAsCancelled); !there.Ok()) return there;
+  if (IsTransferred(day)) return {ErrorKind::NoRecord, "the line was handed on meanwhile"};
   const Line line = ReadLine(day);
   TakeBackLedger(shop.stores, line.id);
   DropSerials(shop.stores, cancellation.lastPostedId);

@@ -16,7 +16,7 @@ struct Cancellation {
   std::string lastPostedId;        // whose serial numbers go: those of the line that this terminal posted last, not of this one
 };
 
-// NoRecord when the row is gone, or was cancelled since the list showed it.
+// NoRecord when the row is gone, was handed on, or was cancelled since the list showed it.
 Status CancelLine(const Shop& shop, const Cancellation& cancellation);
 
 // A line that came from another site carries a "T" in its id which its ledger rows don't.

@@ -12,6 +12,11 @@ inline bool IsCancelled(const Cursor& day) {
   return day.Text("Durum") == kCancelledName;
 }
 
+// Handed on to the central site. The small letter of the day file is another mark.
+inline bool IsTransferred(const Cursor& day) {
+  return day.Text("Sube") == "X";
+}
+
 // Stands on the row. NoRecord when it is gone, or was cancelled since the list showed it: what was to be done with the line is void, for it
 // would be taken back twice.
 inline Status StandOnLine(Cursor& day, RowKey row, bool listedAsCancelled) {

@@ -45,6 +45,14 @@ void TakeBackSales(Stores& stores, const std::string& customerCode) {
   });
 }
 
+// NoRecord when he has ledger rows; another kind when that can't be read.
+Status IsClean(Stores& stores, const std::string& customerCode) {
+  BookCursor ledger(stores, "his ledger", "Cari.Mdb", sources::LedgerOf(customerCode));
+  const Status any = ledger.FindFirst("CariHarKod=" + sources::Quoted(customerCode));
+  if (any.Ok()) return {ErrorKind::NoRecord, "the card has been posted to meanwhile"};
+  return any.Kind() == ErrorKind::NoRecord ? Status() : any;
+}
+
 }  // namespace
 
 Status WipeCustomer(const Shop& shop, const std::string& customerCode) {
@@ -65,6 +73,7 @@ Status DeleteCustomerCard(const Shop& shop, RowKey card) {
   if (!action.Begun().Ok()) return action.Finish();
   BookCursor cards(shop.stores, "his card", "Cari.Mdb", kCustomerCards);
   Status deleted = cards.MoveTo(card);
+  if (deleted.Ok()) deleted = IsClean(shop.stores, cards.Text("CariKod"));
   if (deleted.Ok()) deleted = cards.Delete();
   Status done = action.Finish();
   return deleted.Ok() ? done : deleted;

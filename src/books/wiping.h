@@ -14,7 +14,8 @@ namespace karvel {
 // NoRecord when his card is gone.
 Status WipeCustomer(const Shop& shop, const std::string& customerCode);
 
-// Deletes his card, whatever still bears his code. NoRecord when it is gone already.
+// Deletes his clean card; his due dates and the lines of the day book stay. NoRecord, and nothing changes, when it is gone already or is
+// clean no more: another terminal has posted to him since he was looked up, and his debt must not go with the card.
 Status DeleteCustomerCard(const Shop& shop, RowKey card);
 
 }  // namespace karvel

@@ -1,5 +1,6 @@
 #include "desk/sale_confirmation.h"
 
+#include "books/sources.h"
 #include "books/steps.h"
 #include "books/stored_cards.h"
 #include "desk/captions.h"
@@ -80,12 +81,14 @@ Status SaleConfirmation::PostLine() {
   if (!booked) return booked.error();
   form_.CurrentLineId = booked->id;
   // The sale goes on under the code of the card that the line made; otherwise the next line would make another.
+  const bool newCustomer = booked->customerCode != form_.CurrentCustomerCode;
   form_.CurrentCustomerCode = booked->customerCode;
+  if (newCustomer) customer_.RefreshList();  // his card may be in it now
   customer_.StandQuietlyOn(booked->customerCode);
   balance_.ShowSided(booked->balance);
   {
     const Muted muted(form_.RepositionGuard, Mute::DayBook);
-    step("refresh day book", cursors_.HareketData.Refresh());
+    step("day book", newCustomer ? cursors_.HareketData.Open(sources::DayBookOf(booked->customerCode)) : cursors_.HareketData.Refresh());
   }
   step("refresh due dates", cursors_.VadeData.Refresh());
   world_.loop.RunPendingButInput();

@@ -214,6 +214,15 @@ TEST_F(LineCancellationTest, a_store_that_refuses_takes_nothing_back) {
   EXPECT_EQ(Day(id)["Durum"], "Iptal");
 }
 
+TEST_F(LineCancellationTest, the_balance_is_the_one_that_another_terminal_left_meanwhile) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string id = LastId();
+  Cancel(id);
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Borc=120.5, Bakiye=120.5 WHERE CariKod='C001'");
+  Cancel(id);  // takes nothing back a second time, and reads the card anew
+  EXPECT_EQ(At("Label5").Caption(), "120,50");
+}
+
 TEST_F(LineCancellationTest, the_balance_stands_in_black_while_the_customer_owes) {
   Sell("Ayşe Yılmaz", "1001", "2");
   const std::string first = LastId();

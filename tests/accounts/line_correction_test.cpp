@@ -119,7 +119,7 @@ TEST_F(LineCorrectionTest, a_line_that_is_not_in_front_any_more_is_left_alone_an
   EXPECT_EQ(Rows("Karvel.mdb", "SELECT Fiyat, Miktar, Tutar FROM Datam"), std::vector<std::string>{"50.0|2.0|100.0"});
   EXPECT_EQ(Rows("Stok.mdb", "SELECT Miktar, Tutar FROM StokHareket"), std::vector<std::string>{"2.0|100.0"});
   EXPECT_EQ(At("Command3").Caption(), "Çıkış");
-  EXPECT_TRUE(At("Command2").Enabled());
+  EXPECT_FALSE(At("Command2").Enabled());
 }
 
 TEST_F(LineCorrectionTest, a_correction_ends_with_the_sale_it_was_begun_in) {
@@ -330,6 +330,8 @@ TEST_F(LineCorrectionTest, a_line_that_another_terminal_cancelled_meanwhile_is_n
   EXPECT_EQ(Balance("C001"), "100.0|0.0|100.0|Borç");
   EXPECT_EQ(At("Command3").Caption(), "Çıkış");
   EXPECT_EQ(desk->form.EditLineId, "");
+  EXPECT_EQ(At("Text2(1)").Text(), "0");
+  EXPECT_FALSE(At("Command2").Enabled());  // a second tap must not sell what was meant to correct
 }
 
 TEST_F(LineCorrectionTest, it_begins_with_the_lines_own_figures_whatever_item_is_in_front) {

@@ -10,7 +10,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class LineCancellationBook : public PostedLines {
+class CancellationBook : public PostedLines {
  protected:
   Cancellation Of(const std::string& id, RowKey itemInFront = 0, const std::string& lastPostedId = "") {
     return {DayKey(id), false, itemInFront, lastPostedId};
@@ -29,7 +29,7 @@ class LineCancellationBook : public PostedLines {
   std::string Count(const std::string& file, const std::string& from) { return One(file, "SELECT count(*) FROM " + from); }
 };
 
-TEST_F(LineCancellationBook, a_sale_is_taken_back_and_stays_in_the_day_book_as_cancelled) {
+TEST_F(CancellationBook, a_sale_is_taken_back_and_stays_in_the_day_book_as_cancelled) {
   PutLine({.id = "L1", .item = "1002", .price = 20, .quantity = 5, .profit = 40, .cost = 12});
   PutDue("C001", "2026-03-01", 100);
   Fields day = Day("L1"), card = Card("1002"), customer = Customer("C001");
@@ -45,7 +45,7 @@ TEST_F(LineCancellationBook, a_sale_is_taken_back_and_stays_in_the_day_book_as_c
   EXPECT_EQ(Due("C001"), Texts{});
 }
 
-TEST_F(LineCancellationBook, a_sale_with_two_ledger_rows_takes_each_part_back_by_subtraction) {
+TEST_F(CancellationBook, a_sale_with_two_ledger_rows_takes_each_part_back_by_subtraction) {
   PutSale("L1", 1);
   Sql("Cari.mdb", "INSERT INTO CariHareket(cariharkod, Aciklama, Borc, Alacak, DigerId) VALUES('=110','Perakende satış',0,50,'L1')");
   Raise("=110", 0, 80);
@@ -55,14 +55,14 @@ TEST_F(LineCancellationBook, a_sale_with_two_ledger_rows_takes_each_part_back_by
   EXPECT_EQ(Count("Cari.mdb", "CariHareket"), "0");
 }
 
-TEST_F(LineCancellationBook, a_sale_is_one_in_capitals_too) {
+TEST_F(CancellationBook, a_sale_is_one_in_capitals_too) {
   PutSale("L1", 1);
   Sql("Cari.mdb", "UPDATE CariHareket SET Aciklama='PİRİNÇ SATIŞ'");
   Cancel("L1");
   EXPECT_EQ(Balance("C001"), "0.0|0.0|0.0|Borç");
 }
 
-TEST_F(LineCancellationBook, a_collection_leaves_no_trace_but_totals_that_crossed_over) {
+TEST_F(CancellationBook, a_collection_leaves_no_trace_but_totals_that_crossed_over) {
   PutSale("L1", 3);
   PutCollection("L2", "C001", 60);
   PutDue("C001", "2026-03-01", 90);
@@ -77,7 +77,7 @@ TEST_F(LineCancellationBook, a_collection_leaves_no_trace_but_totals_that_crosse
   EXPECT_EQ(Count("Stok.mdb", "StokHareket"), "1");
 }
 
-TEST_F(LineCancellationBook, a_return_is_taken_back_from_the_incoming_side) {
+TEST_F(CancellationBook, a_return_is_taken_back_from_the_incoming_side) {
   PutSale("L1", 3);
   PutLine({.id = "L2", .mode = "İade", .quantity = 1});
   ASSERT_EQ(Card("1001")["GirenMik"], "1.0");
@@ -91,7 +91,7 @@ TEST_F(LineCancellationBook, a_return_is_taken_back_from_the_incoming_side) {
   EXPECT_EQ(Balance("C001"), "200.0|50.0|150.0|Borç");
 }
 
-TEST_F(LineCancellationBook, a_purchase_crosses_the_totals_over_and_shrinks_the_due_date) {
+TEST_F(CancellationBook, a_purchase_crosses_the_totals_over_and_shrinks_the_due_date) {
   PutLine({.id = "L1", .mode = "Alış"});
   PutDue("C001", "2026-03-01", 100);
   Cancel("L1");
@@ -101,7 +101,7 @@ TEST_F(LineCancellationBook, a_purchase_crosses_the_totals_over_and_shrinks_the_
   EXPECT_EQ(Due("C001"), Texts{});
 }
 
-TEST_F(LineCancellationBook, what_is_left_of_the_stock_is_rounded_to_three_places) {
+TEST_F(CancellationBook, what_is_left_of_the_stock_is_rounded_to_three_places) {
   Sql("Stok.mdb", "UPDATE StokKartlar SET GirenMik=1.00049 WHERE StokKod='1001'");
   PutSale("L1");
   Cancel("L1");
@@ -109,7 +109,7 @@ TEST_F(LineCancellationBook, what_is_left_of_the_stock_is_rounded_to_three_place
   EXPECT_EQ(Card("1001")["KalanA"], "0.0");
 }
 
-TEST_F(LineCancellationBook, an_id_with_a_T_finds_its_ledger_rows_without_it_and_its_movement_with_it) {
+TEST_F(CancellationBook, an_id_with_a_T_finds_its_ledger_rows_without_it_and_its_movement_with_it) {
   PutSale("1T2T3");
   Sql("Cari.mdb", "UPDATE CariHareket SET DigerId='123'");
   EXPECT_EQ(LedgerIdOf("1T2T3"), "123");
@@ -120,14 +120,14 @@ TEST_F(LineCancellationBook, an_id_with_a_T_finds_its_ledger_rows_without_it_and
   EXPECT_EQ(Day("1T2T3")["Durum"], "Iptal");
 }
 
-TEST_F(LineCancellationBook, the_small_x_of_an_export_stands_in_nobodys_way) {
+TEST_F(CancellationBook, the_small_x_of_an_export_stands_in_nobodys_way) {
   PutSale("L1");
   Sql("Karvel.mdb", "UPDATE Datam SET Sube='x'");
   Cancel("L1");
   EXPECT_EQ(Day("L1")["Durum"], "Iptal");
 }
 
-TEST_F(LineCancellationBook, a_second_cancel_of_a_line_listed_as_cancelled_wipes_its_row_and_touches_no_card) {
+TEST_F(CancellationBook, a_second_cancel_of_a_line_listed_as_cancelled_wipes_its_row_and_touches_no_card) {
   PutSale("L1");
   PutSale("L2");
   Cancel("L1");
@@ -139,14 +139,14 @@ TEST_F(LineCancellationBook, a_second_cancel_of_a_line_listed_as_cancelled_wipes
   EXPECT_EQ(Card("1001")["CikanMik"], "2.0");
 }
 
-TEST_F(LineCancellationBook, before_the_first_posting_of_a_run_no_serial_goes) {
+TEST_F(CancellationBook, before_the_first_posting_of_a_run_no_serial_goes) {
   PutSale("L1");
   Sql("SeriNo.mdb", "INSERT INTO SeriNo(barcode, DigerId) VALUES('S1','L1'),('S2','')");
   Cancel("L1");
   EXPECT_EQ(Rows("SeriNo.mdb", "SELECT barcode FROM SeriNo ORDER BY barcode"), (Texts{"S1", "S2"}));
 }
 
-TEST_F(LineCancellationBook, the_serials_that_go_are_those_of_the_line_posted_last) {
+TEST_F(CancellationBook, the_serials_that_go_are_those_of_the_line_posted_last) {
   PutSale("L1");
   PutSale("L2");
   Sql("SeriNo.mdb", "INSERT INTO SeriNo(barcode, DigerId) VALUES('S1','L1'),('S2','L2'),('S3','L2')");
@@ -154,7 +154,7 @@ TEST_F(LineCancellationBook, the_serials_that_go_are_those_of_the_line_posted_la
   EXPECT_EQ(Rows("SeriNo.mdb", "SELECT barcode FROM SeriNo"), Texts{"S1"});
 }
 
-TEST_F(LineCancellationBook, a_line_without_an_id_takes_nobody_elses_rows) {
+TEST_F(CancellationBook, a_line_without_an_id_takes_nobody_elses_rows) {
   Sql("Karvel.mdb", "INSERT INTO Datam(CariKod, StokKod, Durum, Tarih) VALUES('C001','1001','Satış','2026-02-01 10:00:00')");
   Sql("Cari.mdb", "INSERT INTO CariHareket(cariharkod, Aciklama, Borc) VALUES('C002','Eski',40)");
   Sql("Stok.mdb", "INSERT INTO StokHareket(StokHarKod, Miktar) VALUES('1002',4)");
@@ -165,7 +165,7 @@ TEST_F(LineCancellationBook, a_line_without_an_id_takes_nobody_elses_rows) {
   EXPECT_EQ(Balance("C002"), "0.0|0.0|0.0|");
 }
 
-TEST_F(LineCancellationBook, an_id_of_which_nothing_is_left_without_its_T_takes_no_rows_that_lack_one) {
+TEST_F(CancellationBook, an_id_of_which_nothing_is_left_without_its_T_takes_no_rows_that_lack_one) {
   PutSale("T");
   Sql("Cari.mdb", "UPDATE CariHareket SET DigerId='', cariharkod='C002'");
   Cancel("T");
@@ -174,7 +174,7 @@ TEST_F(LineCancellationBook, an_id_of_which_nothing_is_left_without_its_T_takes_
   EXPECT_EQ(Day("T")["Durum"], "Iptal");
 }
 
-TEST_F(LineCancellationBook, for_a_missing_customer_the_first_card_of_the_file_stands_in) {
+TEST_F(CancellationBook, for_a_missing_customer_the_first_card_of_the_file_stands_in) {
   PutSale("L1");
   Sql("Cari.mdb", "DELETE FROM CariKartlar WHERE CariKod='C001'");
   const std::string first = One("Cari.mdb", "SELECT CariKod FROM CariKartlar ORDER BY rowid LIMIT 1");
@@ -185,7 +185,7 @@ TEST_F(LineCancellationBook, for_a_missing_customer_the_first_card_of_the_file_s
   EXPECT_EQ(Card("1001")["CikanMik"], "0.0");
 }
 
-TEST_F(LineCancellationBook, for_a_missing_customer_behind_another_row_that_rows_card_stands_in) {
+TEST_F(CancellationBook, for_a_missing_customer_behind_another_row_that_rows_card_stands_in) {
   PutCollection("L1", "C001", 60);
   Sql("Cari.mdb", "UPDATE CariHareket SET cariharkod='=150' WHERE cariharkod='=100'");
   Sql("Cari.mdb", "DELETE FROM CariKartlar WHERE CariKod='C001'");
@@ -194,7 +194,7 @@ TEST_F(LineCancellationBook, for_a_missing_customer_behind_another_row_that_rows
   EXPECT_EQ(Balance("=100"), "60.0|0.0|60.0|Borç");
 }
 
-TEST_F(LineCancellationBook, in_a_file_without_cards_the_rows_go_all_the_same) {
+TEST_F(CancellationBook, in_a_file_without_cards_the_rows_go_all_the_same) {
   PutSale("L1");
   Sql("Cari.mdb", "DELETE FROM CariKartlar");
   Cancel("L1");
@@ -202,7 +202,7 @@ TEST_F(LineCancellationBook, in_a_file_without_cards_the_rows_go_all_the_same) {
   EXPECT_EQ(Day("L1")["Durum"], "Iptal");
 }
 
-TEST_F(LineCancellationBook, for_a_missing_stock_card_the_item_in_front_stands_in) {
+TEST_F(CancellationBook, for_a_missing_stock_card_the_item_in_front_stands_in) {
   PutSale("L1");
   Sql("Stok.mdb", "DELETE FROM StokKartlar WHERE StokKod='1001'");
   Cancel(Of("L1", Item("1002")));
@@ -211,7 +211,7 @@ TEST_F(LineCancellationBook, for_a_missing_stock_card_the_item_in_front_stands_i
   EXPECT_EQ(Day("L1")["Durum"], "Iptal");
 }
 
-TEST_F(LineCancellationBook, with_its_card_there_the_item_in_front_is_left_alone) {
+TEST_F(CancellationBook, with_its_card_there_the_item_in_front_is_left_alone) {
   PutSale("L1");
   const Fields other = Card("1002");
   Cancel(Of("L1", Item("1002")));
@@ -219,7 +219,7 @@ TEST_F(LineCancellationBook, with_its_card_there_the_item_in_front_is_left_alone
   EXPECT_EQ(Card("1002"), other);
 }
 
-TEST_F(LineCancellationBook, without_a_card_and_without_an_item_in_front_nobody_takes_the_goods) {
+TEST_F(CancellationBook, without_a_card_and_without_an_item_in_front_nobody_takes_the_goods) {
   for (const RowKey itemInFront : {RowKey{0}, RowKey{999}}) {
     PutSale("L1");
     Sql("Stok.mdb", "DELETE FROM StokKartlar WHERE StokKod='1001'");
@@ -232,7 +232,7 @@ TEST_F(LineCancellationBook, without_a_card_and_without_an_item_in_front_nobody_
   }
 }
 
-TEST_F(LineCancellationBook, hidden_items_and_wholesalers_are_found_too) {
+TEST_F(CancellationBook, hidden_items_and_wholesalers_are_found_too) {
   PutLine({.id = "L1", .customer = "T001"});
   Sql("Stok.mdb", "UPDATE StokKartlar SET StokGizle=1 WHERE StokKod='1001'");
   Cancel("L1");
@@ -240,7 +240,7 @@ TEST_F(LineCancellationBook, hidden_items_and_wholesalers_are_found_too) {
   EXPECT_EQ(Balance("T001"), "0.0|0.0|0.0|Borç");
 }
 
-TEST_F(LineCancellationBook, codes_with_a_quote_in_them_are_found) {
+TEST_F(CancellationBook, codes_with_a_quote_in_them_are_found) {
   AddCustomer("O''1", "Oya''nın yeri");
   AddStock("S''1", "Taze ''Kaşar''");
   PutLine({.id = "L''1", .customer = "O'1", .item = "S'1"});
@@ -254,7 +254,7 @@ TEST_F(LineCancellationBook, codes_with_a_quote_in_them_are_found) {
   EXPECT_EQ(Count("SeriNo.mdb", "SeriNo"), "0");
 }
 
-TEST_F(LineCancellationBook, an_amount_above_the_earliest_due_leaves_it_below_zero_and_the_next_alone) {
+TEST_F(CancellationBook, an_amount_above_the_earliest_due_leaves_it_below_zero_and_the_next_alone) {
   PutSale("L1", 3);
   PutDue("C001", "2026-02-15", 200);
   PutDue("C001", "2026-01-05", 100);
@@ -264,7 +264,7 @@ TEST_F(LineCancellationBook, an_amount_above_the_earliest_due_leaves_it_below_ze
   EXPECT_EQ(Due("C002"), Texts{"150.0"});
 }
 
-TEST_F(LineCancellationBook, a_row_that_is_gone_is_not_cancelled) {
+TEST_F(CancellationBook, a_row_that_is_gone_is_not_cancelled) {
   PutSale("L1");
   PutSale("L2");
   Cancellation cancellation = Of("L1", Item("1002"), "L2");
@@ -274,14 +274,22 @@ TEST_F(LineCancellationBook, a_row_that_is_gone_is_not_cancelled) {
   ExpectNoRecord(cancellation);
 }
 
-TEST_F(LineCancellationBook, a_line_that_was_cancelled_meanwhile_is_not_taken_back_twice) {
+TEST_F(CancellationBook, a_line_that_was_cancelled_meanwhile_is_not_taken_back_twice) {
   PutSale("L1");
   PutDue("C001", "2026-03-01", 300);
   Sql("Karvel.mdb", "UPDATE Datam SET Durum='Iptal'");
   ExpectNoRecord(Of("L1", 0, "L1"));
 }
 
-TEST_F(LineCancellationBook, a_line_that_another_terminal_corrected_is_taken_back_as_it_is_now) {
+TEST_F(CancellationBook, a_line_that_was_handed_on_meanwhile_stays) {
+  PutSale("L1", 3);
+  Sql("Karvel.mdb", "UPDATE Datam SET Sube='X'");
+  const auto before = AllRows();
+  EXPECT_EQ(CancelLine(shop, Of("L1", 0, "L1")).Kind(), ErrorKind::NoRecord);
+  EXPECT_EQ(AllRows(), before);
+}
+
+TEST_F(CancellationBook, a_line_that_another_terminal_corrected_is_taken_back_as_it_is_now) {
   PutSale("L1");
   const Cancellation asListed = Of("L1");
   Sql("Karvel.mdb", "UPDATE Datam SET Miktar=1, Tutar=50");
@@ -291,7 +299,7 @@ TEST_F(LineCancellationBook, a_line_that_another_terminal_corrected_is_taken_bac
   EXPECT_EQ(Card("1001")["CikanTutar"], "0.0");
 }
 
-TEST_F(LineCancellationBook, a_fault_of_the_stores_takes_nothing_back_and_says_what_it_was) {
+TEST_F(CancellationBook, a_fault_of_the_stores_takes_nothing_back_and_says_what_it_was) {
   PutSale("L1");
   PutDue("C001", "2026-03-01", 150);
   Sql("SeriNo.mdb", "INSERT INTO SeriNo(barcode, DigerId) VALUES('S1','L1')");
@@ -301,14 +309,14 @@ TEST_F(LineCancellationBook, a_fault_of_the_stores_takes_nothing_back_and_says_w
   EXPECT_EQ(Due("C001"), Texts{"50.0"});
 }
 
-TEST_F(LineCancellationBook, a_fault_of_the_stores_wipes_no_line_of_money) {
+TEST_F(CancellationBook, a_fault_of_the_stores_wipes_no_line_of_money) {
   PutCollection("L1", "C001", 60);
   const Cancellation cancellation = Of("L1");
   FailsWholeOrWorks([&] { return CancelLine(shop, cancellation); });
   EXPECT_EQ(Count("Karvel.mdb", "Datam"), "0");
 }
 
-TEST_F(LineCancellationBook, a_fault_of_the_stores_puts_no_goods_on_the_item_in_front) {
+TEST_F(CancellationBook, a_fault_of_the_stores_puts_no_goods_on_the_item_in_front) {
   PutSale("L1");
   Sql("Stok.mdb", "DELETE FROM StokKartlar WHERE StokKod='1001'");
   const Cancellation cancellation = Of("L1", Item("1002"));
@@ -316,7 +324,7 @@ TEST_F(LineCancellationBook, a_fault_of_the_stores_puts_no_goods_on_the_item_in_
   EXPECT_EQ(Card("1002")["CikanMik"], "-2.0");
 }
 
-TEST_F(LineCancellationBook, a_line_that_cant_be_read_is_not_gone_also_within_an_open_action) {
+TEST_F(CancellationBook, a_line_that_cant_be_read_is_not_gone_also_within_an_open_action) {
   PutSale("L1");
   const Cancellation cancellation = Of("L1");
   Action action(stores, "two at once");
@@ -326,7 +334,7 @@ TEST_F(LineCancellationBook, a_line_that_cant_be_read_is_not_gone_also_within_an
   EXPECT_EQ(action.Finish().Kind(), ErrorKind::Other);
 }
 
-TEST_F(LineCancellationBook, it_joins_an_action_that_is_open) {
+TEST_F(CancellationBook, it_joins_an_action_that_is_open) {
   PutSale("L1");
   const Texts before = AllRows();
   Action action(stores, "two at once");

@@ -10,7 +10,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class LineCorrectionBook : public PostedLines {
+class CorrectionBook : public PostedLines {
  protected:
   Correction Of(const std::string& id, double price, double quantity) {
     return {.dayBookRow = DayKey(id), .id = id, .price = price, .quantity = quantity, .amount = price * quantity};
@@ -27,7 +27,7 @@ class LineCorrectionBook : public PostedLines {
   }
 };
 
-TEST_F(LineCorrectionBook, rewrites_price_quantity_and_amount_and_nothing_else_of_the_rows) {
+TEST_F(CorrectionBook, rewrites_price_quantity_and_amount_and_nothing_else_of_the_rows) {
   PutLine({.id = "L1", .item = "1002", .price = 20, .quantity = 5, .profit = 40, .cost = 12});
   PutDue("C001", "2026-03-01", 100);
   Fields day = Day("L1"), movement = Movement("L1"), ledger = Ledger("L1", "C001"), card = Card("1002"), customer = Customer("C001");
@@ -51,7 +51,7 @@ TEST_F(LineCorrectionBook, rewrites_price_quantity_and_amount_and_nothing_else_o
   EXPECT_EQ(Due("C001"), Texts{"100.0"});
 }
 
-TEST_F(LineCorrectionBook, the_new_profit_is_the_amount_of_before_less_the_new_cost) {
+TEST_F(CorrectionBook, the_new_profit_is_the_amount_of_before_less_the_new_cost) {
   PutLine({.id = "L1", .item = "1002", .price = 20, .quantity = 5, .profit = 40, .cost = 12});
   PutLine({.id = "L2", .item = "1002", .price = 20, .quantity = 1, .profit = 8, .cost = 12});
   Correct("L1", 18, 4);
@@ -60,7 +60,7 @@ TEST_F(LineCorrectionBook, the_new_profit_is_the_amount_of_before_less_the_new_c
   EXPECT_EQ(Day("L1")["Kar"], "40.0");
 }
 
-TEST_F(LineCorrectionBook, a_loss_becomes_profit_zero) {
+TEST_F(CorrectionBook, a_loss_becomes_profit_zero) {
   PutLine({.id = "L1", .item = "1002", .price = 20, .quantity = 5, .profit = 40, .cost = 12});
   Correct("L1", 20, 10);
   EXPECT_EQ(Movement("L1")["Kar"], "0.0");
@@ -68,21 +68,21 @@ TEST_F(LineCorrectionBook, a_loss_becomes_profit_zero) {
   EXPECT_EQ(Card("1002")["CikanTutar"], "200.0");
 }
 
-TEST_F(LineCorrectionBook, an_item_that_counts_no_profit_gets_profit_zero) {
+TEST_F(CorrectionBook, an_item_that_counts_no_profit_gets_profit_zero) {
   PutLine({.id = "L1", .item = "1001", .quantity = 2, .profit = 5});
   Correct("L1", 45, 2);
   EXPECT_EQ(Movement("L1")["Kar"], "0.0");
   EXPECT_EQ(Card("1001")["Kar"], "0.0");
 }
 
-TEST_F(LineCorrectionBook, the_profit_of_the_movement_is_in_kurus_and_that_of_the_card_is_not_rounded_so) {
+TEST_F(CorrectionBook, the_profit_of_the_movement_is_in_kurus_and_that_of_the_card_is_not_rounded_so) {
   PutLine({.id = "L1", .item = "1002", .price = 20, .quantity = 5, .profit = 0, .cost = 12});
   Correct("L1", 20, 1.2346);
   EXPECT_EQ(Movement("L1")["Kar"], "85.18");  // 100 - 14.8152, in kuruş
   EXPECT_EQ(Card("1002")["Kar"], "85.1848");
 }
 
-TEST_F(LineCorrectionBook, fractions_survive_to_the_last_digit) {
+TEST_F(CorrectionBook, fractions_survive_to_the_last_digit) {
   PutSale("L1");
   EXPECT_TRUE(CorrectLine(shop, {.dayBookRow = DayKey("L1"), .id = "L1", .price = 12.25, .quantity = 1.5, .amount = 18.38}).Ok());
   EXPECT_EQ(Movement("L1")["Miktar"], "1.5");
@@ -90,20 +90,20 @@ TEST_F(LineCorrectionBook, fractions_survive_to_the_last_digit) {
   EXPECT_EQ(Balance("C001"), "18.38|0.0|18.38|Borç");
 }
 
-TEST_F(LineCorrectionBook, the_amount_is_the_one_that_the_clerk_saw) {
+TEST_F(CorrectionBook, the_amount_is_the_one_that_the_clerk_saw) {
   PutSale("L1");
   EXPECT_TRUE(CorrectLine(shop, {.dayBookRow = DayKey("L1"), .id = "L1", .price = 3.333, .quantity = 3, .amount = 10}).Ok());
   EXPECT_EQ(Day("L1")["Tutar"], "10.0");
   EXPECT_EQ(Balance("C001"), "10.0|0.0|10.0|Borç");
 }
 
-TEST_F(LineCorrectionBook, a_price_that_is_no_number_leaves_the_lines_own) {
+TEST_F(CorrectionBook, a_price_that_is_no_number_leaves_the_lines_own) {
   PutSale("L1");
   EXPECT_TRUE(CorrectLine(shop, {.dayBookRow = DayKey("L1"), .id = "L1", .price = {}, .quantity = 3, .amount = 0}).Ok());
   EXPECT_EQ(One("Karvel.mdb", "SELECT Fiyat, Miktar, Tutar FROM Datam"), "50.0|3.0|0.0");
 }
 
-TEST_F(LineCorrectionBook, only_the_line_itself_changes_among_others_of_its_customer_and_item) {
+TEST_F(CorrectionBook, only_the_line_itself_changes_among_others_of_its_customer_and_item) {
   for (const char* const id : {"L1", "L2", "L3"}) PutSale(id, 1);
   Correct("L2", 30, 1);
   const Texts amounts{"50.0", "30.0", "50.0"};
@@ -113,7 +113,7 @@ TEST_F(LineCorrectionBook, only_the_line_itself_changes_among_others_of_its_cust
   EXPECT_EQ(Balance("C001"), "130.0|0.0|130.0|Borç");
 }
 
-TEST_F(LineCorrectionBook, a_return_is_corrected_as_a_sale) {
+TEST_F(CorrectionBook, a_return_is_corrected_as_a_sale) {
   PutSale("L1", 3);
   PutLine({.id = "L2", .mode = "İade", .quantity = 1});
   Correct("L2", 30, 2);
@@ -129,7 +129,7 @@ TEST_F(LineCorrectionBook, a_return_is_corrected_as_a_sale) {
   EXPECT_EQ(Balance("C001"), "210.0|50.0|160.0|Borç");
 }
 
-TEST_F(LineCorrectionBook, a_purchase_is_corrected_as_a_sale) {
+TEST_F(CorrectionBook, a_purchase_is_corrected_as_a_sale) {
   PutLine({.id = "L1", .mode = "Alış", .quantity = 5});
   Correct("L1", 50, 6);
   EXPECT_EQ(Day("L1")["Durum"], "Alış");
@@ -141,7 +141,7 @@ TEST_F(LineCorrectionBook, a_purchase_is_corrected_as_a_sale) {
   EXPECT_EQ(Balance("C001"), "300.0|250.0|50.0|Borç");
 }
 
-TEST_F(LineCorrectionBook, a_money_line_has_no_movement_and_takes_nobody_elses) {
+TEST_F(CorrectionBook, a_money_line_has_no_movement_and_takes_nobody_elses) {
   PutSale("L1", 3);
   PutCollection("L2", "C001", 60);
   const Fields movement = Movement("L1"), card = Card("1001");
@@ -151,7 +151,7 @@ TEST_F(LineCorrectionBook, a_money_line_has_no_movement_and_takes_nobody_elses) 
   EXPECT_EQ(Card("1001"), card);
 }
 
-TEST_F(LineCorrectionBook, of_the_two_rows_of_a_money_line_the_customers_own_is_rewritten) {
+TEST_F(CorrectionBook, of_the_two_rows_of_a_money_line_the_customers_own_is_rewritten) {
   PutSale("L1", 3);
   PutCollection("L2", "C001", 60);
   const Fields account = Ledger("L2", "=100");
@@ -163,7 +163,7 @@ TEST_F(LineCorrectionBook, of_the_two_rows_of_a_money_line_the_customers_own_is_
   EXPECT_EQ(Balance("=100"), "60.0|0.0|60.0|Borç");
 }
 
-TEST_F(LineCorrectionBook, an_item_whose_card_is_gone_has_its_movement_rewritten_and_no_other_card) {
+TEST_F(CorrectionBook, an_item_whose_card_is_gone_has_its_movement_rewritten_and_no_other_card) {
   PutLine({.id = "L1", .item = "1002", .price = 20, .quantity = 5, .profit = 40, .cost = 12});
   Sql("Stok.mdb", "DELETE FROM StokKartlar WHERE StokKod='1002'");
   const Texts cards = Rows("Stok.mdb", "SELECT * FROM StokKartlar");
@@ -173,7 +173,7 @@ TEST_F(LineCorrectionBook, an_item_whose_card_is_gone_has_its_movement_rewritten
   EXPECT_EQ(Balance("C001"), "72.0|0.0|72.0|Borç");
 }
 
-TEST_F(LineCorrectionBook, a_line_whose_ledger_row_is_gone_leaves_the_customers_card) {
+TEST_F(CorrectionBook, a_line_whose_ledger_row_is_gone_leaves_the_customers_card) {
   PutSale("L1");
   PutSale("L2");
   Sql("Cari.mdb", "DELETE FROM CariHareket WHERE DigerId='L1'");
@@ -185,7 +185,7 @@ TEST_F(LineCorrectionBook, a_line_whose_ledger_row_is_gone_leaves_the_customers_
   EXPECT_EQ(Balance("C001"), "200.0|0.0|200.0|Borç");
 }
 
-TEST_F(LineCorrectionBook, a_customer_whose_card_is_gone_has_his_row_rewritten_and_no_other_card) {
+TEST_F(CorrectionBook, a_customer_whose_card_is_gone_has_his_row_rewritten_and_no_other_card) {
   PutSale("L1");
   Sql("Cari.mdb", "DELETE FROM CariKartlar WHERE CariKod='C001'");
   const Texts cards = Rows("Cari.mdb", "SELECT * FROM CariKartlar");
@@ -194,7 +194,7 @@ TEST_F(LineCorrectionBook, a_customer_whose_card_is_gone_has_his_row_rewritten_a
   EXPECT_EQ(Rows("Cari.mdb", "SELECT * FROM CariKartlar"), cards);
 }
 
-TEST_F(LineCorrectionBook, a_row_that_is_gone_is_not_corrected) {
+TEST_F(CorrectionBook, a_row_that_is_gone_is_not_corrected) {
   PutSale("L1");
   PutSale("L2");
   Correction correction = Of("L1", 30, 1);
@@ -204,7 +204,7 @@ TEST_F(LineCorrectionBook, a_row_that_is_gone_is_not_corrected) {
   ExpectNoRecord(correction);
 }
 
-TEST_F(LineCorrectionBook, a_row_that_bears_another_id_is_not_corrected) {
+TEST_F(CorrectionBook, a_row_that_bears_another_id_is_not_corrected) {
   PutSale("L1");
   PutSale("L2");
   Correction correction = Of("L1", 30, 1);
@@ -212,18 +212,18 @@ TEST_F(LineCorrectionBook, a_row_that_bears_another_id_is_not_corrected) {
   ExpectNoRecord(correction);
 }
 
-TEST_F(LineCorrectionBook, a_line_without_an_id_is_nobodys_to_correct) {
+TEST_F(CorrectionBook, a_line_without_an_id_is_nobodys_to_correct) {
   PutSale("");
   ExpectNoRecord(Of("", 30, 1));
 }
 
-TEST_F(LineCorrectionBook, a_line_that_was_cancelled_meanwhile_is_not_corrected) {
+TEST_F(CorrectionBook, a_line_that_was_cancelled_meanwhile_is_not_corrected) {
   PutSale("L1");
   Sql("Karvel.mdb", "UPDATE Datam SET Durum='Iptal'");
   ExpectNoRecord(Of("L1", 30, 1));
 }
 
-TEST_F(LineCorrectionBook, a_line_that_was_listed_as_cancelled_has_only_its_own_row_left) {
+TEST_F(CorrectionBook, a_line_that_was_listed_as_cancelled_has_only_its_own_row_left) {
   PutSale("L1");
   PutSale("L2");
   Sql("Karvel.mdb", "UPDATE Datam SET Durum='Iptal' WHERE DigerId='L1'");
@@ -239,7 +239,7 @@ TEST_F(LineCorrectionBook, a_line_that_was_listed_as_cancelled_has_only_its_own_
   EXPECT_EQ(Rows("Cari.mdb", "SELECT * FROM CariKartlar"), cards);
 }
 
-TEST_F(LineCorrectionBook, another_terminals_correction_is_the_figure_that_is_taken_off) {
+TEST_F(CorrectionBook, another_terminals_correction_is_the_figure_that_is_taken_off) {
   PutSale("L1");
   Sql("Stok.mdb", "UPDATE StokHareket SET Miktar=3, Tutar=150");
   Sql("Stok.mdb", "UPDATE StokKartlar SET CikanMik=3, CikanTutar=150 WHERE StokKod='1001'");
@@ -248,7 +248,7 @@ TEST_F(LineCorrectionBook, another_terminals_correction_is_the_figure_that_is_ta
   EXPECT_EQ(Card("1001")["CikanTutar"], "50.0");
 }
 
-TEST_F(LineCorrectionBook, hidden_items_and_wholesalers_are_found_too) {
+TEST_F(CorrectionBook, hidden_items_and_wholesalers_are_found_too) {
   Sql("Stok.mdb", "UPDATE StokKartlar SET StokGizle=1 WHERE StokKod='1001'");
   PutLine({.id = "L1", .customer = "T001"});
   Correct("L1", 50, 3);
@@ -256,7 +256,7 @@ TEST_F(LineCorrectionBook, hidden_items_and_wholesalers_are_found_too) {
   EXPECT_EQ(Balance("T001"), "150.0|0.0|150.0|Borç");
 }
 
-TEST_F(LineCorrectionBook, of_two_cards_with_one_code_the_one_that_the_list_shows_first_is_meant) {
+TEST_F(CorrectionBook, of_two_cards_with_one_code_the_one_that_the_list_shows_first_is_meant) {
   for (const char* const name : {"Zeytin", "Ay çekirdeği", "Açma"}) AddStock("9", name, "CikanMik=2, CikanTutar=100");
   Sql("Stok.mdb", "UPDATE StokKartlar SET StokGizle=1 WHERE StokAdi='Açma'");
   Sql("Stok.mdb", "INSERT INTO StokHareket(StokHarKod, Miktar, Tutar, DigerId) VALUES('9',2,100,'L1')");
@@ -266,7 +266,7 @@ TEST_F(LineCorrectionBook, of_two_cards_with_one_code_the_one_that_the_list_show
             (Texts{"Zeytin|2.0", "Ay çekirdeği|3.0", "Açma|2.0"}));
 }
 
-TEST_F(LineCorrectionBook, codes_with_a_quote_in_them_are_found) {
+TEST_F(CorrectionBook, codes_with_a_quote_in_them_are_found) {
   AddCustomer("O''1", "Oya''nın yeri");
   AddStock("S''1", "Taze ''Kaşar''");
   PutLine({.id = "L1", .customer = "O'1", .item = "S'1"});
@@ -278,7 +278,7 @@ TEST_F(LineCorrectionBook, codes_with_a_quote_in_them_are_found) {
   EXPECT_EQ(Balance("O''1"), "135.0|0.0|135.0|Borç");
 }
 
-TEST_F(LineCorrectionBook, the_side_of_the_stock_follows_the_new_quantity_rounded_to_three_places) {
+TEST_F(CorrectionBook, the_side_of_the_stock_follows_the_new_quantity_rounded_to_three_places) {
   Sql("Stok.mdb", "UPDATE StokKartlar SET GirenMik=10, KalanB=10 WHERE StokKod='1001'");
   PutSale("L1", 12);
   ASSERT_EQ(Card("1001")["KalanA"], "2.0");
@@ -287,7 +287,7 @@ TEST_F(LineCorrectionBook, the_side_of_the_stock_follows_the_new_quantity_rounde
   EXPECT_EQ(Card("1001")["KalanB"], "0.001");
 }
 
-TEST_F(LineCorrectionBook, the_customers_side_follows_the_new_amount) {
+TEST_F(CorrectionBook, the_customers_side_follows_the_new_amount) {
   Raise("C001", 0, 60);
   PutSale("L1");
   ASSERT_EQ(Balance("C001"), "100.0|60.0|40.0|Borç");
@@ -295,7 +295,7 @@ TEST_F(LineCorrectionBook, the_customers_side_follows_the_new_amount) {
   EXPECT_EQ(Balance("C001"), "50.0|60.0|10.0|Alacak");
 }
 
-TEST_F(LineCorrectionBook, the_amount_of_before_goes_off_before_the_new_one_comes_on) {
+TEST_F(CorrectionBook, the_amount_of_before_goes_off_before_the_new_one_comes_on) {
   PutSale("L1", 1);
   Sql("Cari.mdb", "UPDATE CariHareket SET Borc=100.1");
   Sql("Cari.mdb", "UPDATE CariKartlar SET Borc=100.1 WHERE CariKod='C001'");
@@ -303,14 +303,14 @@ TEST_F(LineCorrectionBook, the_amount_of_before_goes_off_before_the_new_one_come
   EXPECT_EQ(Customer("C001")["Borc"], "72.3");  // to the last digit
 }
 
-TEST_F(LineCorrectionBook, a_fault_of_the_stores_corrects_nothing_and_says_what_it_was) {
+TEST_F(CorrectionBook, a_fault_of_the_stores_corrects_nothing_and_says_what_it_was) {
   PutLine({.id = "L1", .item = "1002", .price = 20, .quantity = 5, .profit = 40, .cost = 12});
   const Correction correction = Of("L1", 18, 4);
   FailsWholeOrWorks([&] { return CorrectLine(shop, correction); });
   EXPECT_EQ(Balance("C001"), "72.0|0.0|72.0|Borç");
 }
 
-TEST_F(LineCorrectionBook, stores_that_are_not_open_say_so) {
+TEST_F(CorrectionBook, stores_that_are_not_open_say_so) {
   PutSale("L1");
   const Correction correction = Of("L1", 18, 4);
   stores.Close();

@@ -12,7 +12,7 @@ namespace {
 using Texts = std::vector<std::string>;
 const std::string kFirstId = "10000000261";
 
-class StockReceiptBook : public PostedLines {
+class ReceiptBook : public PostedLines {
  protected:
   // Of a new product: 5 for 8 each in the rows, 10 each in the total.
   static Receipt Bulgur() {
@@ -50,7 +50,7 @@ class StockReceiptBook : public PostedLines {
   std::string Count(const std::string& file, const std::string& from) { return One(file, "SELECT count(*) FROM " + from); }
 };
 
-TEST_F(StockReceiptBook, a_new_product_writes_every_field_of_every_row) {
+TEST_F(ReceiptBook, a_new_product_writes_every_field_of_every_row) {
   const BookedReceipt booked = Receive(Bulgur());
   EXPECT_EQ(booked.id, kFirstId);
   EXPECT_EQ(booked.item, Item("Bulgur"));
@@ -138,7 +138,7 @@ TEST_F(StockReceiptBook, a_new_product_writes_every_field_of_every_row) {
   EXPECT_EQ(Due("T001"), Texts{});
 }
 
-TEST_F(StockReceiptBook, a_known_product_is_raised_and_takes_the_new_prices) {
+TEST_F(ReceiptBook, a_known_product_is_raised_and_takes_the_new_prices) {
   Sql("Stok.mdb", "UPDATE StokKartlar SET GirenMik=2.5, GirenTutar=100, Maliyet=33, Fiyat3=44 WHERE StokKod='1001'");
   Fields card = Card("1001");
   const BookedReceipt booked = Receive(Of("1001", 42.5, 55, 3.5));
@@ -153,7 +153,7 @@ TEST_F(StockReceiptBook, a_known_product_is_raised_and_takes_the_new_prices) {
   EXPECT_EQ(Count("Stok.mdb", "StokKartlar"), "3");
 }
 
-TEST_F(StockReceiptBook, the_rows_of_a_known_product_name_its_code_unit_and_group) {
+TEST_F(ReceiptBook, the_rows_of_a_known_product_name_its_code_unit_and_group) {
   const BookedReceipt booked = Receive(Of("1001", 40, 50, 2));
   EXPECT_EQ(Movement(booked.id)["StokHarKod"], "1001");
   EXPECT_EQ(Movement(booked.id)["StokAd"], "Pirinç");
@@ -169,7 +169,7 @@ TEST_F(StockReceiptBook, the_rows_of_a_known_product_name_its_code_unit_and_grou
   EXPECT_EQ(day["Gurup"], "Gıda");
 }
 
-TEST_F(StockReceiptBook, the_amount_follows_the_cards_price_and_the_rows_bear_the_other) {
+TEST_F(ReceiptBook, the_amount_follows_the_cards_price_and_the_rows_bear_the_other) {
   const BookedReceipt booked = Receive(Of("1001", 40, 50, 2));
   EXPECT_EQ(Day(booked.id)["Fiyat"], "40.0");
   EXPECT_EQ(Day(booked.id)["Tutar"], "100.0");
@@ -178,7 +178,7 @@ TEST_F(StockReceiptBook, the_amount_follows_the_cards_price_and_the_rows_bear_th
   EXPECT_EQ(Ledger(booked.id, "T001")["Alacak"], "100.0");
 }
 
-TEST_F(StockReceiptBook, the_amount_is_the_one_that_the_clerk_saw) {
+TEST_F(ReceiptBook, the_amount_is_the_one_that_the_clerk_saw) {
   Receipt receipt = Bulgur();
   receipt.cardPrice = 2.5;
   receipt.quantity = 3;
@@ -191,7 +191,7 @@ TEST_F(StockReceiptBook, the_amount_is_the_one_that_the_clerk_saw) {
   EXPECT_EQ(Balance("T001"), "0.0|8.0|8.0|Alacak");
 }
 
-TEST_F(StockReceiptBook, a_name_that_differs_by_case_or_a_blank_makes_a_new_card) {
+TEST_F(ReceiptBook, a_name_that_differs_by_case_or_a_blank_makes_a_new_card) {
   for (const char* const name : {"pirinç", "Pirinç "}) {
     Receipt receipt = Of("1001", 1, 1, 1);
     receipt.name = name;
@@ -202,7 +202,7 @@ TEST_F(StockReceiptBook, a_name_that_differs_by_case_or_a_blank_makes_a_new_card
   EXPECT_EQ(Card("1001")["GirenMik"], "0.0");
 }
 
-TEST_F(StockReceiptBook, a_card_of_that_name_that_is_not_in_front_is_left_and_the_rows_name_the_new_one) {
+TEST_F(ReceiptBook, a_card_of_that_name_that_is_not_in_front_is_left_and_the_rows_name_the_new_one) {
   Receipt receipt = Of("1001", 1, 2, 3);
   receipt.name = "Şeker";  // the name of another card, with Pirinç still in front
   const BookedReceipt booked = Receive(receipt);
@@ -216,7 +216,7 @@ TEST_F(StockReceiptBook, a_card_of_that_name_that_is_not_in_front_is_left_and_th
   EXPECT_EQ(Day(booked.id)["Birim"], "");
 }
 
-TEST_F(StockReceiptBook, a_long_name_gets_a_cut_code_and_two_of_them_collide) {
+TEST_F(ReceiptBook, a_long_name_gets_a_cut_code_and_two_of_them_collide) {
   for (const char* const name : {"Çok Uzun Adlı Bir Ürün A", "Çok Uzun Adlı Bir Ürün B"}) {
     Receipt receipt = Bulgur();
     receipt.name = name;
@@ -229,7 +229,7 @@ TEST_F(StockReceiptBook, a_long_name_gets_a_cut_code_and_two_of_them_collide) {
   EXPECT_EQ(Count("Stok.mdb", "StokKartlar WHERE StokKod='Çok Uzun Adlı Bir Ür'"), "2");
 }
 
-TEST_F(StockReceiptBook, a_card_that_was_deleted_meanwhile_is_made_anew_by_its_name) {
+TEST_F(ReceiptBook, a_card_that_was_deleted_meanwhile_is_made_anew_by_its_name) {
   const Receipt receipt = Of("1001", 40, 50, 2);
   Sql("Stok.mdb", "DELETE FROM StokKartlar WHERE StokKod='1001'");
   const BookedReceipt booked = Receive(receipt);
@@ -237,31 +237,31 @@ TEST_F(StockReceiptBook, a_card_that_was_deleted_meanwhile_is_made_anew_by_its_n
   EXPECT_EQ(Day(booked.id)["StokKod"], "Pirinç");
 }
 
-TEST_F(StockReceiptBook, a_hidden_card_in_front_is_raised_too) {
+TEST_F(ReceiptBook, a_hidden_card_in_front_is_raised_too) {
   Sql("Stok.mdb", "UPDATE StokKartlar SET StokGizle=1 WHERE StokKod='1001'");
   Receive(Of("1001", 40, 50, 2));
   EXPECT_EQ(Card("1001")["GirenMik"], "2.0");
 }
 
-TEST_F(StockReceiptBook, the_side_that_is_not_written_keeps_its_old_value) {
+TEST_F(ReceiptBook, the_side_that_is_not_written_keeps_its_old_value) {
   Sql("Stok.mdb", "UPDATE StokKartlar SET CikanMik=10, KalanA=10 WHERE StokKod='1001'");
   Receive(Of("1001", 40, 50, 15));
   EXPECT_EQ(Left("1001"), "10.0|5.0");
 }
 
-TEST_F(StockReceiptBook, an_oversold_card_counts_down_unrounded) {
+TEST_F(ReceiptBook, an_oversold_card_counts_down_unrounded) {
   Sql("Stok.mdb", "UPDATE StokKartlar SET CikanMik=10, KalanA=10, KalanB=3 WHERE StokKod='1001'");
   Receive(Of("1001", 40, 50, 0.0625));
   EXPECT_EQ(Left("1001"), "9.9375|3.0");
 }
 
-TEST_F(StockReceiptBook, as_much_in_as_out_writes_the_on_hand_side_with_zero) {
+TEST_F(ReceiptBook, as_much_in_as_out_writes_the_on_hand_side_with_zero) {
   Sql("Stok.mdb", "UPDATE StokKartlar SET CikanMik=10, KalanA=10, KalanB=7 WHERE StokKod='1001'");
   Receive(Of("1001", 40, 50, 10));
   EXPECT_EQ(Left("1001"), "10.0|0.0");
 }
 
-TEST_F(StockReceiptBook, goods_that_go_back_are_booked_with_their_minus) {
+TEST_F(ReceiptBook, goods_that_go_back_are_booked_with_their_minus) {
   Sql("Stok.mdb", "UPDATE StokKartlar SET GirenMik=5, KalanB=5 WHERE StokKod='1001'");
   Receive(Of("1001", 40, 50, -2));
   EXPECT_EQ(Card("1001")["GirenMik"], "3.0");
@@ -269,7 +269,7 @@ TEST_F(StockReceiptBook, goods_that_go_back_are_booked_with_their_minus) {
   EXPECT_EQ(Balance("T001"), "0.0|-100.0|100.0|Borç");
 }
 
-TEST_F(StockReceiptBook, a_price_or_tax_that_is_no_number_leaves_the_cards_own_and_the_rows_without) {
+TEST_F(ReceiptBook, a_price_or_tax_that_is_no_number_leaves_the_cards_own_and_the_rows_without) {
   Sql("Stok.mdb", "UPDATE StokKartlar SET Kdv=8 WHERE StokKod='1001'");
   Receipt receipt = Of("1001", 0, 50, 2);
   receipt.rowPrice = {};
@@ -281,7 +281,7 @@ TEST_F(StockReceiptBook, a_price_or_tax_that_is_no_number_leaves_the_cards_own_a
   for (Fields row : {Movement(booked.id), Ledger(booked.id, "T001"), Day(booked.id)}) EXPECT_EQ(row["Fiyat"], "0.0");
 }
 
-TEST_F(StockReceiptBook, what_is_owed_to_the_supplier_comes_off_what_he_owes) {
+TEST_F(ReceiptBook, what_is_owed_to_the_supplier_comes_off_what_he_owes) {
   Raise("T001", 80.25, 0);
   const BookedReceipt booked = Receive(Bulgur());
   EXPECT_EQ(booked.balance.amount, 30.25);
@@ -289,7 +289,7 @@ TEST_F(StockReceiptBook, what_is_owed_to_the_supplier_comes_off_what_he_owes) {
   EXPECT_EQ(Balance("T001"), "80.25|50.0|30.25|Borç");
 }
 
-TEST_F(StockReceiptBook, terminal_two_writes_its_digits_into_the_id_and_both_tags) {
+TEST_F(ReceiptBook, terminal_two_writes_its_digits_into_the_id_and_both_tags) {
   terminalNo = "02";
   const BookedReceipt booked = Receive(Bulgur());
   EXPECT_EQ(booked.id, "20000000261");
@@ -306,7 +306,7 @@ class TickingClock final : public Clock {
   mutable DateTime now_{2026, 3, 1, 23, 57, 0};
 };
 
-TEST_F(StockReceiptBook, each_row_reads_the_clock_anew) {
+TEST_F(ReceiptBook, each_row_reads_the_clock_anew) {
   const TickingClock ticking;
   const Outcome<BookedReceipt> booked = BookReceipt({stores, ticking, terminalNo}, Bulgur());
   ASSERT_TRUE(booked.has_value());
@@ -316,7 +316,7 @@ TEST_F(StockReceiptBook, each_row_reads_the_clock_anew) {
   EXPECT_EQ(day.substr(0, 10), "2026-03-02");
 }
 
-TEST_F(StockReceiptBook, the_next_receipt_takes_the_next_id) {
+TEST_F(ReceiptBook, the_next_receipt_takes_the_next_id) {
   Receive(Bulgur());
   Receipt next = Bulgur();
   next.name = "Mercimek";
@@ -325,7 +325,7 @@ TEST_F(StockReceiptBook, the_next_receipt_takes_the_next_id) {
   EXPECT_EQ(Rows("Karvel.mdb", "SELECT StokKod FROM Datam ORDER BY DigerId"), (Texts{"Bulgur", "Mercimek"}));
 }
 
-TEST_F(StockReceiptBook, supplier_item_and_group_with_a_quote_are_found) {
+TEST_F(ReceiptBook, supplier_item_and_group_with_a_quote_are_found) {
   AddCustomer("T''1", "Toptan''cı", "Gurup='Toptan'");
   AddStock("S''1", "Taze ''Kaşar''", "Gurup='Süt''lük'");
   Receipt receipt = Of("S''1", 40, 50, 2);
@@ -342,7 +342,7 @@ TEST_F(StockReceiptBook, supplier_item_and_group_with_a_quote_are_found) {
   EXPECT_EQ(Movement(booked.id)["StokHarKod"], "S'1");
 }
 
-TEST_F(StockReceiptBook, a_new_product_with_a_quote_in_its_name_is_named_in_the_rows) {
+TEST_F(ReceiptBook, a_new_product_with_a_quote_in_its_name_is_named_in_the_rows) {
   Receipt receipt = Bulgur();
   receipt.name = "Ali'nin Balı";
   const BookedReceipt booked = Receive(receipt);
@@ -350,7 +350,7 @@ TEST_F(StockReceiptBook, a_new_product_with_a_quote_in_its_name_is_named_in_the_
   EXPECT_EQ(Day(booked.id)["StokKod"], "Ali'nin Balı");
 }
 
-TEST_F(StockReceiptBook, a_supplier_whose_card_is_gone_delivers_nothing) {
+TEST_F(ReceiptBook, a_supplier_whose_card_is_gone_delivers_nothing) {
   Sql("Cari.mdb", "DELETE FROM CariKartlar WHERE CariKod='T001'");
   const Texts before = AllRows();
   const Outcome<BookedReceipt> booked = BookReceipt(shop, Bulgur());
@@ -360,7 +360,7 @@ TEST_F(StockReceiptBook, a_supplier_whose_card_is_gone_delivers_nothing) {
   EXPECT_FALSE(stores.InAction());
 }
 
-TEST_F(StockReceiptBook, a_fault_of_the_stores_books_nothing_and_says_what_it_was) {
+TEST_F(ReceiptBook, a_fault_of_the_stores_books_nothing_and_says_what_it_was) {
   const Receipt known = Of("1001", 40, 50, 2);
   for (const Receipt& receipt : {Bulgur(), known})
     FailsWholeOrWorks([&] {

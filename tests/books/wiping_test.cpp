@@ -10,7 +10,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class CustomerRemovalBook : public PostedLines {
+class WipingBook : public PostedLines {
  protected:
   void Wipe(const std::string& code) {
     const Status wiped = WipeCustomer(shop, code);
@@ -23,7 +23,7 @@ class CustomerRemovalBook : public PostedLines {
   }
 };
 
-TEST_F(CustomerRemovalBook, a_history_goes_and_the_card_stays_with_no_balance) {
+TEST_F(WipingBook, a_history_goes_and_the_card_stays_with_no_balance) {
   PutSale("L1", 3);
   PutCollection("L2", "C001", 60);
   PutLine({.id = "L3", .customer = "C002", .quantity = 1});
@@ -40,14 +40,14 @@ TEST_F(CustomerRemovalBook, a_history_goes_and_the_card_stays_with_no_balance) {
   EXPECT_EQ(Balance("C002"), "50.0|0.0|50.0|Borç");
 }
 
-TEST_F(CustomerRemovalBook, a_credit_is_gone_too_and_reads_debit) {
+TEST_F(WipingBook, a_credit_is_gone_too_and_reads_debit) {
   PutCollection("L1", "C001", 60);
   ASSERT_EQ(Balance("C001"), "0.0|60.0|60.0|Alacak");
   Wipe("C001");
   EXPECT_EQ(Balance("C001"), "0.0|0.0|0.0|Borç");
 }
 
-TEST_F(CustomerRemovalBook, due_dates_and_the_money_accounts_stay_as_they_were) {
+TEST_F(WipingBook, due_dates_and_the_money_accounts_stay_as_they_were) {
   PutSale("L1", 3);
   PutCollection("L2", "C001", 60);
   PutDue("C001", "2026-03-01", 90);
@@ -58,7 +58,7 @@ TEST_F(CustomerRemovalBook, due_dates_and_the_money_accounts_stay_as_they_were) 
   EXPECT_EQ(Ledger("L2", "=100"), row);
 }
 
-TEST_F(CustomerRemovalBook, the_stock_is_not_taken_back_for_his_code_is_no_items_code) {
+TEST_F(WipingBook, the_stock_is_not_taken_back_for_his_code_is_no_items_code) {
   PutSale("L1", 3);
   const Texts cards = Rows("Stok.mdb", "SELECT * FROM StokKartlar");
   Wipe("C001");
@@ -66,7 +66,7 @@ TEST_F(CustomerRemovalBook, the_stock_is_not_taken_back_for_his_code_is_no_items
   EXPECT_EQ(Count("Stok.mdb", "StokHareket"), "0");
 }
 
-TEST_F(CustomerRemovalBook, an_item_with_his_code_takes_the_goods_back_unrounded) {
+TEST_F(WipingBook, an_item_with_his_code_takes_the_goods_back_unrounded) {
   AddStock("C001", "Aynı Kod", "CikanMik=10.0625, CikanTutar=900, GirenMik=9, KalanA=1.063, Kar=7");
   PutSale("L1", 3);
   Wipe("C001");
@@ -75,21 +75,21 @@ TEST_F(CustomerRemovalBook, an_item_with_his_code_takes_the_goods_back_unrounded
   EXPECT_EQ(Card("1001")["CikanMik"], "3.0");
 }
 
-TEST_F(CustomerRemovalBook, an_item_with_his_code_that_stays_oversold_counts_so_unrounded) {
+TEST_F(WipingBook, an_item_with_his_code_that_stays_oversold_counts_so_unrounded) {
   AddStock("C001", "Aynı Kod", "CikanMik=10.0625, GirenMik=2, KalanA=8.063, KalanB=4");
   PutSale("L1", 3);
   Wipe("C001");
   EXPECT_EQ(Stock("C001"), "7.0625|-150.0|5.0625|0.0");
 }
 
-TEST_F(CustomerRemovalBook, as_much_in_as_out_leaves_both_sides_at_zero) {
+TEST_F(WipingBook, as_much_in_as_out_leaves_both_sides_at_zero) {
   AddStock("C001", "Aynı Kod", "CikanMik=10, GirenMik=7, KalanA=3, KalanB=4");
   PutSale("L1", 3);
   Wipe("C001");
   EXPECT_EQ(Stock("C001"), "7.0|-150.0|0.0|0.0");
 }
 
-TEST_F(CustomerRemovalBook, each_sale_goes_back_on_the_item_with_his_code_also_when_it_is_hidden) {
+TEST_F(WipingBook, each_sale_goes_back_on_the_item_with_his_code_also_when_it_is_hidden) {
   AddStock("c001", "Aynı Kod", "CikanMik=20, StokGizle=1");
   for (int i = 0; i < 12; ++i) PutSale("L" + std::to_string(i), 1);
   Wipe("C001");
@@ -97,7 +97,7 @@ TEST_F(CustomerRemovalBook, each_sale_goes_back_on_the_item_with_his_code_also_w
   EXPECT_EQ(Count("Stok.mdb", "StokHareket"), "0");
 }
 
-TEST_F(CustomerRemovalBook, a_movement_that_was_no_sale_stays_as_it_is_and_the_rest_goes_on) {
+TEST_F(WipingBook, a_movement_that_was_no_sale_stays_as_it_is_and_the_rest_goes_on) {
   AddStock("C001", "Aynı Kod", "GirenMik=10, KalanB=10");
   PutSale("L1", 3);
   PutLine({.id = "L2", .mode = "İade", .quantity = 1});
@@ -114,19 +114,19 @@ TEST_F(CustomerRemovalBook, a_movement_that_was_no_sale_stays_as_it_is_and_the_r
   EXPECT_EQ(Balance("C001"), "0.0|0.0|0.0|Borç");
 }
 
-TEST_F(CustomerRemovalBook, cancelled_lines_go_with_the_others) {
+TEST_F(WipingBook, cancelled_lines_go_with_the_others) {
   PutSale("L1", 3);
   Sql("Karvel.mdb", "INSERT INTO Datam(CariKod, DigerId, Durum) VALUES('C001','L2','Iptal')");
   Wipe("C001");
   EXPECT_EQ(Count("Karvel.mdb", "Datam"), "0");
 }
 
-TEST_F(CustomerRemovalBook, a_customer_without_a_history_keeps_a_card_of_nothing) {
+TEST_F(WipingBook, a_customer_without_a_history_keeps_a_card_of_nothing) {
   Wipe("C001");
   EXPECT_EQ(Balance("C001"), "0.0|0.0|0.0|Borç");
 }
 
-TEST_F(CustomerRemovalBook, a_customer_with_a_quote_in_his_code_is_wiped) {
+TEST_F(WipingBook, a_customer_with_a_quote_in_his_code_is_wiped) {
   AddCustomer("O''1", "Oya''nın yeri");
   AddStock("O''1", "Aynı ''Kod''", "CikanMik=5");
   PutLine({.id = "L1", .customer = "O'1"});
@@ -138,7 +138,7 @@ TEST_F(CustomerRemovalBook, a_customer_with_a_quote_in_his_code_is_wiped) {
   EXPECT_EQ(Count("Stok.mdb", "StokHareket"), "0");
 }
 
-TEST_F(CustomerRemovalBook, of_a_customer_whose_card_is_gone_nothing_is_wiped) {
+TEST_F(WipingBook, of_a_customer_whose_card_is_gone_nothing_is_wiped) {
   PutSale("L1", 3);
   Sql("Cari.mdb", "DELETE FROM CariKartlar WHERE CariKod='C001'");
   const Texts before = AllRows();
@@ -147,7 +147,7 @@ TEST_F(CustomerRemovalBook, of_a_customer_whose_card_is_gone_nothing_is_wiped) {
   EXPECT_FALSE(stores.InAction());
 }
 
-TEST_F(CustomerRemovalBook, a_fault_of_the_stores_wipes_nothing_and_says_what_it_was) {
+TEST_F(WipingBook, a_fault_of_the_stores_wipes_nothing_and_says_what_it_was) {
   AddStock("C001", "Aynı Kod", "CikanMik=20");
   for (int i = 0; i < 3; ++i) PutSale("L" + std::to_string(i), 1);
   FailsWholeOrWorks([this] { return WipeCustomer(shop, "C001"); });
@@ -155,26 +155,35 @@ TEST_F(CustomerRemovalBook, a_fault_of_the_stores_wipes_nothing_and_says_what_it
   EXPECT_EQ(Card("C001")["CikanMik"], "17.0");
 }
 
-TEST_F(CustomerRemovalBook, a_card_is_deleted_whatever_still_bears_its_code) {
+TEST_F(WipingBook, a_card_that_another_terminal_has_posted_to_meanwhile_is_not_deleted) {
+  const RowKey card = CustomerKey("C001");
   PutSale("L1", 3);
+  const Texts before = AllRows();
+  EXPECT_EQ(DeleteCustomerCard(shop, card).Kind(), ErrorKind::NoRecord);
+  EXPECT_EQ(AllRows(), before);
+  EXPECT_FALSE(stores.InAction());
+}
+
+TEST_F(WipingBook, a_clean_card_is_deleted_and_its_day_book_and_due_dates_stay) {
+  PutSale("L1", 3);
+  Sql("Cari.mdb", "DELETE FROM CariHareket");
   PutDue("C001", "2026-03-01", 90);
   const RowKey card = CustomerKey("C001");
   EXPECT_TRUE(DeleteCustomerCard(shop, card).Ok());
   EXPECT_EQ(Count("Cari.mdb", "CariKartlar WHERE CariKod='C001'"), "0");
   EXPECT_EQ(Count("Cari.mdb", "CariKartlar WHERE CariKod='C002'"), "1");
-  EXPECT_EQ(Count("Cari.mdb", "CariHareket"), "1");
   EXPECT_EQ(Count("Karvel.mdb", "Datam"), "1");
   EXPECT_EQ(Due("C001"), Texts{"90.0"});
 }
 
-TEST_F(CustomerRemovalBook, of_two_cards_with_one_code_the_one_that_was_named_is_deleted) {
+TEST_F(WipingBook, of_two_cards_with_one_code_the_one_that_was_named_is_deleted) {
   AddCustomer("C002", "İkinci");
   const std::string key = One("Cari.mdb", "SELECT rowid FROM CariKartlar WHERE Unvan='İkinci'");
   EXPECT_TRUE(DeleteCustomerCard(shop, std::stoll(key)).Ok());
   EXPECT_EQ(Rows("Cari.mdb", "SELECT Unvan FROM CariKartlar WHERE CariKod='C002'"), Texts{"Burak Demir"});
 }
 
-TEST_F(CustomerRemovalBook, a_card_that_is_gone_is_not_deleted_again) {
+TEST_F(WipingBook, a_card_that_is_gone_is_not_deleted_again) {
   const RowKey card = CustomerKey("C001");
   EXPECT_TRUE(DeleteCustomerCard(shop, card).Ok());
   const Texts before = AllRows();
@@ -182,7 +191,7 @@ TEST_F(CustomerRemovalBook, a_card_that_is_gone_is_not_deleted_again) {
   EXPECT_EQ(AllRows(), before);
 }
 
-TEST_F(CustomerRemovalBook, a_fault_of_the_stores_deletes_no_card_and_says_what_it_was) {
+TEST_F(WipingBook, a_fault_of_the_stores_deletes_no_card_and_says_what_it_was) {
   const RowKey card = CustomerKey("C001");
   FailsWholeOrWorks([&] { return DeleteCustomerCard(shop, card); });
 }

@@ -10,7 +10,7 @@
 namespace karvel {
 namespace {
 
-class SalePostingTest : public DeskFixture {
+class SaleConfirmationTest : public DeskFixture {
  protected:
   void SetUp() override {
     ASSERT_TRUE(Start());
@@ -28,7 +28,7 @@ class SalePostingTest : public DeskFixture {
   std::string LastId() { return desk->form.CurrentLineId; }
 };
 
-TEST_F(SalePostingTest, a_sale_writes_every_field_of_every_row) {
+TEST_F(SaleConfirmationTest, a_sale_writes_every_field_of_every_row) {
   Sell("Ayşe Yılmaz", "1001", "3");
   ASSERT_EQ(LastId(), "10000000261");
 
@@ -121,7 +121,7 @@ TEST_F(SalePostingTest, a_sale_writes_every_field_of_every_row) {
   EXPECT_EQ(Rows("Index.mdb", "SELECT * FROM Tarih"), std::vector<std::string>{"2026"});
 }
 
-TEST_F(SalePostingTest, an_amount_keeps_its_kurus) {
+TEST_F(SaleConfirmationTest, an_amount_keeps_its_kurus) {
   Sql("Stok.mdb", "UPDATE StokKartlar SET Fiyat=162.05 WHERE StokKod='1001'");
   Sell("Ayşe Yılmaz", "1001", "1,5");
   EXPECT_EQ(Movement(LastId())["Tutar"], "243.08");
@@ -132,7 +132,7 @@ TEST_F(SalePostingTest, an_amount_keeps_its_kurus) {
   EXPECT_EQ(One("Cari.mdb", "SELECT Tutar FROM \"VadeGün\""), "243.08");
 }
 
-TEST_F(SalePostingTest, a_return_moves_the_other_side_and_books_no_price_due_date_or_profit) {
+TEST_F(SaleConfirmationTest, a_return_moves_the_other_side_and_books_no_price_due_date_or_profit) {
   EnterSale("Ayşe Yılmaz");
   PickItem("1002");
   DoubleTap("Label4");
@@ -159,7 +159,7 @@ TEST_F(SalePostingTest, a_return_moves_the_other_side_and_books_no_price_due_dat
   EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM \"VadeGün\""), "0");
 }
 
-TEST_F(SalePostingTest, a_purchase_books_price_and_due_date_with_the_same_sign) {
+TEST_F(SaleConfirmationTest, a_purchase_books_price_and_due_date_with_the_same_sign) {
   EnterSale("Ayşe Yılmaz");
   PickItem("1002");
   DoubleTap("Label4");
@@ -178,7 +178,7 @@ TEST_F(SalePostingTest, a_purchase_books_price_and_due_date_with_the_same_sign) 
   EXPECT_EQ(One("Cari.mdb", "SELECT Tutar FROM \"VadeGün\""), "44.0");
 }
 
-TEST_F(SalePostingTest, a_purchase_with_a_margin_books_a_profit_on_the_movement_but_not_on_the_card) {
+TEST_F(SaleConfirmationTest, a_purchase_with_a_margin_books_a_profit_on_the_movement_but_not_on_the_card) {
   EnterSale("Ayşe Yılmaz");
   PickItem("1002");
   DoubleTap("Label4");
@@ -189,14 +189,14 @@ TEST_F(SalePostingTest, a_purchase_with_a_margin_books_a_profit_on_the_movement_
   EXPECT_EQ(Card("1002")["Kar"], "0.0");
 }
 
-TEST_F(SalePostingTest, profit_is_booked_on_movement_day_book_and_card) {
+TEST_F(SaleConfirmationTest, profit_is_booked_on_movement_day_book_and_card) {
   Sell("Ayşe Yılmaz", "1002", "5");
   EXPECT_EQ(Movement(LastId())["Kar"], "40.0");  // 100 - 5 x 12
   EXPECT_EQ(Day(LastId())["Kar"], "40.0");
   EXPECT_EQ(Card("1002")["Kar"], "40.0");
 }
 
-TEST_F(SalePostingTest, a_loss_is_booked_as_profit_zero) {
+TEST_F(SaleConfirmationTest, a_loss_is_booked_as_profit_zero) {
   EnterSale("Ayşe Yılmaz");
   PickItem("1002");
   Set("Text2(0)", "5");
@@ -206,7 +206,7 @@ TEST_F(SalePostingTest, a_loss_is_booked_as_profit_zero) {
   EXPECT_EQ(Card("1002")["Kar"], "0.0");
 }
 
-TEST_F(SalePostingTest, the_second_price_counts_in_first_units_and_keeps_the_amount_of_the_second) {
+TEST_F(SaleConfirmationTest, the_second_price_counts_in_first_units_and_keeps_the_amount_of_the_second) {
   EnterSale("Ayşe Yılmaz");
   PickItem("1001");
   DoubleTap("Label1(2)");
@@ -225,7 +225,7 @@ TEST_F(SalePostingTest, the_second_price_counts_in_first_units_and_keeps_the_amo
   EXPECT_EQ(Card("1001")["CikanTutar"], "1080.0");
 }
 
-TEST_F(SalePostingTest, the_second_price_without_pieces_leaves_the_quantity) {
+TEST_F(SaleConfirmationTest, the_second_price_without_pieces_leaves_the_quantity) {
   Sql("Stok.mdb", "UPDATE StokKartlar SET Adet2=0 WHERE StokKod='1001'");
   EnterSale("Ayşe Yılmaz");
   PickItem("1001");
@@ -235,7 +235,7 @@ TEST_F(SalePostingTest, the_second_price_without_pieces_leaves_the_quantity) {
   EXPECT_EQ(Movement(LastId())["Birim"], "Koli");
 }
 
-TEST_F(SalePostingTest, the_third_price_keeps_the_first_unit) {
+TEST_F(SaleConfirmationTest, the_third_price_keeps_the_first_unit) {
   EnterSale("Ayşe Yılmaz");
   PickItem("1001");
   DoubleTap("Label1(2)");
@@ -247,7 +247,7 @@ TEST_F(SalePostingTest, the_third_price_keeps_the_first_unit) {
   EXPECT_EQ(Movement(LastId())["Tutar"], "2000.0");
 }
 
-TEST_F(SalePostingTest, a_price_typed_over_is_remembered_under_its_name) {
+TEST_F(SaleConfirmationTest, a_price_typed_over_is_remembered_under_its_name) {
   const std::vector<std::pair<int, std::string>> names{{0, "0Fiyat"}, {1, "1Fiyat"}, {2, "2Fiyat"}};
   for (const auto& [steps, field] : names) {
     Sql("Cari.mdb", "DELETE FROM Cari");
@@ -264,7 +264,7 @@ TEST_F(SalePostingTest, a_price_typed_over_is_remembered_under_its_name) {
   }
 }
 
-TEST_F(SalePostingTest, the_special_price_is_remembered_as_the_first) {
+TEST_F(SaleConfirmationTest, the_special_price_is_remembered_as_the_first) {
   Sql("Cari.mdb", "INSERT INTO Cari(StokKod, CariKod, \"0Fiyat\") VALUES('1001','C001',45)");
   EnterSale("Ayşe Yılmaz");
   PickItem("1001");
@@ -276,7 +276,7 @@ TEST_F(SalePostingTest, the_special_price_is_remembered_as_the_first) {
   EXPECT_EQ(RowOf("Cari.mdb", "Cari")["0Fiyat"], "44.0");
 }
 
-TEST_F(SalePostingTest, a_price_equal_to_the_cards_leaves_the_customer_prices_unchanged) {
+TEST_F(SaleConfirmationTest, a_price_equal_to_the_cards_leaves_the_customer_prices_unchanged) {
   Sell("Ayşe Yılmaz", "1001", "1");
   EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM Cari"), "0");
   Sql("Cari.mdb", "INSERT INTO Cari(StokKod, CariKod, \"0Fiyat\") VALUES('1001','C001',45)");
@@ -285,7 +285,7 @@ TEST_F(SalePostingTest, a_price_equal_to_the_cards_leaves_the_customer_prices_un
   EXPECT_EQ(RowOf("Cari.mdb", "Cari")["0Fiyat"], "45.0");
 }
 
-TEST_F(SalePostingTest, the_due_date_of_a_day_gathers_its_amounts) {
+TEST_F(SaleConfirmationTest, the_due_date_of_a_day_gathers_its_amounts) {
   Sell("Ayşe Yılmaz", "1001", "1");
   PickItem("1002");
   Post("2");
@@ -296,7 +296,7 @@ TEST_F(SalePostingTest, the_due_date_of_a_day_gathers_its_amounts) {
             (std::vector<std::string>{"2026-03-01 00:00:00|90.0", "2026-03-02 00:00:00|20.0"}));
 }
 
-TEST_F(SalePostingTest, serial_numbers_of_the_list_are_written_in_order_and_the_list_is_emptied) {
+TEST_F(SaleConfirmationTest, serial_numbers_of_the_list_are_written_in_order_and_the_list_is_emptied) {
   EnterSale("Ayşe Yılmaz");
   PickItem("1001");
   At("List1").AddItem("SN-1");
@@ -308,7 +308,7 @@ TEST_F(SalePostingTest, serial_numbers_of_the_list_are_written_in_order_and_the_
   EXPECT_TRUE(At("List1").Items().empty());
 }
 
-TEST_F(SalePostingTest, the_scanned_serial_stands_on_the_movement_and_survives_the_line) {
+TEST_F(SaleConfirmationTest, the_scanned_serial_stands_on_the_movement_and_survives_the_line) {
   EnterSale("Ayşe Yılmaz");
   desk->form.ScannedSerial = "SER-9";
   PickItem("1001");
@@ -318,7 +318,7 @@ TEST_F(SalePostingTest, the_scanned_serial_stands_on_the_movement_and_survives_t
   EXPECT_EQ(desk->form.ScannedSerial, "SER-9");
 }
 
-TEST_F(SalePostingTest, a_line_makes_its_own_customer_once) {
+TEST_F(SaleConfirmationTest, a_line_makes_its_own_customer_once) {
   EnterSale("Ayşe Yılmaz");
   Sql("Cari.mdb", "DELETE FROM CariKartlar WHERE CariKod='C001'");
   At("Text1(0)").SetText("Çok Uzun Adlı Müşteri Ticaret");
@@ -329,12 +329,13 @@ TEST_F(SalePostingTest, a_line_makes_its_own_customer_once) {
   EXPECT_EQ(customer["Borc"], "50.0");
   EXPECT_EQ(Day(LastId())["CariKod"], "Çok Uzun Adlı Müşter");
   EXPECT_EQ(Day(LastId())["CariAd"], "Çok Uzun Adlı Müşteri Ticaret");
+  EXPECT_EQ(desk->cursors.HareketData.Text("DigerId"), LastId());  // his day book is in front
   PickItem("1002");
   Post("1");
   EXPECT_EQ(Customer("Çok Uzun Adlı Müşter")["Borc"], "70.0");
 }
 
-TEST_F(SalePostingTest, a_customer_whom_another_terminal_moved_out_of_the_list_keeps_the_sale) {
+TEST_F(SaleConfirmationTest, a_customer_whom_another_terminal_moved_out_of_the_list_keeps_the_sale) {
   EnterSale("Ayşe Yılmaz");
   Sql("Cari.mdb", "UPDATE CariKartlar SET Gurup='Toptan' WHERE CariKod='C001'");
   const std::string list = desk->cursors.CariData.RecordSource();
@@ -346,7 +347,7 @@ TEST_F(SalePostingTest, a_customer_whom_another_terminal_moved_out_of_the_list_k
   EXPECT_EQ(desk->cursors.CariData.RecordSource(), list);
 }
 
-TEST_F(SalePostingTest, of_two_customers_with_one_name_the_chosen_one_pays) {
+TEST_F(SaleConfirmationTest, of_two_customers_with_one_name_the_chosen_one_pays) {
   AddCustomer("C002", "Ayşe Yılmaz");
   ASSERT_TRUE(Start());
   ASSERT_TRUE(desk->cursors.CariData.FindFirst("CariKod='C002'").Ok());
@@ -358,7 +359,7 @@ TEST_F(SalePostingTest, of_two_customers_with_one_name_the_chosen_one_pays) {
   EXPECT_EQ(Customer("C001")["Borc"], "0.0");
 }
 
-TEST_F(SalePostingTest, a_customer_with_a_quote_in_code_and_name_buys_as_any_other) {
+TEST_F(SaleConfirmationTest, a_customer_with_a_quote_in_code_and_name_buys_as_any_other) {
   Sql("Cari.mdb", "INSERT INTO CariKartlar(CariKod, Unvan, Gurup) VALUES('A''1','Ali''nin Yeri','Müşteri')");
   ASSERT_TRUE(Start());
   while (desk->cursors.CariData.Text("CariKod") != "A'1") ASSERT_TRUE(desk->cursors.CariData.MoveNext().Ok());
@@ -374,7 +375,7 @@ TEST_F(SalePostingTest, a_customer_with_a_quote_in_code_and_name_buys_as_any_oth
   EXPECT_EQ(Rows("Cari.mdb", "SELECT CariKod, Tutar FROM \"VadeGün\""), std::vector<std::string>{"A'1|89.0"});
 }
 
-TEST_F(SalePostingTest, a_group_chosen_in_a_sale_leaves_the_customer_in_front) {
+TEST_F(SaleConfirmationTest, a_group_chosen_in_a_sale_leaves_the_customer_in_front) {
   Sql("Cari.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Bayi',1)");
   AddCustomer("B001", "Bayi Bir", "Gurup='Bayi'");
   ASSERT_TRUE(Start());
@@ -387,7 +388,7 @@ TEST_F(SalePostingTest, a_group_chosen_in_a_sale_leaves_the_customer_in_front) {
   EXPECT_EQ(Customer("B001")["Borc"], "0.0");
 }
 
-TEST_F(SalePostingTest, nothing_is_sold_without_a_quantity) {
+TEST_F(SaleConfirmationTest, nothing_is_sold_without_a_quantity) {
   EnterSale("Ayşe Yılmaz");
   PickItem("1001");
   Set("Text2(1)", "0");
@@ -398,14 +399,14 @@ TEST_F(SalePostingTest, nothing_is_sold_without_a_quantity) {
   EXPECT_EQ(At("Command2").Caption(), "Tamam");
 }
 
-TEST_F(SalePostingTest, a_barcode_typed_into_an_amount_is_no_amount) {
+TEST_F(SaleConfirmationTest, a_barcode_typed_into_an_amount_is_no_amount) {
   EnterSale("Ayşe Yılmaz");
   PickItem("1001");
   Set("Text2(1)", "8690504123456");
   EXPECT_EQ(At("Text2(1)").Text(), "869050412");
 }
 
-TEST_F(SalePostingTest, a_chosen_group_gets_the_movement_and_all_groups_does_not) {
+TEST_F(SaleConfirmationTest, a_chosen_group_gets_the_movement_and_all_groups_does_not) {
   Sql("Cari.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Bayi',1),('WinKarvel7',1)");
   Sql("Cari.mdb", "UPDATE CariKartlar SET Gurup='Bayi' WHERE CariKod='C001'");
   ASSERT_TRUE(Start());
@@ -417,7 +418,7 @@ TEST_F(SalePostingTest, a_chosen_group_gets_the_movement_and_all_groups_does_not
   EXPECT_EQ(Day(LastId())["Plasiyer"], "WinKarvel0");
 }
 
-TEST_F(SalePostingTest, one_slip_number_serves_all_lines_and_the_next_sale_takes_another) {
+TEST_F(SaleConfirmationTest, one_slip_number_serves_all_lines_and_the_next_sale_takes_another) {
   Sell("Ayşe Yılmaz", "1001", "1");
   PickItem("1002");
   Post("1");
@@ -427,7 +428,7 @@ TEST_F(SalePostingTest, one_slip_number_serves_all_lines_and_the_next_sale_takes
   EXPECT_EQ(settings.Get("Velmora Karvel", "Size", "DökNo", ""), "000002");
 }
 
-TEST_F(SalePostingTest, the_slip_number_runs_on_from_the_kept_one_in_six_digits) {
+TEST_F(SaleConfirmationTest, the_slip_number_runs_on_from_the_kept_one_in_six_digits) {
   settings.Save("Velmora Karvel", "Size", "DökNo", "000041");
   Sell("Ayşe Yılmaz", "1001", "2");
   EXPECT_EQ(Day(LastId())["SeriNo"], "000042");
@@ -435,7 +436,7 @@ TEST_F(SalePostingTest, the_slip_number_runs_on_from_the_kept_one_in_six_digits)
   EXPECT_EQ(settings.Get("Velmora Karvel", "Size", "DökNo", ""), "000042");
 }
 
-TEST_F(SalePostingTest, the_lines_of_a_slip_have_one_number_that_all_terminals_count) {
+TEST_F(SaleConfirmationTest, the_lines_of_a_slip_have_one_number_that_all_terminals_count) {
   settings.Save("Velmora Karvel", "Size", "DökNo", "000041");
   Sell("Ayşe Yılmaz", "1001", "2");
   PickItem("1002");
@@ -444,7 +445,7 @@ TEST_F(SalePostingTest, the_lines_of_a_slip_have_one_number_that_all_terminals_c
   EXPECT_EQ(settings.Get("Velmora Karvel", "Size", "DökNo", ""), "000042");
 }
 
-TEST_F(SalePostingTest, a_press_that_sells_nothing_takes_no_number) {
+TEST_F(SaleConfirmationTest, a_press_that_sells_nothing_takes_no_number) {
   EnterSale("Ayşe Yılmaz");
   At("Command2").SetEnabled(true);
   Click("Command2");
@@ -452,7 +453,7 @@ TEST_F(SalePostingTest, a_press_that_sells_nothing_takes_no_number) {
   EXPECT_EQ(settings.Get("Velmora Karvel", "Size", "DökNo", "none"), "none");
 }
 
-TEST_F(SalePostingTest, a_purchase_that_is_booked_closes_the_serial_panel) {
+TEST_F(SaleConfirmationTest, a_purchase_that_is_booked_closes_the_serial_panel) {
   desk->form.SerialEntryOn = true;
   EnterSale("Ayşe Yılmaz");
   PickItem("1001");
@@ -465,7 +466,7 @@ TEST_F(SalePostingTest, a_purchase_that_is_booked_closes_the_serial_panel) {
   EXPECT_FALSE(At("Frame4").Visible());
 }
 
-TEST_F(SalePostingTest, after_a_line_the_fields_stand_ready_for_the_next) {
+TEST_F(SaleConfirmationTest, after_a_line_the_fields_stand_ready_for_the_next) {
   Sell("Ayşe Yılmaz", "1001", "3");
   EXPECT_EQ(At("Text2(1)").Text(), "0");
   EXPECT_EQ(At("Label1(2)").Caption(), "1.Fiyat");
@@ -478,7 +479,7 @@ TEST_F(SalePostingTest, after_a_line_the_fields_stand_ready_for_the_next) {
   EXPECT_FALSE(desk->screen.Busy());
 }
 
-TEST_F(SalePostingTest, terminal_two_writes_its_digits_into_ids_and_tags) {
+TEST_F(SaleConfirmationTest, terminal_two_writes_its_digits_into_ids_and_tags) {
   ASSERT_TRUE(Start("Velmora Karvel2"));
   Sell("Ayşe Yılmaz", "1001", "1");
   EXPECT_EQ(LastId(), "20000000261");
@@ -486,7 +487,7 @@ TEST_F(SalePostingTest, terminal_two_writes_its_digits_into_ids_and_tags) {
   EXPECT_EQ(Day(LastId())["Plasiyer"], "WinKarvel1");
 }
 
-TEST_F(SalePostingTest, ids_run_on_with_the_year_in_front) {
+TEST_F(SaleConfirmationTest, ids_run_on_with_the_year_in_front) {
   EnterSale("Ayşe Yılmaz");
   std::vector<std::string> ids;
   for (int i = 0; i < 10; ++i) {
@@ -503,7 +504,7 @@ TEST_F(SalePostingTest, ids_run_on_with_the_year_in_front) {
   EXPECT_EQ(LastId(), "10000000271");
 }
 
-TEST_F(SalePostingTest, a_disk_that_fails_at_any_step_leaves_nothing_of_the_line_and_the_fields_for_another_try) {
+TEST_F(SaleConfirmationTest, a_disk_that_fails_at_any_step_leaves_nothing_of_the_line_and_the_fields_for_another_try) {
   using testing_faults = karvel::testing::FileFaults;
   testing_faults& faults = karvel::testing::Faults();
   vfs = karvel::testing::FaultyFiles();

@@ -9,12 +9,12 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-class MoneyPostingRefusalsTest : public AccountsFixture {
+class MoneyConfirmationRefusalsTest : public AccountsFixture {
  protected:
   Lines Booked() { return Rows("Karvel.mdb", "SELECT CariKod, StokKod, Miktar, Tutar, Tahsilat, Durum FROM Datam ORDER BY DigerId"); }
 };
 
-TEST_F(MoneyPostingRefusalsTest, without_a_customers_name_nothing_is_paid) {
+TEST_F(MoneyConfirmationRefusalsTest, without_a_customers_name_nothing_is_paid) {
   Set("Text2(2)", "40");
   At("Text1(0)").SetText("");
   Click("Command2");
@@ -23,7 +23,7 @@ TEST_F(MoneyPostingRefusalsTest, without_a_customers_name_nothing_is_paid) {
   EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariHareket"), "0");
 }
 
-TEST_F(MoneyPostingRefusalsTest, a_name_that_nobody_has_pays_nothing) {
+TEST_F(MoneyConfirmationRefusalsTest, a_name_that_nobody_has_pays_nothing) {
   Set("Text2(2)", "40");
   At("Text1(0)").SetText("Kimse Yok");
   Click("Command2");
@@ -36,7 +36,7 @@ TEST_F(MoneyPostingRefusalsTest, a_name_that_nobody_has_pays_nothing) {
   EXPECT_EQ(Booked(), Lines{"C002||0.0|0.0|40.0|Nakit"});
 }
 
-TEST_F(MoneyPostingRefusalsTest, the_beginning_of_the_name_in_front_is_that_customer) {
+TEST_F(MoneyConfirmationRefusalsTest, the_beginning_of_the_name_in_front_is_that_customer) {
   Set("Text1(0)", "Burak Demir");
   At("CariGrid").SetFocus();
   At("Text1(0)").SetText("burak");
@@ -45,7 +45,7 @@ TEST_F(MoneyPostingRefusalsTest, the_beginning_of_the_name_in_front_is_that_cust
   EXPECT_EQ(Booked(), Lines{"C002||0.0|0.0|40.0|Nakit"});
 }
 
-TEST_F(MoneyPostingRefusalsTest, over_an_empty_list_nothing_is_paid) {
+TEST_F(MoneyConfirmationRefusalsTest, over_an_empty_list_nothing_is_paid) {
   Sql("Cari.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Boş',1)");
   ASSERT_TRUE(Start());
   At("GurupCombo").ChooseText("Boş");
@@ -55,7 +55,7 @@ TEST_F(MoneyPostingRefusalsTest, over_an_empty_list_nothing_is_paid) {
   EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariHareket"), "0");
 }
 
-TEST_F(MoneyPostingRefusalsTest, a_customer_deleted_at_another_terminal_pays_nothing_and_leaves_the_list) {
+TEST_F(MoneyConfirmationRefusalsTest, a_customer_deleted_at_another_terminal_pays_nothing_and_leaves_the_list) {
   Front("C002");
   ASSERT_EQ(At("Text1(0)").Text(), "Burak Demir");
   Sql("Cari.mdb", "DELETE FROM CariKartlar WHERE CariKod='C002'");
@@ -63,11 +63,13 @@ TEST_F(MoneyPostingRefusalsTest, a_customer_deleted_at_another_terminal_pays_not
   EXPECT_EQ(Booked(), Lines{});
   EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariHareket"), "0");
   EXPECT_TRUE(desk->cursors.CariData.FindFirst("CariKod='C002'").Kind() == ErrorKind::NoRecord);
+  EXPECT_EQ(At("Text2(2)").Text(), "0");  // a second tap takes it from nobody else
+  EXPECT_FALSE(At("Command2").Enabled());
   Pay("Ayşe Yılmaz", "5");
   EXPECT_EQ(Booked(), Lines{"C001||0.0|0.0|5.0|Nakit"});
 }
 
-TEST_F(MoneyPostingRefusalsTest, the_till_does_not_pay_what_the_customer_on_the_screen_pays) {
+TEST_F(MoneyConfirmationRefusalsTest, the_till_does_not_pay_what_the_customer_on_the_screen_pays) {
   LeaveSale();
   ASSERT_TRUE(desk->cursors.CariData.Open("CariKartlar").Ok());
   Set("Text1(0)", "Ayşe Yılmaz");

@@ -9,12 +9,12 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-class SalePostingRefusalsTest : public AccountsFixture {
+class SaleConfirmationRefusalsTest : public AccountsFixture {
  protected:
   Lines Booked() { return Rows("Karvel.mdb", "SELECT CariKod, StokKod, Miktar, Tutar, Tahsilat, Durum FROM Datam ORDER BY DigerId"); }
 };
 
-TEST_F(SalePostingRefusalsTest, an_item_that_the_screen_does_not_name_is_not_sold) {
+TEST_F(SaleConfirmationRefusalsTest, an_item_that_the_screen_does_not_name_is_not_sold) {
   EnterSale("Ayşe Yılmaz");
   PickItem("1001");
   At("Text1(1)").SetText("Şek");
@@ -24,7 +24,7 @@ TEST_F(SalePostingRefusalsTest, an_item_that_the_screen_does_not_name_is_not_sol
   EXPECT_TRUE(At("Text1(1)").HasFocus());
 }
 
-TEST_F(SalePostingRefusalsTest, without_an_item_on_the_screen_nothing_is_sold) {
+TEST_F(SaleConfirmationRefusalsTest, without_an_item_on_the_screen_nothing_is_sold) {
   EnterSale("Ayşe Yılmaz");
   PickItem("1001");
   At("Text1(1)").SetText(" ");
@@ -34,7 +34,7 @@ TEST_F(SalePostingRefusalsTest, without_an_item_on_the_screen_nothing_is_sold) {
   EXPECT_EQ(At("Command2").Caption(), "Tamam");
 }
 
-TEST_F(SalePostingRefusalsTest, an_item_sells_whatever_signs_its_name_has) {
+TEST_F(SaleConfirmationRefusalsTest, an_item_sells_whatever_signs_its_name_has) {
   for (const char* name : {"Süt [1 L]", "Kola #2", "Ekmek?", "Yağ*", "Lay''s", "100% Portakal", " Boşluk"}) {
     Sql("Stok.mdb", std::string("UPDATE StokKartlar SET StokAdi='") + name + "' WHERE StokKod='1001'");
     Sql("Karvel.mdb", "DELETE FROM Datam");
@@ -44,7 +44,7 @@ TEST_F(SalePostingRefusalsTest, an_item_sells_whatever_signs_its_name_has) {
   }
 }
 
-TEST_F(SalePostingRefusalsTest, a_quantity_of_nothing_sells_nothing) {
+TEST_F(SaleConfirmationRefusalsTest, a_quantity_of_nothing_sells_nothing) {
   EnterSale("Ayşe Yılmaz");
   PickItem("1001");
   Set("Text2(2)", "40");
@@ -55,7 +55,7 @@ TEST_F(SalePostingRefusalsTest, a_quantity_of_nothing_sells_nothing) {
   EXPECT_TRUE(At("Text2(1)").HasFocus());
 }
 
-TEST_F(SalePostingRefusalsTest, a_name_in_the_price_sells_nothing) {
+TEST_F(SaleConfirmationRefusalsTest, a_name_in_the_price_sells_nothing) {
   EnterSale("Ayşe Yılmaz");
   PickItem("1001");
   Set("Text2(1)", "1");
@@ -66,7 +66,7 @@ TEST_F(SalePostingRefusalsTest, a_name_in_the_price_sells_nothing) {
   EXPECT_TRUE(At("Text2(0)").HasFocus());
 }
 
-TEST_F(SalePostingRefusalsTest, an_item_deleted_at_another_terminal_is_not_sold) {
+TEST_F(SaleConfirmationRefusalsTest, an_item_deleted_at_another_terminal_is_not_sold) {
   EnterSale("Ayşe Yılmaz");
   PickItem("1001");
   Set("Text2(1)", "1");
