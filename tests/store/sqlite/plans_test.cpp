@@ -21,10 +21,10 @@ void PrintTo(const LookUp& lookUp, std::ostream* out) {
   *out << lookUp.source << " | " << lookUp.criterion;
 }
 
-constexpr const char* customerList =
+constexpr const char* kCustomerList =
     "Select * From CariKartlar Where HesKullan=False And Gurup<>'Toptan' And LCase(Gurup)<>'plasiyer' And Left(CariKod,1)<>'=' And "
     "CariKod<>'Merkez' Order By Unvan Asc";
-constexpr const char* stockList = "Select * From StokKartlar Where StokGizle=False Order By StokAdi ASC";
+constexpr const char* kStockList = "Select * From StokKartlar Where StokGizle=False Order By StokAdi ASC";
 
 std::string PlanOf(sqlite::Connection& connection, const SqlText& sql) {
   std::string plan;
@@ -95,7 +95,7 @@ TEST(PlansOfADay, go_by_the_customer_not_by_the_state) {
 
 INSTANTIATE_TEST_SUITE_P(
     Lists, Plans,
-    ::testing::Values(LookUp{"Cari.mdb", customerList, ""}, LookUp{"Stok.mdb", stockList, ""},
+    ::testing::Values(LookUp{"Cari.mdb", kCustomerList, ""}, LookUp{"Stok.mdb", kStockList, ""},
                       LookUp{"Cari.mdb", "Select * From CariKartlar Where HesKullan=False Order By Gurup DESC", ""},
                       LookUp{"Cari.mdb", "Select * From CariKartlar Where HesKullan=False And Gurup='Toptan' Order By Unvan Asc", ""},
                       LookUp{"Stok.mdb", "Select * From StokKartlar Where StokGizle=False And Gurup='İçecek' Order By StokAdi Asc", ""},
@@ -113,13 +113,13 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     Finds, Plans,
-    ::testing::Values(LookUp{"Cari.mdb", "CariKartlar", "CariKod='A'"}, LookUp{"Cari.mdb", customerList, "CariKod='A'"},
-                      LookUp{"Cari.mdb", customerList, "Unvan Like 'ş*'"}, LookUp{"Cari.mdb", customerList, "Unvan='A'"},
-                      LookUp{"Cari.mdb", customerList, "KartNo='1'"}, LookUp{"Cari.mdb", "CariKartlar", "CariKod Like 'A?C'"},
+    ::testing::Values(LookUp{"Cari.mdb", "CariKartlar", "CariKod='A'"}, LookUp{"Cari.mdb", kCustomerList, "CariKod='A'"},
+                      LookUp{"Cari.mdb", kCustomerList, "Unvan Like 'ş*'"}, LookUp{"Cari.mdb", kCustomerList, "Unvan='A'"},
+                      LookUp{"Cari.mdb", kCustomerList, "KartNo='1'"}, LookUp{"Cari.mdb", "CariKartlar", "CariKod Like 'A?C'"},
                       LookUp{"Cari.mdb", "Cari", "StokKod='1' And CariKod='A'"}, LookUp{"Cari.mdb", "CariHareket", "DigerId='1'"},
                       LookUp{"Cari.mdb", "Select * From VadeGün Where CariKod='A' Order By VadeTarih Asc", "VadeTarih=#03/01/2026#"},
-                      LookUp{"Stok.mdb", stockList, "Barkod='1'"}, LookUp{"Stok.mdb", stockList, "StokKod='1'"},
-                      LookUp{"Stok.mdb", stockList, "StokAdi='1'"}, LookUp{"Stok.mdb", stockList, "StokKod Like '1*'"},
+                      LookUp{"Stok.mdb", kStockList, "Barkod='1'"}, LookUp{"Stok.mdb", kStockList, "StokKod='1'"},
+                      LookUp{"Stok.mdb", kStockList, "StokAdi='1'"}, LookUp{"Stok.mdb", kStockList, "StokKod Like '1*'"},
                       LookUp{"Stok.mdb", "StokHareket", "DigerId='1'"}, LookUp{"Karvel.mdb", "Datam", "DigerId='1'"},
                       LookUp{"Karvel.mdb", "Datam", "SeriNo='000001'"}, LookUp{"SeriNo.mdb", "SeriNo", "Barcode='1'"},
                       LookUp{"SeriNo.mdb", "SeriNo", "BarCode1='1'"}, LookUp{"Index.mdb", "Mdbindex", "Tarih='2026'"},

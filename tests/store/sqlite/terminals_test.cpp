@@ -13,15 +13,15 @@ namespace karvel::testing {
 
 TEST(Terminals, four_that_count_at_once_lose_no_update) {
   const SqliteKind kind;
-  constexpr int terminals = 4;
-  constexpr int rounds = 200;
+  constexpr int kTerminals = 4;
+  constexpr int kRounds = 200;
   {
     Stores stores(MakeSqliteEngine(TestOptions(kind.Folder())));
     ASSERT_TRUE(stores.Open(kind.Folder()).Ok());
     AddCustomer(stores, "A", "Ali");
   }
   std::vector<pid_t> children;
-  for (int i = 0; i < terminals; ++i) {
+  for (int i = 0; i < kTerminals; ++i) {
     const pid_t child = fork();
     if (child == 0) {
       SqliteOptions options = TestOptions(kind.Folder());
@@ -30,7 +30,7 @@ TEST(Terminals, four_that_count_at_once_lose_no_update) {
       bool well = stores.Open(kind.Folder()).Ok();
       Cursor cursor(stores, "CariData");
       cursor.SetDatabaseName("Cari.mdb");
-      for (int round = 0; well && round < rounds; ++round) {
+      for (int round = 0; well && round < kRounds; ++round) {
         well = cursor.Open("CariKartlar").Ok() && cursor.FindFirst("CariKod='A'").Ok() && cursor.Edit().Ok();
         cursor.Set("Borc", Value(cursor.Number("Borc") + 1));
         well = well && cursor.Update().Ok();
@@ -46,7 +46,7 @@ TEST(Terminals, four_that_count_at_once_lose_no_update) {
   }
   Stores stores(MakeSqliteEngine(TestOptions(kind.Folder())));
   ASSERT_TRUE(stores.Open(kind.Folder()).Ok());
-  EXPECT_DOUBLE_EQ(Customers(stores)->Number("Borc"), terminals * rounds);
+  EXPECT_DOUBLE_EQ(Customers(stores)->Number("Borc"), kTerminals * kRounds);
 }
 
 TEST(Gate, opens_for_the_next_as_soon_as_its_holder_leaves_or_dies) {
