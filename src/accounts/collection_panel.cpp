@@ -28,6 +28,7 @@ CollectionPanel::CollectionPanel(const DeskParts& parts, MoneyConfirmation& mone
     if (screen_.Command1.Caption() == caption::kCollectAtOnce) Open();
   });
   connections_ += screen.Label3.click.Connect([this] { NextInstrument(); });
+  connections_ += screen.Label3.changed.Connect([this] { ShowInstrument(); });
   for (int i = 0; i < screen.Command8.Count(); ++i) connections_ += screen.Command8(i).click.Connect([this, i] { ChooseInstrument(i); });
   connections_ += screen.Text2(kAmount).keyDown.Connect([this](KeyEvent& event) { AmountKey(event); });
   connections_ += screen.Command9.click.Connect([&screen] {
@@ -44,13 +45,25 @@ CollectionPanel::CollectionPanel(const DeskParts& parts, MoneyConfirmation& mone
 }
 
 void CollectionPanel::Open() {
-  if (customer_.IsGone()) return;
+  if (!customer_.BringServed() || customer_.IsGone()) return;
   const double balance = customer_.StoredBalance();
   if (balance == 0) return;
   screen_.Text2(2).SetText(PlainNumber(balance));
+  ShowInstrument();
   screen_.TahsilatFrame.SetVisible(true);
   screen_.TahsilatFrame.BringToFront();
   screen_.Command7(kOk).SetFocus();
+}
+
+// The panel says how Label3 takes the money. Cheques and notes have no button of their own in it.
+void CollectionPanel::ShowInstrument() {
+  Screen& screen = screen_;
+  const std::string& instrument = screen.Label3.Caption();
+  screen.TahsilatFrame.SetCaption(" " + instrument + " Tahsilat ");
+  for (int i = 0; i < screen.Command8.Count(); ++i)
+    screen.Command8(i).SetColor(screen.Command8(i).Caption() == instrument ? color::kGreen : color::kYellow);
+  // Enter in the amount must not take it in another way than the panel says.
+  if (defaultButton_ && defaultButton_->Caption() != instrument) defaultButton_ = nullptr;
 }
 
 void CollectionPanel::NextInstrument() {
@@ -61,13 +74,10 @@ void CollectionPanel::NextInstrument() {
 }
 
 void CollectionPanel::ChooseInstrument(int index) {
-  Screen& screen = screen_;
-  for (int i = 0; i < screen.Command8.Count(); ++i) screen.Command8(i).SetColor(i == index ? color::kGreen : color::kYellow);
-  const std::string& instrument = screen.Command8(index).Caption();
-  screen.TahsilatFrame.SetCaption(" " + instrument + " Tahsilat ");
-  screen.Label3.SetCaption(instrument);
-  defaultButton_ = &screen.Command8(index);
-  screen.Command7(kOk).SetFocus();
+  screen_.Label3.SetCaption(screen_.Command8(index).Caption());
+  ShowInstrument();  // also where Label3 said so before
+  defaultButton_ = &screen_.Command8(index);
+  screen_.Command7(kOk).SetFocus();
 }
 
 void CollectionPanel::AmountKey(KeyEvent& event) {
@@ -83,16 +93,17 @@ void CollectionPanel::Collect() {
   screen_.SetBusy(true);
   // Nothing is ever paid out here.
   screen_.Label1(5).SetCaption(caption::kCollection);
-  const Status posted = money_.PostMoneyMovement();
-  if (posted.Ok()) {
+  const Status booked = money_.PostMoneyMovement();
+  if (booked.Ok()) {
     if (screen_.Command9.Caption() == caption::kWithSlip) screen_.DökNoYaz.Press();
     figure_.Show(customer_.StoredBalance());
   }
+  const Status posted = money_.WhereThere(booked);
   screen_.SetBusy(false);
   screen_.Command7(kOk).SetEnabled(true);
   // Last: this lets in the codes that waited behind the panel, and they need a desk that takes input.
   if (posted.Ok()) screen_.TahsilatFrame.SetVisible(false);
-  ShowRefusal(world_, posted);
+  ShowRefusal(screen_, world_, posted);
 }
 
 void CollectionPanel::PrintSlip() {

@@ -14,7 +14,8 @@ class CollectionPanel {
   CollectionPanel(const DeskParts& parts, MoneyConfirmation& money, CustomerInFront& customer, BalanceDisplay& figure);
 
  private:
-  void Open();                       // Command1 "Tahsilat"
+  void Open();  // Command1 "Tahsilat"
+  void ShowInstrument();
   void NextInstrument();             // Label3
   void ChooseInstrument(int index);  // Command8
   void AmountKey(KeyEvent& event);   // Text2(2)
@@ -27,7 +28,7 @@ class CollectionPanel {
   MoneyConfirmation& money_;
   CustomerInFront& customer_;
   BalanceDisplay& figure_;
-  Element* defaultButton_ = nullptr;  // the Command8 chosen last, which Enter in the amount presses
+  Element* defaultButton_ = nullptr;  // the Command8 that was chosen, which Enter in the amount presses
   Connections connections_;
 };
 

@@ -2,6 +2,8 @@
 
 #include "books/sources.h"
 #include "books/steps.h"
+#include "desk/captions.h"
+#include "desk/quiet_line.h"
 #include "desk/refusal.h"
 #include "desk/screen_keyboard.h"
 #include "platform/keyboard.h"
@@ -15,12 +17,6 @@ constexpr int kCode = 0, kName = 1, kStreet = 2, kCity = 3, kEmail = 4, kTaxOffi
               kCardNumber = 9;
 constexpr int kCancel = 0, kSave = 1;
 const Steps step("CustomerCard");
-
-// Two texts that differ only in the kind of an i are taken for the same.
-std::string AnyI(std::string text) {
-  for (const char* const letter : {"İ", "ı", "i", "I"}) text = ReplaceAll(text, letter, "?");
-  return text;
-}
 
 // A letter in lower case, or itself where it has none of a single letter.
 char32_t Lower(char32_t letter) {
@@ -89,11 +85,13 @@ void CustomerCard::Save() {
   }
   screen_.CariNewCmd(kSave).SetEnabled(true);
   if (!added) {
-    ShowRefusal(world_, added.error());
+    ShowRefusal(screen_, world_, added.error());
     return;
   }
   customer_.RefreshList();
+  const std::string name = screen_.CariNew(kName).Text();
   Close();
+  Tell(screen_, name + " kaydedildi");
 }
 
 bool CustomerCard::IsNew() {
@@ -102,7 +100,7 @@ bool CustomerCard::IsNew() {
   if (field(kName).Text().empty()) field(kName).SetFocus();
   const Outcome<bool> taken = IsCustomerCodeTaken(shop_, field(kCode).Text());
   if (!taken) {
-    ShowRefusal(world_, taken.error());
+    ShowRefusal(screen_, world_, taken.error());
     return false;
   }
   if (*taken) return RefuseCode();
@@ -110,7 +108,7 @@ bool CustomerCard::IsNew() {
   Cursor listed(world_.stores, "listed customers");
   listed.SetDatabaseName(cursors_.CariData.DatabaseName());
   step("listed customers", listed.Open(cursors_.CariData.RecordSource()));
-  step("find name", listed.FindFirst("Unvan Like " + sources::Quoted(AnyI(field(kName).Text()))));
+  step("find name", listed.FindFirst("Unvan Like " + sources::Quoted(AnyKindOfI(field(kName).Text()))));
   if (!listed.NoMatch()) return Refuse("Dikkat Bu Unvan Kayıtlı..!", field(kCode));
   if (field(kCardNumber).Text().empty()) return true;
   step("find card number", listed.FindFirst("KartNo=" + sources::Quoted(field(kCardNumber).Text())));
@@ -132,11 +130,14 @@ bool CustomerCard::Refuse(const std::string& text, Element& focus) {
 
 NewCustomer CustomerCard::ReadCard() const {
   const auto text = [this](int index) { return screen_.CariNew(index).Text(); };
-  const std::string group = screen_.CariChk.Checked()             ? std::string("Toptan")
-                            : screen_.GurupCombo.ListIndex() <= 0 ? std::string("Müşteri")
-                                                                  : screen_.GurupCombo.Text();
   return {text(kCode),      text(kName),  text(kStreet), text(kCity),       text(kEmail), text(kTaxOffice),
-          text(kTaxNumber), text(kPhone), text(kMobile), text(kCardNumber), group};
+          text(kTaxNumber), text(kPhone), text(kMobile), text(kCardNumber), GroupOfNew()};
+}
+
+// That of the list in front, where it is narrowed to one.
+std::string CustomerCard::GroupOfNew() const {
+  if (screen_.CariChk.Checked()) return "Toptan";
+  return ListsCustomerGroups(screen_) && screen_.GurupCombo.ListIndex() > 0 ? screen_.GurupCombo.Text() : "Müşteri";
 }
 
 void CustomerCard::Close() {

@@ -26,6 +26,7 @@ class CustomerCard {
   bool RefuseCode();
   bool Refuse(const std::string& text, Element& focus);
   [[nodiscard]] NewCustomer ReadCard() const;
+  [[nodiscard]] std::string GroupOfNew() const;
   void Close();
 
   Shop shop_;

@@ -2,6 +2,8 @@
 
 #include "books/sources.h"
 #include "books/steps.h"
+#include "desk/list_in_front.h"
+#include "desk/quiet_line.h"
 #include "desk/refusal.h"
 #include "platform/messages.h"
 
@@ -16,6 +18,7 @@ CustomerRemoval::CustomerRemoval(const DeskParts& parts, CustomerInFront& custom
 }
 
 void CustomerRemoval::Remove() {
+  if (!ListsCustomers(screen_) || !customer_.BringServed()) return;
   // His own rows, whatever the ledger showed: in purchase mode it doesn't follow the list.
   step("ledger", cursors_.CariHarData.Open(sources::LedgerOf(customer_.Code())));
   if (!cursors_.CariHarData.HasRows()) {
@@ -25,24 +28,34 @@ void CustomerRemoval::Remove() {
   screen_.SetBusy(true);
   const Status wiped = WipeHistory();
   screen_.SetBusy(false);
-  ShowRefusal(world_, wiped);
+  ShowRefusal(screen_, world_, wiped);
 }
 
 void CustomerRemoval::AskAndDeleteCard() {
+  const std::string name = customer_.Name();
+  Tell(screen_, "Kartı silinecek: " + name);
   const MessageAnswer answer =
       world_.messages.MessageBox("Cari Kart Silinecek Emimisiniz..?", "", MessageIcon::Stop, MessageButtons::YesNo);
-  if (answer != MessageAnswer::Yes) return;
+  if (answer != MessageAnswer::Yes) {
+    Tell(screen_, "");
+    return;
+  }
   const Status deleted = DeleteCustomerCard(shop_, customer_.Key());
   if (deleted.Kind() == ErrorKind::NoRecord) {
     // Another terminal deleted it meanwhile, or posted to him: the list shows how it is now.
     customer_.ReadListAnew(customer_.Code());
+    Tell(screen_, "Kartı silinmedi, başka bir terminalde değişmiş: " + name);
     return;
   }
-  if (deleted.Ok()) customer_.LeaveDeleted();
-  ShowRefusal(world_, deleted);
+  if (deleted.Ok()) {
+    customer_.LeaveDeleted();
+    Tell(screen_, "Kartı silindi: " + name);
+  }
+  ShowRefusal(screen_, world_, deleted);
 }
 
 Status CustomerRemoval::WipeHistory() {
+  const std::string name = customer_.Name();
   const Status wiped = WipeCustomer(shop_, customer_.Code());
   {
     const Muted muted(form_.RepositionGuard, Mute::DayBook);
@@ -52,6 +65,7 @@ Status CustomerRemoval::WipeHistory() {
   step("refresh ledger", cursors_.CariHarData.Refresh());
   screen_.CariGrid.SetMarker(customer_.IsThere());
   customer_.Follow();
+  if (wiped.Ok()) Tell(screen_, "Hareketleri silindi: " + name);
   return wiped.Kind() == ErrorKind::NoRecord ? Status() : wiped;
 }
 

@@ -36,7 +36,7 @@ DayBookList::DayBookList(const DeskParts& parts, MainButton& button, CustomerInF
 void DayBookList::DeleteCustomerOnKey(KeyEvent& event) {
   Cursor& customers = cursors_.CariData;
   // The same list also shows stock and the day book; those rows are not wiped from here.
-  if (!customers.SourceTable() || customers.SourceTable()->name != "CariKartlar") return;
+  if (!AtRest(screen_) || !customers.SourceTable() || customers.SourceTable()->name != "CariKartlar") return;
   DeleteRowOnKey(screen_, world_, customers, event);
   if (event.dropped && !customers.HasCurrent()) customer_.Follow();  // the last one's name and balance go with him
 }

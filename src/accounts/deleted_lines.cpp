@@ -1,5 +1,7 @@
 #include "accounts/deleted_lines.h"
 
+#include <utility>
+
 #include "books/steps.h"
 #include "desk/captions.h"
 
@@ -42,19 +44,24 @@ void DeletedLines::Open() {
 
 void DeletedLines::Close() {
   if (keptSource_.empty()) return;
+  const std::string kept = std::exchange(keptSource_, {});
+  const RowKey before = customer_.Key();
   screen_.StokGrid.SetVisible(stockGridShown_);
   screen_.HareketGrid.SetVisible(false);
-  screen_.CariGrid.SetVisible(true);
+  screen_.CariGrid.SetVisible(true);  // a group that was chosen meanwhile is shown now
   figure_.ColorForRest();
   OpenDesk(true);
   if (customer_.IsThere()) customer_.Follow();
-  step("day book", cursors_.HareketData.Open(keptSource_));
-  keptSource_.clear();
+  if (customer_.Key() == before) step("day book", cursors_.HareketData.Open(kept));
 }
 
 void DeletedLines::OpenDesk(bool open) {
-  button_.Allow(open);
   Screen& screen = screen_;
+  if (open) {
+    button_.FollowAmounts();
+  } else {
+    button_.Allow(false);
+  }
   for (Element* const element : {&screen.StokChk, &screen.Command4, &screen.Label1(0), &screen.Text1(0)}) element->SetEnabled(open);
 }
 

@@ -4,12 +4,14 @@
 #include "books/sources.h"
 #include "books/steps.h"
 #include "desk/captions.h"
+#include "desk/quiet_line.h"
 #include "platform/messages.h"
 
 namespace karvel {
 namespace {
 
 const Steps step("CancelDayBookLine");
+constexpr const char* kTooLate = "Satır başka bir terminalde silinmiş";
 
 }  // namespace
 
@@ -34,8 +36,11 @@ Status LineCancellation::CancelDayBookLine() {
   const Cursor& day = cursors_.HareketData;
   if (!day.HasCurrent()) return {};
   const Cancellation cancellation = ReadCancellation();
-  if (!ReadLineAnew(cancellation)) return {};
-  form_.CurrentCustomerCode = customer_.Code();
+  if (!ReadLineAnew(cancellation)) {
+    Tell(screen_, kTooLate);
+    return {};
+  }
+  if (customer_.BringServed()) form_.CurrentCustomerCode = customer_.Code();
   if (IsTransferred(day)) {
     RefuseTransferred(day.Text("DigerId"));
     return {};
@@ -43,7 +48,12 @@ Status LineCancellation::CancelDayBookLine() {
   const Status done = CancelLine(shop_, cancellation);
   ShowBooks();
   screen_.StokGrid.SetFocus();
-  return done.Kind() == ErrorKind::NoRecord ? Status() : done;
+  if (done.Kind() == ErrorKind::NoRecord) {
+    Tell(screen_, kTooLate);
+    return {};
+  }
+  if (done.Ok()) Tell(screen_, "Silindi");
+  return done;
 }
 
 // Reads the line as the files hold it now: another terminal may have changed or cancelled it since the list read it. False when it is gone
@@ -61,6 +71,7 @@ void LineCancellation::RefuseTransferred(const std::string& id) {
   form_.RepositionGuard.Keep(Mute::Customers);
   step("all cards", cursors_.CariData.Open("CariKartlar"));
   step("rows of the line", cursors_.CariHarData.Open("Select * From CariHareket Where DigerId=" + sources::Quoted(LedgerIdOf(id))));
+  Tell(screen_, "Silinmedi: veri aktarımı yapılmış");
   world_.messages.MessageBox("Veri Aktarımı Yapılmış Silinemez..!", "", MessageIcon::None, MessageButtons::Ok);
 }
 

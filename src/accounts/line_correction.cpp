@@ -4,6 +4,7 @@
 #include "books/sources.h"
 #include "books/steps.h"
 #include "desk/captions.h"
+#include "desk/quiet_line.h"
 #include "text/format.h"
 
 namespace karvel {
@@ -42,6 +43,7 @@ void LineCorrection::Confirm() {
   // A quantity of 0 is no correction: the field stands at 0 after every posting.
   if (NumberOrZero(screen_.Text2(1).Text()) == 0) {
     screen_.Text2(1).SetFocus();
+    Tell(screen_, "Düzeltilmedi: miktarı yazın");
     return;
   }
   if (!StandOnLine()) {
@@ -92,6 +94,9 @@ void LineCorrection::ShowCorrected() {
     step("corrected item", cursors_.StokData.FindFirst("StokKod=" + sources::Quoted(cursors_.HareketData.Text("StokKod"))));
   }
   prices_.ShowUnsoldItem();  // nothing more of it is sold
+  const Cursor& day = cursors_.HareketData;
+  Tell(screen_,
+       PlainNumber(day.Number("Miktar")) + " × " + day.Text("StokAd") + " " + Format(day.Number("Tutar"), "Standard") + " düzeltildi");
 }
 
 // The line that was taken is no longer in front, or no longer what it was: what stands there now must not be rewritten in its place.
@@ -102,6 +107,7 @@ void LineCorrection::ShowTooLate() {
     step("refresh day book", cursors_.HareketData.Refresh());
   }
   prices_.ShowUnsoldItem();  // a second tap must not sell what was meant to correct
+  Tell(screen_, "Düzeltilmedi: satır başka bir terminalde değişmiş");
 }
 
 }  // namespace karvel

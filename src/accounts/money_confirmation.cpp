@@ -3,8 +3,8 @@
 #include "books/sources.h"
 #include "books/steps.h"
 #include "desk/captions.h"
-#include "desk/completion.h"
 #include "desk/list_in_front.h"
+#include "desk/quiet_line.h"
 #include "store/cursor.h"
 #include "text/format.h"
 #include "text/turkish.h"
@@ -24,32 +24,33 @@ MoneyConfirmation::MoneyConfirmation(const DeskParts& parts, MainButton& button,
 
 void MoneyConfirmation::Confirm() {
   if (PayerInFront()) {
-    button_.Post([this] { return PostMoneyMovement(); });
+    button_.Post([this] { return WhereThere(PostMoneyMovement()); });
     return;
   }
   screen_.Text1(0).SetFocus();
   button_.FollowAmounts();  // an amount that stays is taken once the customer is right
 }
 
-// The money goes to the row in front: there must be one, in the files too, and the name on the screen must be a customer's.
+Status MoneyConfirmation::WhereThere(const Status& posted) {
+  if (posted.Kind() != ErrorKind::NoRecord) return posted;
+  ShowLeft();
+  return {};
+}
+
+// Deleted at another terminal: the list shows who is left, and a second tap must not take the money from him.
+void MoneyConfirmation::ShowLeft() {
+  Tell(screen_, "Kart başka bir terminalde silinmiş: " + Trim(screen_.Text1(0).Text()));
+  customer_.RefreshAndFollow();
+  screen_.Text2(2).SetText("0");
+}
+
+// The money goes to whom the screen names: he must be in front, and in the files too.
 bool MoneyConfirmation::PayerInFront() {
   if (!world_.stores.IsOpen()) return true;  // the posting tells why nothing can be booked
-  const std::string name = Trim(screen_.Text1(0).Text());
-  if (!ListsCustomers(screen_) || name.empty()) return false;
-  // After the stores were away the list comes back, on the customer that the screen still names.
-  if (!customer_.IsThere() && !customer_.FindAnew(name)) return false;
-  if (customer_.IsGone()) {
-    // Deleted at another terminal: the list shows who is left, and a second tap must not take the money from him.
-    customer_.RefreshAndFollow();
-    screen_.Text2(2).SetText("0");
-    return false;
-  }
-  if (NamesCard(name, customer_.Name())) return true;
-  // A list of all cards can stand on a money account: what a customer pays is not paid by the till.
-  if (customer_.Code().starts_with('=')) return false;
-  Cursor named(world_.stores, "payer");
-  named.SetDatabaseName(cursors_.CariHarData.DatabaseName());
-  return named.Open("CariKartlar").Ok() && named.FindFirst("Unvan=" + sources::Quoted(name)).Kind() != ErrorKind::NoRecord;
+  if (!ListsCustomers(screen_) || !customer_.BringServed()) return false;
+  if (!customer_.IsGone()) return true;
+  ShowLeft();
+  return false;
 }
 
 MoneyMovement MoneyConfirmation::ReadMovement() const {
@@ -73,6 +74,8 @@ Status MoneyConfirmation::PostMoneyMovement() {
   customer_.ReadListAnew(movement.customerCode);
   screen_.Text2(2).SetText("0");
   button_.OfferPosting();
+  const bool paidOut = movement.direction == MoneyDirection::Payment;
+  Tell(screen_, Format(movement.amount, "Standard") + " " + movement.instrument + (paidOut ? " ödendi" : " alındı"));
   return {};
 }
 

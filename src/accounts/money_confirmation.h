@@ -18,10 +18,14 @@ class MoneyConfirmation {
   // taken, also 0 and below. When the stores refuse it, nothing of it is in them, the amount stays for another try, and the outcome says
   // why.
   Status PostMoneyMovement();
+  // The outcome of a posting, but where the customer's card was deleted at another terminal meanwhile: then the list and the quiet line
+  // show it, and there is nothing to refuse.
+  Status WhereThere(const Status& posted);
 
  private:
   void Confirm();
   bool PayerInFront();
+  void ShowLeft();
   [[nodiscard]] MoneyMovement ReadMovement() const;
 
   Shop shop_;

@@ -8,7 +8,7 @@
 
 namespace karvel {
 
-void DeleteRowOnKey(const Screen& screen, const World& world, Cursor& cursor, KeyEvent& event) {
+void DeleteRowOnKey(Screen& screen, const World& world, Cursor& cursor, KeyEvent& event) {
   static const Steps step("DeleteRowOnKey");
   if (event.code != key::kDelete) return;
   event.dropped = true;
@@ -16,7 +16,7 @@ void DeleteRowOnKey(const Screen& screen, const World& world, Cursor& cursor, Ke
   const Status deleted = cursor.Delete();
   if (!deleted.Ok()) {
     step("delete row", deleted);
-    if (deleted.Kind() != ErrorKind::NoRecord) ShowRefusal(world, deleted);
+    if (deleted.Kind() != ErrorKind::NoRecord) ShowRefusal(screen, world, deleted);
     return;
   }
   step("next row", cursor.MoveNext());

@@ -9,6 +9,6 @@ namespace karvel {
 
 // Drops the key, whether or not a row is deleted. After a deletion the next row is current, at the end the last one, and the sound of the
 // bin is played. A refusal of the stores is shown to the clerk; that the row is gone already is not.
-void DeleteRowOnKey(const Screen& screen, const World& world, Cursor& cursor, KeyEvent& event);
+void DeleteRowOnKey(Screen& screen, const World& world, Cursor& cursor, KeyEvent& event);
 
 }  // namespace karvel

@@ -1,5 +1,7 @@
 #include "accounts/stock_list.h"
 
+#include <utility>
+
 #include "accounts/row_deletion.h"
 #include "books/sources.h"
 #include "books/steps.h"
@@ -36,6 +38,7 @@ StockList::StockList(const DeskParts& parts, MainButton& button, BalanceDisplay&
   connections_ += screen.Stoktxt.changed.Connect([this] { SearchChanged(); });
   connections_ += screen.Stoktxt.click.Connect([this] { SearchTapped(); });
   connections_ += screen.Stoktxt.gotFocus.Connect([&screen] { screen.Stoktxt.SelectAll(); });
+  connections_ += screen.Stoktxt.lostFocus.Connect([this] { EndTyping(); });
   connections_ += screen.StokGrid.keyDown.Connect([this](KeyEvent& event) { DeleteRowOnKey(screen_, world_, cursors_.StokData, event); });
 }
 
@@ -63,7 +66,11 @@ void StockList::Toggled() {
 void StockList::Turn(bool stock) {
   CloseBookingPanels(screen_);
   overdue_.Hide();  // it speaks of a customer
-  button_.Allow(!stock);
+  if (stock) {
+    button_.Allow(false);
+  } else {
+    button_.FollowAmounts();
+  }
   screen_.Command3.SetEnabled(!stock);
   screen_.Command4.SetEnabled(!stock);
   screen_.StokFrm.SetVisible(stock);
@@ -139,7 +146,7 @@ void StockList::SearchChanged() {
 void StockList::SearchTapped() {
   if (!ListsStock()) return;
   const Muted muted(form_.RepositionGuard, Mute::Customers);
-  if (form_.KeyboardOpen) {
+  if (typing_) {
     TakeTyped();
   } else {
     StartTyping();
@@ -147,13 +154,18 @@ void StockList::SearchTapped() {
 }
 
 void StockList::StartTyping() {
+  typing_ = true;
   step("all cards", cursors_.CariData.Open(sources::kStock));
   screen_.Stoktxt.SetText("");
   OpenKeyboard(form_, screen_, screen_.Stoktxt);
 }
 
+void StockList::EndTyping() {
+  if (std::exchange(typing_, false)) CloseKeyboard(form_, screen_);
+}
+
 void StockList::TakeTyped() {
-  CloseKeyboard(form_, screen_);
+  EndTyping();
   Cursor& cards = cursors_.CariData;
   const std::string text = screen_.Stoktxt.Text();
   form_.LastStokSearch = text;

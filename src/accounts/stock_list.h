@@ -29,6 +29,7 @@ class StockList {
   void SearchTapped();
   void StartTyping();
   void TakeTyped();
+  void EndTyping();
   [[nodiscard]] bool ListsStock() const;
 
   Screen& screen_;
@@ -39,6 +40,7 @@ class StockList {
   BalanceDisplay& figure_;
   OverdueNotice& overdue_;
   bool switching_ = false;
+  bool typing_ = false;  // a search in Stoktxt was begun by a tap
   Connections connections_;
 };
 

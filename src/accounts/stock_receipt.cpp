@@ -2,6 +2,7 @@
 
 #include "books/sources.h"
 #include "books/steps.h"
+#include "desk/quiet_line.h"
 #include "desk/refusal.h"
 #include "platform/keyboard.h"
 #include "text/format.h"
@@ -14,6 +15,16 @@ constexpr int kName = 0, kRowPrice = 1, kTotalPrice = 2, kQuantity = 3, kTax = 4
 constexpr int kTotal = 5;  // of Label12
 constexpr int kClose = 0, kSave = 1;
 const Steps step("StockReceipt");
+
+// A quote in a name is a letter, and a name that has signs of a search in it is found by itself first.
+bool FindSearched(Cursor& cards, const std::string& text) {
+  const std::string whole = sources::Quoted(text), beginning = sources::Quoted(text + "*");
+  for (const std::string& criteria : {"Barkod=" + whole, "StokAdi=" + whole, "StokAdi Like " + beginning, "StokKod Like " + beginning}) {
+    step("find card", cards.FindFirst(criteria));
+    if (!cards.NoMatch()) return true;
+  }
+  return false;
+}
 
 bool HoldsNumber(int index) {
   return index >= kRowPrice && index <= kTax;
@@ -92,11 +103,15 @@ void StockReceipt::Search() {
 bool StockReceipt::StandOnSearched(const std::string& text) {
   const Muted muted(form_.RepositionGuard, Mute::Items);
   Cursor& cards = cursors_.StokData;
-  for (const std::string& criteria : {"Barkod='" + text + "'", "StokAdi Like '" + text + "*'", "StokKod Like '" + text + "*'"}) {
-    step("find card", cards.FindFirst(criteria));
-    if (!cards.NoMatch()) return true;
-  }
-  return false;
+  if (FindSearched(cards, text)) return true;
+  // The list is narrowed to a group or a name; what a supplier brings may be any item.
+  Cursor all(world_.stores, "all cards");
+  all.SetDatabaseName(cards.DatabaseName());
+  step("all cards", all.Open(sources::kStock));
+  if (!FindSearched(all, text)) return false;
+  step("all cards", cards.Open(sources::kStock));
+  step("found card", cards.MoveTo(all.CurrentKey()));
+  return true;
 }
 
 void StockReceipt::Save() {
@@ -112,7 +127,7 @@ void StockReceipt::Save() {
   screen_.SetBusy(true);
   const Status received = Receive();
   screen_.SetBusy(false);
-  ShowRefusal(world_, received);
+  ShowRefusal(screen_, world_, received);
 }
 
 Receipt StockReceipt::ReadReceipt() const {
@@ -130,27 +145,34 @@ Receipt StockReceipt::ReadReceipt() const {
 }
 
 Status StockReceipt::Receive() {
-  const auto booked = BookReceipt(shop_, ReadReceipt());
+  if (!customer_.BringServed()) {
+    screen_.StokAl.SetVisible(false);
+    return {};
+  }
+  const Receipt receipt = ReadReceipt();
+  const auto booked = BookReceipt(shop_, receipt);
   if (!booked && booked.error().Kind() == ErrorKind::NoRecord) {
     // Deleted at another terminal: the list shows who is left, and nobody is owed what nobody delivered.
     screen_.StokAl.SetVisible(false);
+    Tell(screen_, "Kart başka bir terminalde silinmiş: " + customer_.Name());
     customer_.RefreshAndFollow();
     return {};
   }
   if (!booked) return booked.error();
   form_.CurrentLineId = booked->id;
-  ShowReceived(Field(kName));
+  ShowReceived(booked->item);
+  Tell(screen_, PlainNumber(receipt.quantity) + " × " + receipt.name + " " + Format(receipt.amount, "Standard") + " teslim alındı");
   for (int i = 0; i < screen_.Text6.Count(); ++i) screen_.Text6(i).SetText("");
   return {};
 }
 
 // The stock list stands on the card that was raised, if it is in the list, and day book and ledger show the receipt.
-void StockReceipt::ShowReceived(const std::string& name) {
+void StockReceipt::ShowReceived(RowKey item) {
   {
     const Muted muted(form_.RepositionGuard, Mute::Items);
     Cursor& cards = cursors_.StokData;
     step("refresh stock", cards.Refresh());
-    step("received item", cards.FindFirst("StokAdi=" + sources::Quoted(name)));
+    step("received item", cards.MoveTo(item));
   }
   customer_.Follow();
 }

@@ -28,7 +28,7 @@ class StockReceipt {
   bool StandOnSearched(const std::string& text);
   void Save();  // StokAlCmd(1)
   [[nodiscard]] Receipt ReadReceipt() const;
-  void ShowReceived(const std::string& name);
+  void ShowReceived(RowKey item);
   [[nodiscard]] const std::string& Field(int index) const { return screen_.Text6(index).Text(); }
   [[nodiscard]] double Total() const;
 

@@ -4,6 +4,7 @@
 #include "books/steps.h"
 #include "platform/messages.h"
 #include "platform/window.h"
+#include "text/turkish.h"
 
 namespace karvel {
 namespace {
@@ -54,6 +55,8 @@ bool UsePasswords::AdmitToCustomerMenu() {
 void UsePasswords::OpenCustomerMenu() {
   // The same list also shows stock and the day book, which have no such menu; and it may have turned while the password was typed.
   if (!customer_.IsThere() || !AdmitToCustomerMenu() || !customer_.IsThere()) return;
+  if (Trim(screen_.Text1(0).Text()).empty()) customer_.Follow();  // the menu is that of the row under the finger
+  if (!customer_.BringServed()) return;
   step("ledger", cursors_.CariHarData.Open(sources::LedgerOf(customer_.Code())));
   screen_.CarSil.SetCaption(cursors_.CariHarData.HasRows() ? "Cari Hareketleri Sil" : "Cari Kartı Sil");
   screen_.CarSil.SetVisible(true);

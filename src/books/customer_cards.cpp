@@ -9,12 +9,6 @@
 namespace karvel {
 namespace {
 
-// Two texts that differ only in the kind of an i are taken for the same.
-std::string AnyI(std::string text) {
-  for (const char* const letter : {"İ", "ı", "i", "I"}) text = ReplaceAll(text, letter, "?");
-  return text;
-}
-
 // Mail knows no dotless i: there an "I" is the "i" of everywhere else.
 std::string AddressLower(const std::string& text) {
   return TurkishLower(ReplaceAll(text, "I", "i"));
@@ -56,7 +50,7 @@ Outcome<bool> IsCustomerCodeTaken(const Shop& shop, const std::string& code) {
   BookCursor cards(shop.stores, "all cards", "Cari.Mdb", kCustomerCards);
   // As it stands, for signs such as "#" and "[" mean more than themselves in a pattern; then with any kind of i.
   Status found = FindCustomer(cards, code);
-  if (found.Kind() == ErrorKind::NoRecord) found = cards.FindFirst("CariKod Like " + sources::Quoted(AnyI(code)));
+  if (found.Kind() == ErrorKind::NoRecord) found = cards.FindFirst("CariKod Like " + sources::Quoted(AnyKindOfI(code)));
   if (found.Ok()) return true;
   if (found.Kind() == ErrorKind::NoRecord) return false;
   return std::unexpected(found);

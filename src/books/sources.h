@@ -22,6 +22,12 @@ inline const std::string kCustomersUnordered =
     "Select * From CariKartlar Where HesKullan=False And Gurup<>'Toptan' And LCase(Gurup)<>'plasiyer' And Left(CariKod,1)<>'=' And "
     "CariKod<>'Merkez'";
 inline const std::string kCustomers = kCustomersUnordered + " Order By Unvan Asc";
+// With the wholesalers too: whoever names somebody means its bearer.
+inline const std::string kNamedCustomers =
+    "Select * From CariKartlar Where HesKullan=False And lcase(Gurup)<>'plasiyer' And Left(CariKod,1)<>'=' And CariKod<>'Merkez' Order By "
+    "Unvan Asc";
+// Everybody but the shop's own money accounts.
+inline const std::string kPayers = "Select * From CariKartlar Where HesKullan=False And Left(CariKod,1)<>'=' Order By Unvan Asc";
 inline const std::string kAllCustomers = "Select * From CariKartlar Where HesKullan=False Order By Unvan Asc";
 inline std::string CustomersOfGroup(const std::string& group) {
   return "Select * From CariKartlar Where HesKullan=False And Gurup=" + Quoted(group) + " Order By Unvan Asc";

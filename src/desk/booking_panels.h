@@ -2,8 +2,12 @@
 #pragma once
 
 #include <array>
+#include <string>
 
+#include "desk/customer_in_front.h"
+#include "desk/parts.h"
 #include "desk/screen.h"
+#include "platform/signal.h"
 
 namespace karvel {
 
@@ -25,5 +29,21 @@ inline std::array<BookingPanel, 5> BookingPanels(Screen& screen) {
 // Closes all of them, for when another list or customer comes in front: a receipt, a collection, a card or serials that were begun would be
 // booked on the wrong one, and an item that was typed in one sale is not asked for in another.
 void CloseBookingPanels(Screen& screen);
+
+// Closes the receipt and the collection when another customer than the one for whom they were opened comes in front.
+class CustomerPanels {
+ public:
+  CustomerPanels(const DeskParts& parts, const CustomerInFront& customer);
+
+ private:
+  void Opened(Element& panel);
+  void CustomerMoved();
+
+  Screen& screen_;
+  const FormState& form_;
+  const CustomerInFront& customer_;
+  std::string openedFor_;  // his code; "" while neither is open
+  Connections connections_;
+};
 
 }  // namespace karvel

@@ -4,6 +4,7 @@
 #include "books/steps.h"
 #include "desk/captions.h"
 #include "desk/completion.h"
+#include "desk/customer_search.h"
 #include "desk/list_in_front.h"
 #include "desk/new_cards.h"
 #include "desk/screen_keyboard.h"
@@ -19,6 +20,7 @@ CustomerField::CustomerField(const DeskParts& parts, CustomerInFront& customer)
   Element& field = screen_.Text1(0);
   connections_ += field.changed.Connect([this] { TextChanged(); });
   connections_ += field.gotFocus.Connect([this] { Focused(); });
+  connections_ += field.lostFocus.Connect([this] { Left(); });
   connections_ += field.keyUp.Connect([this](const KeyEvent& event) { KeyUp(event); });
   connections_ += field.character.Connect([this](CharacterEvent& event) { Character(event); });
 }
@@ -33,6 +35,14 @@ void CustomerField::Focused() {
     customer_.Follow();  // the balance beside the name is this customer's
   }
   field.SelectAll();  // the next name takes the place of what stands there
+}
+
+// A beginning that was left is the name that it began: what is paid now goes to the row that it found.
+void CustomerField::Left() {
+  const std::string text = Trim(screen_.Text1(0).Text());
+  if (!AtRest(screen_) || !ListsCustomers(screen_) || text.empty() || !NamesCard(text, customer_.Name())) return;
+  CloseKeyboard(form_, screen_);
+  if (!customer_.HasName(text) || screen_.Label8.Caption() != customer_.Code()) customer_.Follow();
 }
 
 bool CustomerField::FindQuietly(const std::string& text) {
@@ -56,8 +66,15 @@ void CustomerField::TextChanged() {
 void CustomerField::KeyUp(const KeyEvent& event) {
   Element& field = screen_.Text1(0);
   if (!ListsCustomers(screen_) || !IsCompletingKey(event) || field.Text().empty() || field.Text() == "*") return;
-  if (customer_.HasName(field.Text())) return;
-  if (FindQuietly(field.Text()) && !form_.KeyboardOpen) Complete(field, customer_.Name());
+  if (form_.KeyboardOpen) {
+    FindQuietly(field.Text());
+    return;
+  }
+  if (!customer_.HasName(field.Text())) {
+    if (!FindQuietly(field.Text())) return;
+    Complete(field, customer_.Name());
+  }
+  customer_.ShowCodeAndBalance();
 }
 
 void CustomerField::Character(CharacterEvent& event) {
@@ -70,13 +87,9 @@ void CustomerField::Character(CharacterEvent& event) {
   if (customer_.HasName(text)) {
     // The row in front is the one meant, even if another bears the same name.
     customer_.Follow();
-  } else {
-    Cursor& customers = cursors_.CariData;
-    step("find customer", customers.FindFirst("Unvan Like '" + text + "*'"));
-    if (customers.NoMatch()) {
-      OpenCustomerCard(screen_, Trim(text));
-      return;
-    }
+  } else if (!FindCustomerByText(cursors_.CariData, text) && !customer_.BringCardNumber(Trim(text))) {
+    OpenCustomerCard(screen_, Trim(text));
+    return;
   }
   customer_.OpenDayBook();
   list.SetFocus();

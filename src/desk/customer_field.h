@@ -13,6 +13,7 @@ class CustomerField {
 
  private:
   void Focused();
+  void Left();
   void TextChanged();
   void KeyUp(const KeyEvent& event);
   void Character(CharacterEvent& event);

@@ -1,5 +1,5 @@
 // The customer in front: the row on which the customer list stands, and all that follows it: the name in the field, his code and balance,
-// his day book, ledger and due dates, the overdue notice, and whether he collects at once.
+// which way his money goes, his day book, ledger and due dates, the overdue notice, and whether he collects at once.
 //
 // The same list also shows stock cards and the day's turnover; then nobody is in front and nothing follows.
 #pragma once
@@ -23,7 +23,8 @@ class CustomerInFront {
   [[nodiscard]] bool IsThere() const;
   [[nodiscard]] std::string Code() const { return list_.Text("CariKod"); }
   [[nodiscard]] std::string Name() const { return list_.Text("Unvan"); }
-  [[nodiscard]] bool HasName(const std::string& name) const { return IsThere() && Name() == name; }
+  // Whether the text is the name of whom the list stands on, blanks around it aside.
+  [[nodiscard]] bool HasName(const std::string& text) const;
   // The key of his row; 0 when nobody is in front.
   [[nodiscard]] RowKey Key() const { return list_.CurrentKey(); }
   // His balance as the files have it now; as the list has it where they can't be read.
@@ -34,6 +35,15 @@ class CustomerInFront {
   // Whether the list was narrowed by this piece of its source.
   [[nodiscard]] bool ListedBy(const std::string& condition) const;
 
+  // Makes sure that the list stands on the one whom the screen names, before anything is booked on him: in a sale its customer, at rest the
+  // bearer of the name in the field, of which a beginning will do where it means the row in front. Where the list stands elsewhere his card
+  // comes in front, from another list if need be, and everything follows. False where the field is empty, where nobody bears the name or
+  // more than one does, and where the files can't be read; then nothing moves, and the quiet line says why.
+  bool BringServed();
+  // The same for the bearer of this name and of this card number.
+  bool BringNamed(const std::string& name);
+  bool BringCardNumber(const std::string& number);
+
   // Lets everything follow to the row on which the list stands, after it was reached while the followers kept still. Without a row, all of
   // it names nobody.
   void Follow();
@@ -43,12 +53,10 @@ class CustomerInFront {
   void ReadListAnew(const std::string& code);
   // Moves the list to the card with this code while nothing follows. Reads nothing where it stands there already.
   void StandQuietlyOn(const std::string& code);
-  // Brings the first customer of this name in front; everything follows. False, and nothing changes, where the list has none. Where the row
-  // in front bears the name it is the one meant, even if another bears it too.
-  bool BringNamed(const std::string& name);
-  // For a list that could not be read: reads it anew and moves to the first customer of this name. False where there is none, or where it
-  // still can't be read.
-  bool FindAnew(const std::string& name);
+  // Names him beside the list while he is looked for: his code and balance. His books are opened when he is chosen.
+  void ShowCodeAndBalance();
+  // Gives the list another source and moves it to this row, or to the first where it lacks the row; everything follows.
+  void ShowListAt(const std::string& source, RowKey row);
   // Reads the list anew; everything follows to its first row.
   void RefreshAndFollow();
   // Opens his day book, ledger and due dates, also in purchase mode, where they don't follow the list. The order of the day book, by date,
@@ -65,6 +73,13 @@ class CustomerInFront {
  private:
   void Followed();  // the list's current row changed
   void FollowFields();
+  void FollowDirection();
+  [[nodiscard]] bool IsBorne(const std::string& criteria) const;
+  bool BringOnly(const std::string& criteria, const std::string& text);
+  bool BringCode(const std::string& code);
+  bool BringInSale(const std::string& code);
+  // In the list in front, or in one of those that together have every kind of customer.
+  bool FindInAnyList(const std::string& code);
 
   Screen& screen_;
   FormState& form_;

@@ -1,6 +1,7 @@
 #include "desk/desk.h"
 
 #include "desk/balance_display.h"
+#include "desk/booking_panels.h"
 #include "desk/customer_field.h"
 #include "desk/customer_in_front.h"
 #include "desk/date_index.h"
@@ -42,12 +43,13 @@ struct Desk::Features {
   DayTotal dayTotal{parts, balance};
   OverdueNotice overdue{parts};
   CustomerInFront customer{parts, balance, dayTotal, overdue};
+  CustomerPanels panels{parts, customer};
   MainButton button{parts};
   PriceFloor floor{parts};
   PriceSelection prices{parts, customer, floor};
   SaleFields fields{parts, floor, button};
-  SaleMode saleMode{parts, prices, button, customer, balance, dayTotal};
   GroupList groups{parts, prices, customer};
+  SaleMode saleMode{parts, prices, button, customer, balance, dayTotal, groups};
   CustomerField customerField{parts, customer};
   ListFilter filter{parts, customer, prices};
   WayOut wayOut{parts};
@@ -58,7 +60,7 @@ struct Desk::Features {
   FixedWindow window{parts};
   LongPress longPress{parts};
   DeskFont font{parts};
-  StartUp startUp{parts, {customer, balance, groups, prices, options, window, font}};
+  StartUp startUp{parts, {customer, balance, button, groups, prices, options, window, font}};
   ShutDown shutDown{parts, longPress};
 };
 

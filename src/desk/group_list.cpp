@@ -15,9 +15,8 @@ GroupList::GroupList(const DeskParts& parts, PriceSelection& prices, CustomerInF
     : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), settings_(parts.settings), prices_(prices), customer_(customer) {
   connections_ += screen_.GurupCombo.click.Connect([this] { Chosen(); });
   connections_ += screen_.ComboCmd.click.Connect([this] { Flip(); });
-  connections_ += screen_.Frame2.altered.Connect([this] {
-    if (waits_ && !screen_.Frame2.Visible() && ListsCustomerGroups(screen_)) CustomerGroupChosen();
-  });
+  for (Element* const inFront : {static_cast<Element*>(&screen_.Frame2), static_cast<Element*>(&screen_.CariGrid)})
+    connections_ += inFront->altered.Connect([this] { ShowAfterAll(); });
 }
 
 void GroupList::Fill() {
@@ -39,19 +38,34 @@ void GroupList::Chosen() {
   if (showing_ || !screen_.ComboCmd.Visible()) return;
   if (!ListsCustomerGroups(screen_)) {
     StockGroupChosen();
-  } else if (screen_.Frame2.Visible()) {
+  } else if (!AtRest(screen_)) {
     KeepForLater();
   } else {
     CustomerGroupChosen();
   }
 }
 
-// In a sale the customer stays: another list under it would book the sale elsewhere. The prices follow at once, the list after the sale.
+// In a sale the customer stays: another list under it would book the sale elsewhere. The deleted lines stay too, until their tick goes. The
+// prices follow at once, the list when it is in front again.
 void GroupList::KeepForLater() {
-  form_.CustomerGroup = screen_.GurupCombo.Text();
-  settings_.Save(Setting::CustomerGroup, form_.CustomerGroup);
-  prices_.SetFirstPriceColumn();
+  Keep(screen_.GurupCombo.Text());
   waits_ = true;
+}
+
+void GroupList::ShowAfterAll() {
+  if (waits_ && AtRest(screen_) && !screen_.Frame2.Visible() && ListsCustomerGroups(screen_)) CustomerGroupChosen();
+}
+
+void GroupList::ChooseAll() {
+  waits_ = false;
+  Keep(sources::kAllGroups);
+  if (ListsCustomerGroups(screen_)) Show(sources::kAllGroups);
+}
+
+void GroupList::Keep(const std::string& customerGroup) {
+  form_.CustomerGroup = customerGroup;
+  settings_.Save(Setting::CustomerGroup, customerGroup);
+  prices_.SetFirstPriceColumn();
 }
 
 void GroupList::CustomerGroupChosen() {
@@ -64,8 +78,7 @@ void GroupList::CustomerGroupChosen() {
   const bool wholesale = EqualText(group, "Toptan");
   screen_.Label1(5).SetCaption(wholesale ? caption::kPayment : caption::kCollection);
   screen_.Label1(0).SetCaption(wholesale ? caption::kWholesale : caption::kToSale);
-  form_.CustomerGroup = group;
-  settings_.Save(Setting::CustomerGroup, group);
+  Keep(group);
   {
     const Muted muted(form_.RepositionGuard, Mute::Fields);
     step("customers of the group",
@@ -74,7 +87,6 @@ void GroupList::CustomerGroupChosen() {
   if (customers.HasRows()) screen_.Text1(0).SetText(customers.Text("Unvan"));
   customer_.Follow();
   if (customers.HasRows()) screen_.CariGrid.SetFocus();
-  prices_.SetFirstPriceColumn();
 }
 
 void GroupList::StockGroupChosen() {

@@ -18,11 +18,15 @@ class GroupList {
   void Fill();
   // Chooses the entry of this group, or the first where it is gone, while the list stays as it is.
   void Show(const std::string& group);
+  // Every group of customers from now on, also at the next start; the list itself is the caller's.
+  void ChooseAll();
 
  private:
   void Chosen();
   void CustomerGroupChosen();
+  void Keep(const std::string& customerGroup);
   void KeepForLater();
+  void ShowAfterAll();
   void StockGroupChosen();
   void Flip();  // ComboCmd
 
@@ -33,7 +37,7 @@ class GroupList {
   PriceSelection& prices_;
   CustomerInFront& customer_;
   bool showing_ = false;
-  bool waits_ = false;  // a group chosen in a sale waits until it is left
+  bool waits_ = false;  // a group chosen in a sale, or over the deleted lines, waits until they are left
   Connections connections_;
 };
 

@@ -45,7 +45,7 @@ bool MainButton::Try(const std::function<Status()>& work) {
   const Status done = work();
   if (done.Ok()) return true;
   Allow(true);
-  ShowRefusal(world_, done);
+  ShowRefusal(screen_, world_, done);
   return false;
 }
 
@@ -56,6 +56,7 @@ void MainButton::SetWaiting(bool waiting) {
 
 void MainButton::OfferPosting() {
   screen_.Command2.SetCaption(caption::kConfirm);
+  FollowAmounts();
 }
 
 void MainButton::GiveUpLine() {

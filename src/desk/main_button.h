@@ -34,7 +34,7 @@ class MainButton {
   // The same without asking him to wait.
   bool Try(const std::function<Status()>& work);
 
-  // "Tamam": a line can be sold, or money taken. A correction that was begun goes on.
+  // "Tamam": a line can be sold, or money taken, where there is an amount to post. A correction that was begun goes on.
   void OfferPosting();
   // The same, and a correction or deletion that was begun is given up.
   void GiveUpLine();

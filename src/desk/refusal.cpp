@@ -1,12 +1,15 @@
 #include "desk/refusal.h"
 
+#include "desk/quiet_line.h"
 #include "platform/clerk_message.h"
 #include "platform/messages.h"
 
 namespace karvel {
 
-void ShowRefusal(const World& world, const Status& outcome) {
-  if (!outcome.Ok()) world.messages.MessageBox(ClerkMessage(outcome), "Kayıt Yapılamadı", MessageIcon::Stop, MessageButtons::Ok);
+void ShowRefusal(Screen& screen, const World& world, const Status& outcome) {
+  if (outcome.Ok()) return;
+  Tell(screen, ClerkMessage(outcome));
+  world.messages.MessageBox(ClerkMessage(outcome), "Kayıt Yapılamadı", MessageIcon::Stop, MessageButtons::Ok);
 }
 
 }  // namespace karvel

@@ -5,6 +5,7 @@
 #include "books/stored_cards.h"
 #include "desk/captions.h"
 #include "desk/completion.h"
+#include "desk/quiet_line.h"
 #include "platform/event_loop.h"
 #include "settings/slip_number.h"
 #include "text/format.h"
@@ -13,7 +14,9 @@
 namespace karvel {
 namespace {
 const Steps step("PostLine");
-}
+constexpr const char* kItemGone = "Satılmadı: ürünün kartı başka bir terminalde silinmiş";
+constexpr const char* kPaymentPlace = "Ödeme alınmadı: satıştan çıkıp müşteri listesinde Tamam'a dokunun";
+}  // namespace
 
 SaleConfirmation::SaleConfirmation(const DeskParts& parts, MainButton& button, CustomerInFront& customer, BalanceDisplay& balance)
     : shop_(parts.shop),
@@ -40,20 +43,23 @@ void SaleConfirmation::Confirm() {
 
 // Whether the screen names what is sold; if not, the focus goes to the field that lacks it.
 bool SaleConfirmation::LineIsWhole() {
-  const auto missing = [](Element& field) {
+  const auto missing = [this](Element& field, const char* why) {
     field.SetFocus();
+    Tell(screen_, why);
     return false;
   };
   const Cursor& item = cursors_.StokData;
   const std::string name = Trim(screen_.Text1(1).Text());
-  if (name.empty() || !item.HasCurrent() || !NamesCard(name, item.Text("StokAdi"))) return missing(screen_.Text1(1));
+  if (name.empty() || !item.HasCurrent() || !NamesCard(name, item.Text("StokAdi")))
+    return missing(screen_.Text1(1), "Satılmadı: ürünü seçin");
   // A payment that was typed in a sale opens the button too, but there is nothing to sell.
-  if (NumberOrZero(screen_.Text2(1).Text()) == 0) return missing(screen_.Text2(1));
+  if (NumberOrZero(screen_.Text2(1).Text()) == 0)
+    return missing(screen_.Text2(1), PaymentWaits() ? kPaymentPlace : "Satılmadı: miktarı yazın");
   Cursor stored(world_.stores, "sold");
   // Its card was deleted at another terminal.
-  if (OpenStoredItem(stored, item) == Stored::Gone) return missing(screen_.Text1(1));
+  if (OpenStoredItem(stored, item) == Stored::Gone) return missing(screen_.Text1(1), kItemGone);
   // An item looked up in the price field leaves its name there, which is no price.
-  if (!IsNumeric(screen_.Text2(0).Text())) return missing(screen_.Text2(0));
+  if (!IsNumeric(screen_.Text2(0).Text())) return missing(screen_.Text2(0), "Satılmadı: fiyatı yazın");
   return true;
 }
 
@@ -77,7 +83,9 @@ SaleLine SaleConfirmation::ReadLine() const {
 }
 
 Status SaleConfirmation::PostLine() {
-  const auto booked = BookSaleLine(shop_, ReadLine());
+  const SaleLine line = ReadLine();
+  const std::string item = cursors_.StokData.Text("StokAdi");
+  const auto booked = BookSaleLine(shop_, line);
   if (!booked) return booked.error();
   form_.CurrentLineId = booked->id;
   // The sale goes on under the code of the card that the line made; otherwise the next line would make another.
@@ -94,7 +102,19 @@ Status SaleConfirmation::PostLine() {
   world_.loop.RunPendingButInput();
   screen_.List1.ClearItems();
   ResetFields();
+  TellSold(line, item);
   return {};
+}
+
+bool SaleConfirmation::PaymentWaits() const {
+  return NumberOrZero(screen_.Text2(2).Text()) != 0;
+}
+
+void SaleConfirmation::TellSold(const SaleLine& line, const std::string& item) {
+  std::string said = PlainNumber(line.quantity) + " × " + item + " " + Format(line.amount, "Standard") + " kaydedildi";
+  if (line.mode != LineMode::Sale) said += " (" + std::string(NameOf(line.mode)) + ")";
+  if (PaymentWaits()) said += std::string("; ") + kPaymentPlace;
+  Tell(screen_, said);
 }
 
 void SaleConfirmation::ResetFields() {
@@ -102,7 +122,7 @@ void SaleConfirmation::ResetFields() {
   screen_.Label1(2).SetCaption(std::string(NameOf(PriceName::First)));
   screen_.Text2(0).SetText(PlainNumber(form_.PriceSlots[0]));
   screen_.Frame4.SetVisible(false);  // a serial read from here on would belong to no line
-  if (button_.OffersPosting()) button_.Allow(true);
+  button_.FollowAmounts();
   screen_.StokGrid.SetFocus();
 }
 

@@ -26,6 +26,8 @@ class SaleConfirmation {
   bool LineIsWhole();
   [[nodiscard]] SaleLine ReadLine() const;
   void ResetFields();
+  [[nodiscard]] bool PaymentWaits() const;
+  void TellSold(const SaleLine& line, const std::string& item);
 
   Shop shop_;
   Screen& screen_;

@@ -7,6 +7,7 @@
 #include "desk/booking_panels.h"
 #include "desk/captions.h"
 #include "desk/list_in_front.h"
+#include "desk/quiet_line.h"
 #include "desk/sale_fields.h"
 #include "desk/screen_keyboard.h"
 #include "platform/event_loop.h"
@@ -21,7 +22,7 @@ const Steps step("SaleMode");
 }
 
 SaleMode::SaleMode(const DeskParts& parts, PriceSelection& prices, MainButton& button, CustomerInFront& customer, BalanceDisplay& figure,
-                   DayTotal& dayTotal)
+                   DayTotal& dayTotal, GroupList& groups)
     : screen_(parts.screen),
       form_(parts.form),
       cursors_(parts.cursors),
@@ -31,7 +32,8 @@ SaleMode::SaleMode(const DeskParts& parts, PriceSelection& prices, MainButton& b
       button_(button),
       customer_(customer),
       figure_(figure),
-      dayTotal_(dayTotal) {
+      dayTotal_(dayTotal),
+      groups_(groups) {
   Screen& screen = screen_;
   for (int i = 0; i < screen.Label1.Count(); ++i) connections_ += screen.Label1(i).dblClick.Connect([this, i] { DoubleTap(i); });
   connections_ += screen.Label4.dblClick.Connect([this] { NextMode(); });
@@ -108,14 +110,14 @@ bool SaleMode::Enter() {
   if (!ListsCustomers(screen_)) return false;  // a row of stock or of the day book buys nothing
   CloseKeyboard(form_, screen_);               // what was written on it is taken, so the item in front is shown
   CloseBookingPanels(screen_);
-  screen_.Text2(2).SetText("0");
-  screen_.Text2(3).SetText("0");
+  DropAmounts();
   if (customer_.ListedBy("Gurup='Toptan")) {
     ReturnFromWholesale();
     return false;
   }
   form_.SlipNo.clear();
-  if (!customer_.BringNamed(screen_.Text1(0).Text())) return false;
+  if (!customer_.BringNamed(Trim(screen_.Text1(0).Text()))) return false;
+  customer_.Follow();  // as he is now: another terminal may have posted to him
   button_.OfferPosting();
   screen_.HareketGrid.SetMarker(false);
   if (screen_.Text1(0).Text().empty()) screen_.Text1(0).SetText(customer_.Name());
@@ -136,6 +138,7 @@ void SaleMode::ReturnFromWholesale() {
     const Muted muted(form_.RepositionGuard, Mute::DayBook);
     step("customer list", cursors_.CariData.Open(sources::kCustomers));
   }
+  groups_.ChooseAll();
   // The balance on the screen is that of the row in front, no longer the wholesaler's.
   if (customer_.IsThere()) customer_.Follow();
   screen_.Text1(0).SetText("");
@@ -180,6 +183,8 @@ void SaleMode::RefreshStock(bool quietly) {
 
 void SaleMode::Leave() {
   CloseBookingPanels(screen_);
+  ShowMode(LineMode::Sale);  // at rest no mode is in force, and the list leads the fields
+  const bool served = customer_.BringServed();
   // The next customer's items are looked for in the whole list.
   screen_.Text5.SetText("");
   if (ContainsText(cursors_.StokData.RecordSource(), " Like ")) {
@@ -187,14 +192,14 @@ void SaleMode::Leave() {
     step("all stock", cursors_.StokData.Open(sources::kStock));
   }
   screen_.CariGrid.SetVisible(true);
+  if (!served) customer_.Follow();
   screen_.StokGrid.SetVisible(false);
   screen_.HareketGrid.SetVisible(false);
   figure_.ColorForRest();
   // The balance stands beside the list again, not the sum of the day or of a slip.
   ShowBalance();
   screen_.Text1(0).SetEnabled(true);
-  screen_.Text2(2).SetText("0");
-  screen_.Text2(3).SetText("0");
+  DropAmounts();
   screen_.Label8.SetCaption(customer_.Code());
   screen_.Frame2.SetVisible(false);
   // An item or a line that was tapped in the sale is no longer meant: at rest the button takes payments.
@@ -204,6 +209,14 @@ void SaleMode::Leave() {
   step("refresh ledger", cursors_.CariHarData.Refresh());
   step("refresh movements", cursors_.StokHarData.Refresh());
   screen_.CariGrid.SetFocus();
+}
+
+// A payment that was typed before the sale, or in it, is not taken with it; the clerk is told.
+void SaleMode::DropAmounts() {
+  Element& payment = screen_.Text2(2);
+  if (NumberOrZero(payment.Text()) != 0) Tell(screen_, payment.Text() + " alınmadı; müşteri listesinde yazıp Tamam'a dokunun");
+  payment.SetText("0");
+  screen_.Text2(3).SetText("0");
 }
 
 void SaleMode::ShowBalance() {
@@ -220,7 +233,7 @@ void SaleMode::NextMode() {
   ShowMode(mode == LineMode::Sale ? LineMode::Return : mode == LineMode::Return ? LineMode::Purchase : LineMode::Sale);
   screen_.Frame4.SetVisible(false);
   screen_.StokGrid.SetFocus();
-  customer_.OpenDayBook("Asc");
+  if (customer_.BringServed()) customer_.OpenDayBook("Asc");
 }
 
 void SaleMode::TapStock() {
@@ -231,7 +244,7 @@ void SaleMode::TapStock() {
   UnmarkFieldNames(screen_);
   form_.ActiveCursor = &cursors_.StokData;
   ShowMode(LineMode::Sale);
-  ShowBalance();
+  if (customer_.BringServed()) ShowBalance();
 }
 
 }  // namespace karvel

@@ -5,6 +5,7 @@
 #include "desk/balance_display.h"
 #include "desk/customer_in_front.h"
 #include "desk/day_total.h"
+#include "desk/group_list.h"
 #include "desk/main_button.h"
 #include "desk/parts.h"
 #include "desk/price_selection.h"
@@ -15,7 +16,7 @@ namespace karvel {
 class SaleMode {
  public:
   SaleMode(const DeskParts& parts, PriceSelection& prices, MainButton& button, CustomerInFront& customer, BalanceDisplay& figure,
-           DayTotal& dayTotal);
+           DayTotal& dayTotal, GroupList& groups);
 
  private:
   void DoubleTap(int index);
@@ -29,6 +30,7 @@ class SaleMode {
   void Leave();
   void ShowBalance();
   void ShowMode(LineMode mode);
+  void DropAmounts();
   void NextMode();  // Label4
   void TapStock();
 
@@ -42,6 +44,7 @@ class SaleMode {
   CustomerInFront& customer_;
   BalanceDisplay& figure_;
   DayTotal& dayTotal_;
+  GroupList& groups_;
   Connections connections_;
 };
 

@@ -9,6 +9,11 @@
 
 namespace karvel {
 
+struct KeyboardWish {
+  Element& field;
+  bool shown = false;  // a keyboard came in sight
+};
+
 class Screen {
  public:
   Elements elements;
@@ -170,14 +175,16 @@ class Screen {
 
   ElementArray Picture2 = Many("Picture2", Kind::Picture, {"", ""}, &Form1);
 
+  Element& Durum = One("Durum", Kind::Label, "", &Form1);  // the quiet line at the bottom (desk/quiet_line.h)
+
   // A busy pointer over the whole window.
   void SetBusy(bool busy) { SetPointer(busy); }
   [[nodiscard]] bool Busy() const { return busy_; }
   Signal<bool> pointerChanged;
   // Asks the window to open a pop-up menu (PopMenu, PopBrk, …) where the finger is.
   Signal<Element&> popUp;
-  // Asks for the on-screen keyboard over a text box, and says that it is no longer wanted.
-  Signal<Element&> keyboardWanted;
+  // Asks for the on-screen keyboard over a text box, and says that it is no longer wanted. Whoever shows one notes it in the wish.
+  Signal<KeyboardWish&> keyboardWanted;
   Signal<> keyboardDone;
 
  private:

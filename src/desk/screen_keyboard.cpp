@@ -3,8 +3,9 @@
 namespace karvel {
 
 void OpenKeyboard(FormState& form, Screen& screen, Element& field) {
-  form.KeyboardOpen = true;
-  screen.keyboardWanted(field);
+  KeyboardWish wish{field};
+  screen.keyboardWanted(wish);
+  form.KeyboardOpen = wish.shown;
 }
 
 void CloseKeyboard(FormState& form, Screen& screen) {

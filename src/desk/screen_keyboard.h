@@ -6,7 +6,7 @@
 
 namespace karvel {
 
-// Names are not completed and lists do not follow while it is open.
+// Names are not completed and lists do not follow while it is open. Where none comes in sight it isn't open: the clerk types on a real one.
 void OpenKeyboard(FormState& form, Screen& screen, Element& field);
 // Nothing happens when it is not open.
 void CloseKeyboard(FormState& form, Screen& screen);

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "books/book_cursor.h"
 #include "books/sources.h"
 #include "books/steps.h"
 #include "books/terminal_group.h"
@@ -50,8 +51,8 @@ bool StartUp::Load() {
   if (!CopyTemplates() || !OpenStores()) return false;
   step("terminal group", KeepTerminalGroup(shop_));
   FillStockGroups();
-  form_.CustomerGroup = settings_.Get(Setting::CustomerGroup);
-  form_.StockGroup = settings_.Get(Setting::StockGroup);
+  form_.CustomerGroup = KeptGroup(Setting::CustomerGroup, "Cari.Mdb");
+  form_.StockGroup = KeptGroup(Setting::StockGroup, "Stok.Mdb");
   SetSources();
   RefreshAll();
   screen_.DTPicker1.SetDate(world_.clock.Now().Date());
@@ -113,6 +114,15 @@ void StartUp::FillStockGroups() {
   std::vector<std::string> items{std::string(" ") + sources::kAllGroups};
   for (; groups.HasCurrent(); step("next group", groups.MoveNext())) items.push_back(groups.Text("Gurup"));
   screen_.GrpCombo.SetItems(std::move(items));
+}
+
+// The group of yesterday's list; where it is gone since, every group is shown.
+std::string StartUp::KeptGroup(Setting setting, const char* file) {
+  const std::string group = settings_.Get(setting);
+  if (group.empty()) return group;
+  BookCursor groups(world_.stores, "kept group", file, sources::kGroups);
+  const bool gone = groups.FindFirst("Gurup=" + sources::Quoted(group)).Kind() == ErrorKind::NoRecord;
+  return gone ? sources::kAllGroups : group;
 }
 
 void StartUp::SetSources() {
@@ -201,12 +211,11 @@ void StartUp::ShowGroups() {
   features_.prices.SetFirstPriceColumn();
 }
 
-// What stands beside the list belongs to the customer in front; his books are opened when he is first looked up.
+// What stands beside the list belongs to the customer in front, who can be served at once: in a new shop he is the walk-in customer.
 void StartUp::ShowCustomerInFront() {
   features_.balance.ColorForRest();
-  if (!features_.customer.IsThere()) return;
-  features_.balance.Show(cursors_.CariData.Number("Bakiye"));
-  screen_.Label8.SetCaption(features_.customer.Code());
+  if (features_.customer.IsThere()) features_.customer.Follow();
+  features_.button.FollowAmounts();
 }
 
 void StartUp::WaitForConnection() {

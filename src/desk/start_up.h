@@ -9,6 +9,7 @@
 #include "desk/desk_font.h"
 #include "desk/fixed_window.h"
 #include "desk/group_list.h"
+#include "desk/main_button.h"
 #include "desk/options.h"
 #include "desk/parts.h"
 #include "desk/price_selection.h"
@@ -21,6 +22,7 @@ class StartUp {
   struct Features {
     CustomerInFront& customer;
     BalanceDisplay& balance;
+    MainButton& button;
     GroupList& groups;
     PriceSelection& prices;
     Options& options;
@@ -43,6 +45,7 @@ class StartUp {
   bool CopyTemplates();
   bool OpenStores();
   void FillStockGroups();
+  std::string KeptGroup(Setting setting, const char* file);
   void SetSources();
   void RefreshAll();
   void ReadFormats();

@@ -1,9 +1,12 @@
 #include "desk/tapped_search.h"
 
+#include <utility>
+
 #include "books/sources.h"
 #include "books/steps.h"
 #include "desk/captions.h"
 #include "desk/completion.h"
+#include "desk/customer_search.h"
 #include "desk/list_in_front.h"
 #include "desk/new_cards.h"
 #include "desk/screen_keyboard.h"
@@ -14,11 +17,6 @@ namespace karvel {
 namespace {
 
 const Steps step("TappedSearch");
-
-// Unlike the standard list it has the wholesalers too: whoever types a name means its bearer.
-const std::string kSearched =
-    "Select * From CariKartlar Where HesKullan=False And lcase(Gurup)<>'plasiyer' And Left(CariKod,1)<>'=' And CariKod<>'Merkez' Order By "
-    "Unvan Asc";
 
 }  // namespace
 
@@ -33,7 +31,7 @@ TappedSearch::TappedSearch(const DeskParts& parts, CustomerInFront& customer, Pr
 void TappedSearch::TapCustomer() {
   // The same list also shows stock and the day book, which have search fields of their own.
   if (!AtRest(screen_) || !ListsCustomers(screen_)) return;
-  if (form_.KeyboardOpen) {
+  if (customerBefore_) {
     TakeCustomer();
   } else {
     StartCustomer();
@@ -41,6 +39,7 @@ void TappedSearch::TapCustomer() {
 }
 
 void TappedSearch::StartCustomer() {
+  customerBefore_ = Before{cursors_.CariData.RecordSource(), customer_.Key()};
   const std::string group = form_.ActiveFieldCode == 0 ? std::string() : form_.CustomerGroup;
   customer_.ShowList(sources::CustomersOfGroupNamed(group, ""));
   OpenKeyboard(form_, screen_, screen_.Text1(0));
@@ -50,6 +49,12 @@ void TappedSearch::StartCustomer() {
 void TappedSearch::TakeCustomer() {
   CloseKeyboard(form_, screen_);
   const std::string text = screen_.Text1(0).Text();
+  if (Trim(text).empty()) {
+    BringCustomerBack();
+    screen_.CariGrid.SetFocus();
+    return;
+  }
+  customerBefore_.reset();
   if (!ShowFound(text)) {
     OpenCustomerCard(screen_, Trim(text));
     return;
@@ -58,37 +63,30 @@ void TappedSearch::TakeCustomer() {
   screen_.CariGrid.SetFocus();
 }
 
+// Nothing was looked for: who was in front before comes back, in his list.
+void TappedSearch::BringCustomerBack() {
+  const Before before = *std::exchange(customerBefore_, std::nullopt);
+  customer_.ShowListAt(before.source, before.row);
+}
+
 bool TappedSearch::ShowFound(const std::string& text) {
   const Muted muted(form_.RepositionGuard, Mute::Fields);
   Cursor& customers = cursors_.CariData;
-  step("customer list", customers.Open(kSearched));
-  if (!FindCustomer(text)) return false;
+  step("customer list", customers.Open(sources::kNamedCustomers));
+  if (!FindCustomerByText(customers, text)) return false;
   const RowKey found = customers.CurrentKey();
   screen_.Text1(0).SetText(customers.Text("Unvan"));
-  const bool wholesale = EqualText(customers.Text("Gurup"), "Toptan");
-  if (wholesale) customers.SetRecordSource(sources::CustomersOfGroup("Toptan"));
-  screen_.Label1(5).SetCaption(wholesale ? caption::kPayment : caption::kCollection);
+  if (EqualText(customers.Text("Gurup"), "Toptan")) customers.SetRecordSource(sources::CustomersOfGroup("Toptan"));
   step("customer list", customers.Refresh());
   step("found customer", customers.MoveTo(found));
   return true;
 }
 
-bool TappedSearch::FindCustomer(const std::string& text) {
-  Cursor& customers = cursors_.CariData;
-  // A keyboard without the Turkish letters types one i for the other.
-  const std::string dotted = ReplaceAll(text, "İ", "i");
-  for (const std::string& criteria : {"Unvan Like '" + text + "*'", "KartNo='" + text + "'", "Unvan Like '" + dotted + "*'",
-                                      "Unvan Like '" + ReplaceAll(dotted, "I", "ı") + "*'"}) {
-    step("find customer", customers.FindFirst(criteria));
-    if (!customers.NoMatch()) return true;
-  }
-  return false;
-}
-
 void TappedSearch::TapProduct() {
-  if (form_.KeyboardOpen) {
+  if (itemBefore_) {
     TakeProduct();
   } else if (!SearchesByBarcode(screen_)) {
+    itemBefore_ = Before{cursors_.StokData.RecordSource(), cursors_.StokData.CurrentKey()};
     ShowAllStock();
     OpenKeyboard(form_, screen_, screen_.Text1(1));
     screen_.Text1(1).SetText("");
@@ -100,9 +98,25 @@ void TappedSearch::ShowAllStock() {
   step("all stock", cursors_.StokData.Open(sources::kStock));
 }
 
+void TappedSearch::BringItemBack() {
+  const Before before = *std::exchange(itemBefore_, std::nullopt);
+  {
+    const Muted muted(form_.RepositionGuard, Mute::Items);
+    step("stock list", cursors_.StokData.Open(before.source));
+    if (before.row != 0) step("item in front", cursors_.StokData.MoveTo(before.row));
+  }
+  prices_.ShowUnsoldItem();
+}
+
 void TappedSearch::TakeProduct() {
   CloseKeyboard(form_, screen_);
   const std::string text = screen_.Text1(1).Text();
+  if (Trim(text).empty()) {
+    BringItemBack();
+    screen_.StokGrid.SetFocus();
+    return;
+  }
+  itemBefore_.reset();
   form_.LastStokSearch = text;
   if (ShowNamed(text)) return;
   ShowAllStock();  // an empty list would hide the next item from the scanner
@@ -122,26 +136,27 @@ bool TappedSearch::ShowNamed(const std::string& text) {
 }
 
 void TappedSearch::LeaveCustomer() {
-  if (!form_.KeyboardOpen) return;
+  if (!customerBefore_) return;
   CloseKeyboard(form_, screen_);
-  // The field was emptied and the list began anew: what is paid now goes to the row in front, so the field must name it.
-  if (ListsCustomers(screen_) && Trim(screen_.Text1(0).Text()).empty()) customer_.Follow();
+  if (ListsCustomers(screen_) && Trim(screen_.Text1(0).Text()).empty()) BringCustomerBack();
+  customerBefore_.reset();
 }
 
 void TappedSearch::LeaveProduct() {
-  if (!form_.KeyboardOpen) return;
+  if (!itemBefore_) return;
   CloseKeyboard(form_, screen_);
-  if (!screen_.Frame2.Visible()) return;
+  const bool inSale = screen_.Frame2.Visible();  // else it was left in the middle of the search
   const Cursor& cards = cursors_.StokData;
   const std::string text = Trim(screen_.Text1(1).Text());
-  if (text.empty()) {
-    prices_.ShowUnsoldItem();  // nothing was looked for
-  } else if (cards.HasCurrent() && NamesCard(text, cards.Text("StokAdi"))) {
+  if (inSale && text.empty()) {
+    BringItemBack();
+  } else if (inSale && cards.HasCurrent() && NamesCard(text, cards.Text("StokAdi"))) {
     // What the open keyboard held back: the name is completed, and the prices are those of this item and customer.
     const Muted muted(form_.RepositionGuard, Mute::Fields);
     prices_.ShowItem();
     screen_.Text1(1).SetText(cards.Text("StokAdi"));
   }
+  itemBefore_.reset();
 }
 
 }  // namespace karvel

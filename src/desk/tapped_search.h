@@ -1,6 +1,9 @@
-// Taps in the fields of the customer and the product: the first opens the on-screen keyboard over an empty field and the whole list, the
-// second takes what was typed and looks it up. Whoever leaves the field without the second tap goes on with the row in front.
+// Taps in the fields of the customer and the product: the first empties the field, shows the whole list and asks for the on-screen
+// keyboard, the second takes what was typed and looks it up. Whoever leaves the field without the second tap goes on with the row in front;
+// where nothing was typed, that is the row from before.
 #pragma once
+
+#include <optional>
 
 #include "desk/customer_in_front.h"
 #include "desk/parts.h"
@@ -19,9 +22,10 @@ class TappedSearch {
   void TakeCustomer();
   // Shows the list in which the customer was found, standing on his row, while no field follows; false when nobody is found.
   bool ShowFound(const std::string& text);
-  bool FindCustomer(const std::string& text);
+  void BringCustomerBack();
   void TapProduct();
   void ShowAllStock();
+  void BringItemBack();
   void TakeProduct();
   // Shows the cards whose name begins so, and the first of them in the fields; false when there is none.
   bool ShowNamed(const std::string& text);
@@ -33,6 +37,12 @@ class TappedSearch {
   Cursors& cursors_;
   CustomerInFront& customer_;
   PriceSelection& prices_;
+  // What was in front when a search began with a tap; none while none is under way.
+  struct Before {
+    std::string source;
+    RowKey row = 0;
+  };
+  std::optional<Before> customerBefore_, itemBefore_;
   Connections connections_;
 };
 

@@ -141,6 +141,11 @@ bool ContainsText(std::string_view text, std::string_view part) {
   return false;
 }
 
+std::string AnyKindOfI(std::string text) {
+  for (const char* const letter : {"İ", "ı", "i", "I"}) text = ReplaceAll(text, letter, "?");
+  return text;
+}
+
 std::string TurkishUpper(std::string_view text) {
   return ChangeLetters(text, UpperLetter);
 }

@@ -27,6 +27,9 @@ bool ContainsText(std::string_view text, std::string_view part);
 // An unclosed "[" matches nothing. Linear in the text for patterns with one star, never exponential.
 bool Like(std::string_view text, std::string_view pattern);
 
+// A pattern for Like with "?" in the place of İ, I, i and ı: two texts that differ only in the kind of an i are one.
+std::string AnyKindOfI(std::string text);
+
 // Case changes by Turkish rules: i and İ, ı and I.
 std::string TurkishUpper(std::string_view text);
 std::string TurkishLower(std::string_view text);

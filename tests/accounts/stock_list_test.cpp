@@ -179,7 +179,10 @@ TEST_F(StockListTest, a_typed_name_is_found_and_blanks_move_nothing) {
 
 TEST_F(StockListTest, the_first_tap_opens_the_keyboard_over_all_cards) {
   Element* wanted = nullptr;
-  connections += desk->screen.keyboardWanted.Connect([&wanted](Element& field) { wanted = &field; });
+  connections += desk->screen.keyboardWanted.Connect([&wanted](KeyboardWish& wish) {
+    wanted = &wish.field;
+    wish.shown = true;
+  });
   Tick();
   At("GrpCombo").ChooseText("Temizlik");
   At("Stoktxt").SetText("Sab");
@@ -193,6 +196,7 @@ TEST_F(StockListTest, the_first_tap_opens_the_keyboard_over_all_cards) {
 
 TEST_F(StockListTest, the_second_tap_takes_the_name) {
   int done = 0;
+  connections += desk->screen.keyboardWanted.Connect([](KeyboardWish& wish) { wish.shown = true; });
   connections += desk->screen.keyboardDone.Connect([&done] { ++done; });
   Tick();
   Click("Stoktxt");

@@ -131,7 +131,7 @@ TEST_F(StartUpTest, the_wait_panel_stands_while_the_desk_is_made_ready) {
   EXPECT_TRUE(At("Command3").Visible());
   EXPECT_EQ(At("GrpCombo").Text(), " Tüm Guruplar");
   EXPECT_EQ(At("GurupCombo").Text(), "Tüm Guruplar");
-  EXPECT_EQ(At("Text1(0)").Text(), "");  // no card before the walk-in customer
+  EXPECT_EQ(At("Text1(0)").Text(), "Muhtelif Müşteri");  // whom the first double tap serves
   EXPECT_EQ(desk->form.ActiveCursor, &desk->cursors.CariData);
   EXPECT_EQ(desk->form.RepositionGuard.Number(), 0);
 }

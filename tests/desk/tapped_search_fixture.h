@@ -25,7 +25,10 @@ class TappedSearchFixture : public DeskFixture {
     AddStock("1002", "Pirinç Osmancık", "Fiyat=40");
     AddStock("1003", "Şeker", "Fiyat=20");
     ASSERT_TRUE(Start());
-    connections += desk->screen.keyboardWanted.Connect([this](Element& field) { wanted.push_back(field.Name()); });
+    connections += desk->screen.keyboardWanted.Connect([this](KeyboardWish& wish) {
+      wanted.push_back(wish.field.Name());
+      wish.shown = hasKeyboard;
+    });
     connections += desk->screen.keyboardDone.Connect([this] { ++done; });
   }
   Names Customers() { return FirstOf(desk->cursors.CariData, 1); }
@@ -60,6 +63,7 @@ class TappedSearchFixture : public DeskFixture {
   std::string Customer() { return desk->cursors.CariData.Text("CariKod"); }
   std::string Item() { return desk->cursors.StokData.Text("StokKod"); }
 
+  bool hasKeyboard = true;  // an on-screen keyboard comes when it is wanted
   Names wanted;
   int done = 0;
 };

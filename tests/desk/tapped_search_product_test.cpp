@@ -63,14 +63,14 @@ TEST_F(TappedSearchProductTest, while_codes_are_scanned_a_tap_on_the_product_ope
   EXPECT_EQ(At("Text1(1)").Text(), "Pirinç Osmancık");
 }
 
-TEST_F(TappedSearchProductTest, leaving_an_empty_product_field_names_the_row_in_front_unsold) {
+TEST_F(TappedSearchProductTest, leaving_an_empty_product_field_brings_the_item_from_before_back_unsold) {
   EnterSale("Ahmet Işık");
   PickItem("1003");
   Tap("Text1(1)");
   At("Text2(0)").SetFocus();
   EXPECT_FALSE(desk->form.KeyboardOpen);
-  EXPECT_EQ(At("Text1(1)").Text(), "Pirinç Baldo");
-  EXPECT_EQ(At("Text2(0)").Text(), "50,00");
+  EXPECT_EQ(At("Text1(1)").Text(), "Şeker");
+  EXPECT_EQ(At("Text2(0)").Text(), "20,00");
   EXPECT_EQ(At("Text2(1)").Text(), "0");
   EXPECT_FALSE(At("Command2").Enabled());
 }
@@ -275,7 +275,7 @@ TEST_F(TappedSearchProductTest, behind_a_new_item_the_list_sells_what_it_shows) 
   EXPECT_EQ(At("Text1(1)").Text() + " " + At("Text2(0)").Text(), "Şeker 20,00");
 }
 
-TEST_F(TappedSearchProductTest, two_taps_with_nothing_written_take_the_first_of_the_list) {
+TEST_F(TappedSearchProductTest, two_taps_with_nothing_written_leave_the_row_in_front) {
   Tap("Text1(0)");
   Tap("Text1(0)");
   EXPECT_EQ(At("Text1(0)").Text(), "Ahmet Işık");
@@ -283,7 +283,7 @@ TEST_F(TappedSearchProductTest, two_taps_with_nothing_written_take_the_first_of_
   PickItem("1003");
   Tap("Text1(1)");
   Tap("Text1(1)");
-  EXPECT_EQ(At("Text1(1)").Text() + " " + At("Text2(0)").Text(), "Pirinç Baldo 50,00");
+  EXPECT_EQ(At("Text1(1)").Text() + " " + At("Text2(0)").Text(), "Şeker 20,00");
 }
 
 // Whatever is written.
