@@ -365,8 +365,8 @@ TEST_F(PriceSelectionTest, what_was_begun_under_the_floor_is_forgotten_when_the_
   Set("Text2(0)", "6");
   At("Text2(1)").SetFocus();
   At("Text2(0)").SetFocus();
-  Type("Text2(0)", "0");
-  EXPECT_EQ(Price(), "45,000");  // typed behind the floor, which stands in the field
+  Type("Text2(0)", "1");
+  EXPECT_EQ(Price(), "45,00");  // 61 is above the floor, 1 is not
 }
 
 TEST_F(PriceSelectionTest, backspace_ends_at_the_floor) {
