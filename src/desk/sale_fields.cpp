@@ -6,6 +6,7 @@
 
 #include "books/steps.h"
 #include "desk/captions.h"
+#include "desk/price_selection.h"
 #include "platform/keyboard.h"
 #include "text/format.h"
 #include "text/turkish.h"
@@ -93,6 +94,7 @@ void SaleFields::Changed(int index) {
     return;
   }
   if (index == kPrice) KeepFloor();
+  if (index == kDiscount) HoldDiscount();
   if (index < kDiscount) {
     const double amount = NumberOrZero(screen_.Text2(kPrice).Text()) * NumberOrZero(screen_.Text2(kQuantity).Text());
     screen_.Label2.SetCaption(Format(amount, form_.PriceFormat));
@@ -116,6 +118,12 @@ void SaleFields::KeepFloor() {
   floored_ = {};
   floor_.Keep();
   if (typed && price.Text() != asked) floored_ = {asked, price.Text()};
+}
+
+void SaleFields::HoldDiscount() {
+  Element& box = screen_.Text2(kDiscount);
+  const double percent = NumberOrZero(box.Text());
+  if (HeldDiscount(percent) != percent) box.SetText(PlainNumber(HeldDiscount(percent)));
 }
 
 void SaleFields::Focused(int index) {
@@ -167,6 +175,7 @@ bool SaleFields::TakeLetter(int index, CharacterEvent& event) {
   const bool replaces = fresh_ && !selected;
   const std::string number = replaces ? LetterToUtf8(event.character) : WithLetter(box, event.character);
   if (!MayBecomeNumber(number)) return false;
+  if (index == kDiscount && NumberOrZero(number) > kMostDiscount) return false;
   fresh_ = false;
   typing_ = index == kPrice;
   if (number == ",") {

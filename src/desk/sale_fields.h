@@ -23,6 +23,7 @@ class SaleFields {
   };
   void Changed(int index);
   void KeepFloor();
+  void HoldDiscount();
   void Focused(int index);
   void KeyDown(const KeyEvent& event);
   void Character(int index, CharacterEvent& event);

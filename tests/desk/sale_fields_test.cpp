@@ -121,6 +121,32 @@ TEST_F(SaleFieldsTest, the_payment_that_is_grouped_while_it_is_typed_goes_on) {
   EXPECT_EQ(At("Text2(2)").Text(), "1.500,5");
 }
 
+// The discount.
+
+TEST_F(SaleFieldsTest, a_discount_is_0_to_99_99_with_a_point_as_the_comma) {
+  EnterSale("Ayşe Yılmaz");
+  Set("Text2(3)", "150");
+  EXPECT_EQ(At("Text2(3)").Text(), "15");
+  EXPECT_EQ(keyboard.beeps, 1);
+  Set("Text2(3)", "-5a");
+  EXPECT_EQ(At("Text2(3)").Text(), "5");
+  EXPECT_EQ(keyboard.beeps, 3);
+  Set("Text2(3)", "99.999");
+  EXPECT_EQ(At("Text2(3)").Text(), "99,99");
+  EXPECT_EQ(keyboard.beeps, 4);
+  Set("Text2(3)", "100");
+  EXPECT_EQ(At("Text2(3)").Text(), "10");
+}
+
+TEST_F(SaleFieldsTest, the_pad_gives_no_discount_beyond_the_range) {
+  EnterSale("Ayşe Yılmaz");
+  At("Text2(3)").SetFocus();
+  At("Text3").SetText("100");
+  EXPECT_EQ(At("Text2(3)").Text(), "99,99");
+  At("Text3").SetText("12,5");
+  EXPECT_EQ(At("Text2(3)").Text(), "12,5");
+}
+
 TEST_F(SaleFieldsTest, an_empty_field_becomes_zero) {
   EnterSale("Ayşe Yılmaz");
   At("Text2(1)").SetText("");
