@@ -183,6 +183,7 @@ void ProductField::CodeRead(const std::string& code) {
 
 Element& ProductField::CodeField() const {
   const Screen& screen = screen_;
+  if (screen.StokGiris.IsShown()) return screen.StokNew(2);                                            // the barcode of a new item
   if (screen.Frame4.IsShown()) return screen.Text4;                                                    // the serials of a purchase
   if (screen.StokAl.IsShown()) return screen.Text6(5).HasFocus() ? screen.Text6(5) : screen.Text6(0);  // a delivery
   return screen.Text1(1);
