@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <cstdlib>
+#include <utility>
 
 #include "app/key_codes.h"
 #include "app/qt_text.h"
@@ -82,6 +83,7 @@ bool ElementBinding::eventFilter(QObject* object, QEvent* event) {
       if (object == &widget_ && widget_.hasFocus()) OnKeyRelease(*static_cast<QKeyEvent*>(event));
       return false;
     case QEvent::FocusIn:
+      entering_ = static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
       if (object == &widget_ && element_.Kind() != ElementKind::Form) ui_.screen.elements.MoveFocus(&element_);
       return false;
     case QEvent::MouseButtonPress: {
@@ -174,6 +176,7 @@ void ElementBinding::OnKeyRelease(const QKeyEvent& event) {
 void ElementBinding::OnPress(const QMouseEvent& event) {
   if (!Reached()) return;
   pressedAt_ = ToMouseEvent(event);
+  pressedAt_.entering = std::exchange(entering_, false);
   pressed_ = true;
   doubled_ = held_ = wandered_ = false;
   const bool holds = SwallowsMouse() && element_.Kind() != ElementKind::Form;

@@ -62,6 +62,7 @@ class ElementBinding : public QObject {
   Parts parts_;
   QTimer hold_;
   MouseEvent pressedAt_;
+  bool entering_ = false;  // the focus came with a press that is on its way
   bool pressed_ = false, doubled_ = false, held_ = false, wandered_ = false;
   Connections connections_;
 };

@@ -128,6 +128,10 @@ void Cards(Builder& build, const Screen& screen) {
     build.Field(i / 2, i % 2, names[i], screen.StokNew(i));
     if (i > 2) build.Amount(screen.StokNew(i));
   }
+  // The new item's code is no barcode, and nothing is sold while the panel is open.
+  for (const Element* field : {&screen.StokNew(0), &screen.StokNew(1), &screen.Text1(1)})
+    if (auto* const text = qobject_cast<TextField*>(build.Of(*field)))
+      text->SetCodesElsewhere([&screen] { return screen.StokGiris.IsShown(); });
   build.Of(screen.StokNewCmd(1))->setToolTip("Ctrl + Enter");
   build.Gap();
   build.Primary(screen.StokNewCmd(1));

@@ -18,8 +18,8 @@
 namespace karvel {
 namespace {
 
-constexpr int kLeastLetters = 4;   // of a code
-constexpr int kLeastInAmount = 8;  // of a barcode; fewer digits are an amount
+constexpr int kLeastLetters = 4;  // of a code
+constexpr int kLeastInEntry = 8;  // of a barcode; fewer digits are an amount
 constexpr int kMostLetters = 1024;
 constexpr int kGapMilliseconds = 35;     // within a burst; no hand is that fast for long
 constexpr int kHeldMilliseconds = 45;    // from the last letter on
@@ -131,7 +131,7 @@ bool ScannerKeys::Press(QObject* object, const QKeyEvent& event) {
   // A blank presses a button, which answers at once; no code begins with one.
   const bool begins = run_ == Run::None && letter != ' ';
   if (!Collects() || text_.size() >= kMostLetters || (run_ != Run::Held && !begins)) {
-    FollowAmount(event);
+    FollowEntry(event);
     const bool ends = PassOn(target, event);
     run_ = Run::Arrived;
     return ends;
@@ -140,14 +140,14 @@ bool ScannerKeys::Press(QObject* object, const QKeyEvent& event) {
   return true;
 }
 
-void ScannerKeys::FollowAmount(const QKeyEvent& event) {
+void ScannerKeys::FollowEntry(const QKeyEvent& event) {
   auto* const field = qobject_cast<TextField*>(KeyHolder());
-  if (run_ == Run::None) amount_ = field && field->IsAmount() ? AmountRun{field, field->ElementText(), {}} : AmountRun{};
-  if (amount_.field && amount_.letters.size() < kMostLetters) amount_.letters += event.text();
+  if (run_ == Run::None) entry_ = field && !field->KeepsCodes() ? EntryRun{field, field->ElementText(), {}} : EntryRun{};
+  if (entry_.field && entry_.letters.size() < kMostLetters) entry_.letters += event.text();
 }
 
-bool ScannerKeys::IsCodeInAmount(bool prompt) const {
-  return prompt && run_ == Run::Arrived && alone_ && fast_ >= kLeastInAmount - 1 && amount_.field && amount_.field == KeyHolder();
+bool ScannerKeys::IsCodeInEntry(bool prompt) const {
+  return prompt && run_ == Run::Arrived && alone_ && fast_ >= kLeastInEntry - 1 && entry_.field && entry_.field == KeyHolder();
 }
 
 void ScannerKeys::Report(const QString& code) {
@@ -156,11 +156,11 @@ void ScannerKeys::Report(const QString& code) {
 }
 
 bool ScannerKeys::PressEnter(const QObject* target, const QKeyEvent& event, bool prompt) {
-  if (IsCodeInAmount(prompt)) {
+  if (IsCodeInEntry(prompt)) {
     takenDown_.push_back(event.key());
     EndRun();
     codeEnded_ = true;
-    const AmountRun run = std::exchange(amount_, {});
+    const EntryRun run = std::exchange(entry_, {});
     Report(run.letters);
     run.field->PutBack(run.before);
     return true;

@@ -20,8 +20,9 @@ class TextField;
 // What stays true:
 // - In an entry field keys arrive at once, whoever struck them. Only while the desk is entering a code, which occupies the product field,
 //   does the next burst wait its turn as a code.
-// - An amount never keeps a code: one of a barcode's length, typed faster than any hand, is taken out again at its Enter and is then a code
-//   like any other.
+// - An amount never keeps a code, nor does a field beside the one for barcodes in a new item's panel: one of a barcode's length, typed
+// faster
+//   than any hand, is taken out again at its Enter and is then a code like any other.
 // - Elsewhere a letter is held back as long as it may begin a burst, about a twentieth of a second; then it arrives after all, in order and
 //   only once. Any other key, and a tap, first lets what is held back arrive, so that nothing overtakes it.
 // - A code is taken whole or not at all, wherever the focus goes meanwhile: the rest of a burst that broke off is not taken for a shorter
@@ -41,8 +42,8 @@ class ScannerKeys : public QObject {
 
  private:
   enum class Run { None, Held, Arrived };
-  // A run that arrives in an amount field, and what stood there before.
-  struct AmountRun {
+  // A run that arrives in a field that keeps no code, and what stood there before.
+  struct EntryRun {
     QPointer<TextField> field;
     std::string before;
     QString letters;
@@ -52,8 +53,8 @@ class ScannerKeys : public QObject {
   bool Press(QObject* target, const QKeyEvent& event);
   bool Release(const QKeyEvent& event);
   bool PressEnter(const QObject* target, const QKeyEvent& event, bool prompt);
-  void FollowAmount(const QKeyEvent& event);
-  [[nodiscard]] bool IsCodeInAmount(bool prompt) const;
+  void FollowEntry(const QKeyEvent& event);
+  [[nodiscard]] bool IsCodeInEntry(bool prompt) const;
   void Report(const QString& code);
   // Whether a letter may belong to a code. The place where the burst began decides, not where the focus went meanwhile.
   [[nodiscard]] bool Collects() const;
@@ -73,7 +74,7 @@ class ScannerKeys : public QObject {
   Run run_ = Run::None;  // of letters that came close after one another
   bool alone_ = false;   // no other letters stood shortly before the run
   int fast_ = 0;         // letters that came close after another, in this run and those shortly before
-  AmountRun amount_;
+  EntryRun entry_;
   bool codeEnded_ = false;                 // the last key was a code's Enter
   std::vector<int> heldDown_, takenDown_;  // keys that were struck and not yet let go
   quint64 lastStamp_ = 0;

@@ -8,6 +8,8 @@
 #pragma once
 
 #include <QLineEdit>
+#include <functional>
+#include <utility>
 
 #include "app/desk_ui.h"
 
@@ -24,7 +26,9 @@ class TextField : public QLineEdit {
   void Type(char32_t character);
   // Amounts stand at the right, in a larger type.
   void SetAmount(bool amount);
-  [[nodiscard]] bool IsAmount() const { return amount_; }
+  // Whether a code that a scanner types here was meant for this field: never for an amount, nor while its codes belong elsewhere.
+  [[nodiscard]] bool KeepsCodes() const { return !amount_ && !(codesElsewhere_ && codesElsewhere_()); }
+  void SetCodesElsewhere(std::function<bool()> elsewhere) { codesElsewhere_ = std::move(elsewhere); }
   // Puts an earlier text back, as if nothing had been typed since.
   void PutBack(const std::string& text) { element_.SetText(text); }
   [[nodiscard]] const std::string& ElementText() const { return element_.Text(); }
@@ -44,6 +48,7 @@ class TextField : public QLineEdit {
 
   const DeskUi& ui_;
   Element& element_;
+  std::function<bool()> codesElsewhere_;
   bool syncing_ = false;  // the element is being shown: signals of the line are echoes
   bool editing_ = false;  // an edit is on its way to the element
   bool amount_ = false;

@@ -4,6 +4,11 @@
 
 namespace karvel {
 
+double WithoutDust(double sum) {
+  constexpr int kPlaces = 6;
+  return RoundTo(sum, kPlaces);
+}
+
 CardBalance BalanceOf(double debit, double credit) {
   // By the rounded difference: sums of kuruş differ by a hair, and a balance of nothing is nobody's credit.
   const double over = RoundTo(credit - debit, 2);
@@ -20,8 +25,8 @@ CardBalance ApplyBalance(Cursor& card) {
 
 CardBalance AddToBalance(Cursor& card, const Steps& step, double debit, double credit) {
   step("edit card", card.Edit());
-  card.Set("Borc", card.Number("Borc") + debit);
-  card.Set("Alacak", card.Number("Alacak") + credit);
+  card.Set("Borc", WithoutDust(card.Number("Borc") + debit));
+  card.Set("Alacak", WithoutDust(card.Number("Alacak") + credit));
   CardBalance balance = ApplyBalance(card);
   step("update card", card.Update());
   return balance;
@@ -37,8 +42,8 @@ void ApplyStockBalance(Cursor& card) {
 void AddGoods(Cursor& card, GoodsSide side, double quantity, double amount) {
   const char* const count = side == GoodsSide::Out ? "CikanMik" : "GirenMik";
   const char* const total = side == GoodsSide::Out ? "CikanTutar" : "GirenTutar";
-  card.Set(count, card.Number(count) + quantity);
-  card.Set(total, card.Number(total) + amount);
+  card.Set(count, WithoutDust(card.Number(count) + quantity));
+  card.Set(total, WithoutDust(card.Number(total) + amount));
 }
 
 }  // namespace karvel

@@ -18,10 +18,9 @@ struct CardBalance {
 };
 
 CardBalance BalanceOf(double debit, double credit);
-// An amount that is 0 but for the hair by which sums of kuruş differ.
-inline bool IsNothing(double amount) {
-  return amount > -1e-6 && amount < 1e-6;
-}
+// A sum or difference as it is kept: twelve times 0,07 is 0,84, where binary numbers leave a hair more, and what was paid in full is 0.
+// Money has 2 places; goods and their cost, in fractions of a unit, up to 6, which is as many as the stock's arithmetic keeps.
+double WithoutDust(double sum);
 // Writes Bakiye and Hesap of an open CariKartlar row from its Borc and Alacak.
 CardBalance ApplyBalance(Cursor& card);
 // Edits the CariKartlar row in front: adds to its Borc and Alacak, and to what they leave.

@@ -57,9 +57,9 @@ void RewriteMovement(Cursor& movement, const Goods& goods) {
 
 void RewriteStockCard(Cursor& card, const Goods& before, const Goods& after) {
   step("edit stock card", card.Edit());
-  card.Set("CikanMik", card.Number("CikanMik") - before.quantity + after.quantity);
-  card.Set("CikanTutar", card.Number("CikanTutar") - before.amount + after.amount);
-  card.Set("Kar", card.Number("Kar") - before.profit + after.profit);
+  card.Set("CikanMik", WithoutDust(card.Number("CikanMik") - before.quantity + after.quantity));
+  card.Set("CikanTutar", WithoutDust(card.Number("CikanTutar") - before.amount + after.amount));
+  card.Set("Kar", WithoutDust(card.Number("Kar") - before.profit + after.profit));
   ApplyStockBalance(card);
   step("update stock card", card.Update());
 }
@@ -84,7 +84,7 @@ void RewriteGoods(Stores& stores, const Correction& line) {
 
 void RewriteCustomerCard(Cursor& card, double debitBefore, double debit) {
   step("edit customer card", card.Edit());
-  card.Set("Borc", card.Number("Borc") - debitBefore + debit);
+  card.Set("Borc", WithoutDust(card.Number("Borc") - debitBefore + debit));
   ApplyBalance(card);
   step("update customer card", card.Update());
 }

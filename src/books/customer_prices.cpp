@@ -3,6 +3,7 @@
 #include "books/book_cursor.h"
 #include "books/sources.h"
 #include "books/steps.h"
+#include "text/format.h"
 #include "text/turkish.h"
 
 namespace karvel {
@@ -30,6 +31,11 @@ class PriceTable : public BookCursor {
   }
 };
 
+// Whether the listed price is the one that was sold, as it stands or as the desk shows it.
+bool IsOffered(const SoldPrice& price, double listed) {
+  return price.amount == listed || price.amount == NumberOrZero(Format(listed, price.format));
+}
+
 }  // namespace
 
 PriceName PriceNamed(std::string_view text) {
@@ -45,12 +51,13 @@ SpecialPrices FindSpecialPrices(Stores& stores, const std::string& itemCode, con
   return {table.Number("0Fiyat"), table.Number("1Fiyat"), table.Number("2Fiyat"), true};
 }
 
-void RememberPrice(Stores& stores, const Cursor& itemCard, const std::string& customerCode, PriceName name, double price) {
-  const PriceFields& fields = kPriceFields[static_cast<std::size_t>(name)];
-  if (price == itemCard.Number(fields.ofCard)) return;
+void RememberPrice(Stores& stores, const Cursor& itemCard, const std::string& customerCode, const SoldPrice& price) {
+  const PriceFields& fields = kPriceFields[static_cast<std::size_t>(price.name)];
+  if (IsOffered(price, itemCard.Number(fields.ofCard))) return;
   const std::string itemCode = itemCard.Text("StokKod");
   PriceTable table(stores);
   if (const Status found = table.FindPair(itemCode, customerCode); found.Ok()) {
+    if (IsOffered(price, table.Number(fields.ofCustomer))) return;
     step("edit special price", table.Edit());
   } else if (found.Kind() == ErrorKind::NoRecord) {
     step("add special price", table.AddNew());
@@ -59,7 +66,7 @@ void RememberPrice(Stores& stores, const Cursor& itemCard, const std::string& cu
   } else {
     return;  // the action has failed
   }
-  table.Set(fields.ofCustomer, price);
+  table.Set(fields.ofCustomer, price.amount);
   step("update special price", table.Update());
 }
 

@@ -30,8 +30,14 @@ struct SpecialPrices {
 // One look-up on an index. A table that can't be read gives none, and the log says so.
 SpecialPrices FindSpecialPrices(Stores& stores, const std::string& itemCode, const std::string& customerCode);
 
-// Within an action. Remembers the price under its name where it differs from the card's of that name; a line sold at the card's price
-// leaves the table as it was, also for a new pair.
-void RememberPrice(Stores& stores, const Cursor& itemCard, const std::string& customerCode, PriceName name, double price);
+// A price as it was sold, and the format in which the desk shows prices: a card's 1,234 was offered as 1,23.
+struct SoldPrice {
+  PriceName name = PriceName::First;
+  double amount = 0;
+  std::string format;
+};
+// Within an action. Remembers the price under its name where it differs from the card's of that name; a line sold at the card's price, or
+// at the customer's own, leaves the table as it was, also for a new pair. A price that the format shows rounded is still that price.
+void RememberPrice(Stores& stores, const Cursor& itemCard, const std::string& customerCode, const SoldPrice& price);
 
 }  // namespace karvel

@@ -1,5 +1,6 @@
 #include "books/day_sums.h"
 
+#include "books/card_balance.h"
 #include "books/sources.h"
 #include "store/value.h"
 #include "text/format.h"
@@ -10,7 +11,7 @@ namespace {
 Status Sum(Stores& stores, const std::string& criteria, double& sum) {
   Value value;
   const Status read = stores.QueryValue("Karvel.Mdb", "Select Sum(Tutar) FROM Datam Where " + criteria, value);
-  sum = AsNumber(value);
+  sum = WithoutDust(AsNumber(value));
   return read;
 }
 

@@ -13,11 +13,11 @@ constexpr int kCustomer = 0, kDay = 1, kAmount = 2;
 const Steps step("due dates");
 const std::string kFile = "Cari.Mdb";
 
-// Off the day that the cursor stands on. A day of which nothing is left goes, also when a hair of sums of kuruş would stay.
+// Off the day that the cursor stands on. A day of which nothing is left goes.
 void TakeOff(Cursor& due, double amount) {
   step("edit due date", due.Edit());
-  due.Set(kAmount, due.Number(kAmount) - amount);
-  if (!IsNothing(due.Number(kAmount))) {
+  due.Set(kAmount, WithoutDust(due.Number(kAmount) - amount));
+  if (due.Number(kAmount) != 0) {
     step("update due date", due.Update());
     return;
   }
@@ -39,7 +39,7 @@ void AddDue(Stores& stores, const std::string& customerCode, const DateTime& mom
   } else {
     return;  // the action has failed
   }
-  due.Set(kAmount, due.Number(kAmount) + amount);
+  due.Set(kAmount, WithoutDust(due.Number(kAmount) + amount));
   step("update due date", due.Update());
 }
 
@@ -50,7 +50,7 @@ void ConsumeDue(Stores& stores, const std::string& customerCode, double amount, 
   }
   BookCursor due(stores, "due dates", kFile, sources::DueDatesOf(customerCode));
   if (due.HasCurrent() && amount > due.Number(kAmount)) {
-    amount -= due.Number(kAmount);
+    amount = WithoutDust(amount - due.Number(kAmount));
     step("delete due date", due.Delete());
     step("next due date", due.MoveNext());
   }

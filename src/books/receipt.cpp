@@ -32,14 +32,14 @@ void AddItemCard(Cursor& item, const Receipt& receipt) {
   item.Set("StokAdi", receipt.name);
 }
 
-// Of the open card. Unlike everywhere else nothing is rounded, and the side that isn't written keeps what it had.
+// Of the open card. Unlike everywhere else it isn't rounded to 3 places, and the side that isn't written keeps what it had.
 void ApplyReceivedBalance(Cursor& item) {
   const double out = item.Number("CikanMik");
   const double in = item.Number("GirenMik");
   if (out > in) {
-    item.Set("KalanA", out - in);
+    item.Set("KalanA", WithoutDust(out - in));
   } else {
-    item.Set("KalanB", in - out);
+    item.Set("KalanB", WithoutDust(in - out));
   }
 }
 

@@ -25,7 +25,9 @@ class Posting {
   Status FindItem() { return item_.MoveTo(line_.itemInFront); }
   Status FindOrMakeCustomer();
   void CountInFirstUnits();
-  void RememberPrice() { karvel::RememberPrice(shop_.stores, item_, customer_.Text("CariKod"), line_.priceName, line_.price); }
+  void RememberPrice() {
+    karvel::RememberPrice(shop_.stores, item_, customer_.Text("CariKod"), {line_.priceName, line_.price, line_.priceFormat});
+  }
   void BookDueDate() { AddDue(shop_.stores, customer_.Text("CariKod"), now_, line_.amount); }
   void TakeLineId() { id_ = NextLineId(shop_, now_); }
   void WorkOutProfit();

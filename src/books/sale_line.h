@@ -26,6 +26,7 @@ struct SaleLine {
   std::string customerName;  // as the screen has it: where no card has the code, the line makes its own customer of the name
   PriceName priceName = PriceName::First;
   double price = 0;
+  std::string priceFormat;           // in which the desk shows prices; "" for plain numbers
   double quantity = 0;               // in the unit of the price: packs where it is the second price
   double amount = 0;                 // as the clerk saw it; never worked out again
   std::string slipNo;                // six digits

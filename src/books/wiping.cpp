@@ -20,14 +20,14 @@ void ClearCard(Cursor& card) {
   step("update card", card.Update());
 }
 
-// What is left is not rounded here.
+// What is left is not rounded to 3 places here.
 void TakeBackGoods(Cursor& card, double quantity, double amount) {
   step("edit stock card", card.Edit());
   AddGoods(card, GoodsSide::Out, -quantity, -amount);
   const double out = card.Number("CikanMik");
   const double in = card.Number("GirenMik");
-  card.Set("KalanB", in > out ? in - out : 0.0);
-  card.Set("KalanA", in > out ? 0.0 : out - in);
+  card.Set("KalanB", in > out ? WithoutDust(in - out) : 0.0);
+  card.Set("KalanA", in > out ? 0.0 : WithoutDust(out - in));
   step("update stock card", card.Update());
 }
 

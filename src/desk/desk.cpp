@@ -53,7 +53,7 @@ struct Desk::Features {
   CustomerField customerField{parts, customer};
   ListFilter filter{parts, customer, prices};
   WayOut wayOut{parts};
-  ProductField product{parts, button};
+  ProductField product{parts, prices, button};
   TappedSearch taps{parts, customer, prices};
   SaleConfirmation posting{parts, button, customer, balance};
   Options options{parts, prices};

@@ -49,7 +49,8 @@ struct CharacterEvent {
 struct MouseEvent {
   int button = 1;  // 1 left, 2 right
   bool shift = false, ctrl = false, alt = false;
-  int x = 0, y = 0;  // pixels inside the element
+  int x = 0, y = 0;       // pixels inside the element
+  bool entering = false;  // the press that brought the focus here
 };
 
 class Element {

@@ -20,6 +20,10 @@ std::size_t SlotOf(PriceName name) {
 
 }  // namespace
 
+double HeldDiscount(double percent) {
+  return std::clamp(percent, 0.0, kMostDiscount);
+}
+
 PriceSelection::PriceSelection(const DeskParts& parts, const CustomerInFront& customer, PriceFloor& floor)
     : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world), customer_(customer), floor_(floor) {
   connections_ += cursors_.StokData.repositioned.Connect([this] { ShowItem(); });
@@ -35,12 +39,15 @@ void PriceSelection::ShowItem() {
   screen_.Text1(1).SetText(cursors_.StokData.Text("StokAdi"));
   const std::size_t slot = SlotOf(PriceNameOnScreen(screen_));
   screen_.Label1(2).SetCaption(std::string(kPriceNames[slot]));
-  const double price = form_.PriceSlots[slot];
-  const double discount = SafeCalcNumber(CalcOp::Multiply, price, screen_.Text2(3).Text()) / 100;
-  screen_.Text2(0).SetText(Format(price - discount, form_.PriceFormat));
-  floor_.Keep();  // also where the text was the same before, so that nobody heard of a change
+  Offer(form_.PriceSlots[slot]);
   const double pieces = slot == kSecond ? cursors_.StokData.Number("Adet2") : slot == kThird ? cursors_.StokData.Number("Adet3") : 1;
   screen_.Text2(1).SetText(PlainNumber(pieces));
+}
+
+void PriceSelection::Offer(double price) {
+  const double discount = SafeCalcNumber(CalcOp::Multiply, price, HeldDiscount(NumberOrZero(screen_.Text2(3).Text()))) / 100;
+  screen_.Text2(0).SetText(Format(price - discount, form_.PriceFormat));
+  floor_.Keep();  // also where the text was the same before, so that nobody heard of a change
 }
 
 void PriceSelection::ShowUnsoldItem() {

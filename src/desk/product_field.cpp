@@ -27,8 +27,8 @@ bool FindIn(Cursor& among, std::initializer_list<const char*> columns, const std
 
 }  // namespace
 
-ProductField::ProductField(const DeskParts& parts, MainButton& button)
-    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world), button_(button) {
+ProductField::ProductField(const DeskParts& parts, PriceSelection& prices, MainButton& button)
+    : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), world_(parts.world), prices_(prices), button_(button) {
   Element& field = screen_.Text1(1);
   connections_ += field.keyDown.Connect([this](const KeyEvent& event) {
     if (event.code == key::kEnter) EnterDown();
@@ -148,7 +148,7 @@ bool ProductField::TakeEntered() {
   }
   button_.GiveUpLine();  // an item to sell ends a correction or a deletion that was begun
   field.SetText(cursors_.StokData.Text("StokAdi"));
-  screen_.Text2(0).SetText(Format(cursors_.StokData.Number("Fiyat"), form_.PriceFormat));
+  prices_.Offer(cursors_.StokData.Number("Fiyat"));
   return true;
 }
 
@@ -164,7 +164,7 @@ void ProductField::TextChanged() {
   if (!screen_.Text1(1).HasFocus() || screen_.Label1(1).Caption() != caption::kByName || Trim(text).empty() || text == "*") return;
   const Cursor& cards = cursors_.StokData;
   if (text == cards.Text("StokAdi")) return;  // the row in front is the one meant
-  if (FindQuietly(text)) screen_.Text2(0).SetText(Format(cards.Number("Fiyat"), form_.PriceFormat));
+  if (FindQuietly(text)) prices_.Offer(cards.Number("Fiyat"));
 }
 
 void ProductField::KeyUp(const KeyEvent& event) {
@@ -183,6 +183,7 @@ void ProductField::CodeRead(const std::string& code) {
 
 Element& ProductField::CodeField() const {
   const Screen& screen = screen_;
+  if (screen.StokGiris.IsShown()) return screen.StokNew(2);                                            // the barcode of a new item
   if (screen.Frame4.IsShown()) return screen.Text4;                                                    // the serials of a purchase
   if (screen.StokAl.IsShown()) return screen.Text6(5).HasFocus() ? screen.Text6(5) : screen.Text6(0);  // a delivery
   return screen.Text1(1);

@@ -8,13 +8,14 @@
 
 #include "desk/main_button.h"
 #include "desk/parts.h"
+#include "desk/price_selection.h"
 #include "platform/signal.h"
 
 namespace karvel {
 
 class ProductField {
  public:
-  ProductField(const DeskParts& parts, MainButton& button);
+  ProductField(const DeskParts& parts, PriceSelection& prices, MainButton& button);
 
  private:
   using Columns = std::initializer_list<const char*>;
@@ -42,6 +43,7 @@ class ProductField {
   FormState& form_;
   Cursors& cursors_;
   const World& world_;
+  PriceSelection& prices_;
   MainButton& button_;
   bool matched_ = false;  // the first pass of this Enter found the card in front by its barcode
   bool reading_ = false;

@@ -71,6 +71,7 @@ SaleLine SaleConfirmation::ReadLine() const {
   line.customerName = screen_.Text1(0).Text();
   line.priceName = PriceNameOnScreen(screen_);
   line.price = NumberOrZero(screen_.Text2(0).Text());
+  line.priceFormat = form_.PriceFormat;
   line.quantity = NumberOrZero(screen_.Text2(1).Text());
   // The amount is the one on the screen: it was worked out in the unit that the clerk saw.
   line.amount = NumberOrZero(screen_.Label2.Caption());

@@ -1,10 +1,12 @@
 #include "desk/sale_fields.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
 #include "books/steps.h"
 #include "desk/captions.h"
+#include "desk/price_selection.h"
 #include "platform/keyboard.h"
 #include "text/format.h"
 #include "text/turkish.h"
@@ -39,6 +41,12 @@ std::string Grouped(const std::string& text) {
   return Format(NumberOrZero(text.substr(0, comma)), "#,##0") + (comma == std::string::npos ? "" : text.substr(comma));
 }
 
+// A key that changes the number that stands, or moves the caret in it.
+bool EditsWhatStands(int code) {
+  constexpr std::array kKeys{key::kBackspace, key::kDelete, key::kEnd, key::kHome, key::kLeft, key::kUp, key::kRight, key::kDown};
+  return std::ranges::find(kKeys, code) != kKeys.end();
+}
+
 }  // namespace
 
 void UnmarkFieldNames(Screen& screen) {
@@ -54,6 +62,11 @@ SaleFields::SaleFields(const DeskParts& parts, PriceFloor& floor, MainButton& bu
     connections_ += box.changed.Connect([this, i] { Changed(i); });
     connections_ += box.gotFocus.Connect([this, i] { Focused(i); });
     connections_ += box.lostFocus.Connect([this, i] { LeaveField(i); });
+    connections_ += box.keyDown.Connect([this](const KeyEvent& event) { KeyDown(event); });
+    connections_ += box.keyUp.Connect([this](const KeyEvent&) { keyIsDown_ = false; });
+    connections_ += box.mouseDown.Connect([this](const MouseEvent& event) {
+      if (!event.entering) fresh_ = false;  // the finger places the caret in the number that stands
+    });
     connections_ += box.character.Connect([this, i](CharacterEvent& event) { Character(i, event); });
   }
   screen.Label2.SetFontName("Agency FB");
@@ -68,6 +81,7 @@ SaleFields::SaleFields(const DeskParts& parts, PriceFloor& floor, MainButton& bu
 }
 
 void SaleFields::Changed(int index) {
+  if (screen_.Text2(index).HasFocus()) fresh_ = !keyIsDown_;
   if (form_.RepositionGuard.ItemsStill()) return;
   Element& box = screen_.Text2(index);
   if (box.Text().empty()) {
@@ -80,6 +94,7 @@ void SaleFields::Changed(int index) {
     return;
   }
   if (index == kPrice) KeepFloor();
+  if (index == kDiscount) HoldDiscount();
   if (index < kDiscount) {
     const double amount = NumberOrZero(screen_.Text2(kPrice).Text()) * NumberOrZero(screen_.Text2(kQuantity).Text());
     screen_.Label2.SetCaption(Format(amount, form_.PriceFormat));
@@ -105,14 +120,27 @@ void SaleFields::KeepFloor() {
   if (typed && price.Text() != asked) floored_ = {asked, price.Text()};
 }
 
+void SaleFields::HoldDiscount() {
+  Element& box = screen_.Text2(kDiscount);
+  const double percent = NumberOrZero(box.Text());
+  if (HeldDiscount(percent) != percent) box.SetText(PlainNumber(HeldDiscount(percent)));
+}
+
 void SaleFields::Focused(int index) {
   Screen& screen = screen_;
   floored_ = {};
   typing_ = false;
+  fresh_ = true;
+  keyIsDown_ = false;
   form_.ActiveFieldCode = static_cast<float>(index);
   UnmarkFieldNames(screen);
   screen.Label1(kNameOf[static_cast<std::size_t>(index)]).SetColor(color::kGreen);
   screen.Text2(index).CaretToEnd();
+}
+
+void SaleFields::KeyDown(const KeyEvent& event) {
+  keyIsDown_ = true;
+  if (EditsWhatStands(event.code)) fresh_ = false;
 }
 
 void SaleFields::Character(int index, CharacterEvent& event) {
@@ -122,26 +150,41 @@ void SaleFields::Character(int index, CharacterEvent& event) {
     world_.keyboard.Send(key::kTab);
     return;
   }
-  if (index >= kDiscount || event.character < ' ') return;
+  if (event.character < ' ') return;
   if (event.character == '.') event.character = ',';
   const bool sign = event.character == '-' || event.character == '+';
-  const std::string& shown = screen_.Text2(index).Text();
-  if (index == kPrice && !sign && !floored_.shown.empty() && shown == floored_.shown && screen_.Text2(index).SelectionLength() == 0) {
+  if (sign || !TakeLetter(index, event)) {
+    event.character = 0;
+    world_.keyboard.Beep();
+  }
+}
+
+bool SaleFields::TakeLetter(int index, CharacterEvent& event) {
+  Element& box = screen_.Text2(index);
+  const bool selected = box.SelectionLength() > 0;
+  if (index == kPrice && !fresh_ && !selected && !floored_.shown.empty() && box.Text() == floored_.shown) {
     // The floor took the place of a price of which only the first digits were typed: the next digit goes on from those.
     const std::string price = floored_.typed + LetterToUtf8(event.character);
     if (MayBecomeNumber(price)) {
       event.character = 0;
       typing_ = true;
-      screen_.Text2(index).SetText(price);
-      return;
+      box.SetText(price);
+      return true;
     }
   }
-  if (!sign && MayBecomeNumber(WithLetter(screen_.Text2(index), event.character))) {
-    typing_ = index == kPrice;
-    return;
+  const bool replaces = fresh_ && !selected;
+  const std::string number = replaces ? LetterToUtf8(event.character) : WithLetter(box, event.character);
+  if (!MayBecomeNumber(number)) return false;
+  if (index == kDiscount && NumberOrZero(number) > kMostDiscount) return false;
+  fresh_ = false;
+  typing_ = index == kPrice;
+  if (number == ",") {
+    event.character = 0;
+    box.SetText("0,");
+  } else if (replaces) {
+    box.SelectAll();  // the letter then takes the place of the number
   }
-  event.character = 0;
-  world_.keyboard.Beep();
+  return true;
 }
 
 void SaleFields::LeaveField(int index) {

@@ -10,7 +10,6 @@
 #include "desk/list_in_front.h"
 #include "desk/new_cards.h"
 #include "desk/screen_keyboard.h"
-#include "text/format.h"
 #include "text/turkish.h"
 
 namespace karvel {
@@ -130,7 +129,7 @@ bool TappedSearch::ShowNamed(const std::string& text) {
   step("find name", cards.FindFirst("StokAdi Like '" + text + "*'"));
   if (cards.NoMatch()) return false;
   screen_.Text1(1).SetText(cards.Text("StokAdi"));
-  screen_.Text2(0).SetText(Format(cards.Number("Fiyat"), form_.PriceFormat));
+  prices_.Offer(cards.Number("Fiyat"));
   screen_.Text2(1).SetFocus();
   return true;
 }

@@ -64,5 +64,20 @@ TEST_F(ScanAtDeskTest, a_code_struck_at_a_button_posts_its_line_and_does_not_pre
   EXPECT_EQ(Rows("Karvel.mdb", "SELECT StokKod, Miktar FROM Datam"), (std::vector<std::string>{"S2|1.0", "S1|1.0"}));
 }
 
+TEST_F(ScanAtDeskTest, a_code_struck_while_a_new_item_is_asked_for_is_its_barcode_and_sells_nothing) {
+  At("SecimTamam").SetChecked(true);
+  At("StokGiris").SetVisible(true);
+  for (const char* const field : {"StokNew(0)", "StokNew(1)", "StokNew(3)", "StokNewCmd(0)", "Text1(1)", "StokGrid"}) {
+    At("StokNew(2)").SetText("");
+    At("StokNew(1)").SetText("Zeytin");
+    const std::string before = At("Text1(1)").Text();
+    ScanAt(field, "8690000001");
+    EXPECT_EQ(At("StokNew(2)").Text(), "8690000001") << field;
+    EXPECT_EQ(At("StokNew(0)").Text() + At("StokNew(1)").Text() + At("StokNew(3)").Text(), "Zeytin") << field;
+    EXPECT_EQ(At("Text1(1)").Text(), before) << field;
+  }
+  EXPECT_TRUE(Rows("Karvel.mdb", "SELECT StokKod FROM Datam").empty());
+}
+
 }  // namespace
 }  // namespace karvel

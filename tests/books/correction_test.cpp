@@ -97,6 +97,14 @@ TEST_F(CorrectionBook, the_amount_is_the_one_that_the_clerk_saw) {
   EXPECT_EQ(Balance("C001"), "10.0|0.0|10.0|Borç");
 }
 
+TEST_F(CorrectionBook, the_totals_stay_without_binary_dust) {
+  for (const char* const id : {"L1", "L2", "L3"}) PutLine({.id = id, .item = "1001", .price = 0.1, .quantity = 1});
+  EXPECT_TRUE(CorrectLine(shop, {.dayBookRow = DayKey("L3"), .id = "L3", .price = 0.7, .quantity = 0.7, .amount = 0.49}).Ok());
+  EXPECT_EQ(Balance("C001"), "0.69|0.0|0.69|Borç");
+  EXPECT_EQ(Card("1001")["CikanTutar"], "0.69");
+  EXPECT_EQ(Card("1001")["CikanMik"], "2.7");
+}
+
 TEST_F(CorrectionBook, a_price_that_is_no_number_leaves_the_lines_own) {
   PutSale("L1");
   EXPECT_TRUE(CorrectLine(shop, {.dayBookRow = DayKey("L1"), .id = "L1", .price = {}, .quantity = 3, .amount = 0}).Ok());

@@ -33,7 +33,7 @@ class SpecialPricesTest : public BooksFixture {
     card.SetDatabaseName("Stok.Mdb");
     EXPECT_TRUE(card.Open("StokKartlar").Ok());
     EXPECT_TRUE(card.MoveTo(Item(item)).Ok());
-    RememberPrice(stores, card, customer, name, price);
+    RememberPrice(stores, card, customer, {name, price, "Standard"});
     return action.Finish();
   }
 };
@@ -62,6 +62,22 @@ TEST_F(SpecialPricesTest, the_cards_price_of_a_name_leaves_the_table_as_it_was) 
     ASSERT_TRUE(Remember(PriceName::Special, 50).Ok());
     EXPECT_EQ(Kept(), before);
   }
+}
+
+TEST_F(SpecialPricesTest, a_price_that_is_shown_rounded_is_still_the_cards) {
+  Sql("Stok.mdb", "UPDATE StokKartlar SET Fiyat=1.234, Fiyat2=99.999 WHERE StokKod='1001'");
+  ASSERT_TRUE(Remember(PriceName::First, 1.23).Ok());
+  ASSERT_TRUE(Remember(PriceName::First, 1.234).Ok());
+  ASSERT_TRUE(Remember(PriceName::Second, 100).Ok());
+  EXPECT_TRUE(Kept().empty());
+  ASSERT_TRUE(Remember(PriceName::First, 1.24).Ok());
+  EXPECT_EQ(Kept(), Lines{"1001|C001|1.24|0.0|0.0"});
+}
+
+TEST_F(SpecialPricesTest, a_customers_own_price_that_is_shown_rounded_stays_as_it_is) {
+  Put("('1001','C001',45.678,0,0)");
+  ASSERT_TRUE(Remember(PriceName::Special, 45.68).Ok());
+  EXPECT_EQ(Kept(), Lines{"1001|C001|45.678|0.0|0.0"});
 }
 
 TEST_F(SpecialPricesTest, a_price_is_compared_with_the_cards_of_its_own_name) {
@@ -109,7 +125,7 @@ TEST_F(SpecialPricesTest, a_line_at_the_cards_price_looks_nothing_up) {
   card.SetDatabaseName("Stok.Mdb");
   ASSERT_TRUE(card.Open("StokKartlar").Ok() && card.MoveTo(Item("1001")).Ok());
   engine.selects = engine.reads = 0;
-  RememberPrice(stores, card, "C001", PriceName::First, 50);
+  RememberPrice(stores, card, "C001", {PriceName::First, 50, "Standard"});
   EXPECT_EQ(engine.AllReads(), 0);
 }
 

@@ -39,6 +39,21 @@ TEST_F(DueDatesTest, a_day_gathers_its_amounts_whatever_the_time) {
   EXPECT_EQ(All(), (Lines{"C001|2026-03-01 00:00:00|90.5", "C001|2026-03-02 00:00:00|20.0"}));
 }
 
+TEST_F(DueDatesTest, a_due_date_is_kept_without_binary_dust_and_goes_when_it_is_paid) {
+  for (int i = 0; i < 12; ++i) Add({2026, 3, 1, 9, 0, 0}, 0.07);
+  EXPECT_EQ(Due("C001"), Lines{"0.84"});
+  for (int i = 0; i < 11; ++i) Consume(0.07);
+  EXPECT_EQ(Due("C001"), Lines{"0.07"});
+  Shrink(0.07);
+  EXPECT_TRUE(Due("C001").empty());
+}
+
+TEST_F(DueDatesTest, what_a_payment_has_left_goes_off_the_second_day_without_dust) {
+  Put("('C001','2026-01-05 00:00:00',0.1),('C001','2026-02-05 00:00:00',0.2)");
+  Consume(0.3);
+  EXPECT_TRUE(Due("C001").empty());
+}
+
 TEST_F(DueDatesTest, the_third_of_december_is_not_the_twelfth_of_march) {
   Add({2026, 12, 3, 9, 0, 0}, 50);
   Add({2026, 3, 12, 9, 0, 0}, 20);

@@ -112,6 +112,34 @@ TEST_F(PriceSelectionTest, the_discount_is_taken_off_the_slot) {
   EXPECT_EQ(At("Label2").Caption(), "45,00");
 }
 
+TEST_F(PriceSelectionTest, the_discount_counts_for_a_scanned_or_typed_item_as_for_a_tapped_one) {
+  EnterSale("Ayşe Yılmaz");
+  Set("Text2(3)", "10");
+  Set("Text1(1)", "8691001");
+  Key("Text1(1)", key::kEnter);
+  EXPECT_EQ(Price(), "45,00");
+  Set("Text1(1)", "Şek");
+  EXPECT_EQ(Price(), "18,00");
+  scanner.codeRead("8691001");
+  EXPECT_EQ(Price(), "45,00");
+  desk->form.KeyboardOpen = true;
+  At("Text1(1)").SetText("Şek");
+  Click("Text1(1)");
+  EXPECT_EQ(At("Text1(1)").Text() + " " + Price(), "Şeker 18,00");
+}
+
+TEST_F(PriceSelectionTest, a_discount_beyond_its_range_counts_as_its_end) {
+  EnterSale("Ayşe Yılmaz");
+  At("Text2(3)").SetText("250");
+  EXPECT_EQ(At("Text2(3)").Text(), "99,99");
+  PickItem("1001");
+  EXPECT_EQ(Price(), "0,01");
+  At("Text2(3)").SetText("-10");
+  EXPECT_EQ(At("Text2(3)").Text(), "0");
+  PickItem("1002");
+  EXPECT_EQ(Price(), "20,00");
+}
+
 TEST_F(PriceSelectionTest, the_group_fatura_pays_the_second_price_when_the_option_is_on) {
   Sql("Cari.mdb", "INSERT INTO Gurup(Gurup, Grp) VALUES('Fatura',1)");
   Sql("Cari.mdb", "UPDATE CariKartlar SET Gurup='Fatura' WHERE CariKod='C001'");
@@ -365,8 +393,8 @@ TEST_F(PriceSelectionTest, what_was_begun_under_the_floor_is_forgotten_when_the_
   Set("Text2(0)", "6");
   At("Text2(1)").SetFocus();
   At("Text2(0)").SetFocus();
-  Type("Text2(0)", "0");
-  EXPECT_EQ(Price(), "45,000");  // typed behind the floor, which stands in the field
+  Type("Text2(0)", "1");
+  EXPECT_EQ(Price(), "45,00");  // 61 is above the floor, 1 is not
 }
 
 TEST_F(PriceSelectionTest, backspace_ends_at_the_floor) {

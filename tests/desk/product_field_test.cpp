@@ -520,6 +520,25 @@ TEST_F(ProductFieldTest, a_code_over_a_delivery_finds_the_delivered_card) {
   EXPECT_EQ(Posted(), std::vector<std::string>{});
 }
 
+TEST_F(ProductFieldTest, a_code_over_a_new_item_is_its_barcode_and_sells_nothing) {
+  Click("SecimTamam");
+  Set("Text1(1)", "Zeytin");
+  desk->form.KeyboardOpen = true;
+  Click("Text1(1)");
+  ASSERT_TRUE(At("StokGiris").Visible());
+  scanner.codeRead("8691003");
+  EXPECT_EQ(At("StokNew(2)").Text(), "8691003");
+  EXPECT_TRUE(At("StokNew(2)").HasFocus());
+  scanner.codeRead("8691001");
+  EXPECT_EQ(At("StokNew(2)").Text(), "8691001");
+  EXPECT_EQ(At("StokNew(0)").Text() + At("StokNew(1)").Text(), "Zeytin");
+  EXPECT_TRUE(At("StokGiris").Visible());
+  EXPECT_EQ(Posted(), std::vector<std::string>{});
+  Click("StokNewCmd(0)");
+  scanner.codeRead("8691003");
+  EXPECT_EQ(Posted(), std::vector<std::string>{"1003|1.0"});
+}
+
 TEST_F(ProductFieldTest, a_code_read_in_the_deliverys_barcode_field_stays_there) {
   At("StokAl").SetVisible(true);
   Set("Text6(0)", "Yeni Mal");

@@ -22,6 +22,131 @@ TEST_F(SaleFieldsTest, letters_and_signs_are_dropped_with_a_beep) {
   EXPECT_EQ(keyboard.beeps, 4);
 }
 
+// The first digit.
+
+TEST_F(SaleFieldsTest, the_first_digit_replaces_the_number_that_stood_in_the_field) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  Type("Text2(1)", "3");
+  EXPECT_EQ(At("Text2(1)").Text(), "3");
+  Type("Text2(0)", "170");
+  EXPECT_EQ(At("Text2(0)").Text(), "170");
+  Type("Text2(2)", "12,5");
+  EXPECT_EQ(At("Text2(2)").Text(), "12,5");
+  Type("Text2(3)", "5");
+  At("Text2(0)").SetFocus();
+  Type("Text2(3)", "7");
+  EXPECT_EQ(At("Text2(3)").Text(), "7");
+}
+
+TEST_F(SaleFieldsTest, the_digits_after_the_first_go_on_from_it) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  Type("Text2(1)", "1");  // the same digit that stands there
+  Type("Text2(1)", "2");
+  EXPECT_EQ(At("Text2(1)").Text(), "12");
+}
+
+TEST_F(SaleFieldsTest, a_comma_first_begins_a_number_below_one) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  Type("Text2(1)", ".");
+  EXPECT_EQ(At("Text2(1)").Text(), "0,");
+  Type("Text2(1)", "5");
+  EXPECT_EQ(At("Text2(1)").Text(), "0,5");
+  Set("Text2(0)", ",75");
+  EXPECT_EQ(At("Text2(0)").Text(), "0,75");
+}
+
+TEST_F(SaleFieldsTest, a_letter_that_is_refused_replaces_nothing) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  Type("Text2(0)", "a-");
+  EXPECT_EQ(At("Text2(0)").Text(), "50,00");
+  Type("Text2(0)", "7");
+  EXPECT_EQ(At("Text2(0)").Text(), "7");
+}
+
+TEST_F(SaleFieldsTest, backspace_edits_the_number_as_it_stands) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  At("Text2(0)").SetFocus();
+  EXPECT_EQ(At("Text2(0)").SelectionStart(), 5);
+  EXPECT_EQ(At("Text2(0)").SelectionLength(), 0);
+  Erase("Text2(0)");
+  EXPECT_EQ(At("Text2(0)").Text(), "50,0");
+  Type("Text2(0)", "5");
+  EXPECT_EQ(At("Text2(0)").Text(), "50,05");
+}
+
+TEST_F(SaleFieldsTest, an_arrow_or_a_tap_into_the_number_edits_it_as_it_stands) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  for (const int code : {key::kLeft, key::kRight, key::kHome, key::kEnd, key::kDelete}) {
+    At("Text2(1)").SetText("1");
+    At("Text2(1)").SetFocus();
+    KeyEvent arrow{code};
+    At("Text2(1)").keyDown(arrow);
+    At("Text2(1)").keyUp(arrow);
+    Type("Text2(1)", "3");
+    EXPECT_EQ(At("Text2(1)").Text(), "13") << code;
+    At("Text2(0)").SetFocus();
+  }
+  At("Text2(1)").SetText("1");
+  At("Text2(1)").SetFocus();
+  At("Text2(1)").mouseDown(MouseEvent{.entering = true});
+  Type("Text2(1)", "2");
+  EXPECT_EQ(At("Text2(1)").Text(), "2");
+  At("Text2(0)").SetFocus();
+  At("Text2(1)").SetFocus();
+  At("Text2(1)").mouseDown(MouseEvent{});
+  Type("Text2(1)", "4");
+  EXPECT_EQ(At("Text2(1)").Text(), "24");
+}
+
+TEST_F(SaleFieldsTest, a_number_that_the_desk_puts_into_the_field_in_use_is_replaced_too) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  Type("Text2(1)", "12");
+  At("Text2(1)").SetText("1");  // the next item came
+  Type("Text2(1)", "3");
+  EXPECT_EQ(At("Text2(1)").Text(), "3");
+}
+
+TEST_F(SaleFieldsTest, the_payment_that_is_grouped_while_it_is_typed_goes_on) {
+  EnterSale("Ayşe Yılmaz");
+  Type("Text2(2)", "1500");
+  EXPECT_EQ(At("Text2(2)").Text(), "1.500");
+  Type("Text2(2)", ",5");
+  EXPECT_EQ(At("Text2(2)").Text(), "1.500,5");
+}
+
+// The discount.
+
+TEST_F(SaleFieldsTest, a_discount_is_0_to_99_99_with_a_point_as_the_comma) {
+  EnterSale("Ayşe Yılmaz");
+  Set("Text2(3)", "150");
+  EXPECT_EQ(At("Text2(3)").Text(), "15");
+  EXPECT_EQ(keyboard.beeps, 1);
+  Set("Text2(3)", "-5a");
+  EXPECT_EQ(At("Text2(3)").Text(), "5");
+  EXPECT_EQ(keyboard.beeps, 3);
+  Set("Text2(3)", "99.999");
+  EXPECT_EQ(At("Text2(3)").Text(), "99,99");
+  EXPECT_EQ(keyboard.beeps, 4);
+  Set("Text2(3)", "100");
+  EXPECT_EQ(At("Text2(3)").Text(), "10");
+}
+
+TEST_F(SaleFieldsTest, the_pad_gives_no_discount_beyond_the_range) {
+  EnterSale("Ayşe Yılmaz");
+  At("Text2(3)").SetFocus();
+  At("Text3").SetText("100");
+  EXPECT_EQ(At("Text2(3)").Text(), "99,99");
+  At("Text3").SetText("12,5");
+  EXPECT_EQ(At("Text2(3)").Text(), "12,5");
+}
+
 TEST_F(SaleFieldsTest, an_empty_field_becomes_zero) {
   EnterSale("Ayşe Yılmaz");
   At("Text2(1)").SetText("");

@@ -38,9 +38,13 @@ inline double Amount(std::int64_t price, std::int64_t quantity) {
 inline double Rounded(double value, int decimals) {
   return std::strtod(fmt::format("{:.{}f}", value, decimals).c_str(), nullptr);
 }
-// A number as it reads to 15 digits: "to the last digit" for amounts of any size.
+// A sum as it is kept: its nearest decimal.
+inline void Add(double& sum, double value) {
+  sum = Rounded(sum + value, 6);
+}
+// A number to its last digit: a sum that differs from its decimal by a hair shows it.
 inline std::string Digits(double value) {
-  return fmt::format("{:.15g}", value + 0.0);
+  return fmt::format("{}", value + 0.0);
 }
 inline std::string Digits(const std::string& text) {
   return Digits(std::strtod(text.c_str(), nullptr));
@@ -103,11 +107,11 @@ class Books {
     const double total = Amount(price, quantity);
     const bool sale = mode == "Satış";
     Line line{customer, code, mode, Decimal(price, 2), Decimal(quantity, 3), total, 0, 0};
-    if (secondUnit && item.pieces != 0) line.quantity = line.quantity * item.pieces;
+    if (secondUnit && item.pieces != 0) line.quantity = Rounded(line.quantity * item.pieces, 6);
     if (mode != "İade") {
       const std::int64_t listed = secondUnit ? item.secondPrice : item.price;
       if (price != listed) specialPrices[code + "|" + customer][secondUnit ? 1 : 0] = line.price;
-      due[customer][today] += total;
+      Add(due[customer][today], total);
       if (item.countsProfit) line.profit = Profit(total, line.quantity, Decimal(item.cost, 2));
     }
     const std::string id = NextId();
@@ -121,7 +125,7 @@ class Books {
     item.Balance();
     ledger[id].push_back({customer, item.name + " " + mode, sale ? total : 0, sale ? 0 : total});
     Account& account = accounts.at(customer);
-    (sale ? account.debit : account.credit) += total;
+    Add(sale ? account.debit : account.credit, total);
     account.Balance();
   }
 
@@ -132,10 +136,10 @@ class Books {
     const std::string id = NextId();
     ledger[id].push_back({cash, instrument + direction, paysOut ? 0 : amount, paysOut ? amount : 0});
     ledger[id].push_back({customer, title + direction + " İle", paysOut ? amount : 0, paysOut ? 0 : amount});
-    (paysOut ? accounts.at(cash).credit : accounts.at(cash).debit) += amount;
+    Add(paysOut ? accounts.at(cash).credit : accounts.at(cash).debit, amount);
     accounts.at(cash).Balance();
     Account& account = accounts.at(customer);
-    (paysOut ? account.debit : account.credit) += amount;
+    Add(paysOut ? account.debit : account.credit, amount);
     account.Balance();
     day[id] = {customer, "", instrument == "Kredi Kartı" ? "K.Kartı" : instrument, 0, 0, 0, amount, 0};
     Consume(due[customer], account.balance, amount);
@@ -149,11 +153,11 @@ class Books {
     item.cost = rowPrice;
     const double total = Amount(totalPrice, quantity);
     const double count = Decimal(quantity, 3);
-    item.in += count;
-    item.inTotal += total;
-    (item.out > item.in ? item.over : item.left) = item.out > item.in ? item.out - item.in : item.in - item.out;
+    Add(item.in, count);
+    Add(item.inTotal, total);
+    (item.out > item.in ? item.over : item.left) = Rounded(item.out > item.in ? item.out - item.in : item.in - item.out, 6);
     Account& account = accounts.at(supplier);
-    account.credit += total;
+    Add(account.credit, total);
     account.Balance();
     const std::string id = NextId();
     movements[id] = {count, total, 0, 0};
@@ -172,13 +176,13 @@ class Books {
     line.total = movement.total = Amount(price, quantity);
     const double profit = item.countsProfit ? Profit(old.total, line.quantity, movement.cost) : 0;
     movement.profit = HalfUp(profit);
-    item.out = item.out - old.quantity + line.quantity;
-    item.outTotal = item.outTotal - old.total + line.total;
-    item.profit = item.profit - old.profit + profit;
+    Add(item.out, line.quantity - old.quantity);
+    Add(item.outTotal, line.total - old.total);
+    Add(item.profit, profit - old.profit);
     item.Balance();
     LedgerRow& row = ledger.at(id).front();
     Account& account = accounts.at(row.account);
-    account.debit = account.debit - row.debit + line.total;
+    Add(account.debit, line.total - row.debit);
     account.Balance();
     row.debit = line.total;
   }
@@ -188,11 +192,11 @@ class Books {
     for (const LedgerRow& row : ledger[id]) {
       Account& account = accounts.at(row.account);
       if (row.text.find("Satış") != std::string::npos) {
-        account.debit -= row.debit;
-        account.credit -= row.credit;
+        Add(account.debit, -row.debit);
+        Add(account.credit, -row.credit);
       } else {
-        account.debit += row.credit;
-        account.credit += row.debit;
+        Add(account.debit, row.credit);
+        Add(account.credit, row.debit);
       }
       account.Balance();
     }
@@ -201,15 +205,15 @@ class Books {
       day.erase(id);
     } else {
       Item& item = items.at(line.item);
-      (line.state == "Satış" ? item.out : item.in) -= line.quantity;
-      (line.state == "Satış" ? item.outTotal : item.inTotal) -= line.total;
+      Add(line.state == "Satış" ? item.out : item.in, -line.quantity);
+      Add(line.state == "Satış" ? item.outTotal : item.inTotal, -line.total);
       item.Balance();
       day.at(id).state = "Iptal";
     }
     auto& rows = due[line.customer];
     if (line.total == 0 || rows.empty()) return;
-    rows.begin()->second -= line.total;
-    if (Rounded(rows.begin()->second, 6) == 0) rows.erase(rows.begin());
+    Add(rows.begin()->second, -line.total);
+    if (rows.begin()->second == 0) rows.erase(rows.begin());
   }
 
   // A customer's history goes: his ledger, his day book and his sales. What he brought back or delivered, what went over the money accounts
@@ -244,12 +248,12 @@ class Books {
       return;
     }
     if (!rows.empty() && amount > rows.begin()->second) {
-      amount -= rows.begin()->second;
+      Add(amount, -rows.begin()->second);
       rows.erase(rows.begin());
     }
     if (rows.empty()) return;
-    rows.begin()->second -= amount;
-    if (Rounded(rows.begin()->second, 6) == 0) rows.erase(rows.begin());
+    Add(rows.begin()->second, -amount);
+    if (rows.begin()->second == 0) rows.erase(rows.begin());
   }
 };
 
