@@ -32,6 +32,7 @@ MainLayout::MainLayout(DeskUi& ui, QWidget* parent) : QWidget(parent), ui_(ui), 
   root_->addLayout(body_, 1);
   BuildLists();
   BuildMoney();
+  BuildQuietLine();
 }
 
 void MainLayout::BuildTop() {
@@ -199,6 +200,13 @@ void MainLayout::BuildMoney() {
   Of(screen.Command3)->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
   Of(screen.Command2)->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   money_->addLayout(mainCommands_);
+}
+
+// What it says may be long; the window never grows for it.
+void MainLayout::BuildQuietLine() {
+  QWidget* const line = Of(ui_.screen.Durum);
+  line->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  root_->addWidget(line);
 }
 
 void MainLayout::ShowTitle(const QString& title, bool shown) {

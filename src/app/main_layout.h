@@ -35,6 +35,7 @@ class MainLayout : public QWidget {
   void BuildTop();
   void BuildLists();
   void BuildMoney();
+  void BuildQuietLine();
   QFrame* InlinePanel(Element& panel);
   void BuildStockStrip();
   void BuildDayFigures();

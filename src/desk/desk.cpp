@@ -7,10 +7,12 @@
 #include "desk/date_index.h"
 #include "desk/day_total.h"
 #include "desk/desk_font.h"
+#include "desk/double_tap_hints.h"
 #include "desk/fixed_window.h"
 #include "desk/group_list.h"
 #include "desk/list_filter.h"
 #include "desk/long_press.h"
+#include "desk/loyalty_card.h"
 #include "desk/main_button.h"
 #include "desk/options.h"
 #include "desk/overdue_notice.h"
@@ -49,11 +51,13 @@ struct Desk::Features {
   PriceSelection prices{parts, customer, floor};
   SaleFields fields{parts, floor, button};
   GroupList groups{parts, prices, customer};
+  DoubleTapHints hints{parts};
   SaleMode saleMode{parts, prices, button, customer, balance, dayTotal, groups};
   CustomerField customerField{parts, customer};
   ListFilter filter{parts, customer, prices};
   WayOut wayOut{parts};
   ProductField product{parts, prices, button};
+  LoyaltyCard loyaltyCard{parts, customer};
   TappedSearch taps{parts, customer, prices};
   SaleConfirmation posting{parts, button, customer, balance};
   Options options{parts, prices};

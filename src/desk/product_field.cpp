@@ -4,6 +4,7 @@
 #include "books/steps.h"
 #include "desk/captions.h"
 #include "desk/completion.h"
+#include "desk/quiet_line.h"
 #include "desk/screen_keyboard.h"
 #include "platform/event_loop.h"
 #include "platform/keyboard.h"
@@ -125,7 +126,12 @@ bool ProductField::FindOutside(Columns columns, const std::string& text) {
 
 void ProductField::EnterCharacter() {
   Element& field = screen_.Text1(1);
-  if (Trim(field.Text()).empty() || !TakeEntered()) return;
+  const std::string entered = Trim(field.Text());
+  if (entered.empty()) return;
+  if (!TakeEntered()) {
+    Tell(screen_, "Ürün bulunamadı: " + entered);
+    return;
+  }
   if (!screen_.SecimTamam.Checked()) {
     screen_.Text2(1).SetFocus();
     return;

@@ -78,10 +78,12 @@ void SaleMode::FlipSearch() {
   CloseKeyboard(form_, screen_);
   if (!form_.LastStokSearch.empty()) {
     Cursor& cards = cursors_.StokData;
+    const RowKey before = cards.CurrentKey();
     const std::string criteria = "StokAdi Like '" + form_.LastStokSearch + "'";
     step("find next name", cards.FindNext(criteria));
     if (cards.NoMatch()) step("find name", cards.FindFirst(criteria));
-    if (cards.NoMatch()) form_.LastStokSearch.clear();
+    // Where the only one of the name is in front already there is nothing to go on to.
+    if (cards.NoMatch() || cards.CurrentKey() == before) form_.LastStokSearch.clear();
   }
   if (!form_.LastStokSearch.empty()) return;
   Element& label = screen_.Label1(1);
