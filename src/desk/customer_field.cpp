@@ -28,6 +28,7 @@ CustomerField::CustomerField(const DeskParts& parts, CustomerInFront& customer)
 void CustomerField::Focused() {
   if (form_.RepositionGuard.ItemsStill()) return;
   form_.ActiveFieldCode = 0;
+  searched_ = false;
   Element& field = screen_.Text1(0);
   if (field.Text().empty() && cursors_.CariData.HasRows() && !screen_.StokChk.Checked()) {
     customer_.RefreshList();
@@ -42,10 +43,12 @@ void CustomerField::Left() {
   const std::string text = Trim(screen_.Text1(0).Text());
   if (!AtRest(screen_) || !ListsCustomers(screen_) || text.empty() || !NamesCard(text, customer_.Name())) return;
   CloseKeyboard(form_, screen_);
-  if (!customer_.HasName(text) || screen_.Label8.Caption() != customer_.Code()) customer_.Follow();
+  if (searched_ || !customer_.HasName(text)) customer_.Follow();
+  searched_ = false;
 }
 
 bool CustomerField::FindQuietly(const std::string& text) {
+  searched_ = true;
   const Muted muted(form_.RepositionGuard, Mute::Fields);
   Cursor& customers = cursors_.CariData;
   step("find customer", customers.FindFirst("Unvan Like '" + text + "*'"));
@@ -74,7 +77,7 @@ void CustomerField::KeyUp(const KeyEvent& event) {
     if (!FindQuietly(field.Text())) return;
     Complete(field, customer_.Name());
   }
-  customer_.ShowCodeAndBalance();
+  customer_.ShowCompleted();
 }
 
 void CustomerField::Character(CharacterEvent& event) {

@@ -24,6 +24,7 @@ class CustomerField {
   FormState& form_;
   Cursors& cursors_;
   CustomerInFront& customer_;
+  bool searched_ = false;  // typing moved the list since the field was entered
   Connections connections_;
 };
 

@@ -59,6 +59,11 @@ void CustomerInFront::Followed() {
   step("refresh ledger", cursors_.CariHarData.Refresh());
   step("refresh due dates", cursors_.VadeData.Refresh());
   if (fields && !AtRest(screen_)) dayTotal_.ShowToday();
+  FollowWalkIn();
+}
+
+// Only the walk-in customer collects at once.
+void CustomerInFront::FollowWalkIn() {
   if (!EqualText(screen_.Text1(0).Text(), sources::kWalkIn)) {
     screen_.Command1.SetCaption(caption::kPrint);
   } else if (!form_.RepositionGuard.CustomerFieldsStill()) {
@@ -82,6 +87,12 @@ void CustomerInFront::FollowFields() {
   step("due dates", cursors_.VadeData.Open(sources::DueDatesOf(Code())));
   if (AtRest(screen_)) ShowCodeAndBalance();
   overdue_.ShowFor(list_);
+}
+
+void CustomerInFront::ShowCompleted() {
+  if (screen_.Label8.Caption() != Code()) overdue_.Hide();  // it told of another
+  ShowCodeAndBalance();
+  FollowWalkIn();
 }
 
 void CustomerInFront::ShowCodeAndBalance() {

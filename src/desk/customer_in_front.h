@@ -53,8 +53,9 @@ class CustomerInFront {
   void ReadListAnew(const std::string& code);
   // Moves the list to the card with this code while nothing follows. Reads nothing where it stands there already.
   void StandQuietlyOn(const std::string& code);
-  // Names him beside the list while he is looked for: his code and balance. His books are opened when he is chosen.
-  void ShowCodeAndBalance();
+  // What stands beside his name once the field completed it: his code and balance, and no other's overdue notice. His books are opened, and
+  // his own notice is shown, when the field is left.
+  void ShowCompleted();
   // Gives the list another source and moves it to this row, or to the first where it lacks the row; everything follows.
   void ShowListAt(const std::string& source, RowKey row);
   // Reads the list anew; everything follows to its first row.
@@ -74,6 +75,8 @@ class CustomerInFront {
   void Followed();  // the list's current row changed
   void FollowFields();
   void FollowDirection();
+  void FollowWalkIn();
+  void ShowCodeAndBalance();
   [[nodiscard]] bool IsBorne(const std::string& criteria) const;
   bool BringOnly(const std::string& criteria, const std::string& text);
   bool BringCode(const std::string& code);

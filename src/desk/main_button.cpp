@@ -38,6 +38,7 @@ bool MainButton::Post(const std::function<Status()>& posting) {
   SetWaiting(true);
   const Status posted = posting();
   SetWaiting(false);
+  FollowAmounts();  // what is left to post, such as a payment typed in a sale
   return Try([&] { return posted; });
 }
 

@@ -32,7 +32,10 @@ SaleConfirmation::SaleConfirmation(const DeskParts& parts, MainButton& button, C
 }
 
 void SaleConfirmation::Confirm() {
-  if (!LineIsWhole()) return;
+  if (!LineIsWhole()) {
+    button_.FollowAmounts();
+    return;
+  }
   const bool posted = button_.Post([this] {
     // One number serves all lines of a slip; printing the slip clears it.
     if (form_.SlipNo.empty()) form_.SlipNo = NextSlipNumber(settings_);
@@ -123,7 +126,6 @@ void SaleConfirmation::ResetFields() {
   screen_.Label1(2).SetCaption(std::string(NameOf(PriceName::First)));
   screen_.Text2(0).SetText(PlainNumber(form_.PriceSlots[0]));
   screen_.Frame4.SetVisible(false);  // a serial read from here on would belong to no line
-  button_.FollowAmounts();
   screen_.StokGrid.SetFocus();
 }
 
