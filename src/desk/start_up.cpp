@@ -161,6 +161,7 @@ void StartUp::Activate() {
   screen_.Frame5.BringToFront();
   world_.loop.Wait(1000);
   features_.options.Read();
+  upkeep();
   if (screen_.FtpVar.Checked()) WaitForConnection();
   features_.options.StartScanner();
   ReadFormats();

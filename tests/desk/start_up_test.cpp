@@ -2,6 +2,7 @@
 #include <fstream>
 
 #include "tests/support/desk_fixture.h"
+#include "tests/support/logged_lines.h"
 
 namespace karvel {
 namespace {
@@ -50,6 +51,15 @@ TEST_F(StartUpTest, the_walk_in_customer_is_not_added_again_when_a_group_hides_h
   settings.Save("Velmora Karvel1", "Size", "CGurup", "Bayi");
   ASSERT_TRUE(Start());
   EXPECT_EQ(RowsInAll(), 2U);
+}
+
+TEST_F(StartUpTest, a_healthy_start_logs_nothing) {
+  const testing::LoggedLines log;
+  for (int i = 0; i < 2; ++i) ASSERT_TRUE(Start());
+  AddCustomer("C001", "Ayşe Yılmaz");
+  AddStock("1001", "Pirinç");
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(log.Lines(), std::vector<std::string>{});
 }
 
 TEST_F(StartUpTest, a_second_copy_ends_at_once_and_touches_nothing) {
