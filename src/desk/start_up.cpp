@@ -86,7 +86,7 @@ void StartUp::FixDataFolder() {
   } else if (!online.empty()) {
     // With a share the terminal works directly on the main machine's files.
     screen_.OnLine.SetChecked(true);
-    form_.DataDir = "\\\\" + online + "\\MuhasebeData\\" + settings_.Get(Setting::Company) + "\\";
+    form_.DataDir = "\\\\" + online + "\\MuhasebeData\\" + settings_.Get(Setting::Company);
   }
 }
 
@@ -108,7 +108,7 @@ bool StartUp::Refuse(const Status& status) {
 
 void StartUp::FillStockGroups() {
   Cursor& groups = cursors_.GurupData;
-  groups.SetDatabaseName(form_.DataDir + "Stok.Mdb");
+  groups.SetDatabaseName(PathIn(form_.DataDir, "Stok.Mdb"));
   step("stock groups", groups.Open(sources::kGroups));
   std::vector<std::string> items{std::string(" ") + sources::kAllGroups};
   for (; groups.HasCurrent(); step("next group", groups.MoveNext())) items.push_back(groups.Text("Gurup"));
@@ -117,7 +117,7 @@ void StartUp::FillStockGroups() {
 
 void StartUp::SetSources() {
   const auto set = [&dir = form_.DataDir](Cursor& cursor, const char* file, const std::string& source) {
-    cursor.SetDatabaseName(dir + file);
+    cursor.SetDatabaseName(PathIn(dir, file));
     cursor.SetRecordSource(source);
   };
   const bool all = form_.CustomerGroup.empty() || form_.CustomerGroup == sources::kAllGroups;

@@ -112,6 +112,19 @@ TEST_F(StartUpTest, a_format_that_the_shop_chose_stays) {
   EXPECT_EQ(desk->form.PriceFormat, "#,##0");
 }
 
+TEST_F(StartUpTest, the_folder_of_a_share_ends_without_a_backslash_and_that_of_the_machine_with_one) {
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(desk->form.DataDir, "C:\\KarvelData\\");
+  settings.Save("Velmora Karvel1", "Size", "Online", "10.0.0.5");
+  settings.Save("Velmora Karvel1", "Size", "Firma", "01");
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(desk->form.DataDir, "\\\\10.0.0.5\\MuhasebeData\\01");
+  EXPECT_TRUE(At("OnLine").Checked());
+  EXPECT_TRUE(fs::exists(folder.Path() + "/net/10.0.0.5/MuhasebeData/01/Cari.mdb"));
+  EXPECT_TRUE(fs::exists(folder.Path() + "/net/10.0.0.5/MuhasebeData/01/CariGrid.dat"));
+  EXPECT_EQ(desk->cursors.CariData.DatabaseName(), "\\\\10.0.0.5\\MuhasebeData\\01\\Cari.Mdb");
+}
+
 TEST_F(StartUpTest, a_terminal_with_ftp_waits_for_the_connection) {
   settings.Save("Velmora Karvel1", "Size", "FtpUrl", "ftp.merkez");
   connection.downFor = 3;
