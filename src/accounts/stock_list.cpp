@@ -10,6 +10,7 @@
 #include "desk/list_columns.h"
 #include "desk/refresh.h"
 #include "desk/screen_keyboard.h"
+#include "platform/files.h"
 #include "text/turkish.h"
 
 namespace karvel {
@@ -117,7 +118,7 @@ void StockList::ShowCustomers() {
 
 void StockList::Point(const std::string& file, const std::string& source) {
   Cursor& list = cursors_.CariData;
-  list.SetDatabaseName(form_.DataDir + file);
+  list.SetDatabaseName(PathIn(form_.DataDir, file));
   list.SetRecordSource(source);
   screen_.CariGrid.columnsSwitched();
   step("refresh list", VeriTazele(list, world_.loop));

@@ -36,6 +36,10 @@ DeskGrid::DeskGrid(const DeskUi& ui, GridElement& element, QWidget* parent) : QA
   connect(&hold_, &QTimer::timeout, this, &DeskGrid::Held);
 }
 
+QFont DeskGrid::TextFont() const {
+  return ui_.theme.Font(&element_ == &ui_.screen.HareketGrid ? FontRole::DayBook : FontRole::Grid);
+}
+
 int DeskGrid::RowHeight() const {
   return std::max(ui_.theme.Px(42), QFontMetrics(TextFont()).height() + ui_.theme.Px(16));
 }

@@ -41,7 +41,7 @@ class DeskGrid : public QAbstractScrollArea {
 
   [[nodiscard]] int RowHeight() const;
   [[nodiscard]] int HeadHeight() const;
-  [[nodiscard]] QFont TextFont() const { return ui_.theme.Font(FontRole::Grid); }
+  [[nodiscard]] QFont TextFont() const;
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
 

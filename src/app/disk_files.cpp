@@ -186,6 +186,12 @@ bool DiskFiles::Exists(const std::string& path) const {
   return !real.empty() && access(real.c_str(), F_OK) == 0;
 }
 
+bool DiskFiles::IsFolder(const std::string& path) const {
+  const std::string real = RealPath(path);
+  std::error_code error;
+  return !real.empty() && fs::is_directory(real, error);
+}
+
 Status DiskFiles::MakeFolder(const std::string& path) {
   const std::string real = RealPath(path);
   if (real.empty()) return NoSuchDrive(path);

@@ -36,6 +36,7 @@ class DiskFiles : public Files {
   [[nodiscard]] std::string ProgramFolder() const override { return places_.program; }
   [[nodiscard]] std::string HomeFolder() const override { return places_.home; }
   [[nodiscard]] bool Exists(const std::string& path) const override;
+  [[nodiscard]] bool IsFolder(const std::string& path) const override;
   Status MakeFolder(const std::string& path) override;
   Status Read(const std::string& path, std::string& bytes) const override;
   Status Write(const std::string& path, const std::string& bytes) override;

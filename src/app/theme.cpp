@@ -15,6 +15,7 @@ namespace {
 
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
 constexpr double kDeskPoints = 11;
+constexpr double kDayBookSmaller = 4;  // points
 constexpr double kSteps[] = {1.0, 1.06, 1.12, 1.2, 1.3};
 
 QString Css(const QColor& colour) {
@@ -43,6 +44,7 @@ int BasePixels(FontRole role) {
     case FontRole::BigAmount:
       return 48;
     case FontRole::Grid:
+    case FontRole::DayBook:
       return 16;
     case FontRole::GridHead:
       return 13;
@@ -152,11 +154,15 @@ void Theme::SetGridFont(const QString& name, double size, bool bold) {
 }
 
 QFont Theme::Font(FontRole role, const QString& family) const {
-  const bool grid = role == FontRole::Grid || role == FontRole::GridHead;
+  const bool rows = role == FontRole::Grid || role == FontRole::DayBook;
+  const bool grid = rows || role == FontRole::GridHead;
   const Choice& choice = grid ? grid_ : desk_;
   double pixels = BasePixels(role) * scale_;
   // A chosen size moves all sizes alike, within what the panels have room for.
-  if (choice.size > 0 && role == FontRole::Grid) pixels = std::clamp(choice.size * kPixelsPerPoint, 11.0, 40.0) * scale_;
+  if (choice.size > 0 && rows) {
+    const double points = choice.size - (role == FontRole::DayBook ? kDayBookSmaller : 0);
+    pixels = std::clamp(points * kPixelsPerPoint, 11.0, 40.0) * scale_;
+  }
   if (choice.size > 0 && !grid) pixels *= std::clamp(choice.size / kDeskPoints, 0.85, 1.25);
   QFont font(Family(family.isEmpty() ? choice.name : family));
   font.setPixelSize(std::max(9, static_cast<int>(pixels + 0.5)));

@@ -35,7 +35,7 @@ inline const QColor kRed(0xff, 0x86, 0x7c);
 inline const QColor kCyan(0x6a, 0xd3, 0xe6);
 }  // namespace palette
 
-enum class FontRole { Body, Small, Title, Field, Button, MainButton, Amount, BigAmount, Grid, GridHead };
+enum class FontRole { Body, Small, Title, Field, Button, MainButton, Amount, BigAmount, Grid, DayBook, GridHead };
 
 class Theme {
  public:
@@ -47,6 +47,7 @@ class Theme {
 
   // The desk's fonts as the clerk chose them. Empty or unknown name: the theme's own family. Size in points, 0: the theme's own.
   void SetDeskFont(const QString& name, double size, bool bold);
+  // A chosen size of the grids is 4 points smaller in the day-book list, which has many columns.
   void SetGridFont(const QString& name, double size, bool bold);
   // `family` is an element's own font; where the machine lacks it, the theme's family stands in.
   [[nodiscard]] QFont Font(FontRole role, const QString& family = {}) const;

@@ -97,6 +97,9 @@ PriceSelection& Desk::Prices() const {
 SaleConfirmation& Desk::Posting() const {
   return features_->posting;
 }
+Signal<>& Desk::Upkeep() const {
+  return features_->startUp.upkeep;
+}
 Signal<>& Desk::Opening() const {
   return features_->startUp.opening;
 }

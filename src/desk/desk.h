@@ -50,7 +50,9 @@ class Desk {
   [[nodiscard]] OverdueNotice& Overdue() const;
   [[nodiscard]] PriceSelection& Prices() const;
   [[nodiscard]] SaleConfirmation& Posting() const;
-  // Raised once, during the first activation: options are read, lists filled and columns set, and the clerk is still asked to wait.
+  // Raised once, during the first activation: options are read, and nothing is shown yet.
+  [[nodiscard]] Signal<>& Upkeep() const;
+  // Raised once, after it: options are read, lists filled and columns set, and the clerk is still asked to wait.
   [[nodiscard]] Signal<>& Opening() const;
 
  private:

@@ -1,6 +1,5 @@
 #include "desk/desk_font.h"
 
-#include "platform/messages.h"
 #include "platform/window.h"
 
 namespace karvel {
@@ -10,19 +9,28 @@ DeskFont::DeskFont(const DeskParts& parts) : screen_(parts.screen), settings_(pa
   connections_ += screen_.FontDialog.click.Connect([this] { Choose(); });
 }
 
+FontChoice DeskFont::Kept() const {
+  return {settings_.Get(Setting::DeskFontName), settings_.GetNumber(Setting::DeskFontSize), settings_.GetBoolean(Setting::DeskFontBold)};
+}
+
 void DeskFont::Apply() {
-  const std::string desk = settings_.Get(Setting::DeskFontName);
-  if (!desk.empty()) world_.window.SetDeskFont(desk, settings_.GetNumber(Setting::DeskFontSize), false);
+  const FontChoice desk = Kept();
+  if (!desk.name.empty()) {
+    world_.window.SetDeskFont(desk.name, desk.size, desk.bold);
+    world_.window.SetGridFont(desk.name, desk.size, desk.bold);
+  }
   const std::string grid = settings_.Get(Setting::GridFontName);
-  if (!grid.empty()) world_.window.SetGridFont(grid, settings_.GetNumber(Setting::GridFontSize), false);
+  if (!grid.empty()) world_.window.SetGridFont(grid, settings_.GetNumber(Setting::GridFontSize), desk.bold);
 }
 
 void DeskFont::Choose() {
-  const auto font = world_.messages.FontDialog({settings_.Get(Setting::DeskFontName), settings_.GetNumber(Setting::DeskFontSize), false});
+  const auto font = world_.messages.FontDialog(Kept());
   if (!font) return;
-  world_.window.SetDeskFont(font->name, font->size, font->bold);
   settings_.Save(Setting::DeskFontName, font->name);
   settings_.SaveNumber(Setting::DeskFontSize, font->size);
+  settings_.SaveBoolean(Setting::DeskFontBold, font->bold);
+  settings_.Save(Setting::GridFontName, "");  // what is chosen now is for the lists too
+  Apply();
 }
 
 }  // namespace karvel

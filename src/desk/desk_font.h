@@ -1,7 +1,9 @@
-// The fonts of the desk: chosen in a dialog, kept, and given to form and lists at the start.
+// The fonts of the desk: chosen in a dialog, kept, and given to form and lists at the start. Lists may have one of their own (EkrFont),
+// which the next choice takes back.
 #pragma once
 
 #include "desk/parts.h"
+#include "platform/messages.h"
 #include "platform/signal.h"
 
 namespace karvel {
@@ -13,6 +15,7 @@ class DeskFont {
   void Apply();
 
  private:
+  [[nodiscard]] FontChoice Kept() const;
   void Choose();  // a double tap on the form, or the menu
 
   Screen& screen_;

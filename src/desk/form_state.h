@@ -35,9 +35,9 @@ struct FormState {
   // The field in use: its index in Text1, Text2, CariNew or StokNew; 99 for Text6(0) and 100 plus the index for the others of Text6;
   // 999 once the keyboard was closed.
   float ActiveFieldCode = 0;
-  std::string DataDir = "C:\\KarvelData\\";
-  bool Closing = false;  // the window is closing: waits end
-  bool Sabit = false;    // the window is fixed
+  std::string DataDir = "C:\\KarvelData\\";  // a share's has no "\" at its end
+  bool Closing = false;                      // the window is closing: waits end
+  bool Sabit = false;                        // the window is fixed
 
   // Every value by its name, for support: numbers, texts and booleans; PriceSlots and CompanyLines entry by entry, "PriceSlots(0)".
   [[nodiscard]] std::vector<std::pair<std::string, Value>> ByName() const;

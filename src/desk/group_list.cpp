@@ -4,6 +4,7 @@
 #include "books/steps.h"
 #include "desk/booking_panels.h"
 #include "desk/captions.h"
+#include "platform/files.h"
 #include "text/turkish.h"
 
 namespace karvel {
@@ -104,7 +105,7 @@ void GroupList::StockGroupChosen() {
 void GroupList::Flip() {
   const bool toStock = ListsCustomerGroups(screen_);
   screen_.ComboCmd.SetCaption(toStock ? caption::kStockGroups : caption::kCustomerGroups);
-  cursors_.GurupData.SetDatabaseName(form_.DataDir + (toStock ? "Stok.Mdb" : "Cari.Mdb"));
+  cursors_.GurupData.SetDatabaseName(PathIn(form_.DataDir, toStock ? "Stok.Mdb" : "Cari.Mdb"));
   Fill();
   Show(toStock ? form_.StockGroup : form_.CustomerGroup);
   // The stock list becomes that of the group that now stands there; the customer list is that of its group already.

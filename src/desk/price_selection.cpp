@@ -63,6 +63,7 @@ void PriceSelection::FillSlots() {
   slots[kSecond] = card.Number("Fiyat2");
   slots[kThird] = card.Number("Fiyat3");
   slots[kSpecial] = 0;
+  if (!customer_.IsThere()) return;
   const SpecialPrices own = FindSpecialPrices(world_.stores, card.Text("StokKod"), customer_.Code());
   if (!own.kept) return;
   // The customer's own prices. His first one stands beside the card's as "Özel", and never replaces it.

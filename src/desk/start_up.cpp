@@ -87,7 +87,7 @@ void StartUp::FixDataFolder() {
   } else if (!online.empty()) {
     // With a share the terminal works directly on the main machine's files.
     screen_.OnLine.SetChecked(true);
-    form_.DataDir = "\\\\" + online + "\\MuhasebeData\\" + settings_.Get(Setting::Company) + "\\";
+    form_.DataDir = "\\\\" + online + "\\MuhasebeData\\" + settings_.Get(Setting::Company);
   }
 }
 
@@ -109,7 +109,7 @@ bool StartUp::Refuse(const Status& status) {
 
 void StartUp::FillStockGroups() {
   Cursor& groups = cursors_.GurupData;
-  groups.SetDatabaseName(form_.DataDir + "Stok.Mdb");
+  groups.SetDatabaseName(PathIn(form_.DataDir, "Stok.Mdb"));
   step("stock groups", groups.Open(sources::kGroups));
   std::vector<std::string> items{std::string(" ") + sources::kAllGroups};
   for (; groups.HasCurrent(); step("next group", groups.MoveNext())) items.push_back(groups.Text("Gurup"));
@@ -127,7 +127,7 @@ std::string StartUp::KeptGroup(Setting setting, const char* file) {
 
 void StartUp::SetSources() {
   const auto set = [&dir = form_.DataDir](Cursor& cursor, const char* file, const std::string& source) {
-    cursor.SetDatabaseName(dir + file);
+    cursor.SetDatabaseName(PathIn(dir, file));
     cursor.SetRecordSource(source);
   };
   const bool all = form_.CustomerGroup.empty() || form_.CustomerGroup == sources::kAllGroups;
@@ -171,6 +171,7 @@ void StartUp::Activate() {
   screen_.Frame5.BringToFront();
   world_.loop.Wait(1000);
   features_.options.Read();
+  upkeep();
   if (screen_.FtpVar.Checked()) WaitForConnection();
   features_.options.StartScanner();
   ReadFormats();

@@ -34,8 +34,11 @@ class StartUp {
   // False when this copy must end at once.
   bool Load();
   void Activate();
-  // Raised once, during the first activation: options are read, lists filled and columns set, and the clerk is still asked to wait. The
-  // time for upkeep, and for the column layouts that were kept.
+  // Raised once, during the first activation, when the options are read and the lists are not shown yet: the time to clear away what is
+  // old.
+  Signal<> upkeep;
+  // Raised once, after it: options are read, lists filled and columns set, and the clerk is still asked to wait. The
+  // time for the column layouts that were kept.
   Signal<> opening;
 
  private:

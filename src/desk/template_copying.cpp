@@ -11,7 +11,7 @@ constexpr int kTemplates = 8;  // the catalogue's first eight files lie in the d
 Status CopyMissingTemplates(Files& files, const std::string& dataFolder) {
   CSHFileOp copy(files);
   for (const DatabaseFile& file : Catalogue::Files().first(kTemplates)) {
-    const std::string target = dataFolder + std::string(file.name);
+    const std::string target = PathIn(dataFolder, file.name);
     if (files.Exists(target)) continue;
     copy.ClearSourceFiles();
     copy.ClearDestFiles();

@@ -6,9 +6,9 @@
 
 namespace karvel {
 
-// One member a feature, in the order in which they connect: old rows are purged before the lists are laid out.
+// One member a feature.
 struct Exchange::Features {
-  explicit Features(Desk& desk) : purge(desk.Parts(), desk.Opening()), layouts(desk.Parts(), desk.Opening()) {}
+  explicit Features(Desk& desk) : purge(desk.Parts(), desk.Upkeep()), layouts(desk.Parts(), desk.Opening()) {}
 
   PurgeAtStart purge;
   GridLayout layouts;

@@ -77,7 +77,7 @@ GridLayout::GridLayout(const DeskParts& parts, Signal<>& opening) : screen_(part
 std::string GridLayout::Path(const GridElement& grid) const {
   const Screen& screen = screen_;
   const char* const suffix = screen.CiroChk.Checked() ? "C" : screen.StokChk.Checked() ? "S" : "";
-  return form_.DataDir + grid.Name() + suffix + ".dat";
+  return PathIn(form_.DataDir, grid.Name() + suffix + ".dat");
 }
 
 void GridLayout::Load(GridElement& grid) {

@@ -8,8 +8,8 @@ namespace {
 const Steps step("PurgeAtStart");
 }
 
-PurgeAtStart::PurgeAtStart(const DeskParts& parts, Signal<>& opening) : shop_(parts.shop), screen_(parts.screen), cursors_(parts.cursors) {
-  connections_ += opening.Connect([this] {
+PurgeAtStart::PurgeAtStart(const DeskParts& parts, Signal<>& upkeep) : shop_(parts.shop), screen_(parts.screen), cursors_(parts.cursors) {
+  connections_ += upkeep.Connect([this] {
     if (screen_.AySil.Checked() && IsPurgeDue(shop_.clock.Now())) Run();
   });
 }

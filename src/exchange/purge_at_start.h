@@ -8,7 +8,7 @@ namespace karvel {
 
 class PurgeAtStart {
  public:
-  PurgeAtStart(const DeskParts& parts, Signal<>& opening);
+  PurgeAtStart(const DeskParts& parts, Signal<>& upkeep);
 
  private:
   void Run();

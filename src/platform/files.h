@@ -1,11 +1,15 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/status.h"
 
 namespace karvel {
+
+// The place of a name in a folder, whether the folder's path ends in a separator or not.
+std::string PathIn(const std::string& folder, std::string_view name);
 
 // The file system by the desk's own paths: drives and shares in text ("C:\KarvelData\Cari.mdb", "\\HOST\Share\x"), names that match
 // ignoring case, program folder apart. One mapping to real paths, RealPath.
@@ -23,6 +27,8 @@ class Files {
   // KARVEL_HOME, this machine's form.
   [[nodiscard]] virtual std::string HomeFolder() const = 0;
   [[nodiscard]] virtual bool Exists(const std::string& path) const = 0;
+  // A folder that is there, with something in it or nothing.
+  [[nodiscard]] virtual bool IsFolder(const std::string& path) const = 0;
   // With its parents. A folder that exists already is no failure.
   virtual Status MakeFolder(const std::string& path) = 0;
   // The whole content. `bytes` stays as it was on a failure; Missing where there is no such file.

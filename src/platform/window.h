@@ -28,6 +28,7 @@ class Window {
   [[nodiscard]] virtual int TextWidth(const std::string& elementName, const std::string& text) const = 0;
   [[nodiscard]] virtual int InnerWidth(const std::string& elementName) const = 0;
   // The fonts of the desk: of the form and its elements, and of the grids. Empty name: the theme's own. Size in points, 0: the theme's own.
+  // The day-book list is written 4 points smaller than the other grids.
   virtual void SetDeskFont(const std::string& name, double size, bool bold) = 0;
   virtual void SetGridFont(const std::string& name, double size, bool bold) = 0;
 };

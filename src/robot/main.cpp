@@ -23,6 +23,7 @@ int main(int argc, char** argv) {
   RobotWorld world;
   // A clock that stands still from the very start, for what the start itself writes.
   if (const DateTime now = DateTime::FromIso(qEnvironmentVariable("KARVEL_CLOCK").toStdString()); !now.IsEmpty()) world.clock.Fix(now);
+  world.connection.Set(qgetenv("KARVEL_CONNECTION") != "down");
   QtEventLoop loop([&world] { return world.clock.IsFixed(); });
   App app(application, title.empty() ? ProgramTitle(argv[0] ? argv[0] : "") : title,
           {.clock = &world.clock, .loop = &loop, .messages = &world.messages, .connection = &world.connection, .unattended = true});

@@ -33,6 +33,18 @@ Json ParseRequest(const std::string& line) {
 
 const Json kDone = Json::object();
 
+// What the work answers, or why it could not be done.
+template <typename Work>
+Json Answered(const Work& work) {
+  try {
+    Json answer{{"ok", true}};
+    answer.update(work());
+    return answer;
+  } catch (const std::exception& error) {
+    return Refusal(error.what());
+  }
+}
+
 }  // namespace
 
 Requests::Requests(App& app, RobotWorld& world)
@@ -97,23 +109,24 @@ void Requests::AddWorldHandlers() {
 }
 
 Json Requests::Handle(const std::string& line) {
-  try {
+  return Answered([&] {
     // A window that lost its place in front (another program, a closed menu) would get no focus.
     if (window_.isVisible() && !QApplication::activeWindow()) QApplication::setActiveWindow(&window_);
-    Json answer{{"ok", true}};
-    answer.update(Do(ParseRequest(line)));
+    Json done = Do(ParseRequest(line));
     scannerKeys_.Settle();
     Settle();
-    return answer;
-  } catch (const std::exception& error) {
-    return Refusal(error.what());
-  }
+    return done;
+  });
 }
 
 std::optional<Json> Requests::HandleEarly(const std::string& line) {
   const Json request = Json::parse(line, nullptr, false);
   if (!request.is_object() || !request.contains("do") || request["do"] != "connection") return std::nullopt;
-  return Handle(line);
+  return Answered([&] { return Do(request); });
+}
+
+bool Requests::DeskAwaitsConnection() const {
+  return desk_.screen.BağlantıFrm.IsShown() && !world_.connection.Up();
 }
 
 Json Requests::Do(const Json& request) {

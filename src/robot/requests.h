@@ -27,8 +27,10 @@ class Requests {
   // No line makes it throw.
   [[nodiscard]] Json Handle(const std::string& line);
   // Does what a line asks that is about the world outside and needs no desk, also while the desk is in the middle of something that waits
-  // for it. Nothing for any other line.
+  // for it. Lets no events run. Nothing for any other line.
   [[nodiscard]] std::optional<Json> HandleEarly(const std::string& line);
+  // The desk that opens waits for the network, and only a request can bring it.
+  [[nodiscard]] bool DeskAwaitsConnection() const;
 
  private:
   using Handler = std::function<Json(const Json& request)>;

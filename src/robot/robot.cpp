@@ -7,6 +7,7 @@
 #include "app/app.h"
 #include "app/code_scanner.h"
 #include "app/desk_window.h"
+#include "desk/desk.h"
 
 namespace karvel {
 
@@ -19,6 +20,7 @@ Robot::Robot(App& app, RobotWorld& world, int input, std::FILE* output)
           input,
           [this](std::string line) {
             waiting_.push_back({std::move(line), std::nullopt});
+            HandleEarly();
             PumpSoon();
           },
           [this] {
@@ -32,6 +34,7 @@ Robot::Robot(App& app, RobotWorld& world, int input, std::FILE* output)
     ready_ = true;
     PumpSoon();
   });
+  connections_ += app.TheDesk().screen.BağlantıFrm.altered.Connect([this] { PumpSoon(); });
   connect(&window_, &DeskWindow::closed, this, [this] { closed_ = true; });
 }
 
@@ -42,7 +45,8 @@ void Robot::PumpSoon() {
 void Robot::Pump() {
   if (closed_) return;
   const bool codeEntered = scanner_.Reporting();
-  if (!ready_ || busy_ || codeEntered) {
+  const bool opened = ready_ || requests_.DeskAwaitsConnection();
+  if (!opened || busy_ || codeEntered) {
     HandleEarly();
     if (codeEntered && !busy_) codeOver_.start();
     if (!ready_ && ended_ && waiting_.empty()) Close();  // nobody is there to wait for
@@ -64,8 +68,9 @@ void Robot::Pump() {
 void Robot::HandleEarly() {
   for (Waiting& next : waiting_) {
     if (!next.answer) next.answer = requests_.HandleEarly(next.line);
-    if (!next.answer) return;
+    if (!next.answer) break;
   }
+  for (; !busy_ && !waiting_.empty() && waiting_.front().answer; waiting_.pop_front()) Answer(*waiting_.front().answer);
 }
 
 void Robot::Close() {

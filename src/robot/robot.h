@@ -1,6 +1,6 @@
 // Reads requests, one a line, and answers them in their order, one line each. A request begins when the desk's handlers for the one before
 // have returned, even if they let events run meanwhile. It never begins while the desk enters a code of a device: the code's handlers let
-// events run too, and the request would find the code half entered.
+// events run too, and the request would find the code half entered. A desk that waits for the network while it opens takes requests too.
 #pragma once
 
 #include <QObject>
@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 
+#include "platform/signal.h"
 #include "robot/line_input.h"
 #include "robot/requests.h"
 
@@ -40,6 +41,7 @@ class Robot : public QObject {
   std::FILE* const output_;
   LineInput input_;
   std::deque<Waiting> waiting_;
+  Connections connections_;
   QTimer codeOver_;      // asks again while a device's code is entered
   bool ready_ = false;   // the window was activated
   bool busy_ = false;    // a request's handlers are running

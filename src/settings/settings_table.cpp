@@ -51,6 +51,7 @@ constexpr std::array<SettingEntry, kSettingCount> kTable = {{
     {S::ScannerSpeed,     Title, "Karvel",      "BarkodHız",   "9600", "speed of that port, bits a second"},
     {S::DeskFontName,     Title, "Font",        "FontName",    "", "desk font"},
     {S::DeskFontSize,     Title, "Font",        "FontSize",    "", "desk font, points"},
+    {S::DeskFontBold,     Title, "Font",        "FontBold",    "", "desk font, bold"},
     {S::PrintFontName,    Title, "Font",        "YazFontName", "", "print font"},
     {S::PrintFontSize,    Title, "Font",        "YazFontSize", "", "print font, points"},
     {S::GridFontName,     Title, "EkrFont",     "FontName",    "", "grid font"},

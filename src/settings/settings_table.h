@@ -52,6 +52,7 @@ enum class Setting {
   ScannerSpeed,
   DeskFontName,
   DeskFontSize,
+  DeskFontBold,
   PrintFontName,
   PrintFontSize,
   GridFontName,

@@ -27,11 +27,6 @@ std::string FolderOf(std::string_view path) {
   return std::string(path.substr(0, start == 0 ? 0 : start - 1));
 }
 
-std::string Joined(const std::string& folder, const std::string& name) {
-  if (folder.ends_with('\\') || folder.ends_with('/')) return folder + name;
-  return folder + (folder.starts_with('/') ? "/" : "\\") + name;
-}
-
 // Whether the place lies inside the folder: no folder can go into itself.
 bool Inside(std::string_view place, std::string_view folder) {
   return place.size() > folder.size() && EqualText(place.substr(0, folder.size()), folder) &&
@@ -85,14 +80,14 @@ Status CSHFileOp::Plan(Task task, std::vector<Step>& steps) const {
   for (std::size_t i = 0; i < sources_.size(); ++i) {
     const std::vector<std::string> found = Expanded(sources_[i]);
     for (const std::string& from : found) {
-      if (IsFolder(from) && !includeDirectories_) continue;
+      if (files_.IsFolder(from) && !includeDirectories_) continue;
       if (task == Task::Delete) {
         steps.push_back({from, {}});
         continue;
       }
       const std::string& to = destinations_[paired ? i : 0];
-      const bool into = !paired || found.size() > 1 || to.ends_with('\\') || to.ends_with('/') || IsFolder(to);
-      steps.push_back({from, into ? Joined(to, NameOf(from)) : to});
+      const bool into = !paired || found.size() > 1 || to.ends_with('\\') || to.ends_with('/') || files_.IsFolder(to);
+      steps.push_back({from, into ? PathIn(to, NameOf(from)) : to});
     }
   }
   return {};
@@ -105,13 +100,9 @@ std::vector<std::string> CSHFileOp::Expanded(const std::string& source) const {
   const std::string folder = FolderOf(source);
   const LikePattern pattern(NamePattern(name == "*.*" ? "*" : name));
   for (const std::string& candidate : files_.List(folder)) {
-    if (pattern.Matches(candidate)) paths.push_back(Joined(folder, candidate));
+    if (pattern.Matches(candidate)) paths.push_back(PathIn(folder, candidate));
   }
   return paths;
-}
-
-bool CSHFileOp::IsFolder(const std::string& path) const {
-  return !files_.List(path).empty();
 }
 
 std::string CSHFileOp::FreeName(const std::string& path) const {
@@ -139,7 +130,7 @@ Status CSHFileOp::Transfer(Task task, const Step& step) {
     if (Status status = files_.MakeFolder(folder); !status) return status;
   }
   if (task == Task::Move) return files_.Move(step.from, to);
-  if (IsFolder(step.from)) return CopyFolder(step.from, to);
+  if (files_.IsFolder(step.from)) return CopyFolder(step.from, to);
   // Nothing stood there a moment ago: what stands there now is another terminal's, and nobody agreed to lose it.
   return replace ? files_.Copy(step.from, to) : files_.CopyNew(step.from, to);
 }
@@ -147,8 +138,8 @@ Status CSHFileOp::Transfer(Task task, const Step& step) {
 Status CSHFileOp::CopyFolder(const std::string& from, const std::string& to) {
   if (Status status = files_.MakeFolder(to); !status) return status;
   for (const std::string& name : files_.List(from)) {
-    const std::string inner = Joined(from, name);
-    Status status = IsFolder(inner) ? CopyFolder(inner, Joined(to, name)) : files_.Copy(inner, Joined(to, name));
+    const std::string inner = PathIn(from, name);
+    Status status = files_.IsFolder(inner) ? CopyFolder(inner, PathIn(to, name)) : files_.Copy(inner, PathIn(to, name));
     if (!status) return status;
   }
   return {};
@@ -156,13 +147,13 @@ Status CSHFileOp::CopyFolder(const std::string& from, const std::string& to) {
 
 Status CSHFileOp::Remove(const std::string& path) {
   if (!Confirmed(confirmOperation_, path + " silinsin mi?")) return {};
-  return IsFolder(path) ? DeleteFolder(path) : files_.Delete(path);
+  return files_.IsFolder(path) ? DeleteFolder(path) : files_.Delete(path);
 }
 
 Status CSHFileOp::DeleteFolder(const std::string& path) {
   for (const std::string& name : files_.List(path)) {
-    const std::string inner = Joined(path, name);
-    if (Status status = IsFolder(inner) ? DeleteFolder(inner) : files_.Delete(inner); !status) return status;
+    const std::string inner = PathIn(path, name);
+    if (Status status = files_.IsFolder(inner) ? DeleteFolder(inner) : files_.Delete(inner); !status) return status;
   }
   return files_.Delete(path);
 }

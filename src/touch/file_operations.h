@@ -75,7 +75,6 @@ class CSHFileOp {
   FileOperationResult Run(Task task);
   [[nodiscard]] Status Plan(Task task, std::vector<Step>& steps) const;
   [[nodiscard]] std::vector<std::string> Expanded(const std::string& source) const;
-  [[nodiscard]] bool IsFolder(const std::string& path) const;
   [[nodiscard]] std::string FreeName(const std::string& path) const;
   Status Transfer(Task task, const Step& step);
   Status CopyFolder(const std::string& from, const std::string& to);

@@ -90,6 +90,15 @@ TEST_F(DiskFilesTest, drives_and_shares_lie_in_the_home) {
   EXPECT_EQ(files_.RealPath("Logo.jpg"), (folder_ / "program/Logo.jpg").string());
 }
 
+TEST_F(DiskFilesTest, a_folder_is_one_also_when_it_is_empty) {
+  Put(folder_ / "home/C/KarvelData/Karvel.mdb");
+  fs::create_directories(folder_ / "home/C/Yedek");
+  EXPECT_TRUE(files_.IsFolder("C:\\KarvelData\\"));
+  EXPECT_TRUE(files_.IsFolder("c:\\yedek"));
+  EXPECT_FALSE(files_.IsFolder("C:\\KarvelData\\Karvel.mdb"));
+  EXPECT_FALSE(files_.IsFolder("C:\\Nerede"));
+}
+
 TEST_F(DiskFilesTest, existing_names_match_ignoring_case_piece_by_piece) {
   Put(folder_ / "home/C/KARVELDATA/Karvel.Mdb");
   EXPECT_EQ(files_.RealPath("C:\\KarvelData\\KARVEL.MDB"), Home("/C/KARVELDATA/Karvel.Mdb"));

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "app/desk_grid.h"
 #include "tests/support/temp_folder.h"
 #include "window_fixture.h"
 
@@ -55,6 +56,17 @@ TEST_F(QtWindowTest, a_larger_grid_font_makes_higher_rows) {
   const int before = frame.TextWidth("CariGrid", "Abdullah");
   frame.SetGridFont("", 24, false);
   EXPECT_GT(frame.TextWidth("CariGrid", "Abdullah"), before);
+}
+
+TEST_F(QtWindowTest, a_chosen_font_is_four_points_smaller_in_the_day_book_list) {
+  const auto points = [this](const Element& grid) {
+    return qobject_cast<DeskGrid*>(window.WidgetOf(grid))->TextFont().pixelSize() * 72.0 / 96.0;
+  };
+  frame.SetGridFont("", 24, true);
+  EXPECT_EQ(points(screen.CariGrid), 24);
+  EXPECT_EQ(points(screen.StokGrid), 24);
+  EXPECT_EQ(points(screen.HareketGrid), 20);
+  EXPECT_TRUE(qobject_cast<DeskGrid*>(Of(screen.HareketGrid))->TextFont().bold());
 }
 
 TEST_F(QtWindowTest, closing_by_the_program_says_so) {

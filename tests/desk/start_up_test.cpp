@@ -2,6 +2,7 @@
 #include <fstream>
 
 #include "tests/support/desk_fixture.h"
+#include "tests/support/logged_lines.h"
 
 namespace karvel {
 namespace {
@@ -52,6 +53,15 @@ TEST_F(StartUpTest, the_walk_in_customer_is_not_added_again_when_a_group_hides_h
   EXPECT_EQ(RowsInAll(), 2U);
 }
 
+TEST_F(StartUpTest, a_healthy_start_logs_nothing) {
+  const testing::LoggedLines log;
+  for (int i = 0; i < 2; ++i) ASSERT_TRUE(Start());
+  AddCustomer("C001", "Ayşe Yılmaz");
+  AddStock("1001", "Pirinç");
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(log.Lines(), std::vector<std::string>{});
+}
+
 TEST_F(StartUpTest, a_second_copy_ends_at_once_and_touches_nothing) {
   shell.otherCopyRuns = true;
   EXPECT_FALSE(Start());
@@ -100,6 +110,19 @@ TEST_F(StartUpTest, a_format_that_the_shop_chose_stays) {
   settings.Save("Velmora Karvel1", "Size", "fFormat", "#,##0");
   ASSERT_TRUE(Start());
   EXPECT_EQ(desk->form.PriceFormat, "#,##0");
+}
+
+TEST_F(StartUpTest, the_folder_of_a_share_ends_without_a_backslash_and_that_of_the_machine_with_one) {
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(desk->form.DataDir, "C:\\KarvelData\\");
+  settings.Save("Velmora Karvel1", "Size", "Online", "10.0.0.5");
+  settings.Save("Velmora Karvel1", "Size", "Firma", "01");
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(desk->form.DataDir, "\\\\10.0.0.5\\MuhasebeData\\01");
+  EXPECT_TRUE(At("OnLine").Checked());
+  EXPECT_TRUE(fs::exists(folder.Path() + "/net/10.0.0.5/MuhasebeData/01/Cari.mdb"));
+  EXPECT_TRUE(fs::exists(folder.Path() + "/net/10.0.0.5/MuhasebeData/01/CariGrid.dat"));
+  EXPECT_EQ(desk->cursors.CariData.DatabaseName(), "\\\\10.0.0.5\\MuhasebeData\\01\\Cari.Mdb");
 }
 
 TEST_F(StartUpTest, a_terminal_with_ftp_waits_for_the_connection) {

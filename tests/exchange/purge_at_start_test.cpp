@@ -93,6 +93,21 @@ TEST_F(PurgeAtStartTest, unchecked_it_never_runs) {
   EXPECT_EQ(Days("Karvel.mdb", "Datam").size(), 4U);
 }
 
+TEST_F(PurgeAtStartTest, it_runs_before_the_desk_waits_for_the_network_or_shows_its_button) {
+  settings.Save("Velmora Karvel1", "Size", "FtpUrl", "ftp://example.org");
+  connection.downFor = 1;
+  std::size_t left = 0;
+  bool opened = true;
+  loop.duringWait = [&] {
+    if (!desk || !desk->screen.BağlantıFrm.Visible()) return;
+    opened = desk->screen.Command3.Visible();
+    left = Days("Karvel.mdb", "Datam").size();
+  };
+  StartOn(kSixtiethDay);
+  EXPECT_FALSE(opened);
+  EXPECT_EQ(left, 1U);
+}
+
 TEST_F(PurgeAtStartTest, the_lists_show_what_is_left) {
   StartOn(kSixtiethDay);
   ASSERT_TRUE(desk->cursors.CariData.FindFirst("CariKod='C001'").Ok());

@@ -29,6 +29,7 @@ class FolderFiles final : public Files {
   [[nodiscard]] std::string ProgramFolder() const override { return root_ + "/program"; }
   [[nodiscard]] std::string HomeFolder() const override { return root_; }
   [[nodiscard]] bool Exists(const std::string& path) const override { return std::filesystem::exists(RealPath(path)); }
+  [[nodiscard]] bool IsFolder(const std::string& path) const override { return std::filesystem::is_directory(RealPath(path)); }
   Status MakeFolder(const std::string& path) override {
     std::error_code error;
     std::filesystem::create_directories(RealPath(path), error);

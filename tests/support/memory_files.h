@@ -53,6 +53,10 @@ class MemoryFiles final : public Files {
   [[nodiscard]] std::string ProgramFolder() const override { return "/program"; }
   [[nodiscard]] std::string HomeFolder() const override { return "/home"; }
   [[nodiscard]] bool Exists(const std::string& path) const override { return entries_.contains(KeyOf(path)); }
+  [[nodiscard]] bool IsFolder(const std::string& path) const override {
+    const auto found = entries_.find(KeyOf(path));
+    return found != entries_.end() && found->second.folder;
+  }
   Status MakeFolder(const std::string& path) override {
     if (Status status = Admit(); !status) return status;
     AddFolder(RealPath(path));

@@ -37,9 +37,14 @@ class ScriptedMessages final : public Messages {
     shown.push_back({prompt, title, MessageIcon::None, preset});
     return Next();
   }
-  std::optional<FontChoice> FontDialog(const FontChoice&) override { return std::nullopt; }
+  std::optional<FontChoice> FontDialog(const FontChoice& preset) override {
+    offeredFont = preset;
+    return chosenFont;
+  }
   std::optional<std::string> FileDialog(const std::string&, const std::string&) override { return Next(); }
 
+  std::optional<FontChoice> chosenFont;  // none: the font box is cancelled
+  FontChoice offeredFont;
   std::deque<std::string> answers;
   std::vector<Box> shown;
 
@@ -119,9 +124,10 @@ class QuietWindow final : public Window {
     return 10 * static_cast<int>(LetterCount(text));
   }
   [[nodiscard]] int InnerWidth(const std::string&) const override { return 300; }
-  void SetDeskFont(const std::string& name, double, bool) override { deskFont = name; }
-  void SetGridFont(const std::string& name, double, bool) override { gridFont = name; }
-  std::string title, savedFitting, deskFont, gridFont;
+  void SetDeskFont(const std::string& name, double size, bool bold) override { deskFont = {name, size, bold}; }
+  void SetGridFont(const std::string& name, double size, bool bold) override { gridFont = {name, size, bold}; }
+  std::string title, savedFitting;
+  FontChoice deskFont, gridFont;
   bool fixed = false, active = true;
   int closes = 0, ends = 0, moved = 0, sized = 0;
 };

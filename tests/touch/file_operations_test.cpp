@@ -66,6 +66,27 @@ TEST_F(FileOperations, a_template_is_copied_into_a_new_data_folder) {
   EXPECT_EQ(files.Bytes("/program/Cari.mdb"), "cari");
 }
 
+TEST_F(FileOperations, an_empty_folder_takes_files_into_it) {
+  ASSERT_TRUE(files.MakeFolder("C:\\KarvelData").Ok());
+  operation.AddSourceFile("/program/Cari.mdb");
+  operation.AddDestFile("C:\\KarvelData");
+  EXPECT_TRUE(operation.CopyFiles());
+  EXPECT_EQ(files.Bytes("C:\\KarvelData\\Cari.mdb"), "cari");
+}
+
+TEST_F(FileOperations, an_empty_folder_is_passed_over_or_taken_as_folders_are) {
+  ASSERT_TRUE(files.MakeFolder("C:\\Boş").Ok());
+  operation.AddSourceFile("C:\\Boş");
+  EXPECT_TRUE(operation.DeleteFiles());
+  EXPECT_TRUE(files.IsFolder("C:\\Boş"));
+  operation.IncludeDirectories(true);
+  operation.AddDestFile("C:\\Yeni");
+  EXPECT_TRUE(operation.CopyFiles());
+  EXPECT_TRUE(files.IsFolder("C:\\Yeni"));
+  EXPECT_TRUE(operation.DeleteFiles());
+  EXPECT_FALSE(files.Exists("C:\\Boş"));
+}
+
 TEST_F(FileOperations, sources_and_destinations_pair_up) {
   operation.AddSourceFile("/program/Cari.mdb");
   operation.AddSourceFile("/program/Stok.mdb");
