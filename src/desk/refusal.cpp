@@ -6,7 +6,8 @@
 namespace karvel {
 
 void ShowRefusal(const World& world, const Status& outcome) {
-  if (!outcome.Ok()) world.messages.MessageBox(ClerkMessage(outcome), "Kayıt Yapılamadı", MessageIcon::Stop, MessageButtons::Ok);
+  if (outcome.Ok()) return;
+  world.messages.MessageBox(WithPlace(ClerkMessage(outcome), outcome), "Kayıt Yapılamadı", MessageIcon::Stop, MessageButtons::Ok);
 }
 
 }  // namespace karvel
