@@ -31,6 +31,9 @@ DeskGrid::DeskGrid(const DeskUi& ui, GridElement& element, QWidget* parent) : QA
   measure_.setSingleShot(true);
   measure_.setInterval(60);
   connect(&measure_, &QTimer::timeout, this, &DeskGrid::MeasureExtent);
+  again_.setSingleShot(true);
+  again_.setInterval(100);
+  connect(&again_, &QTimer::timeout, viewport(), qOverload<>(&QWidget::update));
   hold_.setSingleShot(true);
   hold_.setInterval(700);
   connect(&hold_, &QTimer::timeout, this, &DeskGrid::Held);
@@ -117,6 +120,29 @@ void DeskGrid::FetchIfStale() {
     }
   }
   if (placing_) PlaceAnew();
+}
+
+void DeskGrid::FetchForPaint() {
+  kept_ = false;
+  if (!watched_) return FetchIfStale();
+  const Glance glance(*watched_);
+  const bool stale = stale_;
+  const bool sourceKept = watched_->SourceTable() == table_ && watched_->RecordSource() == source_;
+  const RowWindow held = stale ? rows_ : RowWindow();
+  const int scroll = scroll_;
+  FetchIfStale();
+  const RowKey current = watched_->CurrentKey();
+  kept_ = !glance.Complete();
+  if (!kept_) {
+    currentKey_ = current;
+    return;
+  }
+  if (stale && sourceKept) {
+    rows_ = held;
+    scroll_ = scroll;
+  }
+  stale_ = true;
+  again_.start();
 }
 
 void DeskGrid::BringIntoView(const GridRow& row) {
