@@ -126,21 +126,15 @@ void DeskGrid::FetchForPaint() {
   kept_ = false;
   if (!watched_) return FetchIfStale();
   const Glance glance(*watched_);
-  const bool stale = stale_;
-  const bool sourceKept = watched_->SourceTable() == table_ && watched_->RecordSource() == source_;
-  const RowWindow held = stale ? rows_ : RowWindow();
-  const int scroll = scroll_;
-  FetchIfStale();
-  const RowKey current = watched_->CurrentKey();
+  // Looked at before anything that is held is let go.
+  if (stale_) (void)watched_->RowsFromStart(1);
+  if (glance.Complete()) {
+    FetchIfStale();
+    currentKey_ = watched_->CurrentKey();
+  }
   kept_ = !glance.Complete();
-  if (!kept_) {
-    currentKey_ = current;
-    return;
-  }
-  if (stale && sourceKept) {
-    rows_ = held;
-    scroll_ = scroll;
-  }
+  if (!kept_) return;
+  if (watched_->SourceTable() != table_) rows_.Clear();  // they fit no column of the list that comes
   stale_ = true;
   again_.start();
 }

@@ -58,8 +58,7 @@ TEST_F(WaitingNoticeTest, without_a_slip_number_nothing_is_posted_and_the_fields
   settings.changeFault = Status(ErrorKind::Busy, "kept").About(Subject::Settings);
   Post("2");
   ASSERT_EQ(messages.shown.size(), 1U);
-  EXPECT_EQ(messages.shown[0].text,
-            "Ayarlar şu anda başka bir terminalce kullanılıyor. Kayıt yapılmadı; biraz bekleyip yeniden deneyin.");
+  EXPECT_EQ(messages.shown[0].text, "Ayarlar şu anda başka bir terminalce kullanılıyor. Kayıt yapılmadı; biraz bekleyip yeniden deneyin.");
   EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam"), "0");
   EXPECT_EQ(One("Cari.mdb", "SELECT count(*) FROM CariHareket"), "0");
   EXPECT_EQ(At("Text2(1)").Text(), "2");
