@@ -31,6 +31,9 @@ DeskGrid::DeskGrid(const DeskUi& ui, GridElement& element, QWidget* parent) : QA
   measure_.setSingleShot(true);
   measure_.setInterval(60);
   connect(&measure_, &QTimer::timeout, this, &DeskGrid::MeasureExtent);
+  again_.setSingleShot(true);
+  again_.setInterval(100);
+  connect(&again_, &QTimer::timeout, viewport(), qOverload<>(&QWidget::update));
   hold_.setSingleShot(true);
   hold_.setInterval(700);
   connect(&hold_, &QTimer::timeout, this, &DeskGrid::Held);
@@ -121,6 +124,23 @@ void DeskGrid::FetchIfStale() {
     }
   }
   if (placing_) PlaceAnew();
+}
+
+void DeskGrid::FetchForPaint() {
+  kept_ = false;
+  if (!watched_) return FetchIfStale();
+  const Glance glance(*watched_);
+  // Looked at before anything that is held is let go.
+  if (stale_) (void)watched_->RowsFromStart(1);
+  if (glance.Complete()) {
+    FetchIfStale();
+    currentKey_ = watched_->CurrentKey();
+  }
+  kept_ = !glance.Complete();
+  if (!kept_) return;
+  if (watched_->SourceTable() != table_) rows_.Clear();  // they fit no column of the list that comes
+  stale_ = true;
+  again_.start();
 }
 
 void DeskGrid::BringIntoView(const GridRow& row) {

@@ -65,6 +65,8 @@ class DeskGrid : public QAbstractScrollArea {
   // Rows.
   void Watch(Cursor* cursor);
   void FetchIfStale();
+  // The same for a paint: nothing waits. Where another program keeps the rows, those that are held stay, and it is tried again soon.
+  void FetchForPaint();
   void BringIntoView(const GridRow& row);
   void ScrollBy(int pixels);
   void ScrollToPosition(std::int64_t position);
@@ -119,11 +121,13 @@ class DeskGrid : public QAbstractScrollArea {
   std::optional<ValueScale> scale_;  // of a longer one
   int scaleField_ = -1;              // the position of its sorted field
   bool stale_ = true, placing_ = true, placedWithRows_ = false, showingBar_ = false;
-  QTimer measure_, hold_;
+  bool kept_ = false;  // another program keeps the rows
+  QTimer measure_, hold_, again_;
 
   Drag drag_ = Drag::None;
   QPoint pressedAt_, movedTo_;
-  RowKey tapped_ = 0;  // the row that the last tap took, until the next press
+  RowKey currentKey_ = 0;  // of the last paint
+  RowKey tapped_ = 0;      // the row that the last tap took, until the next press
   int borderColumn_ = -1, borderWidth_ = 0;
   bool doubled_ = false, held_ = false, rightPress_ = false;
   ScopedConnection watching_;  // of what the watched cursor shows

@@ -22,7 +22,7 @@ int SmallerName(int pixelSize) {
 }  // namespace
 
 void DeskGrid::paintEvent(QPaintEvent*) {
-  FetchIfStale();
+  FetchForPaint();
   QPainter painter(viewport());
   painter.setRenderHint(QPainter::Antialiasing);
   const QRect whole = viewport()->rect();
@@ -34,7 +34,7 @@ void DeskGrid::paintEvent(QPaintEvent*) {
   painter.setClipPath(edge);
 
   const int height = RowHeight();
-  const RowKey current = watched_ && watched_->HasCurrent() ? watched_->CurrentKey() : 0;
+  const RowKey current = watched_ ? currentKey_ : 0;
   painter.setFont(TextFont());
   painter.save();
   painter.setClipRect(whole.adjusted(0, HeadHeight(), 0, 0), Qt::IntersectClip);
@@ -49,7 +49,8 @@ void DeskGrid::paintEvent(QPaintEvent*) {
   if (rows_.Count() == 0) {
     painter.setFont(ui_.theme.Font(FontRole::Title));
     painter.setPen(palette::kFaint);
-    painter.drawText(whole.adjusted(0, HeadHeight(), 0, 0), Qt::AlignCenter, QStringLiteral("Kayıt yok"));
+    painter.drawText(whole.adjusted(0, HeadHeight(), 0, 0), Qt::AlignCenter,
+                     kept_ ? QStringLiteral("Bekleniyor…") : QStringLiteral("Kayıt yok"));
   }
   painter.setClipping(false);
   if (hasFocus()) {

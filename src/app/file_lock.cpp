@@ -7,9 +7,10 @@
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
+#include <thread>
 #include <utility>
 
-#include "platform/log.h"
+#include "platform/system_error.h"
 
 namespace karvel {
 
@@ -19,30 +20,35 @@ FileLock::~FileLock() {
   if (handle_ >= 0) close(handle_);
 }
 
-bool FileLock::Open() {
-  if (handle_ >= 0) return true;
+Status FileLock::Open() {
+  if (handle_ >= 0) return {};
+  const std::string folder = std::filesystem::path(path_).parent_path();
   std::error_code error;
-  std::filesystem::create_directories(std::filesystem::path(path_).parent_path(), error);
+  std::filesystem::create_directories(folder, error);
+  if (error) return StatusOfSystemError(error.value(), folder);
   handle_ = open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-  if (handle_ < 0) Log("lock " + path_ + ": " + std::generic_category().message(errno));
-  return handle_ >= 0;
+  return handle_ >= 0 ? Status() : StatusOfSystemError(errno, path_);
 }
 
-bool FileLock::Wait() {
-  if (!Open()) return false;
-  while (!held_) {
-    if (flock(handle_, LOCK_EX) == 0) {
-      held_ = true;
-    } else if (errno != EINTR) {
-      return false;
-    }
+Status FileLock::Try() {
+  if (held_) return {};
+  if (Status opened = Open(); !opened.Ok()) return opened;
+  while (flock(handle_, LOCK_EX | LOCK_NB) != 0) {
+    if (errno == EWOULDBLOCK) return {ErrorKind::Busy, path_ + ": held by another terminal"};
+    if (errno != EINTR) return StatusOfSystemError(errno, path_);
   }
-  return true;
+  held_ = true;
+  return {};
 }
 
-bool FileLock::Try() {
-  if (!held_) held_ = Open() && flock(handle_, LOCK_EX | LOCK_NB) == 0;
-  return held_;
+Status FileLock::WaitFor(Patience& patience) {
+  for (Wait wait(patience);;) {
+    Status tried = Try();
+    if (tried.Kind() != ErrorKind::Busy) return tried;
+    const auto nap = wait.Nap();
+    if (nap.count() == 0) return tried;
+    std::this_thread::sleep_for(nap);
+  }
 }
 
 void FileLock::Release() {

@@ -3,6 +3,9 @@
 
 #include <string>
 
+#include "platform/patience.h"
+#include "platform/status.h"
+
 namespace karvel {
 
 class FileLock {
@@ -13,15 +16,16 @@ class FileLock {
   FileLock(const FileLock&) = delete;
   FileLock& operator=(const FileLock&) = delete;
 
-  // Waits for the lock as long as it takes. False when the file can't be made, which is logged, or can't be locked.
-  bool Wait();
-  // Takes the lock if it is free now; true also when this object holds it already.
-  bool Try();
+  // Takes the lock if it is free now; well also when this object holds it already. Busy when somebody else does; any other failure names
+  // the file or folder that could not be made.
+  Status Try();
+  // Waits for the lock as long as the patience lasts, then it is Busy.
+  Status WaitFor(Patience& patience);
   // Does nothing where the lock is not held.
   void Release();
 
  private:
-  bool Open();
+  Status Open();
   const std::string path_;
   int handle_ = -1;
   bool held_ = false;

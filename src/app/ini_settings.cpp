@@ -1,22 +1,26 @@
 #include "app/ini_settings.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <QString>
-#include <QStringList>
-#include <cstdint>
+#include <array>
+#include <cerrno>
 #include <ctime>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
+#include "app/atomic_file.h"
 #include "platform/log.h"
+#include "platform/system_error.h"
+#include "settings/settings_table.h"
+#include "settings/slip_number.h"
 
 namespace karvel {
 namespace {
 
 constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
+constexpr std::chrono::seconds kPatience{2};
 
 // Other users must be shut out before the first password is written.
 std::string Prepared(const std::string& homeFolder) {
@@ -31,81 +35,156 @@ std::string Prepared(const std::string& homeFolder) {
   return path;
 }
 
-QString Address(const std::string& application, const std::string& section, const std::string& key) {
-  return QString::fromStdString(application + "/" + section + "/" + key);
+std::string Address(std::string_view application, std::string_view section, std::string_view key) {
+  return std::string(application) + "/" + std::string(section) + "/" + std::string(key);
 }
 
-std::int64_t Milliseconds(const timespec& time) {
-  return std::int64_t{time.tv_sec} * 1000 + time.tv_nsec / 1000000;
+std::string SlipNumberAddress() {
+  const SettingEntry& entry = EntryOf(Setting::SlipNo);
+  return Address(FixedApplication(entry.application), entry.section, entry.key);
 }
 
-std::int64_t SavedAt(const std::string& path) {
-  struct stat info{};
-  return stat(path.c_str(), &info) == 0 ? Milliseconds(info.st_mtim) : 0;
+bool IsSameFile(const struct stat& a, const struct stat& b) {
+  return a.st_dev == b.st_dev && a.st_ino == b.st_ino && a.st_size == b.st_size && a.st_mtim.tv_sec == b.st_mtim.tv_sec &&
+         a.st_mtim.tv_nsec == b.st_mtim.tv_nsec;
 }
 
-// QSettings reads a file again when its size or its time in milliseconds has changed. The second of two saves of the same size would be
-// missed if the file system's clock gave both the same time, and a slip number would be given twice. So each save is marked as later than
-// the one before.
-void MarkLater(const std::string& path, std::int64_t before) {
-  if (SavedAt(path) > before) return;
-  const std::int64_t later = before + 1;
-  const timespec times[2] = {{.tv_sec = 0, .tv_nsec = UTIME_OMIT}, {.tv_sec = later / 1000, .tv_nsec = later % 1000 * 1000000}};
-  if (utimensat(AT_FDCWD, path.c_str(), times, 0) != 0) Log("settings: can't mark the save");
+// Reads a whole file, and tells which one it was.
+int ReadBytes(const std::string& path, std::string& bytes, struct stat& info) {
+  const int handle = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (handle < 0) return errno;
+  int error = fstat(handle, &info) == 0 ? 0 : errno;
+  std::array<char, 4096> piece;
+  while (error == 0) {
+    const ssize_t count = read(handle, piece.data(), piece.size());
+    if (count == 0) break;
+    if (count > 0) {
+      bytes.append(piece.data(), static_cast<std::size_t>(count));
+    } else if (errno != EINTR) {
+      error = errno;
+    }
+  }
+  close(handle);
+  return error;
+}
+
+// A name beside the file that is not in use, with the time in it.
+std::string NameAside(const std::string& path) {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  std::array<char, 32> stamp{};
+  std::strftime(stamp.data(), stamp.size(), ".bozuk-%Y%m%d-%H%M%S", &local);
+  const std::string first = path + stamp.data();
+  std::string name = first;
+  for (int number = 2; access(name.c_str(), F_OK) == 0; ++number) name = first + "-" + std::to_string(number);
+  return name;
 }
 
 }  // namespace
 
-IniSettings::IniSettings(const std::string& homeFolder) : path_(Prepared(homeFolder)), lock_(homeFolder + "/lock/settings.lock") {
-  InLine([this] { file_.emplace(QString::fromStdString(path_), QSettings::IniFormat); });
+IniSettings::IniSettings(const std::string& homeFolder)
+    : path_(Prepared(homeFolder)), patience_(kPatience), lock_(homeFolder + "/lock/settings.lock") {}
+
+Status IniSettings::Read() const {
+  std::string bytes;
+  struct stat info{};
+  const int error = ReadBytes(path_, bytes, info);
+  seen_ = info;
+  IniText text = ReadIni(bytes);
+  Status read;
+  // Where there is no file, no terminal has saved anything yet.
+  if (error != 0 && error != ENOENT) {
+    read = StatusOfSystemError(error, path_).About(Subject::Settings);
+  } else if (!text.whole) {
+    read = Status(ErrorKind::Damaged, path_ + ": not a settings file").At(path_).About(Subject::Settings);
+  }
+  if (!read.Ok() && readable_.Ok()) Log("settings: " + read.Message());
+  // A desk that runs goes on with what it read while the file was whole.
+  if (read.Ok() || values_.empty()) values_ = std::move(text.values);
+  return readable_ = read;
 }
 
-QString IniSettings::Read(const QString& address, const QString& preset) const {
-  QVariant value;
-  InLine([&] {
-    file_->sync();
-    value = file_->value(address, preset);
-  });
-  // A text with a comma that someone wrote by hand without quotes reads as a list.
-  return value.typeId() == QMetaType::QStringList ? value.toStringList().join(QStringLiteral(", ")) : value.toString();
+Status IniSettings::ReadIfChanged() const {
+  struct stat info{};
+  const bool same = stat(path_.c_str(), &info) == 0 && seen_.st_ino != 0 && IsSameFile(info, seen_);
+  return same ? readable_ : Read();
 }
 
-void IniSettings::Write(const QString& address, const QString& value) {
-  if (file_->contains(address) && file_->value(address).toString() == value) return;
-  const std::int64_t before = SavedAt(path_);
-  file_->setValue(address, value);
-  file_->sync();
-  if (file_->status() != QSettings::NoError) Log("settings: can't save " + address.toStdString());
-  MarkLater(path_, before);
+Status IniSettings::Write(const std::string& address, const std::string& value) {
+  const auto found = values_.find(address);
+  if (found != values_.end() && found->second == value) return {};
+  IniValues changed = values_;
+  changed[address] = value;
+  AtomicFile file(path_);
+  file.Append(WriteIni(changed));
+  Status written = file.Finish();
+  if (written.Ok()) values_ = std::move(changed);
+  return written.About(Subject::Settings);
 }
 
-void IniSettings::InLine(const std::function<void()>& work) const {
-  // Without a lock (a folder that can't be written) the work still runs: a desk must start there too.
-  if (depth_++ == 0) lock_.Wait();
-  work();
+Status IniSettings::InLine(const std::function<Status()>& work) {
+  if (depth_ == 0) {
+    patience_.Renew();
+    if (Status taken = lock_.WaitFor(patience_); !taken.Ok()) return taken.About(Subject::Settings);
+  }
+  ++depth_;
+  Status done = Read();
+  if (done.Ok()) done = work();
   if (--depth_ == 0) lock_.Release();
+  return done;
+}
+
+std::expected<std::string, Status> IniSettings::MakeReady() {
+  if (Read().Ok()) return "";
+  patience_.Renew();
+  if (Status taken = lock_.WaitFor(patience_); !taken.Ok()) return std::unexpected(taken.About(Subject::Settings));
+  // Another terminal that started at the same time may have put it aside by now.
+  auto outcome = Read().Ok() ? std::expected<std::string, Status>("") : PutAside();
+  lock_.Release();
+  return outcome;
+}
+
+std::expected<std::string, Status> IniSettings::PutAside() {
+  const std::string aside = NameAside(path_);
+  if (rename(path_.c_str(), aside.c_str()) != 0) return std::unexpected(StatusOfSystemError(errno, path_).About(Subject::Settings));
+  Prepared(std::filesystem::path(path_).parent_path());
+  const IniValues old = std::exchange(values_, {});
+  readable_ = {};
+  const std::string slip = SlipNumberAddress();
+  const auto last = old.find(slip);
+  IniValues begun = old;
+  begun[slip] = UncertainSlipNumber(last == old.end() ? "" : last->second);
+  AtomicFile file(path_);
+  file.Append(WriteIni(begun));
+  if (Status written = file.Finish(); !written.Ok()) return std::unexpected(written.About(Subject::Settings));
+  return aside;
 }
 
 std::string IniSettings::Get(const std::string& application, const std::string& section, const std::string& key,
                              const std::string& preset) const {
-  return Read(Address(application, section, key), QString::fromStdString(preset)).toStdString();
+  ReadIfChanged().Ignore();
+  const auto found = values_.find(Address(application, section, key));
+  return found == values_.end() ? preset : found->second;
 }
 
 void IniSettings::Save(const std::string& application, const std::string& section, const std::string& key, const std::string& value) {
-  InLine([&] {
-    file_->sync();
-    Write(Address(application, section, key), QString::fromStdString(value));
-  });
+  const std::string address = Address(application, section, key);
+  const Status saved = InLine([&] { return Write(address, value); });
+  if (!saved.Ok()) Log("settings: can't save " + address + ": " + saved.Message());
 }
 
-std::string IniSettings::Change(const std::string& application, const std::string& section, const std::string& key,
-                                const std::string& preset, const std::function<std::string(const std::string&)>& change) {
-  const QString address = Address(application, section, key);
+std::expected<std::string, Status> IniSettings::Change(const std::string& application, const std::string& section, const std::string& key,
+                                                       const std::string& preset,
+                                                       const std::function<std::string(const std::string&)>& change) {
+  const std::string address = Address(application, section, key);
   std::string value;
-  InLine([&] {
-    value = change(Read(address, QString::fromStdString(preset)).toStdString());
-    Write(address, QString::fromStdString(value));
+  const Status changed = InLine([&]() -> Status {
+    const auto found = values_.find(address);
+    value = change(found == values_.end() ? preset : found->second);
+    return Write(address, value);
   });
+  if (!changed.Ok()) return std::unexpected(changed);
   return value;
 }
 

@@ -19,12 +19,13 @@ LogFile::LogFile(const std::string& homeFolder, const std::string& title) {
   // A full or read-only disk ends the log, not the desk.
   const auto tell = [](const std::string& error) { std::fprintf(stderr, "log: %s\n", error.c_str()); };
   try {
-    auto sink = std::make_shared<spdlog::sinks::rotating_file_sink_mt>(homeFolder + "/log/" + title + ".log", kLargest, kKept);
+    const std::string path = homeFolder + "/log/" + title + ".log";
+    auto sink = std::make_shared<spdlog::sinks::rotating_file_sink_mt>(path, kLargest, kKept);
     auto logger = std::make_shared<spdlog::logger>("desk", std::move(sink));
     logger->set_pattern("%Y-%m-%d %H:%M:%S.%e %v");
     logger->flush_on(spdlog::level::info);
     logger->set_error_handler(tell);
-    SetLogSink([logger](std::string_view line) { logger->info("{}", line); });
+    SetLogSink([logger](std::string_view line) { logger->info("{}", line); }, path);
   } catch (const spdlog::spdlog_ex& error) {
     tell(error.what());
   }

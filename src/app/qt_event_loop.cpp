@@ -14,7 +14,7 @@ void QtEventLoop::RunPending() {
 }
 
 void QtEventLoop::RunPendingButInput() {
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
 }
 
 void QtEventLoop::Wait(int milliseconds) {

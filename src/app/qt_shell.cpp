@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "app/atomic_file.h"
-#include "app/file_lock.h"
+#include "app/only_copy.h"
 #include "platform/files.h"
 #include "platform/log.h"
 
@@ -44,10 +44,10 @@ QtShell::QtShell(const Files& files, std::string desktopFolder, bool silent)
 
 QtShell::~QtShell() = default;
 
-bool QtShell::ClaimOnlyCopy(const std::string& title) {
-  auto& lock = claimed_[title];
-  if (!lock) lock = std::make_unique<FileLock>(files_.HomeFolder() + "/lock/" + FileName(title) + ".lock");
-  return lock->Try();
+std::expected<Claim, Status> QtShell::ClaimOnlyCopy(const std::string& title) {
+  auto& copy = claimed_[title];
+  if (!copy) copy = std::make_unique<OnlyCopy>(files_.HomeFolder() + "/lock/" + FileName(title), [this] { startedAgain(); });
+  return copy->Claim();
 }
 
 void QtShell::MakeShortcut(const std::string& title) {

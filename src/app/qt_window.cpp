@@ -1,5 +1,6 @@
 #include "app/qt_window.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QFontMetrics>
@@ -14,6 +15,16 @@
 #include "platform/log.h"
 
 namespace karvel {
+
+namespace {
+
+void BringToFront(QWidget& widget) {
+  widget.setWindowState(widget.windowState() & ~Qt::WindowMinimized);
+  widget.raise();
+  widget.activateWindow();
+}
+
+}  // namespace
 
 void QtWindow::Attach(DeskWindow* window) {
   window_ = window;
@@ -86,6 +97,11 @@ void QtWindow::SizeBy(int dw, int dh) {
 
 bool QtWindow::IsActive() const {
   return window_ && window_->isActiveWindow();
+}
+
+void QtWindow::Raise() {
+  if (window_ && window_->isVisible()) BringToFront(*window_);
+  if (QWidget* const box = QApplication::activeModalWidget()) BringToFront(*box);
 }
 
 void QtWindow::Close() {

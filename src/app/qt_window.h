@@ -24,6 +24,7 @@ class QtWindow : public Window {
   void MoveBy(int dx, int dy) override;
   void SizeBy(int dw, int dh) override;
   [[nodiscard]] bool IsActive() const override;
+  void Raise() override;
   void Close() override;
   void End() override;
   [[nodiscard]] int TextWidth(const std::string& elementName, const std::string& text) const override;

@@ -26,6 +26,7 @@
 #include "desk/shut_down.h"
 #include "desk/start_up.h"
 #include "desk/tapped_search.h"
+#include "desk/waiting_notice.h"
 #include "desk/way_out.h"
 
 namespace karvel {
@@ -40,6 +41,7 @@ struct Desk::Features {
   Settings settings;
   Cursors& cursors;
   DeskParts parts;
+  WaitingNotice waiting{parts};
   DateIndex dateIndex{cursors};
   BalanceDisplay balance{parts.screen};
   DayTotal dayTotal{parts, balance};

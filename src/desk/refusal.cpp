@@ -9,7 +9,7 @@ namespace karvel {
 void ShowRefusal(Screen& screen, const World& world, const Status& outcome) {
   if (outcome.Ok()) return;
   Tell(screen, ClerkMessage(outcome));
-  world.messages.MessageBox(ClerkMessage(outcome), "Kayıt Yapılamadı", MessageIcon::Stop, MessageButtons::Ok);
+  world.messages.MessageBox(WithPlace(ClerkMessage(outcome), outcome), "Kayıt Yapılamadı", MessageIcon::Stop, MessageButtons::Ok);
 }
 
 }  // namespace karvel

@@ -1,5 +1,6 @@
 #include "desk/sale_confirmation.h"
 
+#include "books/slip_numbers.h"
 #include "books/sources.h"
 #include "books/steps.h"
 #include "books/stored_cards.h"
@@ -7,7 +8,6 @@
 #include "desk/completion.h"
 #include "desk/quiet_line.h"
 #include "platform/event_loop.h"
-#include "settings/slip_number.h"
 #include "text/format.h"
 #include "text/turkish.h"
 
@@ -38,7 +38,11 @@ void SaleConfirmation::Confirm() {
   }
   const bool posted = button_.Post([this] {
     // One number serves all lines of a slip; printing the slip clears it.
-    if (form_.SlipNo.empty()) form_.SlipNo = NextSlipNumber(settings_);
+    if (form_.SlipNo.empty()) {
+      const auto number = TakeSlipNumber(shop_, settings_);
+      if (!number) return number.error();
+      form_.SlipNo = *number;
+    }
     return PostLine();
   });
   if (posted && SearchesByBarcode(screen_)) screen_.Text1(1).SetFocus();

@@ -40,14 +40,14 @@ StartUp::StartUp(const DeskParts& parts, const Features& features)
       features_(features) {}
 
 bool StartUp::Load() {
-  if (!world_.shell.ClaimOnlyCopy(settings_.Title())) return false;
+  if (!IsOnlyCopy() || !ReadySettings()) return false;
   world_.window.RestoreFitting(kFitting);
   world_.shell.MakeShortcut(settings_.Title());
   screen_.Label1(1).SetCaption(settings_.Get(Setting::SearchCaption));
   FixTerminal();
   ReadCompanyFiles();
   FixDataFolder();
-  if (const Status made = world_.files.MakeFolder(form_.DataDir); !made.Ok()) return Refuse(made);
+  if (const Status made = world_.files.MakeFolder(form_.DataDir); !made.Ok()) return Refuse("Veri klasörü açılamadı. ", made);
   if (!CopyTemplates() || !OpenStores()) return false;
   step("terminal group", KeepTerminalGroup(shop_));
   FillStockGroups();
@@ -58,6 +58,28 @@ bool StartUp::Load() {
   screen_.DTPicker1.SetDate(world_.clock.Now().Date());
   ReadFormats();
   form_.Sabit = settings_.GetBoolean(Setting::WindowFixed);
+  return true;
+}
+
+bool StartUp::IsOnlyCopy() {
+  const auto claim = world_.shell.ClaimOnlyCopy(settings_.Title());
+  if (!claim) return Refuse("Bu terminalin kilidi kurulamadı. ", claim.error());
+  if (*claim == Claim::Taken) return false;
+  connections_ += world_.shell.startedAgain.Connect([this] { world_.window.Raise(); });
+  return true;
+}
+
+bool StartUp::ReadySettings() {
+  const auto ready = world_.settings.MakeReady();
+  if (!ready) return Refuse("Ayar dosyası okunamadı ve kenara kaldırılamadı. ", ready.error());
+  if (ready->empty()) return true;
+  // Without its options the desk may even look for its data elsewhere: the clerk has to know before he sells.
+  const Status lost = Status(ErrorKind::Damaged, "settings can't be read; kept as " + *ready).At(*ready);
+  step("settings", lost);
+  const std::string text =
+      "Ayar dosyası okunamadı. Eskisi kenara kaldırıldı, yeni ayarlarla başlanıyor: seçenekleri, ana makineyi ve FTP bilgilerini "
+      "denetleyin. Fiş numarası gün defterindeki en büyük numaradan devam eder.";
+  world_.messages.MessageBox(WithPlace(text, lost), "Ayarlar Okunamadı", MessageIcon::Exclamation, MessageButtons::Ok);
   return true;
 }
 
@@ -93,17 +115,17 @@ void StartUp::FixDataFolder() {
 
 bool StartUp::CopyTemplates() {
   const Status copied = CopyMissingTemplates(world_.files, form_.DataDir);
-  return copied.Ok() || Refuse(copied);
+  return copied.Ok() || Refuse("Boş veri dosyası kopyalanamadı. ", copied);
 }
 
 bool StartUp::OpenStores() {
   const Status opened = world_.stores.Open(world_.files.RealPath(form_.DataDir));
-  return opened.Ok() || Refuse(opened);
+  return opened.Ok() || Refuse("Veri dosyası açılamadı. ", opened);
 }
 
-bool StartUp::Refuse(const Status& status) {
+bool StartUp::Refuse(const std::string& what, const Status& status) {
   step("open", status);
-  world_.messages.MessageBox(ClerkMessage(status), "Program Açılamadı", MessageIcon::Stop, MessageButtons::Ok);
+  world_.messages.MessageBox(WithPlace(what + OpeningMessage(status), status), "Program Açılamadı", MessageIcon::Stop, MessageButtons::Ok);
   return false;
 }
 

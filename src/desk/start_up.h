@@ -42,6 +42,8 @@ class StartUp {
   Signal<> opening;
 
  private:
+  bool IsOnlyCopy();
+  bool ReadySettings();
   void FixTerminal();
   void ReadCompanyFiles();
   void FixDataFolder();
@@ -55,7 +57,7 @@ class StartUp {
   void WaitForConnection();
   void ShowGroups();
   void ShowCustomerInFront();
-  bool Refuse(const Status& status);  // tells the clerk why; false
+  bool Refuse(const std::string& what, const Status& status);  // tells the clerk what failed and why; false
 
   Shop shop_;
   Screen& screen_;
@@ -65,6 +67,7 @@ class StartUp {
   const World& world_;
   const Features features_;
   std::optional<Muted> opening_;  // until the desk is open nobody is in front
+  Connections connections_;
 };
 
 }  // namespace karvel

@@ -1,8 +1,29 @@
 #include "platform/clerk_message.h"
 
+#include "platform/log.h"
+
 namespace karvel {
+namespace {
+
+std::string SettingsMessage(const Status& status) {
+  switch (status.Kind()) {
+    case ErrorKind::Busy:
+      return "Ayarlar şu anda başka bir terminalce kullanılıyor. Kayıt yapılmadı; biraz bekleyip yeniden deneyin.";
+    case ErrorKind::DiskFull:
+      return "Disk dolu, ayarlar yazılamadı. Kayıt yapılmadı; yer açıp yeniden deneyin.";
+    case ErrorKind::NoRights:
+      return "Ayarlara erişim izni yok. Kayıt yapılmadı; izni açtırıp yeniden deneyin.";
+    case ErrorKind::Damaged:
+      return "Ayarlar okunamıyor. Kayıt yapılmadı; programı kapatıp yeniden açın.";
+    default:
+      return "Ayarlar okunamadı veya yazılamadı. Kayıt yapılmadı; yeniden deneyin, yinelenirse destek isteyin.";
+  }
+}
+
+}  // namespace
 
 std::string ClerkMessage(const Status& status) {
+  if (!status.Ok() && status.What() == Subject::Settings) return SettingsMessage(status);
   switch (status.Kind()) {
     case ErrorKind::None:
       return "İşlem tamam.";
@@ -26,6 +47,29 @@ std::string ClerkMessage(const Status& status) {
       break;
   }
   return "Beklenmeyen bir hata oldu, işlem yapılmadı. Yeniden deneyin; yinelenirse destek isteyin.";
+}
+
+std::string OpeningMessage(const Status& status) {
+  switch (status.Kind()) {
+    case ErrorKind::Busy:
+      return "Dosyayı başka bir program kullanıyor. Onu kapatıp programı yeniden açın.";
+    case ErrorKind::DiskFull:
+      return "Disk dolu. Yer açıp programı yeniden açın.";
+    case ErrorKind::NoRights:
+      return "Buraya erişim izni yok. İzni açtırıp programı yeniden açın.";
+    case ErrorKind::Damaged:
+      return "Dosya bozuk veya bu programın dosyası değil. Üzerine yazılmadı; yedekten geri yükleyin.";
+    case ErrorKind::Missing:
+      return "Dosya veya klasör bulunamadı. Yerini ve diskin takılı olduğunu denetleyin.";
+    default:
+      return "Beklenmeyen bir hata oldu. Programı yeniden açın; yinelenirse destek isteyin.";
+  }
+}
+
+std::string WithPlace(const std::string& text, const Status& status) {
+  if (status.Place().empty()) return text;
+  const std::string log = LogPlace();
+  return text + "\n\nYer: " + status.Place() + (log.empty() ? "" : "\nAyrıntılı kayıt: " + log);
 }
 
 }  // namespace karvel

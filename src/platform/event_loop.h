@@ -11,7 +11,7 @@ class EventLoop {
   virtual ~EventLoop() = default;
   // Lets waiting events run, then returns. Handlers may nest: read the state afresh afterwards.
   virtual void RunPending() = 0;
-  // The same for what the window itself needs (painting, timers), but a key or tap of the clerk keeps its place in the queue.
+  // The same for what the window itself needs (painting, timers), but a key, tap or scan of the clerk keeps its place in the queue.
   // For the middle of a posting.
   virtual void RunPendingButInput() = 0;
   // Lets events run for the time told. Ends at once under a fixed clock.

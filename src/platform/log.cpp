@@ -7,6 +7,7 @@ namespace karvel {
 namespace {
 std::mutex sinkMutex;
 std::function<void(std::string_view)> theSink;
+std::string thePlace;
 }  // namespace
 
 void Log(std::string_view line) {
@@ -14,8 +15,14 @@ void Log(std::string_view line) {
   if (theSink) theSink(line);
 }
 
-std::function<void(std::string_view)> SetLogSink(std::function<void(std::string_view)> sink) {
+std::string LogPlace() {
   const std::lock_guard lock(sinkMutex);
+  return thePlace;
+}
+
+std::function<void(std::string_view)> SetLogSink(std::function<void(std::string_view)> sink, std::string place) {
+  const std::lock_guard lock(sinkMutex);
+  thePlace = std::move(place);
   return std::exchange(theSink, std::move(sink));
 }
 

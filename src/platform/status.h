@@ -19,20 +19,39 @@ enum class ErrorKind {
   Other,
 };
 
+// What an operation was about: the clerk is told of settings in other words than of the shop's books.
+enum class Subject { Books, Settings };
+
 class [[nodiscard]] Status {
  public:
   Status() = default;
   Status(ErrorKind kind, std::string message) : kind_(kind), message_(std::move(message)) {}
+  // The same outcome, about a file or folder of this machine. An outcome that names one already keeps it.
+  [[nodiscard]] Status At(const std::string& place) const {
+    Status placed = *this;
+    if (placed.place_.empty()) placed.place_ = place;
+    return placed;
+  }
+  [[nodiscard]] Status About(Subject subject) const {
+    Status told = *this;
+    told.subject_ = subject;
+    return told;
+  }
   [[nodiscard]] bool Ok() const { return kind_ == ErrorKind::None; }
   explicit operator bool() const { return Ok(); }
   [[nodiscard]] ErrorKind Kind() const { return kind_; }
   [[nodiscard]] const std::string& Message() const { return message_; }
+  // The file or folder where it failed, for those who mend it; "" where none is known.
+  [[nodiscard]] const std::string& Place() const { return place_; }
+  [[nodiscard]] Subject What() const { return subject_; }
   // For the few places where going on is the rule, whatever happened.
   void Ignore() const {}
 
  private:
   ErrorKind kind_ = ErrorKind::None;
   std::string message_;
+  std::string place_;
+  Subject subject_ = Subject::Books;
 };
 
 }  // namespace karvel

@@ -32,7 +32,7 @@ ErrorKind KindOfSystemError(int error, ErrorKind otherwise) {
 
 Status StatusOfSystemError(int error, const std::string& path) {
   if (error == 0) return {};
-  return {KindOfSystemError(error), path + ": " + std::generic_category().message(error)};
+  return Status(KindOfSystemError(error), path + ": " + std::generic_category().message(error)).At(path);
 }
 
 }  // namespace karvel

@@ -19,6 +19,8 @@ class Window {
   virtual void SizeBy(int dw, int dh) = 0;
   // True while the desk is the window in front.
   [[nodiscard]] virtual bool IsActive() const = 0;
+  // Brings the window in front of all others, or the box that is open over it. Does nothing before it is shown.
+  virtual void Raise() = 0;
   // Asks the window to close, as its close box does.
   virtual void Close() = 0;
   // Ends the program at once, with exit code 0: nobody is asked, nothing is saved or backed up. It ends when the handlers that run have

@@ -58,7 +58,7 @@ void Settings::SaveBooleanAt(Setting setting, int index, bool value) {
   store_.Save(Application(entry), std::string(entry.section), key, BooleanText(value));
 }
 
-std::string Settings::Change(Setting setting, const std::function<std::string(const std::string&)>& change) {
+std::expected<std::string, Status> Settings::Change(Setting setting, const std::function<std::string(const std::string&)>& change) {
   const SettingEntry& entry = EntryOf(setting);
   return store_.Change(Application(entry), std::string(entry.section), std::string(entry.key), std::string(entry.preset), change);
 }

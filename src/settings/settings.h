@@ -1,7 +1,8 @@
-// One terminal's options by name, kept in the settings store under its title. A save is in the store when it returns.
-// Booleans are saved as "True" and "False"; True, Doğru and every number but 0 read as true, anything else as false.
+// One terminal's options by name, kept in the settings store under its title. A save is in the store when it returns, unless the log tells
+// why not. Booleans are saved as "True" and "False"; True, Doğru and every number but 0 read as true, anything else as false.
 #pragma once
 
+#include <expected>
 #include <functional>
 #include <string>
 
@@ -33,8 +34,8 @@ class Settings {
   [[nodiscard]] bool GetBooleanAt(Setting setting, int index) const;
   void SaveBooleanAt(Setting setting, int index, bool value);
 
-  // Reads, changes and saves an option with no other terminal in between; returns its new value.
-  std::string Change(Setting setting, const std::function<std::string(const std::string&)>& change);
+  // Reads, changes and saves an option with no other terminal in between: its new value, or why it stays as it is.
+  std::expected<std::string, Status> Change(Setting setting, const std::function<std::string(const std::string&)>& change);
 
  private:
   [[nodiscard]] std::string Application(const SettingEntry& entry) const;

@@ -1,11 +1,35 @@
 #include "settings/slip_number.h"
 
+#include <algorithm>
+#include <optional>
+
 #include "text/format.h"
 
 namespace karvel {
+namespace {
+constexpr char kUncertain = '?';
+}
 
-std::string NextSlipNumber(Settings& settings) {
-  return settings.Change(Setting::SlipNo, [](const std::string& last) { return Format(NumberOrZero(last) + 1, "000000"); });
+std::string UncertainSlipNumber(const std::string& last) {
+  return last + kUncertain;
+}
+
+std::expected<std::string, Status> NextSlipNumber(Settings& settings, const std::function<std::expected<double, Status>()>& highestInBook) {
+  std::optional<double> highest;
+  for (;;) {
+    bool asksBook = false;
+    auto next = settings.Change(Setting::SlipNo, [&](const std::string& last) {
+      const bool certain = IsNumeric(last);
+      asksBook = !certain && !highest;
+      if (asksBook) return last;
+      const double given = NumberOrZero(certain ? last : last.substr(0, last.find(kUncertain)));
+      return Format((certain ? given : std::max(given, *highest)) + 1, "000000");
+    });
+    if (!next || !asksBook) return next;
+    const auto found = highestInBook();
+    if (!found) return std::unexpected(found.error());
+    highest = *found;
+  }
 }
 
 }  // namespace karvel

@@ -399,4 +399,16 @@ void Cursor::ShowIfStale() {
   shown();
 }
 
+Glance::Glance(const Cursor& cursor) : stores_(cursor.impl_->stores), busyBefore_(stores_.busyReads_) {
+  stores_.engine_->SetPatient(false);
+}
+
+Glance::~Glance() {
+  stores_.engine_->SetPatient(true);
+}
+
+bool Glance::Complete() const {
+  return stores_.busyReads_ == busyBefore_;
+}
+
 }  // namespace karvel

@@ -123,10 +123,26 @@ class Cursor {
 
  private:
   friend class Stores;
+  friend class Glance;
   // After a write to this table by someone else: tells the grids, unless they know of it already.
   void ShowIfStale();
   class Impl;
   std::unique_ptr<Impl> impl_;
+};
+
+// The reads of a list that paints itself: while this lives none waits for another program, so that the window never stands still.
+class Glance {
+ public:
+  explicit Glance(const Cursor& cursor);
+  ~Glance();
+  Glance(const Glance&) = delete;
+  Glance& operator=(const Glance&) = delete;
+  // False when another program did not let a read through since: what was read is not what is there.
+  [[nodiscard]] bool Complete() const;
+
+ private:
+  Stores& stores_;
+  const std::uint64_t busyBefore_;
 };
 
 }  // namespace karvel

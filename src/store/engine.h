@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "platform/status.h"
+#include "platform/wait_listener.h"
 #include "store/catalogue.h"
 #include "store/dialect/dialect.h"
 #include "store/row.h"
@@ -54,6 +55,11 @@ class Engine {
   // Opens the data folder's eight files, recovers them in place where a writer died, and checks that each holds its tables.
   // Missing or Damaged name the file, and nothing is open then. An open folder is closed first.
   virtual Status Open(const std::string& folder) = 0;
+  // Who hears of the waits for other terminals and programs; null for nobody. He may read through this engine meanwhile.
+  virtual void SetWaitListener(WaitListener* listener) = 0;
+  // Whether a read beside a transaction waits for other programs, as it does at first. One that doesn't is Busy at once.
+  virtual void SetPatient(bool patient) = 0;
+
   // An open transaction is undone. Until the next Open everything else is NotOpen.
   virtual void Close() = 0;
   [[nodiscard]] virtual bool IsOpen() const = 0;

@@ -164,7 +164,9 @@ Status Stores::Write(const Table& table, const std::function<Status(Engine&)>& w
 
 Status Stores::Read(const std::function<Status(Engine&)>& read) {
   if (!engine_->IsOpen()) return {ErrorKind::NotOpen, "no stores are open"};
-  return FailOnFault(read(*engine_));
+  Status outcome = FailOnFault(read(*engine_));
+  if (outcome.Kind() == ErrorKind::Busy) ++busyReads_;
+  return outcome;
 }
 
 Status Stores::FailOnFault(Status status) {

@@ -24,6 +24,8 @@ class Stores {
   Stores& operator=(const Stores&) = delete;
 
   [[nodiscard]] Engine& Driver() { return *engine_; }
+  // Who hears of the waits for other terminals and programs; null for nobody.
+  void SetWaitListener(WaitListener* listener) { engine_->SetWaitListener(listener); }
 
   // Opens a data folder (a path of this machine, or whatever the engine takes for one), recovering it in place.
   // Cursors that were open keep their sources, but have no rows until their next Refresh.
@@ -66,6 +68,7 @@ class Stores {
  private:
   friend class Cursor;
   friend class Position;
+  friend class Glance;
 
   // For the cursors: an engine's write, counted; inside an action it is refused when the action has failed already.
   Status Write(const Table& table, const std::function<Status(Engine&)>& write);
@@ -89,6 +92,7 @@ class Stores {
   Status failure_;              // of the open actions
   std::uint64_t undoings_ = 0;  // actions undone, and closings
   std::uint64_t openings_ = 0;
+  std::uint64_t busyReads_ = 0;  // reads that another program did not let through
   std::unordered_map<const Table*, std::uint64_t> writes_;
   std::vector<const Table*> writtenTables_;  // since the action began
   std::vector<Cursor*> cursors_;

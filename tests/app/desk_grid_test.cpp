@@ -11,6 +11,8 @@
 #include "store/sqlite/sqlite_engine.h"
 #include "store/sqlite/templates.h"
 #include "store/stores.h"
+#include "tests/support/foreign_program.h"
+#include "tests/support/other_process.h"
 #include "tests/support/temp_folder.h"
 #include "window_fixture.h"
 
@@ -72,6 +74,20 @@ TEST_F(DeskGridTest, shows_the_visible_columns_with_their_formats) {
   Fill(3);
   EXPECT_EQ(Grid()->VisibleHeadings(), (QStringList{"Stok Kodu", "Stok Adı", "1.Fiyat", "Gizli"}));
   EXPECT_EQ(Grid()->ShownRows(2), (QList<QStringList>{{"K0000", "Mal 0000", "1.000,50", ""}, {"K0001", "Mal 0001", "1.001,50", ""}}));
+}
+
+TEST_F(DeskGridTest, rows_that_another_program_keeps_stay_on_the_screen_and_are_read_when_it_leaves) {
+  Fill(3);
+  const QImage before = Grid()->viewport()->grab().toImage();
+  testing::ForeignProgram other(folder.Path() + "/Stok.mdb");
+  other.Keep();
+  const Stopwatch watch;
+  cursor.shown();
+  EXPECT_EQ(Grid()->viewport()->grab().toImage(), before);
+  EXPECT_LT(watch.Seconds(), 0.5);
+  other.Run("INSERT INTO StokKartlar(StokKod, StokAdi) VALUES('K9','Mal 9'); COMMIT");
+  QTest::qWait(300);
+  EXPECT_NE(Grid()->viewport()->grab().toImage(), before);
 }
 
 TEST_F(DeskGridTest, a_tap_moves_the_cursor_before_the_element_hears_of_it) {

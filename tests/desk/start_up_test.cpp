@@ -1,6 +1,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "platform/log.h"
 #include "tests/support/desk_fixture.h"
 #include "tests/support/logged_lines.h"
 
@@ -167,7 +168,56 @@ TEST_F(StartUpTest, a_damaged_file_is_told_by_name_and_left_alone) {
   EXPECT_FALSE(Start());
   ASSERT_EQ(messages.shown.size(), 1U);
   EXPECT_EQ(messages.shown[0].title, "Program Açılamadı");
+  EXPECT_TRUE(ContainsText(messages.shown[0].text, path)) << messages.shown[0].text;
   EXPECT_EQ(fs::file_size(path), 5000U);
+}
+
+TEST_F(StartUpTest, a_file_of_another_program_is_told_by_name_with_what_it_lacks) {
+  ASSERT_TRUE(Start());
+  Stop();
+  Sql("Fatura.mdb", "DROP TABLE FatHareket");
+  EXPECT_FALSE(Start());
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_TRUE(ContainsText(messages.shown[0].text, folder.Path() + "/C/KarvelData/Fatura.mdb (FatHareket)")) << messages.shown[0].text;
+}
+
+TEST_F(StartUpTest, the_message_tells_where_the_log_lies) {
+  const auto before = SetLogSink([](std::string_view) {}, "/home/log/Velmora Karvel1.log");
+  shell.claimFault = Status(ErrorKind::NoRights, "no").At("/home/lock");
+  EXPECT_FALSE(Start());
+  SetLogSink(before);
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].title, "Program Açılamadı");
+  EXPECT_EQ(messages.shown[0].text,
+            "Bu terminalin kilidi kurulamadı. Buraya erişim izni yok. İzni açtırıp programı yeniden açın.\n\nYer: /home/lock\n"
+            "Ayrıntılı kayıt: /home/log/Velmora Karvel1.log");
+  EXPECT_TRUE(files.List("C:\\KarvelData").empty());
+}
+
+TEST_F(StartUpTest, a_further_start_raises_the_window) {
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(window.raises, 0);
+  shell.startedAgain();
+  EXPECT_EQ(window.raises, 1);
+}
+
+TEST_F(StartUpTest, settings_that_were_lost_are_told_once_and_the_desk_opens) {
+  settings.putAside = "/home/settings.ini.bozuk-1";
+  ASSERT_TRUE(Start());
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].title, "Ayarlar Okunamadı");
+  EXPECT_TRUE(ContainsText(messages.shown[0].text, settings.putAside));
+  settings.putAside.clear();
+  ASSERT_TRUE(Start());
+  EXPECT_EQ(messages.shown.size(), 1U);
+}
+
+TEST_F(StartUpTest, settings_that_can_not_be_put_aside_end_the_start) {
+  settings.readyFault = Status(ErrorKind::NoRights, "no").At("/home/settings.ini").About(Subject::Settings);
+  EXPECT_FALSE(Start());
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].title, "Program Açılamadı");
+  EXPECT_TRUE(ContainsText(messages.shown[0].text, "/home/settings.ini"));
 }
 
 TEST_F(StartUpTest, the_balance_on_the_screen_is_that_of_the_customer_in_front) {

@@ -22,6 +22,7 @@ TEST_F(TemplateCopyingTest, a_missing_template_is_told_and_nothing_opens) {
   fs::remove(files.ProgramFolder() + "/Fatura.mdb");
   EXPECT_FALSE(Start());
   ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_TRUE(ContainsText(messages.shown[0].text, files.ProgramFolder() + "/Fatura.mdb")) << messages.shown[0].text;
 }
 
 }  // namespace

@@ -1,8 +1,10 @@
 #include "scenario.h"
 
+#include <fcntl.h>
 #include <fmt/format.h>
 #include <sqlite3.h>
 #include <strings.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include <QSettings>
@@ -210,6 +212,20 @@ void Scenario::Step(const std::string& line, const std::vector<std::string>& exp
     Compare(names, expected);
   } else if (word == "soon") {
     Soon(rest, expected, answer);
+  } else if (word == "keep") {
+    const std::shared_ptr<sqlite3> database = Open(Store(rest, false));
+    if (sqlite3_exec(database.get(), "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr) != SQLITE_OK) Fail(sqlite3_errmsg(database.get()));
+    kept_.push_back(database);
+  } else if (word == "lock") {
+    Lock(Place(rest));
+  } else if (word == "leave") {
+    kept_.clear();
+  } else if (word == "again") {
+    StartAgain();
+  } else if (word == "broken") {
+    std::ofstream file(Place(rest), std::ios::binary | std::ios::trunc);
+    file << std::string(700, '\x02');
+    if (!file.flush()) Fail(fmt::format("can't write {}", rest));
   } else if (word == "restart") {
     Close();
   } else if (word == "ended") {
@@ -266,6 +282,17 @@ void Scenario::WriteSetting(const std::string& rest) {
 void Scenario::Close() {
   Request(R"({"do":"close"})", "");
   AwaitEnd();
+}
+
+void Scenario::Lock(const fs::path& file) {
+  const int handle = open(file.c_str(), O_RDWR | O_CLOEXEC);
+  if (handle < 0 || flock(handle, LOCK_EX | LOCK_NB) != 0) Fail(fmt::format("can't lock {}", file.string()));
+  kept_.push_back(std::shared_ptr<void>(nullptr, [handle](void*) { close(handle); }));
+}
+
+void Scenario::StartAgain() {
+  RobotProcess second(robotProgram_, pictures_.string(), environment_);
+  if (second.WaitForEnd(kPatience) != 0) Fail("the second copy did not end well");
 }
 
 void Scenario::AwaitEnd() {

@@ -18,6 +18,11 @@
 //   setting? SECTION/KEY           the value of a setting
 //   = LINE                         one expected line of those above; without any the result is empty
 //   soon LINE                      any line above again and again until it is as told, for a minute at most
+//   keep FILE                      another program keeps a database file of the data folder for itself, until "leave"
+//   lock PATH                      another terminal keeps a lock file of the home, until "leave"
+//   leave                          they all let go
+//   again                          starts a second copy of the terminal, which must end well by itself
+//   broken FILE                    the file of the home has nothing but noise in it
 //   restart                        closes the desk, which must end well; the next request starts it anew
 //   ended                          the desk closed by itself after the last request, and ended well
 //   end                            ends the robot's input, which must end well
@@ -62,6 +67,8 @@ class Scenario {
   PseudoTerminal& Serial();
   [[nodiscard]] std::filesystem::path Place(const std::string& path) const;
   [[nodiscard]] std::filesystem::path Store(const std::string& name, bool make) const;
+  void Lock(const std::filesystem::path& file);
+  void StartAgain();
   [[nodiscard]] std::vector<std::string> TextLines(const std::filesystem::path& file) const;
 
   const std::string robotProgram_;
@@ -70,6 +77,7 @@ class Scenario {
   std::map<std::string, std::string> environment_;
   std::unique_ptr<PseudoTerminal> serial_;
   std::unique_ptr<RobotProcess> robot_;
+  std::vector<std::shared_ptr<void>> kept_;  // what others keep
   std::filesystem::path scripts_;  // the folder of the script that is played
 };
 

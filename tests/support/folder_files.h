@@ -75,7 +75,8 @@ class FolderFiles final : public Files {
  private:
   static Status Outcome(const std::error_code& error, const std::string& path) {
     if (!error) return {};
-    return {error == std::errc::no_such_file_or_directory ? ErrorKind::Missing : ErrorKind::Other, path + ": " + error.message()};
+    return Status(error == std::errc::no_such_file_or_directory ? ErrorKind::Missing : ErrorKind::Other, path + ": " + error.message())
+        .At(path);
   }
   std::string root_;
 };

@@ -12,6 +12,11 @@ namespace karvel {
 
 class MemorySettings final : public SettingsStore {
  public:
+  std::expected<std::string, Status> MakeReady() override {
+    if (!readyFault.Ok()) return std::unexpected(readyFault);
+    return putAside;
+  }
+  void SetWaitListener(WaitListener* listener) override { waitListener = listener; }
   [[nodiscard]] std::string Get(const std::string& application, const std::string& section, const std::string& key,
                                 const std::string& preset) const override {
     const auto found = values_.find({application, section, key});
@@ -20,8 +25,10 @@ class MemorySettings final : public SettingsStore {
   void Save(const std::string& application, const std::string& section, const std::string& key, const std::string& value) override {
     values_[{application, section, key}] = value;
   }
-  std::string Change(const std::string& application, const std::string& section, const std::string& key, const std::string& preset,
-                     const std::function<std::string(const std::string&)>& change) override {
+  std::expected<std::string, Status> Change(const std::string& application, const std::string& section, const std::string& key,
+                                            const std::string& preset,
+                                            const std::function<std::string(const std::string&)>& change) override {
+    if (!changeFault.Ok()) return std::unexpected(changeFault);
     ++changes_;
     const std::string value = change(Get(application, section, key, preset));
     Save(application, section, key, value);
@@ -31,6 +38,11 @@ class MemorySettings final : public SettingsStore {
   [[nodiscard]] std::size_t Count() const { return values_.size(); }
   // How many values were changed in one piece.
   [[nodiscard]] int Changes() const { return changes_; }
+
+  std::string putAside;  // what MakeReady answers, unless there is a fault
+  Status readyFault;
+  Status changeFault;  // answered to every change while it is set
+  WaitListener* waitListener = nullptr;
 
  private:
   std::map<std::tuple<std::string, std::string, std::string>, std::string> values_;

@@ -62,7 +62,9 @@ class InstantLoop final : public EventLoop {
   void RunPending() override {
     if (duringWait) duringWait();
   }
-  void RunPendingButInput() override {}
+  void RunPendingButInput() override {
+    if (duringBusyWait) duringBusyWait();
+  }
   void Wait(int milliseconds) override {
     waits.push_back(milliseconds);
     RunPending();
@@ -73,16 +75,21 @@ class InstantLoop final : public EventLoop {
     return std::shared_ptr<void>(this, [this](void*) { timer = nullptr; });
   }
   std::function<void()> duringWait;
+  std::function<void()> duringBusyWait;
   std::vector<int> waits;       // in milliseconds, since the test began
   std::function<void()> timer;  // the timer that runs now
 };
 
 class QuietShell final : public Shell {
  public:
-  bool ClaimOnlyCopy(const std::string&) override { return !otherCopyRuns; }
+  std::expected<Claim, Status> ClaimOnlyCopy(const std::string&) override {
+    if (!claimFault.Ok()) return std::unexpected(claimFault);
+    return otherCopyRuns ? Claim::Taken : Claim::Ours;
+  }
   void MakeShortcut(const std::string& title) override { shortcuts.push_back(title); }
   void PlaySound(const std::string& path) override { sounds.push_back(path); }
   bool otherCopyRuns = false;
+  Status claimFault;
   std::vector<std::string> shortcuts, sounds;
 };
 
@@ -118,6 +125,7 @@ class QuietWindow final : public Window {
   void MoveBy(int dx, int dy) override { moved += dx + dy; }
   void SizeBy(int dw, int dh) override { sized += dw + dh; }
   [[nodiscard]] bool IsActive() const override { return active; }
+  void Raise() override { ++raises; }
   void Close() override { ++closes; }
   void End() override { ++ends; }
   [[nodiscard]] int TextWidth(const std::string&, const std::string& text) const override {
@@ -129,7 +137,7 @@ class QuietWindow final : public Window {
   std::string title, savedFitting;
   FontChoice deskFont, gridFont;
   bool fixed = false, active = true;
-  int closes = 0, ends = 0, moved = 0, sized = 0;
+  int raises = 0, closes = 0, ends = 0, moved = 0, sized = 0;
 };
 
 class TestScanner final : public Scanner {

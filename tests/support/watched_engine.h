@@ -34,6 +34,8 @@ class WatchedEngine final : public Engine {
   Status Open(const std::string& folder) override { return inner_->Open(folder); }
   void Close() override { inner_->Close(); }
   [[nodiscard]] bool IsOpen() const override { return inner_->IsOpen(); }
+  void SetPatient(bool patient) override { inner_->SetPatient(patient); }
+  void SetWaitListener(WaitListener* listener) override { inner_->SetWaitListener(listener); }
 
   Status Select(const RowQuery& query, const RowRange& range, std::vector<GridRow>& rows) override {
     ++watch_.selects;

@@ -98,8 +98,8 @@ Value RunningStatement::Read(int column, ColumnType type) const {
   return text();
 }
 
-Connection::Connection(const std::string& path, const std::string& vfs, int busyMs)
-    : database_(path, SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, busyMs, vfs) {
+Connection::Connection(const std::string& path, const std::string& vfs)
+    : database_(path, SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, 0, vfs) {
   AddFunctions();
   // The files come from elsewhere too: nothing in a file's own schema may reach beyond it.
   Execute("PRAGMA trusted_schema=OFF");
@@ -140,6 +140,11 @@ void Connection::Execute(const std::string& sql) {
 std::string Connection::AskText(const std::string& sql) {
   SQLite::Statement statement(database_, sql);
   return statement.executeStep() ? statement.getColumn(0).getString() : std::string();
+}
+
+std::string Connection::PathOf(const std::string& schema) const {
+  const char* const path = sqlite3_db_filename(database_.getHandle(), schema.c_str());
+  return path != nullptr ? path : "";
 }
 
 bool Connection::InTransaction() const {

@@ -38,8 +38,8 @@ class RunningStatement {
 // All of it throws SQLite::Exception.
 class Connection {
  public:
-  // Opens an existing file, read-only where it can't be written.
-  Connection(const std::string& path, const std::string& vfs, int busyMs);
+  // Opens an existing file, read-only where it can't be written. It never waits for a lock by itself (see Patiently).
+  Connection(const std::string& path, const std::string& vfs);
 
   [[nodiscard]] SQLite::Database& Database() { return database_; }
   // The parameters must live as long as what is returned.
@@ -48,6 +48,8 @@ class Connection {
   // The first field of the first row as text; "" without rows. Not kept.
   std::string AskText(const std::string& sql);
   [[nodiscard]] bool InTransaction() const;
+  // Where the file of a schema lies.
+  [[nodiscard]] std::string PathOf(const std::string& schema) const;
 
  private:
   static constexpr std::size_t kMostKept = 200;

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/log.h"
+#include "platform/system_error.h"
 #include "store/sqlite/errors.h"
 #include "store/table_sql.h"
 #include "text/turkish.h"
@@ -22,8 +23,8 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kMainFile = "Karvel.mdb";
 
-Status WithName(const DatabaseFile& file, const Status& status) {
-  return {status.Kind(), fmt::format("{}: {}", file.name, status.Message())};
+Status WithName(const DatabaseFile& file, const std::string& path, const Status& status) {
+  return Status(status.Kind(), fmt::format("{}: {}", file.name, status.Message())).At(status.Place()).At(path);
 }
 
 // A writer that died leaves its journal behind; the first read of the file rolls it back.
@@ -40,7 +41,7 @@ Status SetJournal(Connection& connection, const std::string& schema) {
   return {};
 }
 
-Status CheckTables(Connection& connection, const DatabaseFile& file, const std::string& schema) {
+Status CheckTables(Connection& connection, const DatabaseFile& file, const std::string& schema, const std::string& path) {
   for (const Table& table : file.tables) {
     std::vector<bool> present(table.columns.size(), false);
     SQLite::Statement columns(connection.Database(), fmt::format("PRAGMA {}.table_info({})", schema, QuotedName(table.name)));
@@ -49,20 +50,25 @@ Status CheckTables(Connection& connection, const DatabaseFile& file, const std::
       if (position >= 0) present[static_cast<std::size_t>(position)] = true;
     }
     for (std::size_t i = 0; i < present.size(); ++i) {
-      if (!present[i]) return {ErrorKind::Damaged, fmt::format("no column {} in table {}", table.columns[i].name, table.name)};
+      if (present[i]) continue;
+      const std::string lacks = fmt::format("no column {} in table {}", table.columns[i].name, table.name);
+      return Status(ErrorKind::Damaged, lacks).At(fmt::format("{} ({})", path, table.name));
     }
   }
   return {};
 }
 
 // Recovers a file, sets it up, and checks that it is what its name says. A failure names the file.
-Status PrepareFile(Connection& connection, const DatabaseFile& file, const std::string& schema) {
-  Status prepared = Run(&connection.Database(), "open", [&]() -> Status {
-    Recover(connection, schema);
-    if (Status set = SetJournal(connection, schema); !set.Ok()) return set;
-    return CheckTables(connection, file, schema);
+Status PrepareFile(Connection& connection, const DatabaseFile& file, const std::string& schema, const std::string& path,
+                   Patience& patience) {
+  Status prepared = Patiently(patience, [&] {
+    return Run(&connection.Database(), "open", [&]() -> Status {
+      Recover(connection, schema);
+      if (Status set = SetJournal(connection, schema); !set.Ok()) return set;
+      return CheckTables(connection, file, schema, path);
+    });
   });
-  return prepared.Ok() ? prepared : WithName(file, prepared);
+  return prepared.Ok() ? prepared : WithName(file, path, prepared);
 }
 
 // Removes those super-journals that no journal of the folder names.
@@ -93,7 +99,7 @@ void SweepSuperJournals(Connection& connection, const std::string& folder, Gate&
     if (super && name.size() == mark + 12) supers.push_back(entry.path());
   }
   // Another terminal at work leaves the sweep to a later start.
-  if (supers.empty() || !gate.Take(0).Ok()) return;
+  if (supers.empty() || !gate.TryTake().Ok()) return;
   const Status swept = Run(&connection.Database(), "sweep", [&] {
     connection.Execute("BEGIN IMMEDIATE");
     RemoveUnnamed(supers, folder);
@@ -103,26 +109,51 @@ void SweepSuperJournals(Connection& connection, const std::string& folder, Gate&
   gate.Leave();
 }
 
-Status OpenAll(const std::string& folder, const SqliteOptions& options, std::unique_ptr<Connection>& connection) {
-  const DatabaseFile& main = *Catalogue::File(kMainFile);
-  for (const DatabaseFile& file : Catalogue::Files()) {
-    if (InDataFolder(file) && FindFile(folder, file.name).empty()) return WithName(file, {ErrorKind::Missing, "not in " + folder});
-  }
+// The file's path in the folder. Missing only where the folder can be read and doesn't have it.
+Status Locate(const DatabaseFile& file, const std::string& folder, std::string& path) {
+  path = FindFile(folder, file.name);
+  if (!path.empty()) return {};
+  const std::string wanted = folder + "/" + std::string(file.name);
+  std::error_code failed;
+  fs::directory_iterator(folder, failed);
+  if (failed) return WithName(file, wanted, StatusOfSystemError(failed.value(), folder));
+  return WithName(file, wanted, {ErrorKind::Missing, "not in " + folder});
+}
+
+Status Connect(const DatabaseFile& file, const std::string& path, const SqliteOptions& options, Patience& patience,
+               std::unique_ptr<Connection>& connection) {
   Status opened =
-      Run(nullptr, "open", [&] { connection = std::make_unique<Connection>(FindFile(folder, main.name), options.vfs, options.busyMs); });
-  if (!opened.Ok()) return WithName(main, opened);
-  // To attach a file reads the main one too, so the main one has to be in order first.
-  if (Status prepared = PrepareFile(*connection, main, SchemaOf(main)); !prepared.Ok()) return prepared;
-  for (const DatabaseFile& file : Catalogue::Files()) {
-    if (!InDataFolder(file) || &file == &main) continue;
-    const std::string schema = SchemaOf(file);
-    Status attached = Run(&connection->Database(), "attach", [&] {
-      const std::vector<Value> path{FindFile(folder, file.name)};
-      RunningStatement attach = connection->Prepare("ATTACH ?1 AS " + schema, path);
+      Patiently(patience, [&] { return Run(nullptr, "open", [&] { connection = std::make_unique<Connection>(path, options.vfs); }); });
+  return opened.Ok() ? opened : WithName(file, path, opened);
+}
+
+Status Attach(const DatabaseFile& file, const std::string& path, Patience& patience, Connection& connection) {
+  Status attached = Patiently(patience, [&] {
+    return Run(&connection.Database(), "attach", [&] {
+      const std::vector<Value> parameters{path};
+      RunningStatement attach = connection.Prepare("ATTACH ?1 AS " + SchemaOf(file), parameters);
       attach.Step();
     });
-    if (!attached.Ok()) return WithName(file, attached);
-    if (Status prepared = PrepareFile(*connection, file, schema); !prepared.Ok()) return prepared;
+  });
+  return attached.Ok() ? attached : WithName(file, path, attached);
+}
+
+Status OpenAll(const std::string& folder, const SqliteOptions& options, Patience& patience, std::unique_ptr<Connection>& connection) {
+  const DatabaseFile& main = *Catalogue::File(kMainFile);
+  std::string path;
+  for (const DatabaseFile& file : Catalogue::Files()) {
+    if (!InDataFolder(file)) continue;
+    if (Status located = Locate(file, folder, path); !located.Ok()) return located;
+  }
+  path = FindFile(folder, main.name);
+  if (Status opened = Connect(main, path, options, patience, connection); !opened.Ok()) return opened;
+  // To attach a file reads the main one too, so the main one has to be in order first.
+  if (Status prepared = PrepareFile(*connection, main, SchemaOf(main), path, patience); !prepared.Ok()) return prepared;
+  for (const DatabaseFile& file : Catalogue::Files()) {
+    if (!InDataFolder(file) || &file == &main) continue;
+    path = FindFile(folder, file.name);
+    if (Status attached = Attach(file, path, patience, *connection); !attached.Ok()) return attached;
+    if (Status prepared = PrepareFile(*connection, file, SchemaOf(file), path, patience); !prepared.Ok()) return prepared;
   }
   return {};
 }
@@ -148,12 +179,15 @@ bool InDataFolder(const DatabaseFile& file) {
   return file.schema != "datatemp";
 }
 
-Status OpenDataFolder(const std::string& folder, const SqliteOptions& options, Gate& gate, std::unique_ptr<Connection>& connection) {
+Status OpenDataFolder(const std::string& folder, const SqliteOptions& options, Patience& patience, Gate& gate,
+                      std::unique_ptr<Connection>& connection) {
   std::error_code failed;
-  if (!fs::is_directory(folder, failed)) return {ErrorKind::Missing, folder + ": no such folder"};
+  const bool there = fs::is_directory(folder, failed);
+  if (failed) return StatusOfSystemError(failed.value(), folder);
+  if (!there) return Status(ErrorKind::Missing, folder + ": no such folder").At(folder);
   // A folder that can't be written has no gate and no writers; its rows can be read all the same.
   const bool gated = gate.Open(folder).Ok();
-  Status opened = OpenAll(folder, options, connection);
+  Status opened = OpenAll(folder, options, patience, connection);
   if (!opened.Ok()) {
     connection.reset();
   } else if (gated) {
@@ -162,12 +196,12 @@ Status OpenDataFolder(const std::string& folder, const SqliteOptions& options, G
   return opened;
 }
 
-Status OpenSingleFile(const DatabaseFile& file, const std::string& folder, const SqliteOptions& options,
+Status OpenSingleFile(const DatabaseFile& file, const std::string& folder, const SqliteOptions& options, Patience& patience,
                       std::unique_ptr<Connection>& connection) {
-  const std::string path = FindFile(folder, file.name);
-  if (path.empty()) return WithName(file, {ErrorKind::Missing, "not in " + folder});
-  Status opened = Run(nullptr, "open", [&] { connection = std::make_unique<Connection>(path, options.vfs, options.busyMs); });
-  opened = opened.Ok() ? PrepareFile(*connection, file, "main") : WithName(file, opened);
+  std::string path;
+  Status opened = Locate(file, folder, path);
+  if (opened.Ok()) opened = Connect(file, path, options, patience, connection);
+  if (opened.Ok()) opened = PrepareFile(*connection, file, "main", path, patience);
   if (!opened.Ok()) connection.reset();
   return opened;
 }

@@ -21,11 +21,12 @@ std::string SchemaOf(const DatabaseFile& file);
 // Whether the file belongs to the data folder, and so to the commits over it.
 bool InDataFolder(const DatabaseFile& file);
 
-// Opens all eight, and the gate; waits for no other terminal. On failure `connection` stays empty and the message begins with the file's
-// name.
-Status OpenDataFolder(const std::string& folder, const SqliteOptions& options, Gate& gate, std::unique_ptr<Connection>& connection);
+// Opens all eight, and the gate; waits for other programs as long as the patience lasts, but for no other terminal. On failure `connection`
+// stays empty and the message begins with the file's name.
+Status OpenDataFolder(const std::string& folder, const SqliteOptions& options, Patience& patience, Gate& gate,
+                      std::unique_ptr<Connection>& connection);
 // Opens a single file under the schema name "main".
-Status OpenSingleFile(const DatabaseFile& file, const std::string& folder, const SqliteOptions& options,
+Status OpenSingleFile(const DatabaseFile& file, const std::string& folder, const SqliteOptions& options, Patience& patience,
                       std::unique_ptr<Connection>& connection);
 
 }  // namespace karvel::sqlite

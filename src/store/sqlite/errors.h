@@ -7,7 +7,9 @@
 #include <concepts>
 #include <string>
 #include <string_view>
+#include <thread>
 
+#include "platform/patience.h"
 #include "platform/status.h"
 
 namespace karvel::sqlite {
@@ -27,6 +29,19 @@ Status Run(SQLite::Database* connection, std::string_view what, Work work) {
     }
   } catch (const SQLite::Exception& error) {
     return StatusOf(error, connection, what);
+  }
+}
+
+// Does work again while another program keeps it Busy, as long as the patience lasts. The engine's own busy waits can't serve: nobody may
+// read on a connection that waits in the middle of a statement, and the window reads while it paints.
+template <typename Work>
+Status Patiently(Patience& patience, Work work) {
+  for (Wait wait(patience);;) {
+    Status done = work();
+    if (done.Kind() != ErrorKind::Busy) return done;
+    const auto nap = wait.Nap();
+    if (nap == std::chrono::milliseconds(0)) return done;
+    std::this_thread::sleep_for(nap);
   }
 }
 

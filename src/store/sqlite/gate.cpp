@@ -68,22 +68,35 @@ void Gate::Close() {
   if (file_ >= 0) close(std::exchange(file_, -1));
 }
 
-Status Gate::Take(int milliseconds) {
+Status Gate::TryTake() {
   if (file_ < 0) {
     file_ = OpenFile(path_);
     if (file_ < 0) return StatusOfSystemError(errno, path_);
   }
   if (SetLock(file_, F_WRLCK, false) == 0) return {};
   if (errno != EAGAIN && errno != EACCES) return StatusOfSystemError(errno, path_);
+  return {ErrorKind::Busy, fmt::format("{}: held by another terminal", path_)};
+}
+
+Status Gate::Take(Patience& patience) {
+  Status tried = TryTake();
+  if (tried.Kind() != ErrorKind::Busy) return tried;
+  Wait wait(patience);
+  if (wait.Nap() == std::chrono::milliseconds(0)) return tried;
 
   auto waiter = std::make_shared<Waiter>();
   waiter->file = OpenFile(path_);
   if (waiter->file < 0) return StatusOfSystemError(errno, path_);
   std::thread(WaitForLock, waiter).detach();
   std::unique_lock lock(waiter->mutex);
-  if (!waiter->changed.wait_for(lock, std::chrono::milliseconds(milliseconds), [&] { return waiter->done; })) {
+  while (!waiter->done) {
+    lock.unlock();
+    const auto nap = wait.Nap();
+    lock.lock();
+    if (waiter->changed.wait_for(lock, nap, [&] { return waiter->done; })) break;
+    if (nap > std::chrono::milliseconds(0)) continue;
     waiter->gaveUp = true;
-    return {ErrorKind::Busy, fmt::format("{}: held by another terminal", path_)};
+    return tried;
   }
   if (waiter->error != 0) {
     close(waiter->file);

@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "platform/patience.h"
 #include "platform/status.h"
 
 namespace karvel::sqlite {
@@ -19,8 +20,11 @@ class Gate {
   // Takes no place in the line yet. NoRights where the folder can't be written.
   Status Open(const std::string& folder);
   void Close();
-  // Waits at most so long; Busy when the gate stayed shut. The gate must have been opened; where that failed, it is tried again.
-  Status Take(int milliseconds);
+  // Waits as long as the patience lasts; Busy when the gate stayed shut. The gate must have been opened; where that failed, it is tried
+  // again.
+  Status Take(Patience& patience);
+  // The same without a wait.
+  Status TryTake();
   // Lets the next one in; does nothing where the gate is not held.
   void Leave();
 

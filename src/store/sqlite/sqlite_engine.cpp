@@ -48,7 +48,7 @@ class ConnectionRunner final : public StatementRunner {
 
 class SqliteEngine final : public Engine {
  public:
-  explicit SqliteEngine(SqliteOptions options) : options_(std::move(options)) {
+  explicit SqliteEngine(SqliteOptions options) : options_(std::move(options)), patience_(std::chrono::milliseconds(options_.patienceMs)) {
     CommitSyncs::Install();
     for (const DatabaseFile& file : Catalogue::Files()) {
       const std::string schema = InDataFolder(file) ? SchemaOf(file) : "main";
@@ -59,7 +59,8 @@ class SqliteEngine final : public Engine {
 
   Status Open(const std::string& folder) override {
     Close();
-    return OpenDataFolder(folder, options_, gate_, data_);
+    patience_.Renew();
+    return OpenDataFolder(folder, options_, patience_, gate_, data_);
   }
 
   void Close() override {
@@ -70,10 +71,12 @@ class SqliteEngine final : public Engine {
   }
 
   [[nodiscard]] bool IsOpen() const override { return data_ != nullptr; }
+  void SetWaitListener(WaitListener* listener) override { patience_.SetListener(listener); }
+  void SetPatient(bool patient) override { patient_ = patient; }
 
   Status Select(const RowQuery& query, const RowRange& range, std::vector<GridRow>& rows) override {
-    rows.clear();
     return WithConnection(*query.file, query.table->name, [&](Connection& connection) {
+      rows.clear();
       ConnectionRunner runner(connection);
       RowReads(tables_.at(query.table), query, SpansOf(query), runner).Select(range, rows);
     });
@@ -152,8 +155,9 @@ class SqliteEngine final : public Engine {
   Status Begin() override {
     if (!data_) return {ErrorKind::NotOpen, "no data folder is open"};
     if (open_) return {ErrorKind::Other, "a transaction is open already"};
-    if (Status taken = gate_.Take(options_.gateMs); !taken.Ok()) return taken;
-    Status begun = Run(&data_->Database(), "begin", [&] { data_->Execute("BEGIN IMMEDIATE"); });
+    patience_.Renew();
+    if (Status taken = gate_.Take(patience_); !taken.Ok()) return taken;
+    Status begun = Patiently(patience_, [&] { return Run(&data_->Database(), "begin", [&] { data_->Execute("BEGIN IMMEDIATE"); }); });
     if (!begun.Ok()) {
       gate_.Leave();
       return begun;
@@ -174,8 +178,10 @@ class SqliteEngine final : public Engine {
       // Nothing was written, so there is nothing to sync.
       committed = Run(&data_->Database(), "commit", [&] { data_->Execute("ROLLBACK"); });
     } else {
-      CommitSyncs::Begin();
-      committed = Run(&data_->Database(), "commit", [&] { data_->Execute("COMMIT"); });
+      committed = Patiently(patience_, [&] {
+        CommitSyncs::Begin();
+        return Run(&data_->Database(), "commit", [&] { data_->Execute("COMMIT"); });
+      });
     }
     // A commit that fails leaves the transaction open or not, depending on why it failed; here it is over in any case.
     EndTransaction();
@@ -192,6 +198,10 @@ class SqliteEngine final : public Engine {
   [[nodiscard]] bool ReadsHold() const override { return true; }
 
  private:
+  // Whether somebody has to look after the file itself.
+  static bool IsFileFault(const Status& status) {
+    return status.Kind() == ErrorKind::Damaged || status.Kind() == ErrorKind::NoRights || status.Kind() == ErrorKind::Other;
+  }
   static Status RowGone(const Table& table) { return {ErrorKind::NoRecord, fmt::format("{}: the row is gone", table.name)}; }
 
   // Runs work on the connection of a file.
@@ -199,13 +209,17 @@ class SqliteEngine final : public Engine {
   Status WithConnection(const DatabaseFile& file, std::string_view what, Work work) {
     Connection* connection = data_.get();
     if (connection == nullptr) return {ErrorKind::NotOpen, "no data folder is open"};
+    if (!open_) patience_.Renew();
     if (!InDataFolder(file)) {
       if (!scratch_) {
-        if (Status opened = OpenSingleFile(file, options_.programFolder, options_, scratch_); !opened.Ok()) return opened;
+        if (Status opened = OpenSingleFile(file, options_.programFolder, options_, patience_, scratch_); !opened.Ok()) return opened;
       }
       connection = scratch_.get();
     }
-    return Run(&connection->Database(), what, [&] { return work(*connection); });
+    const auto run = [&] { return Run(&connection->Database(), what, [&] { return work(*connection); }); };
+    // Inside a transaction the locks are held already; a statement that meets one all the same can't be told from one half done.
+    Status done = connection->InTransaction() || !patient_ ? run() : Patiently(patience_, run);
+    return IsFileFault(done) ? done.At(connection->PathOf(InDataFolder(file) ? SchemaOf(file) : "main")) : done;
   }
 
   template <typename Work>
@@ -241,10 +255,12 @@ class SqliteEngine final : public Engine {
   const SqliteOptions options_;
   const SqliteWords words_;
   std::map<const Table*, TableSql> tables_;
+  Patience patience_;
   Gate gate_;
   std::unique_ptr<Connection> data_;
   std::unique_ptr<Connection> scratch_;  // DataTemp.Mdb
   bool open_ = false;
+  bool patient_ = true;
   int changesBefore_ = 0;
 };
 

@@ -11,8 +11,7 @@ namespace karvel {
 
 struct SqliteOptions {
   std::string programFolder;  // where DataTemp.Mdb lies; this machine's own path
-  int busyMs = 5000;          // how long one step waits for another program's lock
-  int gateMs = 30000;         // how long an action stands in line behind other terminals
+  int patienceMs = 10000;     // how long an action, or a read beside one, waits for other terminals and programs in all
   std::string vfs;            // the SQLite file layer by name; empty for the usual one
 };
 

@@ -50,7 +50,7 @@ TEST_P(Plans, use_an_index) {
     ASSERT_TRUE(dialect::ParseCriteria(GetParam().criterion, file, *source.table, criterion).Ok());
     query.where.push_back(criterion);
   }
-  sqlite::Connection connection(kind.Path(std::string(file.name)), "", 100);
+  sqlite::Connection connection(kind.Path(std::string(file.name)), "");
   const sqlite::SqliteWords words;
   const TableSql sql(*source.table, words, sqlite::NamesOf(*source.table, "main"));
   const std::string first = PlanOf(connection, sql.Select(query, {}, 1));
@@ -85,7 +85,7 @@ TEST(PlansOfADay, go_by_the_customer_not_by_the_state) {
     dialect::Statement statement;
     ASSERT_TRUE(dialect::ParseStatement(text, file, statement).Ok());
     const RowQuery query{&file, statement.table, {statement.where}, {}};
-    sqlite::Connection connection(kind.Path("Karvel.mdb"), "", 100);
+    sqlite::Connection connection(kind.Path("Karvel.mdb"), "");
     const sqlite::SqliteWords words;
     const TableSql sql(*statement.table, words, sqlite::NamesOf(*statement.table, "main"));
     const std::string plan = PlanOf(connection, sql.Sum(query, statement.sumPosition));

@@ -26,7 +26,7 @@ inline void WriteTemplates(const std::string& folder) {
 
 // Waits are short: a test that waits in vain shall not wait long.
 inline SqliteOptions TestOptions(const std::string& programFolder) {
-  return {programFolder, 300, 300, ""};
+  return {.programFolder = programFolder, .patienceMs = 300, .vfs = ""};
 }
 
 class SqliteKind final : public EngineKind {

@@ -11,6 +11,8 @@
 
 namespace karvel::testing {
 
+using namespace std::chrono_literals;
+
 TEST(Terminals, four_that_count_at_once_lose_no_update) {
   const SqliteKind kind;
   constexpr int kTerminals = 4;
@@ -25,7 +27,7 @@ TEST(Terminals, four_that_count_at_once_lose_no_update) {
     const pid_t child = fork();
     if (child == 0) {
       SqliteOptions options = TestOptions(kind.Folder());
-      options.busyMs = options.gateMs = 60000;
+      options.patienceMs = 60000;
       Stores stores(MakeSqliteEngine(options));
       bool well = stores.Open(kind.Folder()).Ok();
       Cursor cursor(stores, "CariData");
@@ -59,7 +61,7 @@ TEST(Gate, opens_for_the_next_as_soon_as_its_holder_leaves_or_dies) {
   const pid_t holder = fork();
   if (holder == 0) {
     sqlite::Gate theirs;
-    const bool taken = theirs.Open(folder.Path()).Ok() && theirs.Take(1000).Ok();
+    const bool taken = theirs.Open(folder.Path()).Ok() && theirs.TryTake().Ok();
     const char sign = taken ? '1' : '0';
     if (write(ready[1], &sign, 1) != 1) _exit(1);
     close(leave[1]);
@@ -71,21 +73,22 @@ TEST(Gate, opens_for_the_next_as_soon_as_its_holder_leaves_or_dies) {
   char sign = 0;
   ASSERT_EQ(read(ready[0], &sign, 1), 1);
   ASSERT_EQ(sign, '1');
-  EXPECT_EQ(gate.Take(20).Kind(), ErrorKind::Busy);
+  Patience shortOne(20ms), longOne(60s);
+  EXPECT_EQ(gate.Take(shortOne).Kind(), ErrorKind::Busy);
   close(leave[1]);
-  EXPECT_TRUE(gate.Take(60'000).Ok());
+  EXPECT_TRUE(gate.Take(longOne).Ok());
   waitpid(holder, nullptr, 0);
   gate.Leave();
   sqlite::Gate second;
   ASSERT_TRUE(second.Open(folder.Path()).Ok());
-  EXPECT_TRUE(second.Take(0).Ok());
-  EXPECT_EQ(gate.Take(0).Kind(), ErrorKind::Busy);
+  EXPECT_TRUE(second.TryTake().Ok());
+  EXPECT_EQ(gate.TryTake().Kind(), ErrorKind::Busy);
 }
 
 TEST(Gate, tells_a_folder_that_is_missing) {
   sqlite::Gate gate;
   EXPECT_EQ(gate.Open("/nowhere/at/all").Kind(), ErrorKind::Missing);
-  EXPECT_EQ(gate.Take(0).Kind(), ErrorKind::Missing);
+  EXPECT_EQ(gate.TryTake().Kind(), ErrorKind::Missing);
 }
 
 }  // namespace karvel::testing
