@@ -59,14 +59,12 @@ TEST_F(QtWindowTest, a_larger_grid_font_makes_higher_rows) {
 }
 
 TEST_F(QtWindowTest, a_chosen_font_is_four_points_smaller_in_the_day_book_list) {
-  const auto points = [this](const Element& grid) {
-    return qobject_cast<DeskGrid*>(window.WidgetOf(grid))->TextFont().pixelSize() * 72.0 / 96.0;
-  };
+  const auto font = [this](const Element& grid) { return qobject_cast<DeskGrid*>(Of(grid))->TextFont(); };
   frame.SetGridFont("", 24, true);
-  EXPECT_EQ(points(screen.CariGrid), 24);
-  EXPECT_EQ(points(screen.StokGrid), 24);
-  EXPECT_EQ(points(screen.HareketGrid), 20);
-  EXPECT_TRUE(qobject_cast<DeskGrid*>(Of(screen.HareketGrid))->TextFont().bold());
+  EXPECT_EQ(font(screen.CariGrid).pixelSize(), 32);
+  EXPECT_EQ(font(screen.StokGrid).pixelSize(), 32);
+  EXPECT_EQ(font(screen.HareketGrid).pixelSize(), 27);  // 20 points
+  EXPECT_TRUE(font(screen.HareketGrid).bold());
 }
 
 TEST_F(QtWindowTest, closing_by_the_program_says_so) {
