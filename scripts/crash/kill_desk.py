@@ -33,7 +33,7 @@ class Twin:
     def __init__(self, program, home, chance, minute):
         self.actions, self.took, self.states = [], [], []
         copy = tempfile.mkdtemp(prefix="karvel-twin-")
-        shutil.copytree(home, copy, dirs_exist_ok=True)
+        shutil.copytree(home, copy, dirs_exist_ok=True, ignore=shutil.ignore_patterns("lock"))
         shop = shop_check.Shop(copy)
         self.states.append(shop.rows())
         clerk = Clerk(copy, chance)
