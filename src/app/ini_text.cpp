@@ -72,7 +72,7 @@ QString SpelledValue(const QString& value) {
   for (const QChar letter : value) {
     const char16_t unit = letter.unicode();
     quoted = quoted || unit == ';' || unit == ',' || unit == '=';
-    const auto* const escape = std::ranges::find_if(kEscapes, [unit](const auto& pair) { return pair.second == unit; });
+    const auto* const escape = std::ranges::find_if(kEscapes, [letter](const auto& pair) { return QChar(pair.second) == letter; });
     if (unit < 0x20 || unit == '"' || unit == '\\') {
       const bool known = escape != std::end(kEscapes);
       spelled += known ? QStringLiteral("\\") + QChar(escape->first) : "\\x" + QString::number(unit, 16);

@@ -19,7 +19,8 @@ void LogBell(const std::string& bell) {
 
 }  // namespace
 
-OnlyCopy::OnlyCopy(std::string path, std::function<void()> rung) : bell_(path + ".bell"), rung_(std::move(rung)), lock_(path + ".lock") {}
+OnlyCopy::OnlyCopy(const std::string& path, std::function<void()> rung)
+    : bell_(path + ".bell"), rung_(std::move(rung)), lock_(path + ".lock") {}
 
 OnlyCopy::~OnlyCopy() {
   notifier_.reset();

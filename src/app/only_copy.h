@@ -17,7 +17,7 @@ class OnlyCopy {
  public:
   // `path` is this machine's own, without an ending: PATH.lock and PATH.bell are made at the first claim. `rung` is called from the event
   // loop.
-  OnlyCopy(std::string path, std::function<void()> rung);
+  OnlyCopy(const std::string& path, std::function<void()> rung);
   ~OnlyCopy();
   OnlyCopy(const OnlyCopy&) = delete;
   OnlyCopy& operator=(const OnlyCopy&) = delete;

@@ -83,11 +83,12 @@ TEST_F(IniSettingsTest, changes_of_several_processes_are_in_line) {
     child = fork();
     if (child != 0) continue;
     IniSettings settings(home_);
+    const auto next = [](const std::string& old) {
+      std::string number = std::to_string(std::stoi(old) + 1);
+      return std::string(6 - number.size(), '0') + number;
+    };
     for (int i = 0; i < kChanges; ++i)
-      settings.Change("Velmora Karvel", "Size", "DökNo", "000000", [](const std::string& old) {
-        std::string next = std::to_string(std::stoi(old) + 1);
-        return std::string(6 - next.size(), '0') + next;
-      });
+      if (!settings.Change("Velmora Karvel", "Size", "DökNo", "000000", next)) _exit(1);
     _exit(0);
   }
   IniSettings reader(home_);
@@ -120,7 +121,7 @@ TEST_F(IniSettingsTest, a_first_start_has_nothing_to_tell) {
 }
 
 TEST_F(IniSettingsTest, a_file_that_is_none_is_kept_under_another_name_and_the_slip_number_is_uncertain) {
-  const std::string noise = std::string("\x7f\0\x01[A]\nB=1", 11) + std::string(3000, '\xEE');
+  const std::string noise = std::string("\x7f\0\x01[A]\nB=1", 10) + std::string(3000, '\xEE');
   std::ofstream(home_ + "/settings.ini", std::ios::binary) << noise;
   IniSettings settings(home_);
   const auto aside = settings.MakeReady();

@@ -74,7 +74,7 @@ TEST(IniText, a_line_that_is_none_is_noticed_and_the_others_are_read) {
 }
 
 TEST(IniText, of_a_file_that_is_no_text_nothing_is_read) {
-  const IniText read = ReadIni(std::string("[A]\nB\\c=1\n\0\x02\xFE=x\n", 17));
+  const IniText read = ReadIni(std::string("[A]\nB\\c=1\n\0\x02\xFE=x\n", 16));
   EXPECT_FALSE(read.whole);
   EXPECT_TRUE(read.values.empty());
 }

@@ -36,6 +36,16 @@ TEST_F(QtWindowTest, a_fixed_window_has_no_frame_and_a_free_one_has_it_back) {
   EXPECT_TRUE(window.isVisible());
 }
 
+TEST_F(QtWindowTest, a_raised_window_is_no_longer_minimized_and_a_hidden_one_stays_hidden) {
+  window.showMinimized();
+  ASSERT_TRUE(window.isMinimized());
+  frame.Raise();
+  EXPECT_FALSE(window.isMinimized());
+  window.hide();
+  frame.Raise();
+  EXPECT_FALSE(window.isVisible());
+}
+
 TEST_F(QtWindowTest, moves_stay_on_the_screen) {
   frame.MoveBy(-5000, -5000);
   EXPECT_GE(window.geometry().left(), 0);

@@ -11,6 +11,7 @@ TEST_F(DoubleTapHintsTest, a_tap_says_where_a_double_tap_leads) {
   At("GurupCombo").ChooseText("Toptan");
   Click("Label1(0)");
   EXPECT_EQ(At("Durum").Caption(), "Müşterilere dönmek için çift dokunun");
+  At("GurupCombo").ChooseText("Tüm Guruplar");
   EnterSale("Ahmet Işık");
   Click("Label1(0)");
   EXPECT_EQ(At("Durum").Caption(), "Müşteri listesine dönmek için çift dokunun");

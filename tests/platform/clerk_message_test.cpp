@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 
+#include "platform/log.h"
 #include "text/turkish.h"
 
 namespace karvel {
@@ -31,6 +32,24 @@ TEST(ClerkMessage, never_shows_the_log_text) {
   for (const ErrorKind kind : kKinds) {
     EXPECT_FALSE(ContainsText(ClerkMessage(Status(kind, "errno 28 at Cari.mdb")), "errno")) << static_cast<int>(kind);
   }
+}
+
+TEST(ClerkMessage, settings_have_words_of_their_own) {
+  for (const ErrorKind kind : {ErrorKind::Busy, ErrorKind::DiskFull, ErrorKind::NoRights, ErrorKind::Damaged, ErrorKind::Other}) {
+    const Status failed(kind, "");
+    EXPECT_NE(ClerkMessage(failed.About(Subject::Settings)), ClerkMessage(failed)) << static_cast<int>(kind);
+    EXPECT_TRUE(ContainsText(ClerkMessage(failed.About(Subject::Settings)), "ayarlar")) << static_cast<int>(kind);
+  }
+  EXPECT_EQ(ClerkMessage(Status().About(Subject::Settings)), ClerkMessage(Status()));
+}
+
+TEST(ClerkMessage, the_place_and_the_log_stand_below_the_text_of_a_failure_that_has_a_place) {
+  const Status failed(ErrorKind::Damaged, "malformed");
+  const auto before = SetLogSink([](std::string_view) {}, "/home/desk.log");
+  EXPECT_EQ(WithPlace("Bozuk.", failed), "Bozuk.");
+  EXPECT_EQ(WithPlace("Bozuk.", failed.At("/data/Cari.mdb").At("/data")), "Bozuk.\n\nYer: /data/Cari.mdb\nAyrıntılı kayıt: /home/desk.log");
+  SetLogSink(before);
+  EXPECT_EQ(WithPlace("Bozuk.", failed.At("/data/Cari.mdb")), "Bozuk.\n\nYer: /data/Cari.mdb");
 }
 
 TEST(Status, is_well_until_told_otherwise) {

@@ -115,7 +115,7 @@ Status Locate(const DatabaseFile& file, const std::string& folder, std::string& 
   if (!path.empty()) return {};
   const std::string wanted = folder + "/" + std::string(file.name);
   std::error_code failed;
-  fs::directory_iterator(folder, failed);
+  const fs::directory_iterator look(folder, failed);
   if (failed) return WithName(file, wanted, StatusOfSystemError(failed.value(), folder));
   return WithName(file, wanted, {ErrorKind::Missing, "not in " + folder});
 }

@@ -1,0 +1,50 @@
+#include "books/slip_numbers.h"
+
+#include "tests/support/books_fixture.h"
+#include "tests/support/memory_settings.h"
+
+namespace karvel {
+namespace {
+
+class SlipNumbersTest : public BooksFixture {
+ protected:
+  void AddSlips(const std::string& numbers) { Sql("Karvel.mdb", "INSERT INTO Datam(SeriNo) VALUES" + numbers); }
+  MemorySettings store;
+  Settings settings{store, "Velmora Karvel1"};
+};
+
+TEST_F(SlipNumbersTest, the_highest_is_that_of_the_numbers_alone) {
+  EXPECT_EQ(HighestSlipNumber(shop), 0);
+  AddSlips("(''),('F-12'),('12'),(NULL),('x000900')");
+  EXPECT_EQ(HighestSlipNumber(shop), 0);
+  AddSlips("('000017'),('000123'),('000099'),('zz')");
+  EXPECT_EQ(HighestSlipNumber(shop), 123);
+}
+
+TEST_F(SlipNumbersTest, a_longer_number_is_higher) {
+  AddSlips("('999999'),('1000000'),('1000002'),('1000001')");
+  EXPECT_EQ(HighestSlipNumber(shop), 1000002);
+  AddSlips("('9999999x')");
+  EXPECT_EQ(HighestSlipNumber(shop), 1000002);
+}
+
+TEST_F(SlipNumbersTest, the_day_book_is_asked_only_where_the_settings_do_not_know) {
+  AddSlips("('000500')");
+  store.Save("Velmora Karvel", "Size", "DökNo", "000003");
+  EXPECT_EQ(TakeSlipNumber(shop, settings), "000004");
+  store.Save("Velmora Karvel", "Size", "DökNo", "000004?");
+  EXPECT_EQ(TakeSlipNumber(shop, settings), "000501");
+  EXPECT_EQ(TakeSlipNumber(shop, settings), "000502");
+}
+
+TEST_F(SlipNumbersTest, a_day_book_that_can_not_be_read_gives_no_number) {
+  store.Save("Velmora Karvel", "Size", "DökNo", "?");
+  engine.readFault = Status(ErrorKind::Other, "disk");
+  const auto number = TakeSlipNumber(shop, settings);
+  ASSERT_FALSE(number);
+  EXPECT_EQ(number.error().Kind(), ErrorKind::Other);
+  EXPECT_EQ(store.Get("Velmora Karvel", "Size", "DökNo", ""), "?");
+}
+
+}  // namespace
+}  // namespace karvel
