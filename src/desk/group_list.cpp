@@ -1,5 +1,7 @@
 #include "desk/group_list.h"
 
+#include <initializer_list>
+
 #include "books/sources.h"
 #include "books/steps.h"
 #include "desk/booking_panels.h"
@@ -16,7 +18,7 @@ GroupList::GroupList(const DeskParts& parts, PriceSelection& prices, CustomerInF
     : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), settings_(parts.settings), prices_(prices), customer_(customer) {
   connections_ += screen_.GurupCombo.click.Connect([this] { Chosen(); });
   connections_ += screen_.ComboCmd.click.Connect([this] { Flip(); });
-  for (Element* const inFront : {static_cast<Element*>(&screen_.Frame2), static_cast<Element*>(&screen_.CariGrid)})
+  for (Element* const inFront : std::initializer_list<Element*>{&screen_.Frame2, &screen_.CariGrid})
     connections_ += inFront->altered.Connect([this] { ShowAfterAll(); });
 }
 

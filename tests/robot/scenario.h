@@ -78,7 +78,7 @@ class Scenario {
   std::unique_ptr<PseudoTerminal> serial_;
   std::unique_ptr<RobotProcess> robot_;
   std::vector<std::shared_ptr<void>> kept_;  // what others keep
-  std::filesystem::path scripts_;  // the folder of the script that is played
+  std::filesystem::path scripts_;            // the folder of the script that is played
 };
 
 }  // namespace karvel::test
