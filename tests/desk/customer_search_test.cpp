@@ -34,6 +34,12 @@ TEST_F(CustomerSearchTest, a_name_comes_before_a_card_number) {
   EXPECT_EQ(Found("9002"), "C002");
 }
 
+TEST_F(CustomerSearchTest, a_name_with_a_quote_is_found) {
+  AddCustomer("C004", "O''Hara Market");
+  EXPECT_EQ(Found("o'h"), "C004");
+  EXPECT_EQ(Found("'"), "");
+}
+
 TEST_F(CustomerSearchTest, nobody_leaves_the_list_where_it_stood) {
   EXPECT_EQ(Found("Zeki"), "");
   EXPECT_EQ(desk->cursors.CariData.Text("CariKod"), "Muhtelif Müşteri");
