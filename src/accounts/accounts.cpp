@@ -43,7 +43,7 @@ struct Accounts::Features {
   StockCardPanel stockCard{parts};
   SerialCapture serials{parts, button};
   UsePasswords passwords{parts, customer};
-  DeletedLines deletedLines{parts, passwords, button, customer, figure};
+  DeletedLines deletedLines{parts, passwords, button, customer, figure, desk.Groups()};
 };
 
 Accounts::Accounts(Desk& desk) : features_(std::make_unique<Features>(desk)) {}

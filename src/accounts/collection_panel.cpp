@@ -87,7 +87,15 @@ void CollectionPanel::AmountKey(KeyEvent& event) {
   defaultButton_->Press();
 }
 
+// Where another was named since the panel was opened he comes in front, and the panel closes.
+bool CollectionPanel::PayerStays() {
+  if (!world_.stores.IsOpen()) return true;  // the posting tells why nothing can be booked
+  const bool shown = screen_.TahsilatFrame.Visible();
+  return customer_.BringServed() && shown == screen_.TahsilatFrame.Visible();
+}
+
 void CollectionPanel::Collect() {
+  if (!PayerStays()) return;
   // Off until it is done: a second tap, which the printing could let in, would post again.
   screen_.Command7(kOk).SetEnabled(false);
   screen_.SetBusy(true);

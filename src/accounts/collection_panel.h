@@ -19,8 +19,9 @@ class CollectionPanel {
   void NextInstrument();             // Label3
   void ChooseInstrument(int index);  // Command8
   void AmountKey(KeyEvent& event);   // Text2(2)
-  void Collect();                    // Command7(1)
-  void PrintSlip();                  // DökNoYaz
+  bool PayerStays();
+  void Collect();    // Command7(1)
+  void PrintSlip();  // DökNoYaz
 
   Screen& screen_;
   Cursors& cursors_;

@@ -101,6 +101,7 @@ bool CustomerCard::IsNew() {
   const Outcome<bool> taken = IsCustomerCodeTaken(shop_, field(kCode).Text());
   if (!taken) {
     ShowRefusal(screen_, world_, taken.error());
+    screen_.CariNewCmd(kSave).SetEnabled(true);  // the card is as good as before
     return false;
   }
   if (*taken) return RefuseCode();

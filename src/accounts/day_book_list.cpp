@@ -5,6 +5,7 @@
 #include "books/sources.h"
 #include "books/steps.h"
 #include "desk/captions.h"
+#include "desk/quiet_line.h"
 #include "text/format.h"
 
 namespace karvel {
@@ -37,7 +38,10 @@ void DayBookList::DeleteCustomerOnKey(KeyEvent& event) {
   Cursor& customers = cursors_.CariData;
   // The same list also shows stock and the day book; those rows are not wiped from here.
   if (!AtRest(screen_) || !customers.SourceTable() || customers.SourceTable()->name != "CariKartlar") return;
+  const std::string name = customers.Text("Unvan");
+  const RowKey row = customers.CurrentKey();
   DeleteRowOnKey(screen_, world_, customers, event);
+  if (event.dropped && customers.CurrentKey() != row) Tell(screen_, "Kartı silindi: " + name);
   if (event.dropped && !customers.HasCurrent()) customer_.Follow();  // the last one's name and balance go with him
 }
 

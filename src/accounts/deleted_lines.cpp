@@ -12,8 +12,14 @@ constexpr const char* kDeleted = "Select * From Datam Where Durum='Iptal' Order 
 }  // namespace
 
 DeletedLines::DeletedLines(const DeskParts& parts, UsePasswords& passwords, MainButton& button, CustomerInFront& customer,
-                           BalanceDisplay& figure)
-    : screen_(parts.screen), cursors_(parts.cursors), passwords_(passwords), button_(button), customer_(customer), figure_(figure) {
+                           BalanceDisplay& figure, GroupList& groups)
+    : screen_(parts.screen),
+      cursors_(parts.cursors),
+      passwords_(passwords),
+      button_(button),
+      customer_(customer),
+      figure_(figure),
+      groups_(groups) {
   connections_ += screen_.SilinenChk.click.Connect([this] { Toggled(); });
 }
 
@@ -51,6 +57,7 @@ void DeletedLines::Close() {
   screen_.CariGrid.SetVisible(true);  // a group that was chosen meanwhile is shown now
   figure_.ColorForRest();
   OpenDesk(true);
+  groups_.ShowKept();
   if (customer_.IsThere()) customer_.Follow();
   if (customer_.Key() == before) step("day book", cursors_.HareketData.Open(kept));
 }
@@ -62,7 +69,8 @@ void DeletedLines::OpenDesk(bool open) {
   } else {
     button_.Allow(false);
   }
-  for (Element* const element : {&screen.StokChk, &screen.Command4, &screen.Label1(0), &screen.Text1(0)}) element->SetEnabled(open);
+  for (Element* const element : {&screen.StokChk, &screen.Command4, &screen.Command1, &screen.Label1(0), &screen.Text1(0)})
+    element->SetEnabled(open);
 }
 
 }  // namespace karvel

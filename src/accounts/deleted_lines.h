@@ -6,6 +6,7 @@
 #include "accounts/use_passwords.h"
 #include "desk/balance_display.h"
 #include "desk/customer_in_front.h"
+#include "desk/group_list.h"
 #include "desk/main_button.h"
 #include "desk/parts.h"
 #include "platform/signal.h"
@@ -14,7 +15,8 @@ namespace karvel {
 
 class DeletedLines {
  public:
-  DeletedLines(const DeskParts& parts, UsePasswords& passwords, MainButton& button, CustomerInFront& customer, BalanceDisplay& figure);
+  DeletedLines(const DeskParts& parts, UsePasswords& passwords, MainButton& button, CustomerInFront& customer, BalanceDisplay& figure,
+               GroupList& groups);
 
  private:
   void Toggled();
@@ -29,6 +31,7 @@ class DeletedLines {
   MainButton& button_;
   CustomerInFront& customer_;
   BalanceDisplay& figure_;
+  GroupList& groups_;
   std::string keptSource_;  // of HareketData; empty while the lines aren't shown
   bool stockGridShown_ = false;
   Connections connections_;

@@ -11,7 +11,6 @@ namespace karvel {
 namespace {
 
 const Steps step("CancelDayBookLine");
-constexpr const char* kTooLate = "Satır başka bir terminalde silinmiş";
 
 }  // namespace
 
@@ -36,10 +35,7 @@ Status LineCancellation::CancelDayBookLine() {
   const Cursor& day = cursors_.HareketData;
   if (!day.HasCurrent()) return {};
   const Cancellation cancellation = ReadCancellation();
-  if (!ReadLineAnew(cancellation)) {
-    Tell(screen_, kTooLate);
-    return {};
-  }
+  if (const Status there = ReadLineAnew(cancellation); !there.Ok()) return TellTooLate(there);
   if (customer_.BringServed()) form_.CurrentCustomerCode = customer_.Code();
   if (IsTransferred(day)) {
     RefuseTransferred(day.Text("DigerId"));
@@ -48,22 +44,25 @@ Status LineCancellation::CancelDayBookLine() {
   const Status done = CancelLine(shop_, cancellation);
   ShowBooks();
   screen_.StokGrid.SetFocus();
-  if (done.Kind() == ErrorKind::NoRecord) {
-    Tell(screen_, kTooLate);
-    return {};
-  }
   if (done.Ok()) Tell(screen_, "Silindi");
-  return done;
+  return TellTooLate(done);
 }
 
-// Reads the line as the files hold it now: another terminal may have changed or cancelled it since the list read it. False when it is gone
-// or was cancelled, for it would be taken back twice.
-bool LineCancellation::ReadLineAnew(const Cancellation& line) {
+// Reads the line as the files hold it now: another terminal may have changed or cancelled it since the list read it. NoRecord when it is
+// gone or was cancelled, for it would be taken back twice.
+Status LineCancellation::ReadLineAnew(const Cancellation& line) {
   const Muted muted(form_.RepositionGuard, Mute::DayBook);
   Cursor& day = cursors_.HareketData;
-  const bool there = day.MoveTo(line.dayBookRow).Ok() && (line.listedAsCancelled || !IsCancelled(day));
-  if (!there) step("refresh day book", day.Refresh());
+  Status there = StandOnLine(day, line.dayBookRow, line.listedAsCancelled);
+  if (there.Kind() == ErrorKind::NoRecord) step("refresh day book", day.Refresh());
   return there;
+}
+
+// The outcome, but for a line that is void: that is said in the quiet line, and there is nothing to refuse.
+Status LineCancellation::TellTooLate(const Status& outcome) {
+  if (outcome.Kind() != ErrorKind::NoRecord) return outcome;
+  Tell(screen_, "Satır başka bir terminalde silinmiş");
+  return {};
 }
 
 // What was handed on stays. The desk then stands on all cards and the line's own ledger rows until something else is posted.

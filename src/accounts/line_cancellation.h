@@ -18,7 +18,8 @@ class LineCancellation {
 
  private:
   void Confirm();
-  bool ReadLineAnew(const Cancellation& line);
+  Status ReadLineAnew(const Cancellation& line);
+  Status TellTooLate(const Status& outcome);
   void RefuseTransferred(const std::string& id);
   [[nodiscard]] Cancellation ReadCancellation() const;
   void ShowBooks();

@@ -65,6 +65,7 @@ void StockList::Toggled() {
 }
 
 void StockList::Turn(bool stock) {
+  EndTyping();
   CloseBookingPanels(screen_);
   overdue_.Hide();  // it speaks of a customer
   if (stock) {

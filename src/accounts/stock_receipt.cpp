@@ -4,6 +4,7 @@
 #include "books/steps.h"
 #include "desk/quiet_line.h"
 #include "desk/refusal.h"
+#include "platform/clerk_message.h"
 #include "platform/keyboard.h"
 #include "text/format.h"
 #include "text/turkish.h"
@@ -16,14 +17,15 @@ constexpr int kTotal = 5;  // of Label12
 constexpr int kClose = 0, kSave = 1;
 const Steps step("StockReceipt");
 
-// A quote in a name is a letter, and a name that has signs of a search in it is found by itself first.
-bool FindSearched(Cursor& cards, const std::string& text) {
+// A quote in a name is a letter, and a name that has signs of a search in it is found by itself first. NoRecord where no card is meant.
+Status FindSearched(Cursor& cards, const std::string& text) {
   const std::string whole = sources::Quoted(text), beginning = sources::Quoted(text + "*");
+  Status found;
   for (const std::string& criteria : {"Barkod=" + whole, "StokAdi=" + whole, "StokAdi Like " + beginning, "StokKod Like " + beginning}) {
-    step("find card", cards.FindFirst(criteria));
-    if (!cards.NoMatch()) return true;
+    found = cards.FindFirst(criteria);
+    if (found.Kind() != ErrorKind::NoRecord && found.Kind() != ErrorKind::BadText) break;
   }
-  return false;
+  return found;
 }
 
 bool HoldsNumber(int index) {
@@ -84,7 +86,12 @@ void StockReceipt::Character(int index, CharacterEvent& event) {
 
 void StockReceipt::Search() {
   const std::string text = Field(kName);
-  if (!StandOnSearched(text)) {
+  const Status found = StandOnSearched(text);
+  if (!found.Ok() && found.Kind() != ErrorKind::NoRecord && found.Kind() != ErrorKind::BadText) {
+    Tell(screen_, ClerkMessage(found));
+    return;
+  }
+  if (!found.Ok()) {
     // The text stays as the name of a new product.
     screen_.Text6(kBarcode).SetFocus();
     screen_.Text6(kBarcode).SetText("");
@@ -100,18 +107,19 @@ void StockReceipt::Search() {
   screen_.Text6(kQuantity).SetFocus();
 }
 
-bool StockReceipt::StandOnSearched(const std::string& text) {
+Status StockReceipt::StandOnSearched(const std::string& text) {
   const Muted muted(form_.RepositionGuard, Mute::Items);
   Cursor& cards = cursors_.StokData;
-  if (FindSearched(cards, text)) return true;
+  Status found = FindSearched(cards, text);
+  if (found.Kind() != ErrorKind::NoRecord) return found;
   // The list is narrowed to a group or a name; what a supplier brings may be any item.
   Cursor all(world_.stores, "all cards");
   all.SetDatabaseName(cards.DatabaseName());
   step("all cards", all.Open(sources::kStock));
-  if (!FindSearched(all, text)) return false;
+  found = FindSearched(all, text);
+  if (!found.Ok()) return found;
   step("all cards", cards.Open(sources::kStock));
-  step("found card", cards.MoveTo(all.CurrentKey()));
-  return true;
+  return cards.MoveTo(all.CurrentKey());
 }
 
 void StockReceipt::Save() {
@@ -145,7 +153,8 @@ Receipt StockReceipt::ReadReceipt() const {
 }
 
 Status StockReceipt::Receive() {
-  if (!customer_.BringServed()) {
+  // Where another was named meanwhile he comes in front, and the panel closes.
+  if (!customer_.BringServed() || !screen_.StokAl.Visible()) {
     screen_.StokAl.SetVisible(false);
     return {};
   }

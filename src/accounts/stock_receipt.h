@@ -24,8 +24,8 @@ class StockReceipt {
   void Changed(int index);
   void Character(int index, CharacterEvent& event);
   void Search();
-  // Moves to the first card with this barcode, else to the first whose name, else whose code, begins so; false when there is none.
-  bool StandOnSearched(const std::string& text);
+  // Moves to the first card with this barcode, else to the first whose name, else whose code, begins so; NoRecord when there is none.
+  Status StandOnSearched(const std::string& text);
   void Save();  // StokAlCmd(1)
   [[nodiscard]] Receipt ReadReceipt() const;
   void ShowReceived(RowKey item);

@@ -127,6 +127,7 @@ Status IniSettings::InLine(const std::function<Status()>& work) {
   if (depth_ == 0) {
     patience_.Renew();
     if (Status taken = lock_.WaitFor(patience_); !taken.Ok()) return taken.About(Subject::Settings);
+    patience_.Granted();
   }
   ++depth_;
   Status done = Read();
@@ -145,19 +146,26 @@ std::expected<std::string, Status> IniSettings::MakeReady() {
   return outcome;
 }
 
+// The old file stands under both names until the new one takes its place: at no moment is there an empty one, which would read as new.
 std::expected<std::string, Status> IniSettings::PutAside() {
   const std::string aside = NameAside(path_);
-  if (rename(path_.c_str(), aside.c_str()) != 0) return std::unexpected(StatusOfSystemError(errno, path_).About(Subject::Settings));
-  Prepared(std::filesystem::path(path_).parent_path());
-  const IniValues old = std::exchange(values_, {});
-  readable_ = {};
+  const bool linked = link(path_.c_str(), aside.c_str()) == 0;
+  if (!linked && rename(path_.c_str(), aside.c_str()) != 0)
+    return std::unexpected(StatusOfSystemError(errno, path_).About(Subject::Settings));
+  IniValues begun = values_;
   const std::string slip = SlipNumberAddress();
-  const auto last = old.find(slip);
-  IniValues begun = old;
-  begun[slip] = UncertainSlipNumber(last == old.end() ? "" : last->second);
+  const auto last = begun.find(slip);
+  begun[slip] = UncertainSlipNumber(last == begun.end() ? "" : last->second);
   AtomicFile file(path_);
   file.Append(WriteIni(begun));
-  if (Status written = file.Finish(); !written.Ok()) return std::unexpected(written.About(Subject::Settings));
+  if (Status written = file.Finish(); !written.Ok()) {
+    const bool back = linked ? unlink(aside.c_str()) == 0 : rename(aside.c_str(), path_.c_str()) == 0;
+    if (!back) Log("settings: " + aside + " stays beside the old file");
+    return std::unexpected(written.About(Subject::Settings));
+  }
+  if (chmod(path_.c_str(), kOwnerOnly) != 0) Log("settings: can't close the file to others");
+  values_ = {};
+  readable_ = {};
   return aside;
 }
 
@@ -168,10 +176,11 @@ std::string IniSettings::Get(const std::string& application, const std::string& 
   return found == values_.end() ? preset : found->second;
 }
 
-void IniSettings::Save(const std::string& application, const std::string& section, const std::string& key, const std::string& value) {
+Status IniSettings::Save(const std::string& application, const std::string& section, const std::string& key, const std::string& value) {
   const std::string address = Address(application, section, key);
   const Status saved = InLine([&] { return Write(address, value); });
   if (!saved.Ok()) Log("settings: can't save " + address + ": " + saved.Message());
+  return saved;
 }
 
 std::expected<std::string, Status> IniSettings::Change(const std::string& application, const std::string& section, const std::string& key,

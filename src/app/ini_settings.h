@@ -24,7 +24,7 @@ class IniSettings : public SettingsStore {
   void SetWaitListener(WaitListener* listener) override { patience_.SetListener(listener); }
   [[nodiscard]] std::string Get(const std::string& application, const std::string& section, const std::string& key,
                                 const std::string& preset) const override;
-  void Save(const std::string& application, const std::string& section, const std::string& key, const std::string& value) override;
+  Status Save(const std::string& application, const std::string& section, const std::string& key, const std::string& value) override;
   std::expected<std::string, Status> Change(const std::string& application, const std::string& section, const std::string& key,
                                             const std::string& preset,
                                             const std::function<std::string(const std::string&)>& change) override;

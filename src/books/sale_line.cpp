@@ -62,6 +62,7 @@ Status Posting::FindOrMakeCustomer() {
   step("add customer", customer_.AddNew());
   customer_.Set("CariKod", code);
   customer_.Set("Unvan", line_.customerName);
+  customer_.Set("yeni", 1);
   if (Status added = customer_.Update(); !added.Ok()) return added;
   return FindCustomer(customer_, code);
 }

@@ -1,5 +1,8 @@
 #include "books/slip_numbers.h"
 
+#include <algorithm>
+
+#include "books/book_cursor.h"
 #include "settings/slip_number.h"
 #include "store/cursor.h"
 #include "text/format.h"
@@ -11,6 +14,23 @@ constexpr std::size_t kMostDigits = 9;
 
 std::string LikeNumberOf(std::size_t digits) {
   return "SeriNo Like '" + std::string(digits, '#');
+}
+
+// The settings may be older than the book: a file that was brought back from a copy, or another machine that counts for itself. The last
+// rows of the book tell.
+Outcome<double> NewestSlipNumber(const Shop& shop) {
+  constexpr int kRows = 200;
+  BookCursor lines(shop.stores, "newest slips", "Karvel.Mdb", "Datam");
+  const Status there = lines.MoveLast();
+  if (!there.Ok()) return std::unexpected(there);
+  const int number = lines.SourceTable() ? lines.SourceTable()->Position("SeriNo") : -1;
+  double newest = 0;
+  for (const GridRow& row : lines.RowsFromEnd(kRows)) {
+    const std::string slip = AsText(row.values[static_cast<std::size_t>(number)]);
+    const bool digits = slip.size() >= kDigits && slip.size() <= kMostDigits && slip.find_first_not_of("0123456789") == std::string::npos;
+    if (digits) newest = std::max(newest, NumberOrZero(slip));
+  }
+  return newest;
 }
 
 }  // namespace
@@ -32,7 +52,9 @@ Outcome<double> HighestSlipNumber(const Shop& shop) {
 }
 
 Outcome<std::string> TakeSlipNumber(const Shop& shop, Settings& settings) {
-  return NextSlipNumber(settings, [&] { return HighestSlipNumber(shop); });
+  const Outcome<double> newest = NewestSlipNumber(shop);
+  if (!newest) return std::unexpected(newest.error());
+  return NextSlipNumber(settings, *newest, [&] { return HighestSlipNumber(shop); });
 }
 
 }  // namespace karvel

@@ -7,7 +7,9 @@
 #include "desk/customer_search.h"
 #include "desk/list_in_front.h"
 #include "desk/new_cards.h"
+#include "desk/quiet_line.h"
 #include "desk/screen_keyboard.h"
+#include "platform/clerk_message.h"
 #include "text/turkish.h"
 
 namespace karvel {
@@ -38,12 +40,18 @@ void CustomerField::Focused() {
   field.SelectAll();  // the next name takes the place of what stands there
 }
 
-// A beginning that was left is the name that it began: what is paid now goes to the row that it found.
+// A beginning that was left is the name that it began, and a whole name brings its bearer in front from whatever list: what stands beside
+// it is his before anything is booked.
 void CustomerField::Left() {
   const std::string text = Trim(screen_.Text1(0).Text());
-  if (!AtRest(screen_) || !ListsCustomers(screen_) || text.empty() || !NamesCard(text, customer_.Name())) return;
+  if (!AtRest(screen_) || !ListsCustomers(screen_) || text.empty()) return;
   CloseKeyboard(form_, screen_);
-  if (searched_ || !customer_.HasName(text)) customer_.Follow();
+  const bool toList = screen_.elements.Focused() == &screen_.CariGrid;  // there the row is meant that the clerk sees and taps
+  if (!toList && !NamesCard(text, customer_.Name())) {
+    customer_.BringNamed(text);
+  } else if (searched_ || !customer_.HasName(text)) {
+    customer_.Follow();
+  }
   searched_ = false;
 }
 
@@ -80,6 +88,22 @@ void CustomerField::KeyUp(const KeyEvent& event) {
   customer_.ShowCompleted();
 }
 
+// Whoever is meant by what was typed comes in front; nobody: a new card is offered.
+bool CustomerField::Find(const std::string& text) {
+  const Status found = FindCustomerByText(cursors_.CariData, screen_.Text1(0).Text());
+  if (found.Ok()) return true;
+  const bool nobody = found.Kind() == ErrorKind::NoRecord || found.Kind() == ErrorKind::BadText;
+  if (!nobody) {
+    Tell(screen_, ClerkMessage(found));
+    return false;
+  }
+  Brought brought = customer_.BringCardNumber(text);
+  if (brought == Brought::Nobody) brought = customer_.BringNamed(text);
+  // A second card of a name would split the debt.
+  if (brought == Brought::Nobody) OpenCustomerCard(screen_, text);
+  return brought == Brought::InFront;
+}
+
 void CustomerField::Character(CharacterEvent& event) {
   if (event.character != key::kEnter) return;
   event.character = 0;
@@ -90,8 +114,7 @@ void CustomerField::Character(CharacterEvent& event) {
   if (customer_.HasName(text)) {
     // The row in front is the one meant, even if another bears the same name.
     customer_.Follow();
-  } else if (!FindCustomerByText(cursors_.CariData, text) && !customer_.BringCardNumber(Trim(text))) {
-    OpenCustomerCard(screen_, Trim(text));
+  } else if (!Find(Trim(text))) {
     return;
   }
   customer_.OpenDayBook();

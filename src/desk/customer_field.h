@@ -17,6 +17,7 @@ class CustomerField {
   void TextChanged();
   void KeyUp(const KeyEvent& event);
   void Character(CharacterEvent& event);
+  bool Find(const std::string& text);
   // Moves the list to the first name that begins so, while no field follows; false, and it stays, where there is none.
   bool FindQuietly(const std::string& text);
 

@@ -35,6 +35,10 @@ bool CustomerInFront::HasName(const std::string& text) const {
   return IsThere() && Trim(Name()) == Trim(text);
 }
 
+bool CustomerInFront::ListsWholesalers() const {
+  return ListedBy("Gurup='Toptan");
+}
+
 bool CustomerInFront::ListedBy(const std::string& condition) const {
   return ContainsText(list_.RecordSource(), condition);
 }
@@ -76,8 +80,13 @@ void CustomerInFront::FollowDirection() {
   if (!IsThere()) return;
   const bool wholesaler = EqualText(list_.Text("Gurup"), "Toptan");
   screen_.Label1(5).SetCaption(wholesaler ? caption::kPayment : caption::kCollection);
-  // Goods are received from suppliers alone.
-  if (!wholesaler && AtRest(screen_) && IsWholesale(screen_)) screen_.Label1(0).SetCaption(caption::kToSale);
+  // Goods are received from suppliers alone, and from their list a double tap leads back to the customers.
+  if (!AtRest(screen_)) return;
+  if (ListsWholesalers()) {
+    screen_.Label1(0).SetCaption(caption::kWholesale);
+  } else if (!wholesaler && IsWholesale(screen_)) {
+    screen_.Label1(0).SetCaption(caption::kToSale);
+  }
 }
 
 void CustomerInFront::FollowFields() {
@@ -129,72 +138,89 @@ void CustomerInFront::StandQuietlyOn(const std::string& code) {
 
 bool CustomerInFront::BringServed() {
   const std::string name = Trim(screen_.Text1(0).Text());
-  return AtRest(screen_) ? BringNamed(name) : HasName(name) || BringCode(form_.CurrentCustomerCode);
+  if (AtRest(screen_)) return BringNamed(name) == Brought::InFront;
+  return HasName(name) || BringCode(form_.CurrentCustomerCode) == Brought::InFront;
 }
 
-bool CustomerInFront::BringNamed(const std::string& name) {
-  if (HasName(name)) return true;  // the one meant, even if another bears the name too
+Brought CustomerInFront::BringNamed(const std::string& name) {
+  if (HasName(name)) return Brought::InFront;  // the one meant, even if another bears the name too
   if (name.empty()) {
     Tell(screen_, "Müşteri adı yazılı değil");
-    return false;
+    return Brought::Refused;
   }
-  if (!IsThere() || !NamesCard(name, Name())) return BringOnly("Unvan=" + sources::Quoted(name), name);
-  // The beginning of the name in front, unless it is somebody's whole name.
-  if (IsBorne("Unvan=" + sources::Quoted(name))) return BringOnly("Unvan=" + sources::Quoted(name), name);
-  Follow();
-  return true;
+  Bearer bearer = LookUp("Unvan=" + sources::Quoted(name));
+  if (bearer.found.Kind() == ErrorKind::NoRecord) {
+    // The beginning of the name in front, which is nobody's whole name.
+    if (IsThere() && NamesCard(name, Name())) {
+      Follow();
+      return Brought::InFront;
+    }
+    bearer = LookUp("Unvan Like " + sources::Quoted(AnyKindOfI(name)));
+  }
+  return Bring(bearer, name);
 }
 
-bool CustomerInFront::BringCardNumber(const std::string& number) {
-  return !number.empty() && BringOnly("KartNo=" + sources::Quoted(number), number);
-}
-
-bool CustomerInFront::IsBorne(const std::string& criteria) const {
-  BookCursor cards(world_.stores, "bearers", "Cari.Mdb", sources::kPayers);
-  return cards.FindFirst(criteria).Ok();
+Brought CustomerInFront::BringCardNumber(const std::string& number) {
+  return number.empty() ? Brought::Nobody : Bring(LookUp("KartNo=" + sources::Quoted(number)), number);
 }
 
 // Of all customers, whatever list is in front: a name that another list has once more is nobody's.
-bool CustomerInFront::BringOnly(const std::string& criteria, const std::string& text) {
+CustomerInFront::Bearer CustomerInFront::LookUp(const std::string& criteria) const {
   BookCursor cards(world_.stores, "bearers", "Cari.Mdb", sources::kPayers);
-  if (const Status found = cards.FindFirst(criteria); !found.Ok()) {
-    Tell(screen_, found.Kind() == ErrorKind::NoRecord ? "Böyle bir müşteri yok: " + text : ClerkMessage(found));
-    return false;
-  }
-  const std::string code = cards.Text("CariKod");
-  if (cards.FindNext(criteria).Ok()) {
-    Tell(screen_, "Birden çok müşteri var, listeden seçin: " + text);
-    return false;
-  }
-  return BringCode(code);
+  Bearer bearer;
+  bearer.found = cards.FindFirst(criteria);
+  if (!bearer.found.Ok()) return bearer;
+  bearer.code = cards.Text("CariKod");
+  const Status another = cards.FindNext(criteria);
+  bearer.several = another.Ok();
+  if (!another.Ok() && another.Kind() != ErrorKind::NoRecord) bearer.found = another;
+  return bearer;
 }
 
-bool CustomerInFront::BringCode(const std::string& code) {
-  if (IsThere() && Code() == code) return true;
+Brought CustomerInFront::Bring(const Bearer& bearer, const std::string& text) {
+  if (bearer.found.Kind() == ErrorKind::NoRecord) {
+    Tell(screen_, "Böyle bir müşteri yok: " + text);
+    return Brought::Nobody;
+  }
+  if (!bearer.found.Ok() || bearer.several) {
+    Tell(screen_, bearer.several ? "Birden çok müşteri var, listeden seçin: " + text : ClerkMessage(bearer.found));
+    return Brought::Refused;
+  }
+  return BringCode(bearer.code);
+}
+
+Brought CustomerInFront::BringCode(const std::string& code) {
+  if (IsThere() && Code() == code) return Brought::InFront;
   form_.RepositionGuard.Keep(Mute::Nothing);                        // what a refusal left still is over
   if (!IsThere() && list_.SourceTable() == nullptr) RefreshList();  // the stores were away
-  return AtRest(screen_) ? FindInAnyList(code) : BringInSale(code);
+  const Status found = AtRest(screen_) ? FindInAnyList(code) : BringInSale(code);
+  if (found.Ok()) return Brought::InFront;
+  const bool gone = found.Kind() == ErrorKind::NoRecord;
+  Tell(screen_, gone ? "Müşterinin kartı yok: " + Trim(screen_.Text1(0).Text()) : ClerkMessage(found));
+  return gone ? Brought::Nobody : Brought::Refused;
 }
 
 // The day book of a sale is its customer's already: the line that was tapped in it stays in front.
-bool CustomerInFront::BringInSale(const std::string& code) {
+Status CustomerInFront::BringInSale(const std::string& code) {
   const Muted muted(form_.RepositionGuard, Mute::Customers);
-  if (!FindInAnyList(code)) return false;
+  if (Status found = FindInAnyList(code); !found.Ok()) return found;
   step("ledger", cursors_.CariHarData.Open(sources::LedgerOf(code)));
   step("due dates", cursors_.VadeData.Open(sources::DueDatesOf(code)));
-  return true;
+  return {};
 }
 
-bool CustomerInFront::FindInAnyList(const std::string& code) {
-  BringInFront(code);
-  if (!list_.NoMatch()) return true;
+Status CustomerInFront::FindInAnyList(const std::string& code) {
+  const std::string criteria = "CariKod=" + sources::Quoted(code);
+  Status found = list_.FindFirst(criteria);
   for (const std::string& source : {sources::CustomersOfGroup("Toptan"), sources::kNamedCustomers, sources::kAllCustomers}) {
+    if (found.Kind() != ErrorKind::NoRecord) return found;
     BookCursor other(world_.stores, "other list", "Cari.Mdb", source);
-    if (!other.FindFirst("CariKod=" + sources::Quoted(code)).Ok()) continue;
+    found = other.FindFirst(criteria);
+    if (!found.Ok()) continue;
     ShowListAt(source, other.CurrentKey());
-    return true;
+    listedGroup(ListsWholesalers() ? "Toptan" : "");
   }
-  return false;
+  return found;
 }
 
 void CustomerInFront::ShowListAt(const std::string& source, RowKey row) {

@@ -15,6 +15,13 @@
 
 namespace karvel {
 
+// What came of bringing somebody in front.
+enum class Brought {
+  InFront,
+  Nobody,   // no card is meant
+  Refused,  // several are, or the files can't be read
+};
+
 class CustomerInFront {
  public:
   CustomerInFront(const DeskParts& parts, BalanceDisplay& balance, DayTotal& dayTotal, OverdueNotice& overdue);
@@ -32,6 +39,8 @@ class CustomerInFront {
   // Whether another terminal deleted his card since the list read it. False where the files can't be read.
   [[nodiscard]] bool IsGone() const;
 
+  // Whether the list is that of the wholesalers.
+  [[nodiscard]] bool ListsWholesalers() const;
   // Whether the list was narrowed by this piece of its source.
   [[nodiscard]] bool ListedBy(const std::string& condition) const;
 
@@ -40,9 +49,9 @@ class CustomerInFront {
   // comes in front, from another list if need be, and everything follows. False where the field is empty, where nobody bears the name or
   // more than one does, and where the files can't be read; then nothing moves, and the quiet line says why.
   bool BringServed();
-  // The same for the bearer of this name and of this card number.
-  bool BringNamed(const std::string& name);
-  bool BringCardNumber(const std::string& number);
+  // The same for the bearer of this name and of this card number. A name that differs in the kind of an i is his, too.
+  Brought BringNamed(const std::string& name);
+  Brought BringCardNumber(const std::string& number);
 
   // Lets everything follow to the row on which the list stands, after it was reached while the followers kept still. Without a row, all of
   // it names nobody.
@@ -71,18 +80,27 @@ class CustomerInFront {
   // After his row was deleted: moves to the next one, or to the one before where his was the last; everything follows.
   void LeaveDeleted();
 
+  // Somebody was brought in front from another list, which is now that of this group; "": of every group.
+  Signal<const std::string&> listedGroup;
+
  private:
   void Followed();  // the list's current row changed
   void FollowFields();
   void FollowDirection();
   void FollowWalkIn();
   void ShowCodeAndBalance();
-  [[nodiscard]] bool IsBorne(const std::string& criteria) const;
-  bool BringOnly(const std::string& criteria, const std::string& text);
-  bool BringCode(const std::string& code);
-  bool BringInSale(const std::string& code);
-  // In the list in front, or in one of those that together have every kind of customer.
-  bool FindInAnyList(const std::string& code);
+  // Who bears a name or number among all customers.
+  struct Bearer {
+    Status found;  // NoRecord: nobody; any other failure: not known
+    std::string code;
+    bool several = false;
+  };
+  [[nodiscard]] Bearer LookUp(const std::string& criteria) const;
+  Brought Bring(const Bearer& bearer, const std::string& text);
+  Brought BringCode(const std::string& code);
+  Status BringInSale(const std::string& code);
+  // In the list in front, or in one of those that together have every kind of customer. NoRecord when none has him.
+  Status FindInAnyList(const std::string& code);
 
   Screen& screen_;
   FormState& form_;

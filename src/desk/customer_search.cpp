@@ -1,23 +1,21 @@
 #include "desk/customer_search.h"
 
 #include "books/sources.h"
-#include "books/steps.h"
 #include "text/turkish.h"
 
 namespace karvel {
-namespace {
-const Steps step("FindCustomerByText");
-}
 
-bool FindCustomerByText(Cursor& list, const std::string& text) {
+Status FindCustomerByText(Cursor& list, const std::string& text) {
   const std::string dotted = ReplaceAll(text, "İ", "i");
+  Status found(ErrorKind::NoRecord, "nobody");
   for (const std::string& criteria :
        {"Unvan Like '" + text + "*'", "KartNo='" + text + "'", "Unvan Like '" + dotted + "*'",
         "Unvan Like '" + ReplaceAll(dotted, "I", "ı") + "*'", "Unvan Like " + sources::Quoted(AnyKindOfI(text) + "*")}) {
-    step("find customer", list.FindFirst(criteria));
-    if (!list.NoMatch()) return true;
+    found = list.FindFirst(criteria);
+    // What was typed may be no criterion, as with a quote in it.
+    if (found.Kind() != ErrorKind::NoRecord && found.Kind() != ErrorKind::BadText) return found;
   }
-  return false;
+  return found;
 }
 
 }  // namespace karvel

@@ -3,6 +3,7 @@
 #include "books/day_sums.h"
 #include "books/steps.h"
 #include "desk/captions.h"
+#include "desk/served_customer.h"
 #include "platform/clock.h"
 #include "text/format.h"
 
@@ -34,12 +35,8 @@ void DayTotal::FollowDayBook() {
   // At rest the figure is the balance of the customer in front; the deleted lines are nobody's.
   if (AtRest(screen_) || screen_.SilinenChk.Checked()) return;
   double sum = 0;
-  if (rows) step("sum of today", SumDayBook(world_.stores, ServedCode(), world_.clock.Now(), sum));
+  if (rows) step("sum of today", SumDayBook(world_.stores, ServedCode(screen_, form_, cursors_), world_.clock.Now(), sum));
   figure_.ShowText(Format(sum, form_.PriceFormat));
-}
-
-std::string DayTotal::ServedCode() const {
-  return AtRest(screen_) ? cursors_.CariData.Text("CariKod") : form_.CurrentCustomerCode;
 }
 
 void DayTotal::TakeDayOfRow() {
@@ -49,7 +46,7 @@ void DayTotal::TakeDayOfRow() {
   if (date.IsEmpty()) return;
   form_.CriteriaText = DayCriteria(date);
   double sum = 0;
-  step("sum of the day", SumSales(world_.stores, ServedCode(), date, sum));
+  step("sum of the day", SumSales(world_.stores, ServedCode(screen_, form_, cursors_), date, sum));
   figure_.ShowText(Format(sum, form_.PriceFormat));
   screen_.Text2(2).SetText(figure_.Text());
 }

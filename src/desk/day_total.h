@@ -15,8 +15,7 @@ class DayTotal {
 
  private:
   void FollowDayBook();  // HareketData's current row changed
-  [[nodiscard]] std::string ServedCode() const;
-  void TakeDayOfRow();  // a double tap on Label5: the sales of the current row's day become the payment
+  void TakeDayOfRow();   // a double tap on Label5: the sales of the current row's day become the payment
 
   Screen& screen_;
   FormState& form_;

@@ -20,6 +20,7 @@
 #include "desk/price_floor.h"
 #include "desk/price_selection.h"
 #include "desk/product_field.h"
+#include "desk/quiet_line.h"
 #include "desk/sale_confirmation.h"
 #include "desk/sale_fields.h"
 #include "desk/sale_mode.h"
@@ -28,6 +29,7 @@
 #include "desk/tapped_search.h"
 #include "desk/waiting_notice.h"
 #include "desk/way_out.h"
+#include "platform/clerk_message.h"
 
 namespace karvel {
 
@@ -36,7 +38,9 @@ struct Desk::Features {
   Features(Desk& desk, const World& world)
       : settings(world.settings, desk.title_),
         cursors(desk.cursors),
-        parts{desk.screen, desk.form, desk.cursors, settings, world, Shop{world.stores, world.clock, desk.form.TerminalNo}} {}
+        parts{desk.screen, desk.form, desk.cursors, settings, world, Shop{world.stores, world.clock, desk.form.TerminalNo}} {
+    connections += settings.notSaved.Connect([&screen = desk.screen](const Status& why) { Tell(screen, ClerkMessage(why)); });
+  }
 
   Settings settings;
   Cursors& cursors;
@@ -68,6 +72,7 @@ struct Desk::Features {
   DeskFont font{parts};
   StartUp startUp{parts, {customer, balance, button, groups, prices, options, window, font}};
   ShutDown shutDown{parts, longPress};
+  Connections connections;
 };
 
 Desk::Desk(const World& world, std::string title)
@@ -89,6 +94,9 @@ DayTotal& Desk::Totals() const {
 }
 MainButton& Desk::Button() const {
   return features_->button;
+}
+GroupList& Desk::Groups() const {
+  return features_->groups;
 }
 OverdueNotice& Desk::Overdue() const {
   return features_->overdue;

@@ -18,6 +18,7 @@ namespace karvel {
 class BalanceDisplay;
 class CustomerInFront;
 class DayTotal;
+class GroupList;
 class MainButton;
 class OverdueNotice;
 class PriceSelection;
@@ -47,6 +48,7 @@ class Desk {
   [[nodiscard]] CustomerInFront& Customer() const;
   [[nodiscard]] DayTotal& Totals() const;
   [[nodiscard]] MainButton& Button() const;
+  [[nodiscard]] GroupList& Groups() const;
   [[nodiscard]] OverdueNotice& Overdue() const;
   [[nodiscard]] PriceSelection& Prices() const;
   [[nodiscard]] SaleConfirmation& Posting() const;

@@ -1,7 +1,5 @@
 #include "desk/group_list.h"
 
-#include <initializer_list>
-
 #include "books/sources.h"
 #include "books/steps.h"
 #include "desk/booking_panels.h"
@@ -18,8 +16,10 @@ GroupList::GroupList(const DeskParts& parts, PriceSelection& prices, CustomerInF
     : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), settings_(parts.settings), prices_(prices), customer_(customer) {
   connections_ += screen_.GurupCombo.click.Connect([this] { Chosen(); });
   connections_ += screen_.ComboCmd.click.Connect([this] { Flip(); });
-  for (Element* const inFront : std::initializer_list<Element*>{&screen_.Frame2, &screen_.CariGrid})
-    connections_ += inFront->altered.Connect([this] { ShowAfterAll(); });
+  // A sale is priced and booked by the group that stands here: it must be that of the list.
+  connections_ += customer.listedGroup.Connect([this](const std::string& group) {
+    if (ListsCustomerGroups(screen_)) Show(group.empty() ? sources::kAllGroups : group);
+  });
 }
 
 void GroupList::Fill() {
@@ -44,7 +44,7 @@ void GroupList::Chosen() {
   } else if (!AtRest(screen_)) {
     KeepForLater();
   } else {
-    CustomerGroupChosen();
+    ShowCustomersOf(screen_.GurupCombo.Text());
   }
 }
 
@@ -55,8 +55,8 @@ void GroupList::KeepForLater() {
   waits_ = true;
 }
 
-void GroupList::ShowAfterAll() {
-  if (waits_ && AtRest(screen_) && !screen_.Frame2.Visible() && ListsCustomerGroups(screen_)) CustomerGroupChosen();
+void GroupList::ShowKept() {
+  if (waits_) ShowCustomersOf(form_.CustomerGroup);
 }
 
 void GroupList::ChooseAll() {
@@ -71,11 +71,10 @@ void GroupList::Keep(const std::string& customerGroup) {
   prices_.SetFirstPriceColumn();
 }
 
-void GroupList::CustomerGroupChosen() {
+void GroupList::ShowCustomersOf(const std::string& group) {
   CloseBookingPanels(screen_);
   waits_ = false;
   screen_.StokChk.SetChecked(false);  // whoever chooses a group of customers wants to see customers
-  const std::string group = screen_.GurupCombo.Text();
   screen_.Text1(0).SetText("");
   Cursor& customers = cursors_.CariData;
   const bool wholesale = EqualText(group, "Toptan");

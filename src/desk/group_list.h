@@ -20,13 +20,14 @@ class GroupList {
   void Show(const std::string& group);
   // Every group of customers from now on, also at the next start; the list itself is the caller's.
   void ChooseAll();
+  // The customer list is in front again after a sale or the deleted lines: shows the group that was chosen meanwhile, if one was.
+  void ShowKept();
 
  private:
   void Chosen();
-  void CustomerGroupChosen();
+  void ShowCustomersOf(const std::string& group);
   void Keep(const std::string& customerGroup);
   void KeepForLater();
-  void ShowAfterAll();
   void StockGroupChosen();
   void Flip();  // ComboCmd
 

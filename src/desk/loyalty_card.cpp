@@ -23,7 +23,7 @@ LoyaltyCard::LoyaltyCard(const DeskParts& parts, CustomerInFront& customer)
 void LoyaltyCard::Read(const std::string& number) {
   if (screen_.CariFrm.IsShown()) {
     screen_.CariNew(kCardNumber).SetText(number);
-  } else if (ListIsFree() && customer_.BringCardNumber(number)) {
+  } else if (ListIsFree() && customer_.BringCardNumber(number) == Brought::InFront) {
     CloseKeyboard(form_, screen_);
     customer_.Follow();
     Tell(screen_, customer_.Name());

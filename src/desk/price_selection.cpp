@@ -5,6 +5,7 @@
 #include "books/customer_prices.h"
 #include "books/safe_calc.h"
 #include "desk/captions.h"
+#include "desk/served_customer.h"
 #include "text/format.h"
 #include "text/turkish.h"
 
@@ -64,7 +65,7 @@ void PriceSelection::FillSlots() {
   slots[kThird] = card.Number("Fiyat3");
   slots[kSpecial] = 0;
   if (!customer_.IsThere()) return;
-  const SpecialPrices own = FindSpecialPrices(world_.stores, card.Text("StokKod"), customer_.Code());
+  const SpecialPrices own = FindSpecialPrices(world_.stores, card.Text("StokKod"), ServedCode(screen_, form_, cursors_));
   if (!own.kept) return;
   // The customer's own prices. His first one stands beside the card's as "Özel", and never replaces it.
   if (own.first != 0) slots[kSpecial] = own.first;

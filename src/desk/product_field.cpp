@@ -6,6 +6,7 @@
 #include "desk/completion.h"
 #include "desk/quiet_line.h"
 #include "desk/screen_keyboard.h"
+#include "platform/clerk_message.h"
 #include "platform/event_loop.h"
 #include "platform/keyboard.h"
 #include "platform/scanner.h"
@@ -16,15 +17,6 @@
 namespace karvel {
 namespace {
 const Steps step("ProductField");
-
-// Stands on the card that has the text, in the first of the columns in which there is one.
-bool FindIn(Cursor& among, std::initializer_list<const char*> columns, const std::string& text) {
-  for (const char* const column : columns) {
-    step("find card", among.FindFirst(std::string(column) + "='" + text + "'"));
-    if (!among.NoMatch()) return true;
-  }
-  return false;
-}
 
 }  // namespace
 
@@ -86,6 +78,19 @@ void ProductField::EnterDown() {
   screen_.Text2(1).SetText("1");
 }
 
+// Stands on the card that has the text, in the first of the columns in which there is one.
+bool ProductField::FindIn(Cursor& among, Columns columns, const std::string& text) {
+  for (const char* const column : columns)
+    if (Found(among.FindFirst(std::string(column) + "='" + text + "'"))) return true;
+  return false;
+}
+
+// A look-up that failed has found nothing, and what it looked for may be there all the same.
+bool ProductField::Found(const Status& looked) {
+  if (looked.Kind() != ErrorKind::NoRecord && looked.Kind() != ErrorKind::BadText && !looked.Ok()) fault_ = looked;
+  return looked.Ok();
+}
+
 bool ProductField::FindName(const std::string& text) {
   Cursor& cards = cursors_.StokData;
   // The card in front is the one meant, even if another bears the same name.
@@ -93,8 +98,7 @@ bool ProductField::FindName(const std::string& text) {
     // Its prices are worked out as if it had been found: the fields may show those of another item, or one that was stepped to.
     return cards.MoveTo(cards.CurrentKey()).Ok();
   }
-  step("find name", cards.FindFirst("StokAdi='" + text + "'"));
-  return !cards.NoMatch();
+  return Found(cards.FindFirst("StokAdi='" + text + "'"));
 }
 
 bool ProductField::FindCard(const std::string& text) {
@@ -102,8 +106,7 @@ bool ProductField::FindCard(const std::string& text) {
   if (FindIn(cards, {"Barkod", "StokKod"}, text) || FindName(text) || FindOutside({"Barkod", "StokKod", "StokAdi"}, text)) return true;
   // A code that was read into the serial numbers sells its item.
   Cursor& serials = cursors_.SeriNoData;
-  step("find serial", serials.FindFirst("Barcode='" + text + "'"));
-  if (serials.NoMatch()) return false;
+  if (!Found(serials.FindFirst("Barcode='" + text + "'"))) return false;
   const std::string code = ReplaceAll(serials.Text("StokKod"), "'", "''");
   if (!FindIn(cards, {"StokKod"}, code) && !FindOutside({"StokKod"}, code)) return false;
   form_.ScannedSerial = serials.Text("barcode");
@@ -129,7 +132,7 @@ void ProductField::EnterCharacter() {
   const std::string entered = Trim(field.Text());
   if (entered.empty()) return;
   if (!TakeEntered()) {
-    Tell(screen_, "Ürün bulunamadı: " + entered);
+    Tell(screen_, fault_.Ok() ? "Ürün bulunamadı: " + entered : ClerkMessage(fault_));
     return;
   }
   if (!screen_.SecimTamam.Checked()) {
@@ -145,6 +148,7 @@ bool ProductField::TakeEntered() {
   const Muted muted(form_.RepositionGuard, Mute::Fields);
   Element& field = screen_.Text1(1);
   screen_.Text2(0).SetText("0");
+  fault_ = {};
   // The card that the first pass found by its code stays: another may bear the same name.
   const bool found = (matched_ && field.Text() == cursors_.StokData.Text("StokAdi")) || FindCard(field.Text());
   matched_ = false;

@@ -27,6 +27,8 @@ class ProductField {
   // Moves the list to the first name that begins so, while no field follows; false, and it stays, where there is none.
   bool FindQuietly(const std::string& text);
   // Moves to the card of what was entered; false where there is none.
+  bool FindIn(Cursor& among, Columns columns, const std::string& text);
+  bool Found(const Status& looked);
   bool FindCard(const std::string& text);
   bool FindOutside(Columns columns, const std::string& text);
   bool FindName(const std::string& text);
@@ -48,6 +50,7 @@ class ProductField {
   bool matched_ = false;  // the first pass of this Enter found the card in front by its barcode
   bool reading_ = false;
   std::deque<std::string> codes_;  // read and not yet entered, the oldest first
+  Status fault_;                   // why the last look-up could not be done
   Connections connections_;
 };
 

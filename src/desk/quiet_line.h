@@ -13,4 +13,9 @@ inline void Tell(Screen& screen, const std::string& text) {
   screen.Durum.SetCaption(text);
 }
 
+// A payment that was typed where none is taken.
+inline void TellPaymentNotTaken(Screen& screen) {
+  Tell(screen, screen.Text2(2).Text() + " alınmadı: tutarı müşteri listesinde yazıp Tamam'a dokunun");
+}
+
 }  // namespace karvel

@@ -15,7 +15,6 @@ namespace karvel {
 namespace {
 const Steps step("PostLine");
 constexpr const char* kItemGone = "Satılmadı: ürünün kartı başka bir terminalde silinmiş";
-constexpr const char* kPaymentPlace = "Ödeme alınmadı: satıştan çıkıp müşteri listesinde Tamam'a dokunun";
 }  // namespace
 
 SaleConfirmation::SaleConfirmation(const DeskParts& parts, MainButton& button, CustomerInFront& customer, BalanceDisplay& balance)
@@ -60,8 +59,11 @@ bool SaleConfirmation::LineIsWhole() {
   if (name.empty() || !item.HasCurrent() || !NamesCard(name, item.Text("StokAdi")))
     return missing(screen_.Text1(1), "Satılmadı: ürünü seçin");
   // A payment that was typed in a sale opens the button too, but there is nothing to sell.
-  if (NumberOrZero(screen_.Text2(1).Text()) == 0)
-    return missing(screen_.Text2(1), PaymentWaits() ? kPaymentPlace : "Satılmadı: miktarı yazın");
+  if (NumberOrZero(screen_.Text2(1).Text()) == 0) {
+    missing(screen_.Text2(1), "Satılmadı: miktarı yazın");
+    if (PaymentWaits()) TellPaymentNotTaken(screen_);
+    return false;
+  }
   Cursor stored(world_.stores, "sold");
   // Its card was deleted at another terminal.
   if (OpenStoredItem(stored, item) == Stored::Gone) return missing(screen_.Text1(1), kItemGone);
@@ -111,6 +113,7 @@ Status SaleConfirmation::PostLine() {
   screen_.List1.ClearItems();
   ResetFields();
   TellSold(line, item);
+  if (newCustomer) Tell(screen_, screen_.Durum.Caption() + "; müşteriye yeni kart açıldı");
   return {};
 }
 
@@ -121,7 +124,7 @@ bool SaleConfirmation::PaymentWaits() const {
 void SaleConfirmation::TellSold(const SaleLine& line, const std::string& item) {
   std::string said = PlainNumber(line.quantity) + " × " + item + " " + Format(line.amount, "Standard") + " kaydedildi";
   if (line.mode != LineMode::Sale) said += " (" + std::string(NameOf(line.mode)) + ")";
-  if (PaymentWaits()) said += std::string("; ") + kPaymentPlace;
+  if (PaymentWaits()) said += "; " + screen_.Text2(2).Text() + " ödeme alınmadı";
   Tell(screen_, said);
 }
 

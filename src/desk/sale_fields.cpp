@@ -7,6 +7,7 @@
 #include "books/steps.h"
 #include "desk/captions.h"
 #include "desk/price_selection.h"
+#include "desk/quiet_line.h"
 #include "platform/keyboard.h"
 #include "text/format.h"
 #include "text/turkish.h"
@@ -69,6 +70,7 @@ SaleFields::SaleFields(const DeskParts& parts, PriceFloor& floor, MainButton& bu
     });
     connections_ += box.character.Connect([this, i](CharacterEvent& event) { Character(i, event); });
   }
+  connections_ += screen.StokGrid.character.Connect([this](CharacterEvent& event) { TypeQuantity(event); });
   screen.Label2.SetFontName("Agency FB");
   connections_ += screen.Label2.changed.Connect([&screen] { screen.Label2.SetCaption(Format(screen.Label2.Caption(), "#,##0.00")); });
   connections_ += screen.Text3.changed.Connect([this] { TakePadValue(); });
@@ -175,7 +177,10 @@ bool SaleFields::TakeLetter(int index, CharacterEvent& event) {
   const bool replaces = fresh_ && !selected;
   const std::string number = replaces ? LetterToUtf8(event.character) : WithLetter(box, event.character);
   if (!MayBecomeNumber(number)) return false;
-  if (index == kDiscount && NumberOrZero(number) > kMostDiscount) return false;
+  if (index == kDiscount && NumberOrZero(number) > kMostDiscount) {
+    Tell(screen_, "İskonto en çok 99,99");
+    return false;
+  }
   fresh_ = false;
   typing_ = index == kPrice;
   if (number == ",") {
@@ -185,6 +190,18 @@ bool SaleFields::TakeLetter(int index, CharacterEvent& event) {
     box.SelectAll();  // the letter then takes the place of the number
   }
   return true;
+}
+
+// A figure struck over the stock list is the quantity of the item that was tapped there.
+void SaleFields::TypeQuantity(CharacterEvent& event) {
+  const bool digit = event.character >= '0' && event.character <= '9';
+  if (!screen_.Frame2.Visible() || (!digit && event.character != ',' && event.character != '.')) return;
+  Element& quantity = screen_.Text2(kQuantity);
+  quantity.SetFocus();
+  if (!quantity.HasFocus()) return;
+  quantity.SetText(digit ? LetterToUtf8(event.character) : "0,");
+  fresh_ = false;  // the next one goes on from it
+  event.character = 0;
 }
 
 void SaleFields::LeaveField(int index) {

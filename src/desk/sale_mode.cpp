@@ -100,7 +100,7 @@ void SaleMode::EnterOrLeave() {
     Leave();
   }
   if (AtRest(screen_)) {
-    screen_.Label1(0).SetCaption(caption::kToSale);
+    screen_.Label1(0).SetCaption(customer_.ListsWholesalers() ? caption::kWholesale : caption::kToSale);
     screen_.Command1.SetCaption(caption::kPrint);
     return;
   }
@@ -113,12 +113,12 @@ bool SaleMode::Enter() {
   CloseKeyboard(form_, screen_);               // what was written on it is taken, so the item in front is shown
   CloseBookingPanels(screen_);
   DropAmounts();
-  if (customer_.ListedBy("Gurup='Toptan")) {
+  if (customer_.ListsWholesalers()) {
     ReturnFromWholesale();
     return false;
   }
   form_.SlipNo.clear();
-  if (!customer_.BringNamed(Trim(screen_.Text1(0).Text()))) return false;
+  if (customer_.BringNamed(Trim(screen_.Text1(0).Text())) != Brought::InFront) return false;
   customer_.Follow();  // as he is now: another terminal may have posted to him
   button_.OfferPosting();
   screen_.HareketGrid.SetMarker(false);
@@ -210,13 +210,14 @@ void SaleMode::Leave() {
   button_.FollowAmounts();
   step("refresh ledger", cursors_.CariHarData.Refresh());
   step("refresh movements", cursors_.StokHarData.Refresh());
+  groups_.ShowKept();
   screen_.CariGrid.SetFocus();
 }
 
 // A payment that was typed before the sale, or in it, is not taken with it; the clerk is told.
 void SaleMode::DropAmounts() {
   Element& payment = screen_.Text2(2);
-  if (NumberOrZero(payment.Text()) != 0) Tell(screen_, payment.Text() + " alınmadı; müşteri listesinde yazıp Tamam'a dokunun");
+  if (NumberOrZero(payment.Text()) != 0) TellPaymentNotTaken(screen_);
   payment.SetText("0");
   screen_.Text2(3).SetText("0");
 }

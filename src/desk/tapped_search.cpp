@@ -9,7 +9,9 @@
 #include "desk/customer_search.h"
 #include "desk/list_in_front.h"
 #include "desk/new_cards.h"
+#include "desk/quiet_line.h"
 #include "desk/screen_keyboard.h"
+#include "platform/clerk_message.h"
 #include "text/turkish.h"
 
 namespace karvel {
@@ -25,6 +27,7 @@ TappedSearch::TappedSearch(const DeskParts& parts, CustomerInFront& customer, Pr
   connections_ += screen_.Text1(0).lostFocus.Connect([this] { LeaveCustomer(); });
   connections_ += screen_.Text1(1).click.Connect([this] { TapProduct(); });
   connections_ += screen_.Text1(1).lostFocus.Connect([this] { LeaveProduct(); });
+  connections_ += screen_.Label1(1).changed.Connect([this] { itemBefore_.reset(); });  // codes are not looked up by taps
 }
 
 void TappedSearch::TapCustomer() {
@@ -54,8 +57,13 @@ void TappedSearch::TakeCustomer() {
     return;
   }
   customerBefore_.reset();
-  if (!ShowFound(text)) {
+  const Status found = ShowFound(text);
+  if (found.Kind() == ErrorKind::NoRecord || found.Kind() == ErrorKind::BadText) {
     OpenCustomerCard(screen_, Trim(text));
+    return;
+  }
+  if (!found.Ok()) {
+    Tell(screen_, ClerkMessage(found));
     return;
   }
   customer_.Follow();
@@ -68,17 +76,19 @@ void TappedSearch::BringCustomerBack() {
   customer_.ShowListAt(before.source, before.row);
 }
 
-bool TappedSearch::ShowFound(const std::string& text) {
+Status TappedSearch::ShowFound(const std::string& text) {
   const Muted muted(form_.RepositionGuard, Mute::Fields);
   Cursor& customers = cursors_.CariData;
-  step("customer list", customers.Open(sources::kNamedCustomers));
-  if (!FindCustomerByText(customers, text)) return false;
+  if (Status opened = customers.Open(sources::kNamedCustomers); !opened.Ok()) return opened;
+  if (Status found = FindCustomerByText(customers, text); !found.Ok()) return found;
   const RowKey found = customers.CurrentKey();
   screen_.Text1(0).SetText(customers.Text("Unvan"));
-  if (EqualText(customers.Text("Gurup"), "Toptan")) customers.SetRecordSource(sources::CustomersOfGroup("Toptan"));
+  const bool wholesaler = EqualText(customers.Text("Gurup"), "Toptan");
+  if (wholesaler) customers.SetRecordSource(sources::CustomersOfGroup("Toptan"));
+  customer_.listedGroup(wholesaler ? "Toptan" : "");
   step("customer list", customers.Refresh());
   step("found customer", customers.MoveTo(found));
-  return true;
+  return {};
 }
 
 void TappedSearch::TapProduct() {
@@ -134,10 +144,21 @@ bool TappedSearch::ShowNamed(const std::string& text) {
   return true;
 }
 
+bool TappedSearch::GoesTo(const Element& list) const {
+  return screen_.elements.Focused() == &list;
+}
+
 void TappedSearch::LeaveCustomer() {
   if (!customerBefore_) return;
   CloseKeyboard(form_, screen_);
-  if (ListsCustomers(screen_) && Trim(screen_.Text1(0).Text()).empty()) BringCustomerBack();
+  if (ListsCustomers(screen_) && Trim(screen_.Text1(0).Text()).empty()) {
+    // A list that changed under the finger would give it another row.
+    if (GoesTo(screen_.CariGrid)) {
+      customer_.Follow();
+    } else {
+      BringCustomerBack();
+    }
+  }
   customerBefore_.reset();
 }
 
@@ -148,7 +169,11 @@ void TappedSearch::LeaveProduct() {
   const Cursor& cards = cursors_.StokData;
   const std::string text = Trim(screen_.Text1(1).Text());
   if (inSale && text.empty()) {
-    BringItemBack();
+    if (GoesTo(screen_.StokGrid)) {
+      prices_.ShowUnsoldItem();
+    } else {
+      BringItemBack();
+    }
   } else if (inSale && cards.HasCurrent() && NamesCard(text, cards.Text("StokAdi"))) {
     // What the open keyboard held back: the name is completed, and the prices are those of this item and customer.
     const Muted muted(form_.RepositionGuard, Mute::Fields);

@@ -20,8 +20,8 @@ class TappedSearch {
   void TapCustomer();
   void StartCustomer();
   void TakeCustomer();
-  // Shows the list in which the customer was found, standing on his row, while no field follows; false when nobody is found.
-  bool ShowFound(const std::string& text);
+  // Shows the list in which the customer was found, standing on his row, while no field follows; NoRecord when nobody is found.
+  Status ShowFound(const std::string& text);
   void BringCustomerBack();
   void TapProduct();
   void ShowAllStock();
@@ -29,6 +29,8 @@ class TappedSearch {
   void TakeProduct();
   // Shows the cards whose name begins so, and the first of them in the fields; false when there is none.
   bool ShowNamed(const std::string& text);
+  // Whether the focus leaves for this list.
+  [[nodiscard]] bool GoesTo(const Element& list) const;
   void LeaveCustomer();
   void LeaveProduct();
 

@@ -5,7 +5,7 @@
 namespace karvel {
 namespace {
 using namespace std::chrono_literals;
-constexpr auto kCalm = 2s;
+constexpr auto kCalm = 500ms;
 constexpr auto kLongestNap = 20ms;
 }  // namespace
 

@@ -2,8 +2,8 @@
 //
 // What stays true:
 // - All waits between two Renew together last no longer than the limit.
-// - After a wait that was given up, Renew gives no new time for two seconds: what the same tap still asks for is refused at once, and its
-//   waits don't add up.
+// - After a wait that was given up, Renew gives no new time for half a second, or until something was granted: what the same tap still asks
+//   for is refused at once, and its waits don't add up.
 // - Whoever hears of a wait (WaitListener) can't begin another inside it.
 #pragma once
 
@@ -21,6 +21,8 @@ class Patience {
   void SetListener(WaitListener* listener) { listener_ = listener; }
   // Something new is begun, which may wait for the whole time.
   void Renew();
+  // What was waited for was got: the next wait has the whole time again, however short the last refusal was ago.
+  void Granted() { gaveUpAt_ = Clock::time_point::min(); }
 
  private:
   friend class Wait;

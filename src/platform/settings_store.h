@@ -20,8 +20,8 @@ class SettingsStore {
   virtual void SetWaitListener(WaitListener* listener) = 0;
   [[nodiscard]] virtual std::string Get(const std::string& application, const std::string& section, const std::string& key,
                                         const std::string& preset) const = 0;
-  // A failure is noted in the log.
-  virtual void Save(const std::string& application, const std::string& section, const std::string& key, const std::string& value) = 0;
+  // A failure is noted in the log, and the option stays as it was saved before.
+  virtual Status Save(const std::string& application, const std::string& section, const std::string& key, const std::string& value) = 0;
   // Reads, changes and saves one value with no other terminal in between; the new value, which is kept then. Busy when another terminal has
   // the settings too long; after a failure nothing has changed, or what was read is not known.
   virtual std::expected<std::string, Status> Change(const std::string& application, const std::string& section, const std::string& key,

@@ -30,7 +30,12 @@ std::string Settings::Get(Setting setting, const std::string& preset) const {
 
 void Settings::Save(Setting setting, const std::string& value) {
   const SettingEntry& entry = EntryOf(setting);
-  store_.Save(Application(entry), std::string(entry.section), std::string(entry.key), value);
+  SaveAt(entry, std::string(entry.key), value);
+}
+
+void Settings::SaveAt(const SettingEntry& entry, const std::string& key, const std::string& value) {
+  const Status saved = store_.Save(Application(entry), std::string(entry.section), key, value);
+  if (!saved.Ok()) notSaved(saved);
 }
 
 bool Settings::GetBoolean(Setting setting) const {
@@ -55,7 +60,7 @@ bool Settings::GetBooleanAt(Setting setting, int index) const {
 void Settings::SaveBooleanAt(Setting setting, int index, bool value) {
   const SettingEntry& entry = EntryOf(setting);
   const std::string key = std::string(entry.key) + std::to_string(index);
-  store_.Save(Application(entry), std::string(entry.section), key, BooleanText(value));
+  SaveAt(entry, key, BooleanText(value));
 }
 
 std::expected<std::string, Status> Settings::Change(Setting setting, const std::function<std::string(const std::string&)>& change) {

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/settings_store.h"
+#include "platform/signal.h"
 #include "settings/settings_table.h"
 
 namespace karvel {
@@ -22,6 +23,8 @@ class Settings {
   // With another preset than the table's, where the desk itself knows a better one (a caption, a printer in use).
   [[nodiscard]] std::string Get(Setting setting, const std::string& preset) const;
   void Save(Setting setting, const std::string& value);
+  // An option could not be saved: at the next start it is what it was before.
+  Signal<const Status&> notSaved;
 
   [[nodiscard]] bool GetBoolean(Setting setting) const;
   void SaveBoolean(Setting setting, bool value);
@@ -38,6 +41,7 @@ class Settings {
   std::expected<std::string, Status> Change(Setting setting, const std::function<std::string(const std::string&)>& change);
 
  private:
+  void SaveAt(const SettingEntry& entry, const std::string& key, const std::string& value);
   [[nodiscard]] std::string Application(const SettingEntry& entry) const;
 
   SettingsStore& store_;

@@ -19,7 +19,7 @@ class Cursor::Impl {
 
   // Logs a failure under the cursor's name. The outcome is handed on as it is.
   Status LogFailure(std::string_view step, Status status) const {
-    if (!status.Ok()) Log(fmt::format("{}: {}: {}", name, step, status.Message()));
+    if (!status.Ok() && !stores.Glances(status)) Log(fmt::format("{}: {}: {}", name, step, status.Message()));
     return status;
   }
 
@@ -401,10 +401,12 @@ void Cursor::ShowIfStale() {
 
 Glance::Glance(const Cursor& cursor) : stores_(cursor.impl_->stores), busyBefore_(stores_.busyReads_) {
   stores_.engine_->SetPatient(false);
+  stores_.glancing_ = true;
 }
 
 Glance::~Glance() {
   stores_.engine_->SetPatient(true);
+  stores_.glancing_ = false;
 }
 
 bool Glance::Complete() const {

@@ -51,6 +51,10 @@ bool Position::Eof() {
   return place_ == Place::Eof || place_ == Place::None;
 }
 
+void Position::LogFailure(const Status& read) const {
+  if (!stores_.Glances(read)) Log(read.Message());
+}
+
 bool Position::HasRows() {
   ReadIfNeeded();
   if (place_ == Place::OnRow) return true;
@@ -58,7 +62,7 @@ bool Position::HasRows() {
   std::vector<GridRow> rows;
   const std::uint64_t count = WriteCount();
   if (Status read = Select({}, rows); !read.Ok()) {
-    Log(read.Message());
+    LogFailure(read);
   } else if (rows.empty()) {
     emptyWrites_ = count;
   }
@@ -234,7 +238,7 @@ void Position::ReadIfNeeded() {
   std::vector<GridRow> rows;
   const std::uint64_t count = WriteCount();
   if (Status read = Select(range, rows); !read.Ok()) {
-    Log(read.Message());
+    LogFailure(read);
     return;
   }
   if (rows.empty()) {
@@ -256,7 +260,7 @@ void Position::ReadCurrentAgain() {
   } else if (read.Kind() == ErrorKind::NoRecord) {
     place_ = Place::Gone;
   } else {
-    Log(read.Message());
+    LogFailure(read);
   }
 }
 

@@ -60,6 +60,7 @@ class Position {
   [[nodiscard]] std::uint64_t WriteCount() const;
 
  private:
+  void LogFailure(const Status& read) const;
   enum class Place {
     None,   // no source, or one without rows
     First,  // on the first row, not read yet

@@ -92,6 +92,10 @@ class Stores {
   Status failure_;              // of the open actions
   std::uint64_t undoings_ = 0;  // actions undone, and closings
   std::uint64_t openings_ = 0;
+  // Whether the failure is that of a list which only glances: it tries again in a moment, and the log would drown.
+  [[nodiscard]] bool Glances(const Status& status) const { return glancing_ && status.Kind() == ErrorKind::Busy; }
+
+  bool glancing_ = false;
   std::uint64_t busyReads_ = 0;  // reads that another program did not let through
   std::unordered_map<const Table*, std::uint64_t> writes_;
   std::vector<const Table*> writtenTables_;  // since the action began

@@ -25,7 +25,7 @@ class DeletedLinesFixture : public DeskFixture {
     connections += desk->screen.popUp.Connect([this](Element& menu) { popUps.push_back(menu.Name()); });
     ASSERT_TRUE(desk->cursors.CariData.FindFirst("CariKod='C001'").Ok());
   }
-  void Keep(const std::string& key, const std::string& password) { settings.Save("Velmora Karvel1", "Size", key, password); }
+  void Keep(const std::string& key, const std::string& password) { settings.Save("Velmora Karvel1", "Size", key, password).Ignore(); }
   std::string Kept(const std::string& key) { return settings.Get("Velmora Karvel1", "Size", key, ""); }
   void RightPress() { desk->screen.CariGrid.mouseDown(MouseEvent{.button = 2}); }
   void Tick(bool on = true) { At("SilinenChk").SetChecked(on); }

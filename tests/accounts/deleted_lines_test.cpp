@@ -56,7 +56,7 @@ class DeletedLineTapsTest : public AccountsFixture {
     id = LastId();
     Cancel(id);
     LeaveSale();
-    settings.Save("Velmora Karvel1", "Size", "iSif", "gizli");
+    settings.Save("Velmora Karvel1", "Size", "iSif", "gizli").Ignore();
     Front("C002");
     messages.answers = {"gizli"};
     At("SilinenChk").SetChecked(true);

@@ -393,5 +393,20 @@ TEST_F(LineCancellationTest, a_line_that_another_terminal_corrected_is_taken_bac
   EXPECT_EQ(card["CikanTutar"], "0.0");
 }
 
+TEST_F(LineCancellationTest, a_line_that_can_not_be_read_is_not_told_as_gone) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  TapLine(LastId());
+  messages.answers.push_back("Yes");
+  engine.readFault = Status(ErrorKind::Busy, "kept by another program");
+  Click("Command2");
+  engine.readFault = {};
+  EXPECT_EQ(messages.shown.back().text, "Başka bir terminal kayıt yapıyor. Kayıt yapılmadı; biraz bekleyip yeniden deneyin.");
+  EXPECT_TRUE(At("Command2").Enabled());
+  messages.answers.push_back("Yes");
+  Click("Command2");
+  EXPECT_EQ(Day(LastId())["Durum"], "Iptal");
+  EXPECT_EQ(At("Durum").Caption(), "Silindi");
+}
+
 }  // namespace
 }  // namespace karvel

@@ -38,9 +38,9 @@ TEST_F(IniSettingsTest, values_and_keys_keep_blanks_and_turkish_letters) {
                                 "1,5",   "ğüşıöçİ₺ ", "a\nb"};
   {
     IniSettings settings(home_);
-    for (const std::string& value : values) settings.Save(kTitle, "Size", "DökNo" + value, value);
-    settings.Save(kTitle, "Size", "FtpKlasör", "/gün");
-    settings.Save(kTitle, "Size", "SatırSay", "15");
+    for (const std::string& value : values) settings.Save(kTitle, "Size", "DökNo" + value, value).Ignore();
+    settings.Save(kTitle, "Size", "FtpKlasör", "/gün").Ignore();
+    settings.Save(kTitle, "Size", "SatırSay", "15").Ignore();
   }
   const IniSettings again(home_);
   for (const std::string& value : values) EXPECT_EQ(again.Get(kTitle, "Size", "DökNo" + value, "none"), value);
@@ -55,14 +55,14 @@ TEST_F(IniSettingsTest, a_missing_value_reads_as_its_preset) {
 
 TEST_F(IniSettingsTest, terminals_keep_their_settings_apart) {
   IniSettings settings(home_);
-  settings.Save("Velmora Karvel1", "Size", "Kdv", "Dahil");
+  settings.Save("Velmora Karvel1", "Size", "Kdv", "Dahil").Ignore();
   EXPECT_EQ(settings.Get("Velmora Karvel2", "Size", "Kdv", ""), "");
 }
 
 TEST_F(IniSettingsTest, only_the_owner_reads_the_file) {
   IniSettings settings(home_);
   EXPECT_EQ(Mode(), 0600u);
-  settings.Save(kTitle, "Size", "FtpPass", "gizli");
+  settings.Save(kTitle, "Size", "FtpPass", "gizli").Ignore();
   EXPECT_EQ(Mode(), 0600u);
   ASSERT_EQ(chmod((home_ + "/settings.ini").c_str(), 0644), 0);
   const IniSettings again(home_);
@@ -71,7 +71,7 @@ TEST_F(IniSettingsTest, only_the_owner_reads_the_file) {
 
 TEST_F(IniSettingsTest, a_save_is_in_the_file_at_once) {
   IniSettings settings(home_);
-  settings.Save(kTitle, "Size", "Kdv", "Dahil");
+  settings.Save(kTitle, "Size", "Kdv", "Dahil").Ignore();
   EXPECT_NE(Content(home_ + "/settings.ini").find("Size\\Kdv=Dahil"), std::string::npos);
 }
 
@@ -107,7 +107,7 @@ TEST_F(IniSettingsTest, a_change_may_save_other_values) {
   IniSettings settings(home_);
   EXPECT_EQ(settings.Change(kTitle, "Size", "FatNo", "000000",
                             [&](const std::string& old) {
-                              settings.Save(kTitle, "Size", "Kdv", "Dahil");
+                              settings.Save(kTitle, "Size", "Kdv", "Dahil").Ignore();
                               return old + "1";
                             }),
             "0000001");
@@ -130,7 +130,7 @@ TEST_F(IniSettingsTest, a_file_that_is_none_is_kept_under_another_name_and_the_s
   EXPECT_EQ(Content(*aside), noise);
   EXPECT_EQ(Mode(), 0600u);
   EXPECT_EQ(settings.Get("Velmora Karvel", "Size", "DökNo", "000000"), "?");
-  settings.Save(kTitle, "Size", "Kdv", "Dahil");
+  settings.Save(kTitle, "Size", "Kdv", "Dahil").Ignore();
   EXPECT_EQ(IniSettings(home_).MakeReady(), "");
   EXPECT_EQ(IniSettings(home_).Get(kTitle, "Size", "Kdv", ""), "Dahil");
 }
@@ -182,10 +182,10 @@ TEST_F(IniSettingsTest, what_can_not_be_kept_aside_is_told_and_not_touched) {
 
 TEST_F(IniSettingsTest, a_file_that_is_damaged_under_a_running_desk_is_not_written_over_and_what_was_read_stays) {
   IniSettings settings(home_);
-  settings.Save(kTitle, "Size", "Kdv", "Dahil");
+  settings.Save(kTitle, "Size", "Kdv", "Dahil").Ignore();
   std::ofstream(home_ + "/settings.ini") << "noise";
   EXPECT_EQ(settings.Get(kTitle, "Size", "Kdv", ""), "Dahil");
-  settings.Save(kTitle, "Size", "Kdv", "Hariç");
+  settings.Save(kTitle, "Size", "Kdv", "Hariç").Ignore();
   const auto changed = settings.Change("Velmora Karvel", "Size", "DökNo", "000000", [](const std::string&) { return "000001"; });
   ASSERT_FALSE(changed);
   EXPECT_EQ(changed.error().Kind(), ErrorKind::Damaged);
@@ -194,7 +194,7 @@ TEST_F(IniSettingsTest, a_file_that_is_damaged_under_a_running_desk_is_not_writt
 
 TEST_F(IniSettingsTest, settings_that_another_terminal_keeps_are_read_and_a_change_gives_up_after_two_seconds) {
   IniSettings settings(home_);
-  settings.Save(kTitle, "Size", "Kdv", "Dahil");
+  settings.Save(kTitle, "Size", "Kdv", "Dahil").Ignore();
   const LockHolder holder(home_ + "/lock/settings.lock");
   Stopwatch watch;
   EXPECT_EQ(settings.Get(kTitle, "Size", "Kdv", ""), "Dahil");
@@ -205,7 +205,7 @@ TEST_F(IniSettingsTest, settings_that_another_terminal_keeps_are_read_and_a_chan
   EXPECT_EQ(changed.error().What(), Subject::Settings);
   EXPECT_GE(watch.Seconds(), 1.9);
   // What the same tap still saves doesn't wait again.
-  for (int i = 0; i < 10; ++i) settings.Save(kTitle, "Size", "Kdv", "Hariç");
+  for (int i = 0; i < 10; ++i) settings.Save(kTitle, "Size", "Kdv", "Hariç").Ignore();
   EXPECT_LT(watch.Seconds(), 2.5);
   EXPECT_EQ(settings.Get(kTitle, "Size", "Kdv", ""), "Dahil");
 }
@@ -225,10 +225,10 @@ TEST_F(IniSettingsTest, the_wait_for_the_settings_is_heard_of) {
   } listener;
   IniSettings settings(home_);
   settings.SetWaitListener(&listener);
-  settings.Save(kTitle, "Size", "Kdv", "Hariç");
+  settings.Save(kTitle, "Size", "Kdv", "Hariç").Ignore();
   EXPECT_EQ(listener.over, 0);
   const LockHolder holder(home_ + "/lock/settings.lock", std::chrono::milliseconds(300));
-  settings.Save(kTitle, "Size", "Kdv", "Dahil");
+  settings.Save(kTitle, "Size", "Kdv", "Dahil").Ignore();
   EXPECT_GE(listener.longest, std::chrono::milliseconds(200));
   EXPECT_EQ(listener.over, 1);
 }

@@ -27,7 +27,7 @@ TEST_F(SaleLineCardsTest, a_line_makes_its_own_customer_once) {
   EXPECT_EQ(customer["Unvan"], "Çok Uzun Adlı Müşteri Ticaret");
   EXPECT_EQ(customer["Borc"], "50.0");
   EXPECT_EQ(customer["Gurup"], "");
-  EXPECT_EQ(customer["yeni"], "0.0");
+  EXPECT_EQ(customer["yeni"], "1.0");
   EXPECT_EQ(Day(booked->id)["CariKod"], "Çok Uzun Adlı Müşter");
   EXPECT_EQ(Day(booked->id)["CariAd"], "Çok Uzun Adlı Müşteri Ticaret");
   EXPECT_EQ(Movement(booked->id)["Carisi"], "Çok Uzun Adlı Müşter");

@@ -28,17 +28,27 @@ TEST_F(SlipNumbersTest, a_longer_number_is_higher) {
   EXPECT_EQ(HighestSlipNumber(shop), 1000002);
 }
 
-TEST_F(SlipNumbersTest, the_day_book_is_asked_only_where_the_settings_do_not_know) {
+TEST_F(SlipNumbersTest, the_whole_day_book_is_asked_where_the_settings_do_not_know) {
   AddSlips("('000500')");
-  store.Save("Velmora Karvel", "Size", "DökNo", "000003");
-  EXPECT_EQ(TakeSlipNumber(shop, settings), "000004");
-  store.Save("Velmora Karvel", "Size", "DökNo", "000004?");
-  EXPECT_EQ(TakeSlipNumber(shop, settings), "000501");
-  EXPECT_EQ(TakeSlipNumber(shop, settings), "000502");
+  for (int i = 0; i < 300; ++i) AddSlips("('000007')");
+  store.Save("Velmora Karvel", "Size", "DökNo", "000008").Ignore();
+  EXPECT_EQ(TakeSlipNumber(shop, settings), "000009");
+  for (const char* const lost : {"000004?", "", "000000", "abc"}) {
+    store.Save("Velmora Karvel", "Size", "DökNo", lost).Ignore();
+    EXPECT_EQ(TakeSlipNumber(shop, settings), "000501") << lost;
+    EXPECT_EQ(TakeSlipNumber(shop, settings), "000502") << lost;
+  }
+}
+
+TEST_F(SlipNumbersTest, settings_that_lag_behind_the_newest_lines_go_on_from_those) {
+  AddSlips("('000014'),('F-99'),('12')");
+  store.Save("Velmora Karvel", "Size", "DökNo", "000001").Ignore();
+  EXPECT_EQ(TakeSlipNumber(shop, settings), "000015");
+  EXPECT_EQ(TakeSlipNumber(shop, settings), "000016");
 }
 
 TEST_F(SlipNumbersTest, a_day_book_that_can_not_be_read_gives_no_number) {
-  store.Save("Velmora Karvel", "Size", "DökNo", "?");
+  store.Save("Velmora Karvel", "Size", "DökNo", "?").Ignore();
   engine.readFault = Status(ErrorKind::Other, "disk");
   const auto number = TakeSlipNumber(shop, settings);
   ASSERT_FALSE(number);

@@ -109,5 +109,33 @@ TEST_F(CustomerFieldTest, of_two_with_one_name_enter_takes_the_one_in_front) {
   EXPECT_EQ(desk->cursors.HareketData.RecordSource(), "Select * From Datam Where CariKod='C011' Order By Tarih Desc");
 }
 
+TEST_F(CustomerFieldTest, files_that_can_not_be_read_offer_no_new_card) {
+  At("GurupCombo").ChooseText("Bayi");
+  Set("Text1(0)", "Ahmet Işık");
+  engine.readFault = Status(ErrorKind::Busy, "kept by another program");
+  Key("Text1(0)", key::kEnter);
+  engine.readFault = {};
+  EXPECT_FALSE(At("CariFrm").Visible());
+  EXPECT_EQ(At("Durum").Caption(), "Başka bir terminal kayıt yapıyor. Kayıt yapılmadı; biraz bekleyip yeniden deneyin.");
+  Key("Text1(0)", key::kEnter);
+  EXPECT_EQ(At("Label8").Caption(), "C001");
+}
+
+TEST_F(CustomerFieldTest, a_name_of_another_list_is_brought_when_its_field_is_left) {
+  At("GurupCombo").ChooseText("Bayi");
+  Set("Text1(0)", "Toptancı Bey");
+  At("Text2(2)").SetFocus();
+  EXPECT_EQ(At("Label8").Caption() + At("Label1(5)").Caption(), "T001 Ödeme");
+  EXPECT_EQ(At("GurupCombo").Text(), "Toptan");
+}
+
+TEST_F(CustomerFieldTest, left_for_the_list_the_row_there_is_meant) {
+  At("GurupCombo").ChooseText("Bayi");
+  Set("Text1(0)", "Toptancı Bey");
+  At("CariGrid").SetFocus();
+  EXPECT_EQ(At("Text1(0)").Text(), "Çetin Öz");
+  EXPECT_EQ(At("GurupCombo").Text(), "Bayi");
+}
+
 }  // namespace
 }  // namespace karvel

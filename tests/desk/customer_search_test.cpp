@@ -18,7 +18,7 @@ class CustomerSearchTest : public DeskFixture {
   std::string Found(const std::string& text) {
     Cursor& list = desk->cursors.CariData;
     EXPECT_TRUE(list.FindFirst("CariKod='Muhtelif Müşteri'").Ok());
-    const bool found = FindCustomerByText(list, text);
+    const bool found = FindCustomerByText(list, text).Ok();
     EXPECT_EQ(found, !list.NoMatch());
     return found ? list.Text("CariKod") : "";
   }

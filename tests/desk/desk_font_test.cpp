@@ -48,10 +48,10 @@ TEST_F(DeskFontTest, a_choice_that_is_cancelled_changes_nothing) {
 }
 
 TEST_F(DeskFontTest, the_lists_may_have_a_font_of_their_own_until_the_next_choice) {
-  settings.Save("Velmora Karvel1", "Font", "FontName", "Arial");
-  settings.Save("Velmora Karvel1", "Font", "FontSize", "12");
-  settings.Save("Velmora Karvel1", "EkrFont", "FontName", "Verdana");
-  settings.Save("Velmora Karvel1", "EkrFont", "FontSize", "16");
+  settings.Save("Velmora Karvel1", "Font", "FontName", "Arial").Ignore();
+  settings.Save("Velmora Karvel1", "Font", "FontSize", "12").Ignore();
+  settings.Save("Velmora Karvel1", "EkrFont", "FontName", "Verdana").Ignore();
+  settings.Save("Velmora Karvel1", "EkrFont", "FontSize", "16").Ignore();
   ASSERT_TRUE(Start());
   EXPECT_EQ(Desk(), "Arial 12");
   EXPECT_EQ(Lists(), "Verdana 16");

@@ -26,7 +26,7 @@ TEST_F(DoubleTapHintsTest, the_hint_goes_with_the_double_tap_and_what_that_says_
   Set("Text2(2)", "20");
   Click("Label1(0)");
   DoubleTap("Label1(0)");
-  EXPECT_EQ(At("Durum").Caption(), "20 alınmadı; müşteri listesinde yazıp Tamam'a dokunun");
+  EXPECT_EQ(At("Durum").Caption(), "20 alınmadı: tutarı müşteri listesinde yazıp Tamam'a dokunun");
 }
 
 TEST_F(DoubleTapHintsTest, what_was_booked_stays_when_a_tile_without_a_hint_is_tapped) {

@@ -6,7 +6,7 @@ namespace {
 class LongPressTest : public DeskFixture {};
 
 TEST_F(LongPressTest, a_long_press_on_exit_drops_the_fixed_frame_and_closes) {
-  settings.Save("Velmora Karvel1", "FrmSize", "Sabit", "True");
+  settings.Save("Velmora Karvel1", "FrmSize", "Sabit", "True").Ignore();
   ASSERT_TRUE(Start());
   EXPECT_TRUE(window.fixed);
   At("Command3").mouseDown({});

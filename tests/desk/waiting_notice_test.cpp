@@ -70,7 +70,7 @@ TEST_F(WaitingNoticeTest, without_a_slip_number_nothing_is_posted_and_the_fields
 
 TEST_F(WaitingNoticeTest, after_lost_settings_the_slips_go_on_from_the_day_book) {
   Sql("Karvel.mdb", "INSERT INTO Datam(CariKod, SeriNo) VALUES('C001','000321'),('C001','x99'),('C002','000045'),('C002','')");
-  settings.Save("Velmora Karvel", "Size", "DökNo", "?");
+  settings.Save("Velmora Karvel", "Size", "DökNo", "?").Ignore();
   Sell("Ayşe Yılmaz", "1001", "2");
   EXPECT_EQ(One("Karvel.mdb", "SELECT SeriNo FROM Datam WHERE StokKod='1001'"), "000322");
   EXPECT_EQ(settings.Get("Velmora Karvel", "Size", "DökNo", ""), "000322");

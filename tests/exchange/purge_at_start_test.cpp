@@ -19,7 +19,7 @@ class PurgeAtStartTest : public DeskFixture {
       Sql("Karvel.mdb", "INSERT INTO Datam(CariKod, Tarih) VALUES('C001','" + date + "')");
     }
     Sql("Karvel.mdb", "INSERT INTO Datam(CariKod) VALUES('undated')");
-    settings.Save("Velmora Karvel1", "AySil", "AySil", "True");
+    settings.Save("Velmora Karvel1", "AySil", "AySil", "True").Ignore();
   }
   void StartOn(const DateTime& day) {
     clock.now = day;
@@ -88,13 +88,13 @@ TEST_F(PurgeAtStartTest, other_days_drop_nothing) {
 }
 
 TEST_F(PurgeAtStartTest, unchecked_it_never_runs) {
-  settings.Save("Velmora Karvel1", "AySil", "AySil", "False");
+  settings.Save("Velmora Karvel1", "AySil", "AySil", "False").Ignore();
   StartOn(kSixtiethDay);
   EXPECT_EQ(Days("Karvel.mdb", "Datam").size(), 4U);
 }
 
 TEST_F(PurgeAtStartTest, it_runs_before_the_desk_waits_for_the_network_or_shows_its_button) {
-  settings.Save("Velmora Karvel1", "Size", "FtpUrl", "ftp://example.org");
+  settings.Save("Velmora Karvel1", "Size", "FtpUrl", "ftp://example.org").Ignore();
   connection.downFor = 1;
   std::size_t left = 0;
   bool opened = true;

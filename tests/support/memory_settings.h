@@ -22,8 +22,9 @@ class MemorySettings final : public SettingsStore {
     const auto found = values_.find({application, section, key});
     return found == values_.end() ? preset : found->second;
   }
-  void Save(const std::string& application, const std::string& section, const std::string& key, const std::string& value) override {
-    values_[{application, section, key}] = value;
+  Status Save(const std::string& application, const std::string& section, const std::string& key, const std::string& value) override {
+    if (saveFault.Ok()) values_[{application, section, key}] = value;
+    return saveFault;
   }
   std::expected<std::string, Status> Change(const std::string& application, const std::string& section, const std::string& key,
                                             const std::string& preset,
@@ -31,7 +32,7 @@ class MemorySettings final : public SettingsStore {
     if (!changeFault.Ok()) return std::unexpected(changeFault);
     ++changes_;
     const std::string value = change(Get(application, section, key, preset));
-    Save(application, section, key, value);
+    values_[{application, section, key}] = value;
     return value;
   }
 
@@ -41,6 +42,7 @@ class MemorySettings final : public SettingsStore {
 
   std::string putAside;  // what MakeReady answers, unless there is a fault
   Status readyFault;
+  Status saveFault;    // answered to every save while it is set
   Status changeFault;  // answered to every change while it is set
   WaitListener* waitListener = nullptr;
 

@@ -162,6 +162,7 @@ class SqliteEngine final : public Engine {
       gate_.Leave();
       return begun;
     }
+    patience_.Granted();
     open_ = true;
     changesBefore_ = data_->Database().getTotalChanges();
     return {};
