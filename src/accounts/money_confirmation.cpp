@@ -27,6 +27,8 @@ void MoneyConfirmation::Confirm() {
     button_.Post([this] { return WhereThere(PostMoneyMovement()); });
     return;
   }
+  // An empty name is filled with that of the row in front, so that a second tap can't pay another.
+  if (customer_.IsThere() && Trim(screen_.Text1(0).Text()).empty()) customer_.Follow();
   screen_.Text1(0).SetFocus();
   button_.FollowAmounts();  // an amount that stays is taken once the customer is right
 }

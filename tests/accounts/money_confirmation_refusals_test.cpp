@@ -81,5 +81,17 @@ TEST_F(MoneyConfirmationRefusalsTest, the_till_does_not_pay_what_the_customer_on
   EXPECT_EQ(Booked(), Lines{"C001||0.0|0.0|5.0|Nakit"});
 }
 
+TEST_F(MoneyConfirmationRefusalsTest, an_emptied_name_pays_nothing_and_the_row_in_front_is_named_again) {
+  Front("C002");
+  Set("Text2(2)", "5");
+  At("Text1(0)").SetText("");
+  Click("Command2");
+  EXPECT_EQ(Booked(), Lines{});
+  EXPECT_EQ(At("Text1(0)").Text(), "Burak Demir");
+  EXPECT_EQ(At("Text2(2)").Text(), "5");
+  Click("Command2");
+  EXPECT_EQ(Booked(), Lines{"C002||0.0|0.0|5.0|Nakit"});
+}
+
 }  // namespace
 }  // namespace karvel
