@@ -14,7 +14,9 @@ void QtEventLoop::RunPending() {
 }
 
 void QtEventLoop::RunPendingButInput() {
+  ++inputHeld_;
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
+  --inputHeld_;
 }
 
 void QtEventLoop::Wait(int milliseconds) {

@@ -7,6 +7,7 @@
 #include "app/app.h"
 #include "app/code_scanner.h"
 #include "app/desk_window.h"
+#include "app/qt_event_loop.h"
 #include "desk/desk.h"
 
 namespace karvel {
@@ -44,6 +45,10 @@ void Robot::PumpSoon() {
 
 void Robot::Pump() {
   if (closed_) return;
+  if (QtEventLoop::InputIsHeld()) {
+    codeOver_.start();  // the desk waits for another terminal outside any request
+    return;
+  }
   const bool codeEntered = scanner_.Reporting();
   const bool opened = ready_ || requests_.DeskAwaitsConnection();
   if (!opened || busy_ || codeEntered) {
