@@ -18,7 +18,8 @@ GroupList::GroupList(const DeskParts& parts, PriceSelection& prices, CustomerInF
   connections_ += screen_.ComboCmd.click.Connect([this] { Flip(); });
   // A sale is priced and booked by the group that stands here: it must be that of the list.
   connections_ += customer.listedGroup.Connect([this](const std::string& group) {
-    if (ListsCustomerGroups(screen_)) Show(group.empty() ? sources::kAllGroups : group);
+    listed_ = group.empty() ? sources::kAllGroups : group;
+    if (ListsCustomerGroups(screen_)) Show(listed_);
   });
 }
 
@@ -66,7 +67,7 @@ void GroupList::ChooseAll() {
 }
 
 void GroupList::Keep(const std::string& customerGroup) {
-  form_.CustomerGroup = customerGroup;
+  listed_ = form_.CustomerGroup = customerGroup;
   settings_.Save(Setting::CustomerGroup, customerGroup);
   prices_.SetFirstPriceColumn();
 }
@@ -108,7 +109,7 @@ void GroupList::Flip() {
   screen_.ComboCmd.SetCaption(toStock ? caption::kStockGroups : caption::kCustomerGroups);
   cursors_.GurupData.SetDatabaseName(PathIn(form_.DataDir, toStock ? "Stok.Mdb" : "Cari.Mdb"));
   Fill();
-  Show(toStock ? form_.StockGroup : form_.CustomerGroup);
+  Show(toStock ? form_.StockGroup : listed_.empty() ? form_.CustomerGroup : listed_);
   // The stock list becomes that of the group that now stands there; the customer list is that of its group already.
   if (toStock) StockGroupChosen();
 }

@@ -38,6 +38,7 @@ class GroupList {
   PriceSelection& prices_;
   CustomerInFront& customer_;
   bool showing_ = false;
+  std::string listed_;  // the group whose customers are listed, under whatever groups stand in GurupCombo; "": that of the settings
   bool waits_ = false;  // a group chosen in a sale, or over the deleted lines, waits until they are left
   Connections connections_;
 };
