@@ -6,6 +6,7 @@
 #include "desk/quiet_line.h"
 #include "desk/refusal.h"
 #include "desk/screen_keyboard.h"
+#include "desk/unknown_outcome.h"
 #include "platform/keyboard.h"
 #include "platform/messages.h"
 #include "text/turkish.h"
@@ -84,10 +85,10 @@ void CustomerCard::Save() {
     return;
   }
   screen_.CariNewCmd(kSave).SetEnabled(true);
-  if (!added) {
-    ShowRefusal(screen_, world_, added.error());
-    return;
-  }
+  ShowRefusal(screen_, world_, ShowBooked<bool>(form_, added, [this](bool) { ShowAdded(); }));
+}
+
+void CustomerCard::ShowAdded() {
   customer_.RefreshList();
   const std::string name = screen_.CariNew(kName).Text();
   Close();

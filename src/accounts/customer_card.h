@@ -27,6 +27,7 @@ class CustomerCard {
   bool Refuse(const std::string& text, Element& focus);
   [[nodiscard]] NewCustomer ReadCard() const;
   [[nodiscard]] std::string GroupOfNew() const;
+  void ShowAdded();
   void Close();
 
   Shop shop_;

@@ -5,6 +5,7 @@
 #include "desk/list_in_front.h"
 #include "desk/quiet_line.h"
 #include "desk/refusal.h"
+#include "desk/unknown_outcome.h"
 #include "platform/messages.h"
 
 namespace karvel {
@@ -47,16 +48,26 @@ void CustomerRemoval::AskAndDeleteCard() {
     Tell(screen_, "Kartı silinmedi, başka bir terminalde değişmiş: " + name);
     return;
   }
-  if (deleted.Ok()) {
+  const Status shown = ShowBooked(form_, deleted, [this, name] {
     customer_.LeaveDeleted();
     Tell(screen_, "Kartı silindi: " + name);
-  }
-  ShowRefusal(screen_, world_, deleted);
+  });
+  ShowRefusal(screen_, world_, shown);
 }
 
 Status CustomerRemoval::WipeHistory() {
   const std::string name = customer_.Name();
   const Status wiped = WipeCustomer(shop_, customer_.Code());
+  const auto show = [this, name] {
+    ShowWiped();
+    Tell(screen_, "Hareketleri silindi: " + name);
+  };
+  if (!wiped.Ok()) ShowWiped();
+  const Status shown = ShowBooked(form_, wiped, show);
+  return shown.Kind() == ErrorKind::NoRecord ? Status() : shown;
+}
+
+void CustomerRemoval::ShowWiped() {
   {
     const Muted muted(form_.RepositionGuard, Mute::DayBook);
     customer_.OpenDayBook();
@@ -65,8 +76,6 @@ Status CustomerRemoval::WipeHistory() {
   step("refresh ledger", cursors_.CariHarData.Refresh());
   screen_.CariGrid.SetMarker(customer_.IsThere());
   customer_.Follow();
-  if (wiped.Ok()) Tell(screen_, "Hareketleri silindi: " + name);
-  return wiped.Kind() == ErrorKind::NoRecord ? Status() : wiped;
 }
 
 }  // namespace karvel

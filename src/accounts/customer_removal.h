@@ -17,6 +17,7 @@ class CustomerRemoval {
   void Remove();
   void AskAndDeleteCard();
   Status WipeHistory();
+  void ShowWiped();
 
   Shop shop_;
   Screen& screen_;

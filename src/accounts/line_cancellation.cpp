@@ -5,6 +5,7 @@
 #include "books/steps.h"
 #include "desk/captions.h"
 #include "desk/quiet_line.h"
+#include "desk/unknown_outcome.h"
 #include "platform/messages.h"
 
 namespace karvel {
@@ -42,10 +43,9 @@ Status LineCancellation::CancelDayBookLine() {
     return {};
   }
   const Status done = CancelLine(shop_, cancellation);
-  ShowBooks();
+  if (!done.Ok()) ShowBooks();
   screen_.StokGrid.SetFocus();
-  if (done.Ok()) Tell(screen_, "Silindi");
-  return TellTooLate(done);
+  return TellTooLate(ShowBooked(form_, done, [this] { ShowCancelled(); }));
 }
 
 // Reads the line as the files hold it now: another terminal may have changed or cancelled it since the list read it. NoRecord when it is
@@ -81,6 +81,11 @@ Cancellation LineCancellation::ReadCancellation() const {
   cancellation.itemInFront = cursors_.StokData.CurrentKey();
   cancellation.lastPostedId = form_.CurrentLineId;
   return cancellation;
+}
+
+void LineCancellation::ShowCancelled() {
+  ShowBooks();
+  Tell(screen_, "Silindi");
 }
 
 void LineCancellation::ShowBooks() {

@@ -22,6 +22,7 @@ class LineCancellation {
   Status TellTooLate(const Status& outcome);
   void RefuseTransferred(const std::string& id);
   [[nodiscard]] Cancellation ReadCancellation() const;
+  void ShowCancelled();
   void ShowBooks();
   void ShowCustomer();
 

@@ -5,6 +5,7 @@
 #include "books/steps.h"
 #include "desk/captions.h"
 #include "desk/quiet_line.h"
+#include "desk/unknown_outcome.h"
 #include "text/format.h"
 
 namespace karvel {
@@ -55,8 +56,8 @@ void LineCorrection::Confirm() {
   screen_.Command3.SetEnabled(true);
   if (corrected.Kind() == ErrorKind::NoRecord) {
     ShowTooLate();
-  } else if (button_.Try([&] { return corrected; })) {
-    ShowCorrected();
+  } else {
+    button_.Try([&] { return ShowBooked(form_, corrected, [this] { ShowCorrected(); }); });
   }
 }
 

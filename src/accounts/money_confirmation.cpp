@@ -5,6 +5,7 @@
 #include "desk/captions.h"
 #include "desk/list_in_front.h"
 #include "desk/quiet_line.h"
+#include "desk/unknown_outcome.h"
 #include "store/cursor.h"
 #include "text/format.h"
 #include "text/turkish.h"
@@ -70,15 +71,17 @@ MoneyMovement MoneyConfirmation::ReadMovement() const {
 
 Status MoneyConfirmation::PostMoneyMovement() {
   const MoneyMovement movement = ReadMovement();
-  const auto booked = BookMoneyMovement(shop_, movement);
-  if (!booked) return booked.error();
-  form_.CurrentLineId = booked->id;
+  return ShowBooked<BookedMoney>(form_, BookMoneyMovement(shop_, movement),
+                                 [this, movement](const BookedMoney& booked) { ShowMovement(movement, booked.id); });
+}
+
+void MoneyConfirmation::ShowMovement(const MoneyMovement& movement, const std::string& id) {
+  form_.CurrentLineId = id;
   customer_.ReadListAnew(movement.customerCode);
   screen_.Text2(2).SetText("0");
   button_.OfferPosting();
   const bool paidOut = movement.direction == MoneyDirection::Payment;
   Tell(screen_, Format(movement.amount, "Standard") + " " + movement.instrument + (paidOut ? " ödendi" : " alındı"));
-  return {};
 }
 
 }  // namespace karvel

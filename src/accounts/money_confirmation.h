@@ -26,6 +26,7 @@ class MoneyConfirmation {
   void Confirm();
   bool PayerInFront();
   void ShowLeft();
+  void ShowMovement(const MoneyMovement& movement, const std::string& id);
   [[nodiscard]] MoneyMovement ReadMovement() const;
 
   Shop shop_;

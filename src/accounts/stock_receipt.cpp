@@ -4,6 +4,7 @@
 #include "books/steps.h"
 #include "desk/quiet_line.h"
 #include "desk/refusal.h"
+#include "desk/unknown_outcome.h"
 #include "platform/clerk_message.h"
 #include "platform/keyboard.h"
 #include "text/format.h"
@@ -159,7 +160,7 @@ Status StockReceipt::Receive() {
     return {};
   }
   const Receipt receipt = ReadReceipt();
-  const auto booked = BookReceipt(shop_, receipt);
+  const Outcome<BookedReceipt> booked = BookReceipt(shop_, receipt);
   if (!booked && booked.error().Kind() == ErrorKind::NoRecord) {
     // Deleted at another terminal: the list shows who is left, and nobody is owed what nobody delivered.
     screen_.StokAl.SetVisible(false);
@@ -167,12 +168,14 @@ Status StockReceipt::Receive() {
     customer_.RefreshAndFollow();
     return {};
   }
-  if (!booked) return booked.error();
-  form_.CurrentLineId = booked->id;
-  ShowReceived(booked->item);
+  return ShowBooked<BookedReceipt>(form_, booked, [this, receipt](const BookedReceipt& received) { ShowReceipt(receipt, received); });
+}
+
+void StockReceipt::ShowReceipt(const Receipt& receipt, const BookedReceipt& received) {
+  form_.CurrentLineId = received.id;
+  ShowReceived(received.item);
   Tell(screen_, PlainNumber(receipt.quantity) + " × " + receipt.name + " " + Format(receipt.amount, "Standard") + " teslim alındı");
   for (int i = 0; i < screen_.Text6.Count(); ++i) screen_.Text6(i).SetText("");
-  return {};
 }
 
 // The stock list stands on the card that was raised, if it is in the list, and day book and ledger show the receipt.

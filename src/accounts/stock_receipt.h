@@ -28,6 +28,7 @@ class StockReceipt {
   Status StandOnSearched(const std::string& text);
   void Save();  // StokAlCmd(1)
   [[nodiscard]] Receipt ReadReceipt() const;
+  void ShowReceipt(const Receipt& receipt, const BookedReceipt& received);
   void ShowReceived(RowKey item);
   [[nodiscard]] const std::string& Field(int index) const { return screen_.Text6(index).Text(); }
   [[nodiscard]] double Total() const;

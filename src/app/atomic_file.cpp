@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "app/private_files.h"
 #include "platform/system_error.h"
 
 namespace karvel {
@@ -28,14 +29,14 @@ std::string FolderOf(const std::string& path) {
 
 AtomicFile::AtomicFile(std::string target)
     : target_(std::move(target)), neighbour_(fmt::format("{}/{}{}-{}{}", FolderOf(target_), kMark, getpid(), ++counter, kEnd)) {
-  handle_ = open(neighbour_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  handle_ = OpenPrivate(neighbour_, O_WRONLY | O_CREAT | O_EXCL);
   if (handle_ < 0) {
     Fail(errno);
     return;
   }
   // Writing the file doesn't change who may read it.
   struct stat old{};
-  if (stat(target_.c_str(), &old) == 0 && fchmod(handle_, old.st_mode & 07777) != 0) Fail(errno);
+  if (lstat(target_.c_str(), &old) == 0 && S_ISREG(old.st_mode) && fchmod(handle_, old.st_mode & 07777) != 0) Fail(errno);
 }
 
 AtomicFile::~AtomicFile() {

@@ -303,7 +303,7 @@ void DeskGrid::PlaceAnew() {
     needs[i].heading = head.horizontalAdvance(ToQt(Trim(columns_[i].caption))) + 2 * kCellPad + 4;
     const int position = table_ ? table_->Position(columns_[i].field) : -1;
     for (int row = 0; row < measured; ++row) {
-      const QString text = ToQt(CellText(columns_[i], rows_.Rows()[static_cast<std::size_t>(row)].values, position));
+      const QString text = ToQt(CellText(columns_[i], rows_.Rows()[static_cast<std::size_t>(row)].values, position, table_));
       needs[i].content = std::max(needs[i].content, static_cast<int>(FiguresWidth(font, text)) + 2 * kCellPad + 2);
     }
   }
@@ -377,7 +377,7 @@ QList<QStringList> DeskGrid::ShownRows(int max) {
   for (const GridRow& row : watched_->RowsFromStart(max)) {
     QStringList line;
     for (const ShownColumn& column : shown_)
-      line += ToQt(CellText(columns_[static_cast<std::size_t>(column.number)], row.values, column.position));
+      line += ToQt(CellText(columns_[static_cast<std::size_t>(column.number)], row.values, column.position, table_));
     texts += line;
   }
   return texts;

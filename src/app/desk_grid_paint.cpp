@@ -139,8 +139,8 @@ bool DeskGrid::MostlyLong(const ShownColumn& column, int first, int behind, cons
 }
 
 QString DeskGrid::TextAt(int index, const ShownColumn& column) const {
-  return ToQt(
-      CellText(columns_[static_cast<std::size_t>(column.number)], rows_.Rows()[static_cast<std::size_t>(index)].values, column.position));
+  return ToQt(CellText(columns_[static_cast<std::size_t>(column.number)], rows_.Rows()[static_cast<std::size_t>(index)].values,
+                       column.position, table_));
 }
 
 void DeskGrid::PaintRow(QPainter& painter, int index, int y, bool current) const {

@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "app/atomic_file.h"
+#include "app/private_files.h"
 #include "app/qt_text.h"
 #include "platform/system_error.h"
 #include "text/turkish.h"
@@ -93,8 +94,8 @@ Status NoSuchDrive(const std::string& path) {
 
 // Reads a file piece by piece into `take`.
 template <typename Take>
-Status ReadPieces(const std::string& real, Take take) {
-  const int handle = open(real.c_str(), O_RDONLY | O_CLOEXEC);
+Status ReadPieces(const std::string& real, bool followsLink, Take take) {
+  const int handle = followsLink ? open(real.c_str(), O_RDONLY | O_CLOEXEC) : OpenPrivate(real, O_RDONLY);
   if (handle < 0) return StatusOfSystemError(errno, real);
   std::vector<char> piece(1 << 16);
   Status status;
@@ -195,16 +196,19 @@ bool DiskFiles::IsFolder(const std::string& path) const {
 Status DiskFiles::MakeFolder(const std::string& path) {
   const std::string real = RealPath(path);
   if (real.empty()) return NoSuchDrive(path);
-  std::error_code error;
-  fs::create_directories(real, error);
-  return StatusOfSystemError(error.value(), real);
+  return MakePrivateFolder(real);
+}
+
+// An installation may lay its templates as links.
+bool DiskFiles::IsAtHome(const std::string& real) const {
+  return real.starts_with(places_.home + "/");
 }
 
 Status DiskFiles::Read(const std::string& path, std::string& bytes) const {
   const std::string real = RealPath(path);
   if (real.empty()) return NoSuchDrive(path);
   std::string content;
-  Status status = ReadPieces(real, [&](std::string_view piece) { content += piece; });
+  Status status = ReadPieces(real, !IsAtHome(real), [&](std::string_view piece) { content += piece; });
   if (status.Ok()) bytes = std::move(content);
   return status;
 }
@@ -229,7 +233,7 @@ Status DiskFiles::CopyOver(const std::string& from, const std::string& to, bool 
   if (realFrom.empty()) return NoSuchDrive(from);
   if (realTo.empty()) return NoSuchDrive(to);
   AtomicFile file(realTo);
-  const Status status = ReadPieces(realFrom, [&](std::string_view piece) { file.Append(piece); });
+  const Status status = ReadPieces(realFrom, !IsAtHome(realFrom), [&](std::string_view piece) { file.Append(piece); });
   return status.Ok() ? file.Finish(replace) : status;
 }
 

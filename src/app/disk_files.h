@@ -48,6 +48,7 @@ class DiskFiles : public Files {
   [[nodiscard]] std::vector<std::string> List(const std::string& folder) const override;
 
  private:
+  [[nodiscard]] bool IsAtHome(const std::string& real) const;
   Status CopyOver(const std::string& from, const std::string& to, bool replace);
   const FilePlaces places_;
 };

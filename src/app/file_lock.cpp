@@ -6,10 +6,10 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <system_error>
 #include <thread>
 #include <utility>
 
+#include "app/private_files.h"
 #include "platform/system_error.h"
 
 namespace karvel {
@@ -22,11 +22,8 @@ FileLock::~FileLock() {
 
 Status FileLock::Open() {
   if (handle_ >= 0) return {};
-  const std::string folder = std::filesystem::path(path_).parent_path();
-  std::error_code error;
-  std::filesystem::create_directories(folder, error);
-  if (error) return StatusOfSystemError(error.value(), folder);
-  handle_ = open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+  if (Status made = MakePrivateFolder(std::filesystem::path(path_).parent_path()); !made.Ok()) return made;
+  handle_ = OpenPrivate(path_, O_RDWR | O_CREAT);
   return handle_ >= 0 ? Status() : StatusOfSystemError(errno, path_);
 }
 

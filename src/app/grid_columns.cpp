@@ -12,6 +12,8 @@
 namespace karvel {
 namespace {
 
+constexpr std::size_t kMostCellLetters = 300;
+
 constexpr int kLeastWidth = 44;
 constexpr int kLeastName = 170;
 constexpr int kMostFitted = 260;
@@ -33,6 +35,12 @@ bool IsFigures(const GridColumn& column, const Table* table) {
 int LeastWidth(const GridColumn& column, const ColumnNeed& need, const Table* table) {
   if (IsFigures(column, table) || TypeOf(column, table) == ColumnType::Date) return std::max({need.heading, need.content, kLeastWidth});
   return std::max({need.heading, std::min(need.content, kShortText), kLeastWidth});
+}
+
+// No cell has room for more, and to shape a text of a million letters takes a second for each painting.
+std::string Shortened(std::string text) {
+  if (text.size() <= kMostCellLetters || LetterCount(text) <= kMostCellLetters) return text;
+  return LeftLetters(text, kMostCellLetters) + "…";
 }
 
 }  // namespace
@@ -108,9 +116,10 @@ int SortedPosition(const Table& table, const std::string& source) {
   return -1;
 }
 
-std::string CellText(const GridColumn& column, const Row& values, int position) {
+std::string CellText(const GridColumn& column, const Row& values, int position, const Table* table) {
   if (position < 0 || position >= static_cast<int>(values.size())) return {};
   const Value& value = values[static_cast<std::size_t>(position)];
+  if (TypeOf(column, table) == ColumnType::Number && !IsNumberOrNothing(value)) return std::string(kDamagedNumber);
   if (const auto* number = std::get_if<double>(&value))
     return column.format.empty() ? PlainNumber(*number) : Format(*number, column.format);
   if (const auto* date = std::get_if<DateTime>(&value)) {
@@ -119,7 +128,7 @@ std::string CellText(const GridColumn& column, const Row& values, int position) 
     return Format(*date, *date == date->Date() ? "dd.mm.yyyy" : "dd.mm.yyyy hh:nn");
   }
   if (const auto* flag = std::get_if<bool>(&value)) return *flag ? "✓" : "";
-  return AsText(value);
+  return Shortened(AsText(value));
 }
 
 }  // namespace karvel

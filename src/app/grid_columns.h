@@ -38,6 +38,6 @@ int StretchColumn(const std::vector<GridColumn>& columns);
 int SortedPosition(const Table& table, const std::string& source);
 
 // A cell's text: numbers and dates by the column's format, a tick for yes.
-std::string CellText(const GridColumn& column, const Row& values, int position);
+std::string CellText(const GridColumn& column, const Row& values, int position, const Table* table = nullptr);
 
 }  // namespace karvel

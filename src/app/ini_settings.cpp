@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "app/atomic_file.h"
+#include "app/private_files.h"
 #include "platform/log.h"
 #include "platform/system_error.h"
 #include "settings/settings_table.h"
@@ -24,10 +25,9 @@ constexpr std::chrono::seconds kPatience{2};
 
 // Other users must be shut out before the first password is written.
 std::string Prepared(const std::string& homeFolder) {
-  std::error_code error;
-  std::filesystem::create_directories(homeFolder, error);
+  if (const Status made = MakePrivateFolder(homeFolder); !made.Ok()) Log("settings: " + made.Message());
   const std::string path = homeFolder + "/settings.ini";
-  const int handle = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kOwnerOnly);
+  const int handle = OpenPrivate(path, O_RDWR | O_CREAT);
   if (handle >= 0) {
     if (fchmod(handle, kOwnerOnly) != 0) Log("settings: can't close the file to others");
     close(handle);
@@ -51,7 +51,7 @@ bool IsSameFile(const struct stat& a, const struct stat& b) {
 
 // Reads a whole file, and tells which one it was.
 int ReadBytes(const std::string& path, std::string& bytes, struct stat& info) {
-  const int handle = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  const int handle = OpenPrivate(path, O_RDONLY);
   if (handle < 0) return errno;
   int error = fstat(handle, &info) == 0 ? 0 : errno;
   std::array<char, 4096> piece;

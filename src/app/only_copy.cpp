@@ -8,6 +8,7 @@
 #include <system_error>
 #include <utility>
 
+#include "app/private_files.h"
 #include "platform/log.h"
 
 namespace karvel {
@@ -43,7 +44,7 @@ void OnlyCopy::HearBell() {
   if (handle_ >= 0) return;
   if (mkfifo(bell_.c_str(), S_IRUSR | S_IWUSR) != 0 && errno != EEXIST) return LogBell(bell_);
   // Opened for writing too: a bell whose ringers have all gone would report its end for ever.
-  handle_ = open(bell_.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
+  handle_ = OpenPrivate(bell_, O_RDWR | O_NONBLOCK);
   if (handle_ < 0) return LogBell(bell_);
   struct stat info{};
   if (fstat(handle_, &info) != 0 || !S_ISFIFO(info.st_mode)) return Log("bell " + bell_ + ": it is something else");
@@ -58,7 +59,7 @@ void OnlyCopy::HearBell() {
 
 void OnlyCopy::Ring() const {
   // Opened for both, this never waits, and a copy that goes at this moment doesn't end us by a broken pipe.
-  const int bell = open(bell_.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
+  const int bell = OpenPrivate(bell_, O_RDWR | O_NONBLOCK);
   if (bell < 0) return;
   if (write(bell, "!", 1) != 1) LogBell(bell_);
   close(bell);

@@ -14,6 +14,8 @@
 namespace karvel {
 namespace {
 
+constexpr int kMostTyped = 255;
+
 constexpr int kButtonHeight = 64;
 constexpr int kButtonWidth = 160;
 constexpr int kFieldHeight = 48;
@@ -74,6 +76,7 @@ std::optional<std::string> QtMessages::InputBox(const std::string& prompt, const
   box.setOkButtonText(QStringLiteral("Tamam"));
   box.setCancelButtonText(QStringLiteral("Vazgeç"));
   MakeTouchable(box);
+  if (auto* const line = box.findChild<QLineEdit*>()) line->setMaxLength(kMostTyped);
   if (box.exec() != QDialog::Accepted) return std::nullopt;
   return box.textValue().toStdString();
 }

@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "app/desk_grid.h"
+#include "app/private_files.h"
 #include "app/qt_text.h"
 #include "app/touch_button.h"
 #include "app/touch_label.h"
@@ -50,13 +51,15 @@ void QtWindow::RestoreFitting(const std::string& name) {
   fitting_ = name;
   if (!window_) return;
   QFile file(FittingFile(name));
+  if (IsLink(ToUtf8(file.fileName()))) return;
   if (file.open(QIODevice::ReadOnly)) window_->restoreGeometry(file.readAll());
 }
 
 void QtWindow::SaveFitting(const std::string& name) {
   if (!window_) return;
   const QString path = FittingFile(name);
-  QDir().mkpath(QFileInfo(path).path());
+  if (const Status made = MakePrivateFolder(ToUtf8(QFileInfo(path).path())); !made.Ok()) Log("window: " + made.Message());
+  if (IsLink(ToUtf8(path))) QFile::remove(path);  // what is saved would go through it
   QSaveFile file(path);
   const QByteArray fitting = window_->saveGeometry();
   if (!file.open(QIODevice::WriteOnly) || file.write(fitting) != fitting.size() || !file.commit())

@@ -13,6 +13,7 @@ namespace karvel {
 TextField::TextField(const DeskUi& ui, Element& element, QWidget* parent) : QLineEdit(parent), ui_(ui), element_(element) {
   setContextMenuPolicy(Qt::PreventContextMenu);
   setDragEnabled(false);
+  setMaxLength(static_cast<int>(Element::kMostTyped));
   connect(this, &QLineEdit::textChanged, this, [this] {
     FitAmount();
     TakeEdit();

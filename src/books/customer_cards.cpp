@@ -40,10 +40,9 @@ Outcome<bool> AddCustomerCard(const Shop& shop, const NewCustomer& customer) {
   card.Set("Hesap", kDebitSide);
   card.Set("yeni", 1);
   const Status written = card.Update();
-  const Status done = action.Finish();
+  Outcome<bool> added = Answer(action, true);
   if (!written.Ok()) return std::unexpected(written);
-  if (!done.Ok()) return std::unexpected(done);
-  return true;
+  return added;
 }
 
 Outcome<bool> IsCustomerCodeTaken(const Shop& shop, const std::string& code) {

@@ -153,8 +153,7 @@ Outcome<BookedMoney> BookMoneyMovement(const Shop& shop, const MoneyMovement& mo
   BookedMoney booked = posting.MoveCustomer();
   posting.ConsumeDueDates(booked.balance);
 
-  if (const Status done = action.Finish(); !done.Ok()) return std::unexpected(done);
-  return booked;
+  return Answer(action, std::move(booked));
 }
 
 }  // namespace karvel

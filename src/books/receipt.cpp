@@ -138,8 +138,7 @@ Outcome<BookedReceipt> BookReceipt(const Shop& shop, const Receipt& receipt) {
   BookMovement(shop, receipt, item, booked.id);
   BookLedger(shop, receipt, item, supplier, booked.id);
   BookDay(shop, receipt, item, supplier, booked.id);
-  if (Status done = action.Finish(); !done.Ok()) return std::unexpected(done);
-  return booked;
+  return Answer(action, std::move(booked));
 }
 
 }  // namespace karvel

@@ -216,8 +216,7 @@ Outcome<BookedLine> BookSaleLine(const Shop& shop, const SaleLine& line) {
   posting.BookLedger();
   BookedLine booked = posting.MoveBalance();
 
-  if (const Status done = action.Finish(); !done.Ok()) return std::unexpected(done);
-  return booked;
+  return Answer(action, std::move(booked));
 }
 
 }  // namespace karvel

@@ -13,10 +13,13 @@
 // - A single step that fails is passed over and noted in the log (steps.h); a fault of the stores undoes the whole.
 // - It answers with what it wrote, or with why it wrote nothing. ErrorKind::NoRecord says that what was to be booked on is gone: a card or
 //   line that another terminal deleted or cancelled meanwhile. Every other kind is the stores' own: nothing is known to be gone.
+// - ErrorKind::Unknown says that all may be written or nothing (Stores::AskOutcome): then the answer also bears what it would have written.
 #pragma once
 
 #include <expected>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "platform/clock.h"
 #include "platform/status.h"
@@ -30,8 +33,26 @@ struct Shop {
   const std::string& terminalNo;  // two digits, "01"
 };
 
+// Why a book wrote nothing, or isn't known to have written.
+template <typename Booked>
+struct Failure : Status {
+  Failure(Status status) : Status(std::move(status)) {}
+  Failure(Status status, Booked booked) : Status(std::move(status)) {
+    if (Kind() == ErrorKind::Unknown) ifItStands = std::move(booked);
+  }
+  std::optional<Booked> ifItStands;  // what it wrote then; there is one only for an unknown outcome of its own
+};
+
 // What a book answers.
 template <typename Booked>
-using Outcome = std::expected<Booked, Status>;
+using Outcome = std::expected<Booked, Failure<Booked>>;
+
+// The end of a book: its action is committed, and this is what it wrote.
+template <typename Booked>
+Outcome<Booked> Answer(Action& action, Booked booked) {
+  Status done = action.Finish();
+  if (done.Ok()) return booked;
+  return std::unexpected(Failure<Booked>(std::move(done), std::move(booked)));
+}
 
 }  // namespace karvel

@@ -1,6 +1,7 @@
 #include "books/slip_numbers.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "books/book_cursor.h"
 #include "settings/slip_number.h"
@@ -24,8 +25,10 @@ Outcome<double> NewestSlipNumber(const Shop& shop) {
   const Status there = lines.MoveLast();
   if (!there.Ok()) return std::unexpected(there);
   const int number = lines.SourceTable() ? lines.SourceTable()->Position("SeriNo") : -1;
+  std::vector<GridRow> rows;
+  if (const Status read = lines.RowsFromEnd(kRows, rows); !read.Ok()) return std::unexpected(read);
   double newest = 0;
-  for (const GridRow& row : lines.RowsFromEnd(kRows)) {
+  for (const GridRow& row : rows) {
     const std::string slip = AsText(row.values[static_cast<std::size_t>(number)]);
     const bool digits = slip.size() >= kDigits && slip.size() <= kMostDigits && slip.find_first_not_of("0123456789") == std::string::npos;
     if (digits) newest = std::max(newest, NumberOrZero(slip));

@@ -27,6 +27,8 @@
 #include "desk/shut_down.h"
 #include "desk/start_up.h"
 #include "desk/tapped_search.h"
+#include "desk/unknown_outcome.h"
+#include "desk/unreadable_notice.h"
 #include "desk/waiting_notice.h"
 #include "desk/way_out.h"
 #include "platform/clerk_message.h"
@@ -46,6 +48,7 @@ struct Desk::Features {
   Cursors& cursors;
   DeskParts parts;
   WaitingNotice waiting{parts};
+  UnreadableNotice unreadable{parts};
   DateIndex dateIndex{cursors};
   BalanceDisplay balance{parts.screen};
   DayTotal dayTotal{parts, balance};
@@ -53,6 +56,7 @@ struct Desk::Features {
   CustomerInFront customer{parts, balance, dayTotal, overdue};
   CustomerPanels panels{parts, customer};
   MainButton button{parts};
+  UnknownOutcome unknownOutcome{parts, button};
   PriceFloor floor{parts};
   PriceSelection prices{parts, customer, floor};
   SaleFields fields{parts, floor, button};

@@ -12,6 +12,11 @@ Element::Element(Elements& all, std::string name, ElementKind kind, std::string 
     : all_(all), name_(std::move(name)), kind_(kind), panel_(panel), text_(std::move(text)) {}
 
 void Element::SetText(const std::string& text) {
+  const std::size_t most = kind_ == ElementKind::TextBox ? kMostTyped : kMostShown;
+  if (text.size() > most && LetterCount(text) > most) {
+    SetText(LeftLetters(text, most));
+    return;
+  }
   if (text == text_) return;
   text_ = text;
   if (kind_ == ElementKind::TextBox) selectionStart_ = selectionLength_ = 0;

@@ -67,6 +67,9 @@ class Element {
   // The text of a text box or combo, the caption of anything else: one value under two names.
   [[nodiscard]] const std::string& Text() const { return text_; }
   [[nodiscard]] const std::string& Caption() const { return text_; }
+  // What is longer is cut: a text box takes 255 letters, anything else 4,000. A store may hold a text without end, and each key in a field
+  // is looked up with all that stands in it.
+  static constexpr std::size_t kMostTyped = 255, kMostShown = 4000;
   void SetText(const std::string& text);
   void SetCaption(const std::string& text) { SetText(text); }
 

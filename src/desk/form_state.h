@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -25,6 +26,8 @@ struct FormState {
   std::string TerminalNo;     // two digits
   std::string CurrentLineId;  // DigerId of the line posted last
   std::string EditLineId;     // DigerId of the line in correction
+  // Shows what the last posting wrote, once it is known that it stands (desk/unknown_outcome.h); empty for none in doubt.
+  std::function<void()> WhenBooked;
   std::string ScannedSerial;
   std::string SlipNo;  // six digits, empty between slips
   std::array<std::string, 6> CompanyLines;

@@ -25,6 +25,7 @@ void ListFilter::ShowAllAgain() {
   const std::string code = customer_.Code();
   OpenCustomers("");
   customer_.BringInFront(code);
+  if (!customer_.IsThere() || customer_.Code() != code) customer_.Follow();
 }
 
 void ListFilter::Changed() {
@@ -55,7 +56,9 @@ void ListFilter::FilterCustomers() {
 
 void ListFilter::OpenCustomers(const std::string& named) {
   const bool byGroup = ListsCustomerGroups(screen_) && screen_.GurupCombo.ListIndex() > 0;
-  customer_.ShowList(sources::CustomersOfGroupNamed(byGroup ? screen_.GurupCombo.Text() : "", named));
+  const std::string group = byGroup ? screen_.GurupCombo.Text() : "";
+  customer_.ShowList(sources::CustomersOfGroupNamed(group, named));
+  customer_.listedGroup(group);
 }
 
 void ListFilter::FilterStock() {

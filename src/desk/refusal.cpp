@@ -9,7 +9,8 @@ namespace karvel {
 void ShowRefusal(Screen& screen, const World& world, const Status& outcome) {
   if (outcome.Ok()) return;
   Tell(screen, ClerkMessage(outcome));
-  world.messages.MessageBox(WithPlace(ClerkMessage(outcome), outcome), "Kayıt Yapılamadı", MessageIcon::Stop, MessageButtons::Ok);
+  const char* const title = outcome.Kind() == ErrorKind::Unknown ? "Kayıt Bilinmiyor" : "Kayıt Yapılamadı";
+  world.messages.MessageBox(WithPlace(ClerkMessage(outcome), outcome), title, MessageIcon::Stop, MessageButtons::Ok);
 }
 
 }  // namespace karvel

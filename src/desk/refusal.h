@@ -1,4 +1,5 @@
-// The one box that tells the clerk that the stores refused what was posted. Nothing of the posting is in them then.
+// The one box that tells the clerk that the stores refused what was posted. Nothing of the posting is in them then; of one whose outcome is
+// unknown the box says so.
 #pragma once
 
 #include "desk/screen.h"

@@ -7,6 +7,7 @@
 #include "desk/captions.h"
 #include "desk/completion.h"
 #include "desk/quiet_line.h"
+#include "desk/unknown_outcome.h"
 #include "platform/event_loop.h"
 #include "text/format.h"
 #include "text/turkish.h"
@@ -35,7 +36,7 @@ void SaleConfirmation::Confirm() {
     button_.FollowAmounts();
     return;
   }
-  const bool posted = button_.Post([this] {
+  const bool posted = button_.Post([this]() -> Status {
     // One number serves all lines of a slip; printing the slip clears it.
     if (form_.SlipNo.empty()) {
       const auto number = TakeSlipNumber(shop_, settings_);
@@ -95,26 +96,30 @@ SaleLine SaleConfirmation::ReadLine() const {
 Status SaleConfirmation::PostLine() {
   const SaleLine line = ReadLine();
   const std::string item = cursors_.StokData.Text("StokAdi");
-  const auto booked = BookSaleLine(shop_, line);
-  if (!booked) return booked.error();
-  form_.CurrentLineId = booked->id;
+  return ShowBooked<BookedLine>(form_, BookSaleLine(shop_, line), [this, line, item](const BookedLine& booked) {
+    const bool newCustomer = booked.customerCode != form_.CurrentCustomerCode;
+    ShowLine(booked);
+    TellSold(line, item);
+    if (newCustomer) Tell(screen_, screen_.Durum.Caption() + "; müşteriye yeni kart açıldı");
+  });
+}
+
+void SaleConfirmation::ShowLine(const BookedLine& booked) {
+  form_.CurrentLineId = booked.id;
   // The sale goes on under the code of the card that the line made; otherwise the next line would make another.
-  const bool newCustomer = booked->customerCode != form_.CurrentCustomerCode;
-  form_.CurrentCustomerCode = booked->customerCode;
+  const bool newCustomer = booked.customerCode != form_.CurrentCustomerCode;
+  form_.CurrentCustomerCode = booked.customerCode;
   if (newCustomer) customer_.RefreshList();  // his card may be in it now
-  customer_.StandQuietlyOn(booked->customerCode);
-  balance_.ShowSided(booked->balance);
+  customer_.StandQuietlyOn(booked.customerCode);
+  balance_.ShowSided(booked.balance);
   {
     const Muted muted(form_.RepositionGuard, Mute::DayBook);
-    step("day book", newCustomer ? cursors_.HareketData.Open(sources::DayBookOf(booked->customerCode)) : cursors_.HareketData.Refresh());
+    step("day book", newCustomer ? cursors_.HareketData.Open(sources::DayBookOf(booked.customerCode)) : cursors_.HareketData.Refresh());
   }
   step("refresh due dates", cursors_.VadeData.Refresh());
   world_.loop.RunPendingButInput();
   screen_.List1.ClearItems();
   ResetFields();
-  TellSold(line, item);
-  if (newCustomer) Tell(screen_, screen_.Durum.Caption() + "; müşteriye yeni kart açıldı");
-  return {};
 }
 
 bool SaleConfirmation::PaymentWaits() const {

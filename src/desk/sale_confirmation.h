@@ -25,6 +25,7 @@ class SaleConfirmation {
   void Confirm();
   bool LineIsWhole();
   [[nodiscard]] SaleLine ReadLine() const;
+  void ShowLine(const BookedLine& booked);
   void ResetFields();
   [[nodiscard]] bool PaymentWaits() const;
   void TellSold(const SaleLine& line, const std::string& item);

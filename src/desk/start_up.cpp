@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "books/book_cursor.h"
+#include "books/running_numbers.h"
 #include "books/sources.h"
 #include "books/steps.h"
 #include "books/terminal_group.h"
@@ -113,14 +114,32 @@ void StartUp::FixDataFolder() {
   }
 }
 
+// Nothing of it comes back by itself, so only a plain Yes goes on.
+bool StartUp::MayBeginEmpty(const std::string& missing) {
+  const std::string text =
+      missing +
+      " bulunamadı, ama öteki dosyalarda kayıt var: veri eksik. Diskin takılı olduğunu denetleyin veya dosyayı yedekten "
+      "geri koyun.\n\nYine de boş dosyayla başlansın mı?";
+  const Status lost = Status(ErrorKind::Missing, missing + ": missing beside files with rows").At(world_.files.RealPath(form_.DataDir));
+  step("open", lost);
+  return world_.messages.MessageBox(WithPlace(text, lost), "Veri Dosyası Yok", MessageIcon::Exclamation, MessageButtons::YesNo) ==
+         MessageAnswer::Yes;
+}
+
 bool StartUp::CopyTemplates() {
+  if (const std::string missing = MissingBesideRows(world_.files, form_.DataDir); !missing.empty() && !MayBeginEmpty(missing)) return false;
   const Status copied = CopyMissingTemplates(world_.files, form_.DataDir);
   return copied.Ok() || Refuse("Boş veri dosyası kopyalanamadı. ", copied);
 }
 
 bool StartUp::OpenStores() {
   const Status opened = world_.stores.Open(world_.files.RealPath(form_.DataDir));
-  return opened.Ok() || Refuse("Veri dosyası açılamadı. ", opened);
+  if (!opened.Ok()) return Refuse("Veri dosyası açılamadı. ", opened);
+  const Status ahead = KeepCounterAhead(shop_);
+  if (ahead.Ok()) return true;
+  step("line numbers", ahead);
+  // A folder that can't be written gives no numbers either.
+  return ahead.Kind() == ErrorKind::NoRights || Refuse("Satır numaraları denetlenemedi. ", ahead);
 }
 
 bool StartUp::Refuse(const std::string& what, const Status& status) {

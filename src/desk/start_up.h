@@ -47,6 +47,7 @@ class StartUp {
   void FixTerminal();
   void ReadCompanyFiles();
   void FixDataFolder();
+  bool MayBeginEmpty(const std::string& missing);
   bool CopyTemplates();
   bool OpenStores();
   void FillStockGroups();

@@ -1,11 +1,33 @@
 #include "desk/template_copying.h"
 
+#include <array>
+#include <string_view>
+
 #include "store/catalogue.h"
 #include "touch/file_operations.h"
 
 namespace karvel {
 namespace {
 constexpr int kTemplates = 8;  // the catalogue's first eight files lie in the data folder
+constexpr std::array<std::string_view, 3> kMain{"Cari.mdb", "Stok.mdb", "Karvel.mdb"};
+// The counter of line ids: it is empty until the first line is posted, and small.
+constexpr std::string_view kCounter = "Index.mdb";
+
+bool HoldsRows(const Files& files, const std::string& file, const std::string& emptyFile) {
+  std::string bytes, empty;
+  // One that can't be read is no sign of a new shop.
+  return !files.Read(file, bytes).Ok() || !files.Read(emptyFile, empty).Ok() || bytes != empty;
+}
+
+}  // namespace
+
+std::string MissingBesideRows(const Files& files, const std::string& dataFolder) {
+  const std::string counter = PathIn(dataFolder, kCounter);
+  std::string missing;
+  for (const std::string_view name : kMain)
+    if (!files.Exists(PathIn(dataFolder, name))) missing += (missing.empty() ? "" : ", ") + std::string(name);
+  const bool posted = !missing.empty() && files.Exists(counter) && HoldsRows(files, counter, PathIn(files.ProgramFolder(), kCounter));
+  return posted ? missing : "";
 }
 
 Status CopyMissingTemplates(Files& files, const std::string& dataFolder) {

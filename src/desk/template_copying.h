@@ -7,6 +7,10 @@
 
 namespace karvel {
 
+// Which of the shop's main files (Cari, Stok, Karvel) are missing beside others that hold rows, by name: "Cari.mdb, Stok.mdb". An empty
+// file in their place would look as if the shop had no customers or items. "" for a new shop, and where nothing is missing.
+std::string MissingBesideRows(const Files& files, const std::string& dataFolder);
+
 // Copies each of the data folder's files that is missing. One that is there stays as it is, even one that another terminal lays there at
 // this moment. `dataFolder` ends with a backslash. A failure names the file; the files before it are laid.
 Status CopyMissingTemplates(Files& files, const std::string& dataFolder);

@@ -41,8 +41,12 @@ std::string ClerkMessage(const Status& status) {
       return "Bu klasöre yazma izni yok. Kayıt yapılmadı; izni açtırıp yeniden deneyin.";
     case ErrorKind::Damaged:
       return "Veri dosyası bozuk. Yeni kayıt yapmayın; yedekten geri yükleyin.";
+    case ErrorKind::DiskFailed:
+      return "Disk okunamadı veya yazılamadı. Kayıt yapılmadı; yeniden deneyin, yinelenirse diski denetletin.";
     case ErrorKind::Missing:
       return "Dosya veya klasör bulunamadı. Yerini ve diskin takılı olduğunu denetleyin.";
+    case ErrorKind::Unknown:
+      return "Disk yanıt vermiyor: kaydın yapılıp yapılmadığı bilinmiyor. Yeniden denemeyin; disk okununca alttaki satırda yazacak.";
     case ErrorKind::Other:
       break;
   }
@@ -59,10 +63,25 @@ std::string OpeningMessage(const Status& status) {
       return "Buraya erişim izni yok. İzni açtırıp programı yeniden açın.";
     case ErrorKind::Damaged:
       return "Dosya bozuk veya bu programın dosyası değil. Üzerine yazılmadı; yedekten geri yükleyin.";
+    case ErrorKind::DiskFailed:
+      return "Disk okunamadı veya yazılamadı. Programı yeniden açın; yinelenirse diski denetletin.";
     case ErrorKind::Missing:
       return "Dosya veya klasör bulunamadı. Yerini ve diskin takılı olduğunu denetleyin.";
     default:
       return "Beklenmeyen bir hata oldu. Programı yeniden açın; yinelenirse destek isteyin.";
+  }
+}
+
+std::string ReadingMessage(const Status& status) {
+  switch (status.Kind()) {
+    case ErrorKind::Damaged:
+      return "Veri dosyası bozuk, listeler eksik olabilir. Yeni kayıt yapmayın; yedekten geri yükleyin.";
+    case ErrorKind::DiskFailed:
+      return "Disk okunamadı, listeler eksik olabilir. Yeniden deneyin; yinelenirse diski denetletin.";
+    case ErrorKind::NoRights:
+      return "Veri dosyası okunamadı: erişim izni yok. İzni açtırıp yeniden deneyin.";
+    default:
+      return "Veri dosyası okunamadı, listeler eksik olabilir. Yeniden deneyin; yinelenirse destek isteyin.";
   }
 }
 

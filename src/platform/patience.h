@@ -23,6 +23,8 @@ class Patience {
   void Renew();
   // What was waited for was got: the next wait has the whole time again, however short the last refusal was ago.
   void Granted() { gaveUpAt_ = Clock::time_point::min(); }
+  // Whether a wait is under way now, and this is heard inside it.
+  [[nodiscard]] bool IsWaiting() const { return waiting_; }
 
  private:
   friend class Wait;

@@ -21,6 +21,17 @@ ErrorKind KindOfSystemError(int error, ErrorKind otherwise) {
     case EBUSY:
     case ETXTBSY:
       return ErrorKind::Busy;
+    case EIO:
+    case ENXIO:
+    case ENODEV:
+    case EREMOTEIO:
+    case EBADMSG:
+    case ESTALE:
+    case ETIMEDOUT:
+    case EHOSTDOWN:
+      return ErrorKind::DiskFailed;
+    case ELOOP:
+      return ErrorKind::Damaged;
     case EMFILE:
     case ENFILE:
       // Whatever failed for want of a handle, a clerk who went to mend the rights of a folder would look in vain.

@@ -19,6 +19,7 @@
 namespace karvel {
 namespace {
 
+constexpr int kMostRows = 10'000'000;
 constexpr int kRowLimit = 10000;  // of a grid's rows in one answer, unless a request names another
 
 Json Refusal(const std::string& error) {
@@ -84,7 +85,9 @@ void Requests::AddHandHandlers() {
 void Requests::AddWorldHandlers() {
   handlers_["get"] = [this](const Json& request) { return DescribeElement(targets_.Find(TextOf(request, "at"))); };
   handlers_["grid"] = [this](const Json& request) {
-    return DescribeGrid(targets_.Find(TextOf(request, "at")), NumberOf(request, "limit", kRowLimit));
+    const int limit = NumberOf(request, "limit", kRowLimit);
+    if (limit < 0) throw RequestError("\"limit\" is negative");
+    return DescribeGrid(targets_.Find(TextOf(request, "at")), std::min(limit, kMostRows));
   };
   handlers_["state"] = [this](const Json&) { return DescribeState(desk_); };
   handlers_["scan"] = [this](const Json& request) { return DoScan(request); };

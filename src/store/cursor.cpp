@@ -360,8 +360,12 @@ std::vector<GridRow> Cursor::RowsFromStart(int count) const {
 
 std::vector<GridRow> Cursor::RowsFromEnd(int count) const {
   std::vector<GridRow> rows;
-  impl_->LogFailure("rows", impl_->position.Rows({RowRange::From::End, nullptr, count, 0}, rows)).Ignore();
+  RowsFromEnd(count, rows).Ignore();
   return rows;
+}
+
+Status Cursor::RowsFromEnd(int count, std::vector<GridRow>& rows) const {
+  return impl_->LogFailure("rows", impl_->position.Rows({RowRange::From::End, nullptr, count, 0}, rows));
 }
 
 std::vector<GridRow> Cursor::RowsAfter(const GridRow& row, int count) const {

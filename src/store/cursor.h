@@ -108,6 +108,7 @@ class Cursor {
   // since).
   [[nodiscard]] std::vector<GridRow> RowsFromStart(int count) const;
   [[nodiscard]] std::vector<GridRow> RowsFromEnd(int count) const;
+  Status RowsFromEnd(int count, std::vector<GridRow>& rows) const;  // tells what could not be read
   [[nodiscard]] std::vector<GridRow> RowsAfter(const GridRow& row, int count) const;
   [[nodiscard]] std::vector<GridRow> RowsBefore(const GridRow& row, int count) const;  // in source order, the nearest last
   [[nodiscard]] std::vector<GridRow> RowsAt(std::int64_t position, int count) const;   // O(position)

@@ -87,7 +87,11 @@ class Engine {
   // Waits in line for other writers: Busy when it took too long. NoRights where the folder can't be written. Transactions don't nest.
   virtual Status Begin() = 0;
   // A commit that fails has rolled back; either way the transaction is over. NotOpen without one.
+  // Where the disk failed at the very end, the files are read again before the answer: well with a message when all of it is in them all
+  // the same, and Unknown while they can't be read. Until that is known nothing can be begun.
   virtual Status Commit() = 0;
+  // Looks once more after a commit that answered Unknown, and answers as it would have. Waits for nobody. NotOpen where nothing is unknown.
+  virtual Status LookAgain() = 0;
   // Undoes what was written since Begin. Does nothing without a transaction.
   virtual void Rollback() = 0;
   // False also when an error inside has ended the transaction and undone its writes.

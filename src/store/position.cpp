@@ -284,10 +284,10 @@ void Position::StandOn(GridRow row) {
 
 Status Position::Select(const RowRange& range, std::vector<GridRow>& rows, const dialect::ExprPtr& also) {
   if (!IsLive()) return NoCurrent();
-  if (!also) return stores_.Read([&](Engine& engine) { return engine.Select(*source_, range, rows); });
-  source_->where.push_back(also);
+  if (also) source_->where.push_back(also);
   Status read = stores_.Read([&](Engine& engine) { return engine.Select(*source_, range, rows); });
-  source_->where.pop_back();
+  if (also) source_->where.pop_back();
+  if (read.Ok()) stores_.NoteDamage(*source_->table, rows);
   return read;
 }
 

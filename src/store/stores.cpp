@@ -8,9 +8,12 @@
 #include "platform/log.h"
 #include "store/cursor.h"
 #include "store/dialect/dialect.h"
+#include "text/turkish.h"
 
 namespace karvel {
 namespace {
+
+constexpr std::size_t kMostDamageNamed = 1000;
 
 // A fault of the store itself. Something mistyped is none, nor is a row that another terminal deleted.
 bool IsStoreFault(const Status& status) {
@@ -19,7 +22,9 @@ bool IsStoreFault(const Status& status) {
     case ErrorKind::DiskFull:
     case ErrorKind::NoRights:
     case ErrorKind::Damaged:
+    case ErrorKind::DiskFailed:
     case ErrorKind::Missing:
+    case ErrorKind::Unknown:
     case ErrorKind::Other:
       return true;
     case ErrorKind::None:
@@ -58,6 +63,7 @@ void Stores::Close() {
     Fail({ErrorKind::NotOpen, "the stores were closed inside the action"});
   }
   engine_->Close();
+  unknownAction_.clear();
   ++undoings_;
   ++openings_;
 }
@@ -85,11 +91,29 @@ Status Stores::Commit() {
   } else {
     engine_->Rollback();
   }
-  if (!outcome.Ok()) {
-    Log(fmt::format("{}: {}", name, outcome.Message()));
-    ++undoings_;
-  }
+  if (!outcome.Ok()) ++undoings_;
   ShowWrittenTables();
+  return Ended(name, std::move(outcome));
+}
+
+Status Stores::AskOutcome() {
+  if (!IsOutcomeUnknown()) return {ErrorKind::NotOpen, "no outcome is unknown"};
+  Status outcome = engine_->LookAgain();
+  if (outcome.Kind() == ErrorKind::Unknown) return outcome;
+  const std::string name = std::exchange(unknownAction_, {});
+  ++undoings_;
+  ShowStale([](const Cursor&) { return true; });
+  return Ended(name, std::move(outcome));
+}
+
+Status Stores::Ended(const std::string& name, Status outcome) {
+  if (!outcome.Message().empty()) Log(fmt::format("{}: {}", name, outcome.Message()));
+  if (outcome.Kind() == ErrorKind::Unknown) {
+    unknownAction_ = name;
+    outcomeUnknown();
+  } else if (outcome.Ok() && !outcome.Message().empty()) {
+    savedOnFailingDisk();
+  }
   return outcome;
 }
 
@@ -165,8 +189,24 @@ Status Stores::Write(const Table& table, const std::function<Status(Engine&)>& w
 Status Stores::Read(const std::function<Status(Engine&)>& read) {
   if (!engine_->IsOpen()) return {ErrorKind::NotOpen, "no stores are open"};
   Status outcome = FailOnFault(read(*engine_));
-  if (outcome.Kind() == ErrorKind::Busy) ++busyReads_;
+  if (outcome.Kind() == ErrorKind::Busy) {
+    ++busyReads_;
+  } else if (!InAction() && IsStoreFault(outcome)) {
+    readFailed(outcome);
+  }
   return outcome;
+}
+
+void Stores::NoteDamage(const Table& table, const std::vector<GridRow>& rows) {
+  for (const GridRow& row : rows) {
+    for (std::size_t i = 0; i < row.values.size(); ++i) {
+      if (table.columns[i].type != ColumnType::Number || IsNumberOrNothing(row.values[i])) continue;
+      // A file full of them doesn't fill the log.
+      if (damagedRows_.size() >= kMostDamageNamed || !damagedRows_.emplace(&table, row.key).second) break;
+      Log(fmt::format("{}, row {}: {} is no number: {}", table.name, row.key, table.columns[i].name,
+                      LeftLetters(AsText(row.values[i]), 50)));
+    }
+  }
 }
 
 Status Stores::FailOnFault(Status status) {
@@ -177,11 +217,14 @@ Status Stores::FailOnFault(Status status) {
 void Stores::ShowWrittenTables() {
   const std::vector<const Table*> written = std::exchange(writtenTables_, {});
   if (written.empty()) return;
+  ShowStale([&](const Cursor& cursor) { return std::find(written.begin(), written.end(), cursor.SourceTable()) != written.end(); });
+}
+
+void Stores::ShowStale(const std::function<bool(const Cursor&)>& concerned) {
   const std::vector<Cursor*> cursors = cursors_;
   for (Cursor* cursor : cursors) {
     // A handler may have taken a cursor away.
-    if (std::find(cursors_.begin(), cursors_.end(), cursor) == cursors_.end()) continue;
-    if (std::find(written.begin(), written.end(), cursor->SourceTable()) != written.end()) cursor->ShowIfStale();
+    if (std::find(cursors_.begin(), cursors_.end(), cursor) != cursors_.end() && concerned(*cursor)) cursor->ShowIfStale();
   }
 }
 

@@ -4,10 +4,13 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
+#include "platform/signal.h"
 #include "platform/status.h"
 #include "store/engine.h"
 #include "store/value.h"
@@ -43,7 +46,18 @@ class Stores {
   // A single write that failed inside does not undo the others. A fault of the store does (no room, no rights, a damaged or silent
   // disk), and so does an inner action that was abandoned: from there on every further write fails at once with it, and so does the
   // outermost Commit. NotOpen without an action.
+  // Unknown where the disk failed so late that the action may stand, and the files can't be read to see: then nothing is begun until
+  // AskOutcome knows.
   Status Commit();
+  // Whether the action whose outcome is unknown stands: well when it does, why it failed when it doesn't, Unknown while that can't be read.
+  // NotOpen where none is unknown.
+  Status AskOutcome();
+  [[nodiscard]] bool IsOutcomeUnknown() const { return !unknownAction_.empty(); }
+  // Raised in the middle of whatever reads, when its file can't be read. Not inside an action, which answers with it.
+  Signal<const Status&> readFailed;
+  // Raised by Commit and AskOutcome.
+  Signal<> outcomeUnknown;      // as Commit answers Unknown
+  Signal<> savedOnFailingDisk;  // an action stands, but the disk failed behind it
   // Ends an action that was not carried through. Abandoning the outermost undoes all its writes, over all files. An inner one can't be
   // undone by itself, so it takes the outer one with it: that fails at its Commit, with a message that tells which was left unfinished.
   // Does nothing without an action.
@@ -75,19 +89,25 @@ class Stores {
   // For the cursors: an engine's read. A fault of the store inside an action fails the action, for its next step would decide on what was
   // not read.
   Status Read(const std::function<Status(Engine&)>& read);
+  // Names in the log, once, what stands in the number fields of these rows and is no number.
+  void NoteDamage(const Table& table, const std::vector<GridRow>& rows);
   // Fails the open action, if there is one, where the outcome of a step is a fault of the store. The outcome is handed on as it is.
   Status FailOnFault(Status status);
   // Takes the innermost action off the open ones, and gives its name.
   std::string LeaveAction();
   // Fails the open actions. The first failure is the one that is told at the outermost Commit.
   void Fail(const Status& failure);
+  // Logs how the outermost action ended, and raises the signals of it.
+  Status Ended(const std::string& name, Status outcome);
   // Tells the grids over every table that was written since the action began.
   void ShowWrittenTables();
+  void ShowStale(const std::function<bool(const Cursor&)>& concerned);
   void Register(Cursor& cursor);
   void Unregister(Cursor& cursor);
 
   std::unique_ptr<Engine> engine_;
   std::vector<std::string> openActions_;  // their names, the outermost first
+  std::string unknownAction_;             // whose outcome is not known; "" for none
   std::uint64_t actions_ = 0;
   Status failure_;              // of the open actions
   std::uint64_t undoings_ = 0;  // actions undone, and closings
@@ -96,7 +116,8 @@ class Stores {
   [[nodiscard]] bool Glances(const Status& status) const { return glancing_ && status.Kind() == ErrorKind::Busy; }
 
   bool glancing_ = false;
-  std::uint64_t busyReads_ = 0;  // reads that another program did not let through
+  std::set<std::pair<const Table*, RowKey>> damagedRows_;  // that the log has named
+  std::uint64_t busyReads_ = 0;                            // reads that another program did not let through
   std::unordered_map<const Table*, std::uint64_t> writes_;
   std::vector<const Table*> writtenTables_;  // since the action began
   std::vector<Cursor*> cursors_;

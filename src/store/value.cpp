@@ -20,6 +20,12 @@ DateTime DateOfNumber(double number) {
 
 }  // namespace
 
+bool IsNumberOrNothing(const Value& value) {
+  if (const auto* number = std::get_if<double>(&value)) return std::isfinite(*number);
+  if (const auto* text = std::get_if<std::string>(&value)) return text->empty() || IsNumeric(*text);
+  return true;
+}
+
 double AsNumber(const Value& value) {
   return std::visit(
       [](const auto& content) -> double {

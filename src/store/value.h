@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -11,6 +12,11 @@ namespace karvel {
 
 using Value = std::variant<std::monostate, double, std::string, bool, DateTime>;
 using Row = std::vector<Value>;  // in catalogue order
+
+// What is shown in the place of a number that is none: 0 would look right.
+inline constexpr std::string_view kDamagedNumber = "#bozuk";
+// Whether a number field can hold it: a finite number, a text that reads as one, or nothing.
+bool IsNumberOrNothing(const Value& value);
 
 // Readings that never fail: a Null is 0, "", false or the empty date. A number in a text is read by the desk's locale.
 double AsNumber(const Value& value);

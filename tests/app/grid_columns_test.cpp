@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
+#include "text/turkish.h"
+
 namespace karvel {
 namespace {
 
@@ -78,6 +82,38 @@ TEST(GridColumns, cells_show_numbers_dates_and_ticks_in_the_shops_way) {
   EXPECT_EQ(CellText(Column("Sec"), {Value(true)}, 0), "✓");
   EXPECT_EQ(CellText(Column("Sec"), {Value(false)}, 0), "");
   EXPECT_EQ(CellText(Column("X"), {Value(1.0)}, -1), "");
+}
+
+TEST(CellText, a_number_field_that_holds_none_is_shown_as_damaged) {
+  const Table& table = *Catalogue::File("Stok.mdb")->Find("StokKartlar");
+  Row row(table.columns.size());
+  const int price = table.Position("Fiyat"), name = table.Position("StokAdi");
+  const GridColumn prices{.caption = "Fiyat", .field = "Fiyat", .format = "Standard"}, names{.caption = "Ad", .field = "StokAdi"};
+  const auto shown = [&](const Value& value) {
+    row[static_cast<std::size_t>(price)] = value;
+    return CellText(prices, row, price, &table);
+  };
+  EXPECT_EQ(shown(12.5), "12,50");
+  EXPECT_EQ(shown(std::string("elli")), "#bozuk");
+  EXPECT_EQ(shown(std::numeric_limits<double>::infinity()), "#bozuk");
+  EXPECT_EQ(shown(std::numeric_limits<double>::quiet_NaN()), "#bozuk");
+  EXPECT_EQ(shown(std::string()), "");
+  EXPECT_EQ(shown(std::string("12,5")), "12,5");
+  EXPECT_EQ(shown({}), "");
+  row[static_cast<std::size_t>(name)] = std::string("elli");
+  EXPECT_EQ(CellText(names, row, name, &table), "elli");
+}
+
+TEST(CellText, a_text_without_end_is_cut) {
+  const Table& table = *Catalogue::File("Stok.mdb")->Find("StokKartlar");
+  Row row(table.columns.size());
+  const int name = table.Position("StokAdi");
+  std::string long_;
+  for (int i = 0; i < 100000; ++i) long_ += "ş";
+  row[static_cast<std::size_t>(name)] = long_;
+  const std::string shown = CellText({.caption = "Ad", .field = "StokAdi"}, row, name, &table);
+  EXPECT_EQ(LetterCount(shown), 301U);
+  EXPECT_TRUE(shown.ends_with("ş…"));
 }
 
 }  // namespace

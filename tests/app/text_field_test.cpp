@@ -1,6 +1,7 @@
 #include <QLineEdit>
 
 #include "app/qt_text.h"
+#include "text/turkish.h"
 #include "window_fixture.h"
 
 namespace karvel {
@@ -187,6 +188,22 @@ TEST_F(TextFieldTest, a_long_amount_is_written_smaller_and_a_short_one_large_aga
   EXPECT_LE(QFontMetrics(small).horizontalAdvance("999.999.999,99"), Of(amount)->width());
   amount.SetText("12,50");
   EXPECT_EQ(Of(amount)->font().pixelSize(), usual);
+}
+
+TEST_F(TextFieldTest, a_field_takes_255_letters_however_they_come) {
+  Element& name = screen.Text1(0);
+  int changes = 0;
+  connections += name.changed.Connect([&changes] { ++changes; });
+  name.SetFocus();
+  Line(name)->insert(QString(10000, QChar(0x015F)));
+  EXPECT_EQ(LetterCount(name.Text()), 255U);
+  EXPECT_EQ(changes, 1);
+  Type(Of(name), "abc");
+  EXPECT_EQ(LetterCount(name.Text()), 255U);
+  EXPECT_EQ(changes, 1);
+  name.SetText(std::string(1 << 20, 'x'));  // what another program left in a store
+  EXPECT_EQ(Line(name)->text().size(), 255);
+  EXPECT_EQ(name.Text(), std::string(255, 'x'));
 }
 
 }  // namespace

@@ -85,7 +85,7 @@ TEST_F(CustomerCardsBook, the_first_card_of_an_empty_file_is_added_too) {
 TEST_F(CustomerCardsBook, a_fault_of_the_stores_adds_nothing_and_says_what_it_was) {
   FailsWholeOrWorks([this] {
     const Outcome<bool> added = AddCustomerCard(shop, Zeynep());
-    return added ? Status() : added.error();
+    return added ? Status() : Status(added.error());
   });
   EXPECT_EQ(Customer("Z01")["Unvan"], "zeynep ak");
 }

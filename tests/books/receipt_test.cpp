@@ -365,7 +365,7 @@ TEST_F(ReceiptBook, a_fault_of_the_stores_books_nothing_and_says_what_it_was) {
   for (const Receipt& receipt : {Bulgur(), known})
     FailsWholeOrWorks([&] {
       const Outcome<BookedReceipt> booked = BookReceipt(shop, receipt);
-      return booked ? Status() : booked.error();
+      return booked ? Status() : Status(booked.error());
     });
   EXPECT_EQ(Count("Karvel.mdb", "Datam"), "2");
   EXPECT_EQ(Balance("T001"), "0.0|150.0|150.0|Alacak");

@@ -1,5 +1,6 @@
 #include "books/running_numbers.h"
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -129,6 +130,59 @@ TEST_F(RunningNumbersTest, the_day_book_counts_terminals_from_nought_and_a_movem
   terminalNo = "09";
   EXPECT_EQ(DayBookTag(shop), "WinKarvel8");
   EXPECT_EQ(MovementTag(shop), "WinKarvel09");
+}
+
+TEST_F(RunningNumbersTest, a_counter_that_was_lost_goes_on_behind_the_lines_of_the_books) {
+  Sql("Karvel.mdb", "INSERT INTO Datam(DigerId) VALUES('10000000269'),('10000002612'),('10000000261'),('10000259999')");
+  EXPECT_TRUE(KeepCounterAhead(shop).Ok());
+  EXPECT_EQ(Counters(), Lines{"2026|260|2612"});
+  EXPECT_EQ(Years(), Lines{"2026"});
+  EXPECT_EQ(Next(0, "2026"), "2613");
+}
+
+TEST_F(RunningNumbersTest, a_lost_counter_goes_on_behind_the_lines_of_each_terminal_as_it_starts) {
+  Sql("Karvel.mdb", "INSERT INTO Datam(DigerId) VALUES('10000000269'),('100000002612'),('20000002613')");
+  EXPECT_TRUE(KeepCounterAhead(shop).Ok());
+  EXPECT_EQ(Counters(), Lines{"2026|260|269"}) << "what terminals 10 and 2 gave can't be given here";
+  terminalNo = "10";
+  EXPECT_TRUE(KeepCounterAhead(shop).Ok());
+  EXPECT_EQ(Counters(), Lines{"2026|260|2612"});
+}
+
+TEST_F(RunningNumbersTest, a_counter_of_an_old_copy_is_raised_by_whatever_table_knows_more) {
+  TwoYears();
+  for (const auto& [file, table, id, count] :
+       std::vector<std::array<std::string, 4>>{{"Karvel.mdb", "Datam", "10000000268", "268"},
+                                               {"Stok.mdb", "StokHareket", "10000002611", "2611"},
+                                               {"Cari.mdb", "CariHareket", "10000026345", "26345"}}) {
+    Sql(file, "INSERT INTO " + table + "(DigerId) VALUES('" + id + "')");
+    EXPECT_TRUE(KeepCounterAhead(shop).Ok());
+    EXPECT_EQ(One("Index.mdb", "SELECT Indexi FROM Mdbindex WHERE Tarih='2026'"), count);
+  }
+  EXPECT_EQ(Counters(), (Lines{"2025|257|2512", "2026|269|26345"}));
+}
+
+TEST_F(RunningNumbersTest, a_counter_that_is_ahead_is_left_alone) {
+  TwoYears();
+  Sql("Karvel.mdb", "INSERT INTO Datam(DigerId) VALUES('10000000262'),('10000000263'),('T10000000269'),('abc'),('')");
+  const int writes = engine.writes;
+  EXPECT_TRUE(KeepCounterAhead(shop).Ok());
+  EXPECT_EQ(engine.writes, writes);
+  EXPECT_EQ(Counters(), (Lines{"2025|257|2512", "2026|269|263"}));
+}
+
+TEST_F(RunningNumbersTest, books_that_cannot_be_read_are_a_failure_and_change_no_counter) {
+  TwoYears();
+  Sql("Karvel.mdb", "INSERT INTO Datam(DigerId) VALUES('10000000269')");
+  engine.readFault = {ErrorKind::Other, "the disk is silent"};
+  int reads = 0;
+  while (engine.readsBeforeFault = reads, !KeepCounterAhead(shop).Ok() && reads < 100) {
+    ++reads;
+    EXPECT_EQ(Counters(), (Lines{"2025|257|2512", "2026|269|263"}));
+  }
+  EXPECT_GT(reads, 5) << "each of the books is read";
+  engine.readFault = {};
+  EXPECT_EQ(Counters(), (Lines{"2025|257|2512", "2026|269|269"})) << "when all can be read";
 }
 
 }  // namespace

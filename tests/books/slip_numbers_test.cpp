@@ -56,5 +56,18 @@ TEST_F(SlipNumbersTest, a_day_book_that_can_not_be_read_gives_no_number) {
   EXPECT_EQ(store.Get("Velmora Karvel", "Size", "DökNo", ""), "?");
 }
 
+TEST_F(SlipNumbersTest, at_no_read_that_fails_is_a_number_given_that_the_book_bears) {
+  AddSlips("('000014')");
+  store.Save("Velmora Karvel", "Size", "DökNo", "000001").Ignore();
+  engine.readFault = Status(ErrorKind::Other, "disk");
+  int reads = 0;
+  while (engine.readsBeforeFault = reads, !TakeSlipNumber(shop, settings) && reads < 20) {
+    ++reads;
+    EXPECT_EQ(store.Get("Velmora Karvel", "Size", "DökNo", ""), "000001");
+  }
+  EXPECT_GE(reads, 1);
+  EXPECT_EQ(store.Get("Velmora Karvel", "Size", "DökNo", ""), "000015") << "when all could be read";
+}
+
 }  // namespace
 }  // namespace karvel

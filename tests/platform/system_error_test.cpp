@@ -12,11 +12,11 @@ TEST(KindOfSystemError, tells_the_failures_that_a_clerk_can_mend) {
   for (const int error : {EACCES, EPERM, EROFS}) EXPECT_EQ(KindOfSystemError(error), ErrorKind::NoRights) << error;
   for (const int error : {ENOENT, ENOTDIR}) EXPECT_EQ(KindOfSystemError(error), ErrorKind::Missing) << error;
   for (const int error : {EBUSY, ETXTBSY}) EXPECT_EQ(KindOfSystemError(error), ErrorKind::Busy) << error;
-  EXPECT_EQ(KindOfSystemError(EIO), ErrorKind::Other);
+  EXPECT_EQ(KindOfSystemError(EIO), ErrorKind::DiskFailed);
 }
 
 TEST(KindOfSystemError, takes_the_callers_word_for_what_the_system_leaves_open) {
-  for (const int error : {0, EIO, EINVAL}) EXPECT_EQ(KindOfSystemError(error, ErrorKind::NoRights), ErrorKind::NoRights) << error;
+  for (const int error : {0, EINVAL}) EXPECT_EQ(KindOfSystemError(error, ErrorKind::NoRights), ErrorKind::NoRights) << error;
   EXPECT_EQ(KindOfSystemError(ENOSPC, ErrorKind::NoRights), ErrorKind::DiskFull);
 }
 

@@ -84,6 +84,7 @@ class WatchedEngine final : public Engine {
     inner_->Rollback();
     return watch_.commitFault;
   }
+  Status LookAgain() override { return inner_->LookAgain(); }
   void Rollback() override { inner_->Rollback(); }
   [[nodiscard]] bool InTransaction() const override { return inner_->InTransaction(); }
   [[nodiscard]] bool ReadsHold() const override { return inner_->ReadsHold(); }

@@ -52,7 +52,6 @@ class Desk(Sale, Panels):
         self.text.update({"Label12(5)": "0,00", "Stoktxt": ""})
         self.enabled.update({"StokAlCmd(1)": False, "CariNewCmd(1)": False})
         self.group, self.stock_group, self.groups_of = ALL_GROUPS, ALL_GROUPS, "Cari"
-        self.saved_group = ALL_GROUPS  # which the box shows again when it comes back from the groups of goods
         self.customers.read()
         self.items.read()
         self.follow()
@@ -130,8 +129,7 @@ class Desk(Sale, Panels):
             wholesale = same(card["Gurup"], WHOLESALE)
             self.base = self.customers.chosen = of_group(WHOLESALE) if wholesale else whom_one_looks_for if whom_one_looks_for(card) else not_hidden
             self.customers.order = ("Unvan", False)
-            if self.groups_of == "Cari":
-                self.group = WHOLESALE if wholesale else ALL_GROUPS
+            self.group = WHOLESALE if wholesale else ALL_GROUPS
             self.text["Label1(0)"] = " Toptan" if wholesale else " Satış"
         self.customers.front = card
         self.follow()
@@ -184,7 +182,7 @@ class Desk(Sale, Panels):
         self.follow()
 
     def choose_group(self, group):
-        self.group = self.saved_group = group
+        self.group = group
         self.base = not_hidden if group == ALL_GROUPS else of_group(group)
         self.customers.chosen, self.customers.order = self.base, ("Unvan", False)
         self.customers.read()
@@ -207,6 +205,8 @@ class Desk(Sale, Panels):
 
     def narrow_customers(self, start):
         self.text["Text5"] = start
+        if self.groups_of == "Stok":
+            self.group = ALL_GROUPS
         self.base = base = self.filtered_base()
         self.customers.chosen = (lambda row: "'" not in start and base(row) and begins_with_any_i(row["Unvan"], start, "İi")) if start else base
         self.customers.order = ("Unvan", False)

@@ -275,6 +275,7 @@ class Hands:
             return None
         answer = self.chance.choice(("Yes", "No"))
         self.ask({"do": "answer", "with": "anahtar"})
+        self.leave_for("CariGrid")
         self.ask({"do": "rightclick", "at": "CariGrid"})
         if not desk.shop.has_ledger(card):
             self.ask({"do": "answer", "with": answer})

@@ -178,8 +178,6 @@ class Panels:
         self.groups_of = "Stok" if self.groups_of == "Cari" else "Cari"
         if self.groups_of == "Stok":
             self.choose_stock_group(self.stock_group)
-        else:
-            self.group = self.saved_group
 
     def choose_stock_group(self, group):
         self.stock_group = group

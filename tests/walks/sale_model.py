@@ -27,7 +27,7 @@ class Sale:
 
     def leave_wholesalers(self):
         self.put(2, "0")
-        self.group = self.saved_group = ALL_GROUPS
+        self.group = ALL_GROUPS
         self.base = self.customers.chosen = standard
         self.customers.order = ("Unvan", False)
         self.customers.read()
@@ -360,6 +360,7 @@ class Sale:
         self.shown.discard("TahsilatFrame")
         self.put(2, "0")
         self.tamam()
+        self.lines.order = ("Tarih", True)  # the customer comes in front anew, with his newest line
         self.lines.read()
         self.text["Label5"] = shown(card["Bakiye"])
         # In a sale the notice is that of before the due dates were paid.

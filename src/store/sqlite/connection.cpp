@@ -98,8 +98,15 @@ Value RunningStatement::Read(int column, ColumnType type) const {
   return text();
 }
 
+Row RunningStatement::ReadRow(const Table& table) const {
+  Row row;
+  row.reserve(table.columns.size());
+  for (const Column& column : table.columns) row.push_back(Read(static_cast<int>(row.size()) + 1, column.type));
+  return row;
+}
+
 Connection::Connection(const std::string& path, const std::string& vfs)
-    : database_(path, SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, 0, vfs) {
+    : database_(path, SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX | SQLITE_OPEN_NOFOLLOW, 0, vfs) {
   AddFunctions();
   // The files come from elsewhere too: nothing in a file's own schema may reach beyond it.
   Execute("PRAGMA trusted_schema=OFF");

@@ -30,6 +30,8 @@ class RunningStatement {
   [[nodiscard]] std::int64_t Integer(int column) const { return statement_.getColumn(column).getInt64(); }
   // A value that is not of the column's type comes back as it lies in the file: a text in a number column as a text.
   [[nodiscard]] Value Read(int column, ColumnType type) const;
+  // All columns of a table's row, where the first column of the statement is its key.
+  [[nodiscard]] Row ReadRow(const Table& table) const;
 
  private:
   SQLite::Statement& statement_;
@@ -38,7 +40,8 @@ class RunningStatement {
 // All of it throws SQLite::Exception.
 class Connection {
  public:
-  // Opens an existing file, read-only where it can't be written. It never waits for a lock by itself (see Patiently).
+  // Opens an existing file, no link on the whole path, read-only where it can't be written. It never waits for a lock by itself (see
+  // Patiently).
   Connection(const std::string& path, const std::string& vfs);
 
   [[nodiscard]] SQLite::Database& Database() { return database_; }

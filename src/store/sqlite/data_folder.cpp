@@ -138,7 +138,11 @@ Status Attach(const DatabaseFile& file, const std::string& path, Patience& patie
   return attached.Ok() ? attached : WithName(file, path, attached);
 }
 
-Status OpenAll(const std::string& folder, const SqliteOptions& options, Patience& patience, std::unique_ptr<Connection>& connection) {
+// The folder may lie behind links; a file of it is none.
+Status OpenAll(const std::string& asked, const SqliteOptions& options, Patience& patience, std::unique_ptr<Connection>& connection) {
+  std::error_code failed;
+  const std::string folder = fs::canonical(asked, failed).string();
+  if (failed) return StatusOfSystemError(failed.value(), asked);
   const DatabaseFile& main = *Catalogue::File(kMainFile);
   std::string path;
   for (const DatabaseFile& file : Catalogue::Files()) {
@@ -196,10 +200,18 @@ Status OpenDataFolder(const std::string& folder, const SqliteOptions& options, P
   return opened;
 }
 
+Status OpenAnew(const std::string& folder, const SqliteOptions& options, Patience& patience, std::unique_ptr<Connection>& connection) {
+  Status opened = OpenAll(folder, options, patience, connection);
+  if (!opened.Ok()) connection.reset();
+  return opened;
+}
+
 Status OpenSingleFile(const DatabaseFile& file, const std::string& folder, const SqliteOptions& options, Patience& patience,
                       std::unique_ptr<Connection>& connection) {
   std::string path;
   Status opened = Locate(file, folder, path);
+  std::error_code failed;
+  if (opened.Ok()) path = fs::canonical(path, failed).string();  // an installation may lay the program's own files as links
   if (opened.Ok()) opened = Connect(file, path, options, patience, connection);
   if (opened.Ok()) opened = PrepareFile(*connection, file, "main", path, patience);
   if (!opened.Ok()) connection.reset();

@@ -25,6 +25,8 @@ bool InDataFolder(const DatabaseFile& file);
 // stays empty and the message begins with the file's name.
 Status OpenDataFolder(const std::string& folder, const SqliteOptions& options, Patience& patience, Gate& gate,
                       std::unique_ptr<Connection>& connection);
+// Opens all eight once more, beside a connection that is open already, and recovers them where a commit was left half done.
+Status OpenAnew(const std::string& folder, const SqliteOptions& options, Patience& patience, std::unique_ptr<Connection>& connection);
 // Opens a single file under the schema name "main".
 Status OpenSingleFile(const DatabaseFile& file, const std::string& folder, const SqliteOptions& options, Patience& patience,
                       std::unique_ptr<Connection>& connection);

@@ -24,8 +24,11 @@ ErrorKind KindOf(int code, int systemError) {
     case SQLITE_AUTH:
       return ErrorKind::NoRights;
     case SQLITE_CANTOPEN:
+      if (code == SQLITE_CANTOPEN_SYMLINK) return ErrorKind::Damaged;
       return KindOfDiskError(systemError, ErrorKind::NoRights);
     case SQLITE_CORRUPT:
+      // The engine also says so where the disk failed to read a page: the page may be as good as ever.
+      return KindOfDiskError(systemError, ErrorKind::Damaged) == ErrorKind::DiskFailed ? ErrorKind::DiskFailed : ErrorKind::Damaged;
     case SQLITE_NOTADB:
     case SQLITE_FORMAT:
       return ErrorKind::Damaged;
@@ -34,7 +37,7 @@ ErrorKind KindOf(int code, int systemError) {
     case SQLITE_PROTOCOL:
       return ErrorKind::Busy;
     case SQLITE_IOERR:
-      return KindOfDiskError(systemError, ErrorKind::Other);
+      return KindOfDiskError(systemError, ErrorKind::DiskFailed);
     case SQLITE_CONSTRAINT:
     case SQLITE_MISMATCH:
     case SQLITE_TOOBIG:
@@ -60,7 +63,7 @@ int SystemErrorOf(sqlite3* connection) {
 
 Status StatusOf(const SQLite::Exception& error, SQLite::Database* connection, std::string_view what) {
   const int systemError = connection != nullptr ? SystemErrorOf(connection->getHandle()) : 0;
-  const int code = error.getErrorCode();
+  const int code = error.getExtendedErrorCode();
   return {KindOf(code, systemError),
           fmt::format("{}: {} (code {}, system {})", what, error.what(), error.getExtendedErrorCode(), systemError)};
 }

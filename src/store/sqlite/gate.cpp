@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -28,8 +29,15 @@ int SetLock(int file, int type, bool wait) {
   return result;
 }
 
+// Made with the rights of the books beside it: who may write these must be able to stand in line.
 int OpenFile(const std::string& path) {
-  return open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+  const int there = open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
+  if (there >= 0 || errno != ENOENT) return there;
+  const int made = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR);
+  struct stat books{};
+  const std::string main = path.substr(0, path.rfind('/') + 1) + "Karvel.mdb";
+  if (made >= 0 && stat(main.c_str(), &books) == 0) fchmod(made, books.st_mode & 0666);
+  return made;
 }
 
 // A place in the line: a thread that waits for the lock, so that the kernel wakes it in its turn, with the file opened once more for

@@ -9,6 +9,7 @@
 #include "store/key_spans.h"
 #include "store/row_reads.h"
 #include "store/sqlite/commit_syncs.h"
+#include "store/sqlite/commit_trace.h"
 #include "store/sqlite/connection.h"
 #include "store/sqlite/data_folder.h"
 #include "store/sqlite/errors.h"
@@ -30,10 +31,7 @@ class ConnectionRunner final : public StatementRunner {
     while (running.Step()) {
       GridRow& row = rows.emplace_back();
       row.key = running.Integer(0);
-      row.values.reserve(table.columns.size());
-      for (std::size_t i = 0; i < table.columns.size(); ++i) {
-        row.values.push_back(running.Read(static_cast<int>(i) + 1, table.columns[i].type));
-      }
+      row.values = running.ReadRow(table);
     }
   }
 
@@ -60,11 +58,13 @@ class SqliteEngine final : public Engine {
   Status Open(const std::string& folder) override {
     Close();
     patience_.Renew();
+    folder_ = folder;
     return OpenDataFolder(folder, options_, patience_, gate_, data_);
   }
 
   void Close() override {
     Rollback();
+    unknown_ = {};
     data_.reset();
     scratch_.reset();
     gate_.Close();
@@ -123,6 +123,7 @@ class SqliteEngine final : public Engine {
       RunningStatement running = connection.Prepare(tables_.at(&table).Insert(), values);
       running.Execute();
       key = connection.Database().getLastInsertRowid();
+      if (open_ && &connection == data_.get()) trace_.Added(table, key);
       return {};
     });
   }
@@ -130,6 +131,7 @@ class SqliteEngine final : public Engine {
   Status Change(const DatabaseFile& file, const Table& table, RowKey key, std::span<const FieldValue> fields) override {
     const SqlText sql = tables_.at(&table).Change(key, fields);
     return WithWriting(file, table.name, [&](Connection& connection) -> Status {
+      if (open_ && &connection == data_.get()) trace_.Changing(connection, table, key, fields);
       RunningStatement running = connection.Prepare(sql.text, sql.parameters);
       return running.Execute() == 0 ? RowGone(table) : Status();
     });
@@ -137,6 +139,7 @@ class SqliteEngine final : public Engine {
 
   Status Delete(const DatabaseFile& file, const Table& table, RowKey key) override {
     return WithWriting(file, table.name, [&](Connection& connection) -> Status {
+      if (open_ && &connection == data_.get()) trace_.Deleting(connection, table, key);
       const std::vector<Value> parameters{static_cast<double>(key)};
       RunningStatement running = connection.Prepare(tables_.at(&table).Delete(), parameters);
       return running.Execute() == 0 ? RowGone(table) : Status();
@@ -148,6 +151,7 @@ class SqliteEngine final : public Engine {
     return WithWriting(*query.file, query.table->name, [&](Connection& connection) -> Status {
       RunningStatement running = connection.Prepare(sql.text, sql.parameters);
       count = running.Execute();
+      if (open_ && count > 0 && &connection == data_.get()) trace_.Emptied(query);
       return {};
     });
   }
@@ -155,6 +159,7 @@ class SqliteEngine final : public Engine {
   Status Begin() override {
     if (!data_) return {ErrorKind::NotOpen, "no data folder is open"};
     if (open_) return {ErrorKind::Other, "a transaction is open already"};
+    if (!unknown_.Ok()) return {ErrorKind::Other, "of the commit before it isn't known whether it stands: " + unknown_.Message()};
     patience_.Renew();
     if (Status taken = gate_.Take(patience_); !taken.Ok()) return taken;
     Status begun = Patiently(patience_, [&] { return Run(&data_->Database(), "begin", [&] { data_->Execute("BEGIN IMMEDIATE"); }); });
@@ -164,6 +169,7 @@ class SqliteEngine final : public Engine {
     }
     patience_.Granted();
     open_ = true;
+    trace_.Clear();
     changesBefore_ = data_->Database().getTotalChanges();
     return {};
   }
@@ -173,26 +179,43 @@ class SqliteEngine final : public Engine {
     // The scratch file is committed by itself; where that fails, nobody is hindered.
     EndScratch("COMMIT");
     Status committed;
+    bool doubtful = false;
     if (!data_->InTransaction()) {
       committed = {ErrorKind::Other, "the transaction has been undone"};
     } else if (data_->Database().getTotalChanges() == changesBefore_) {
       // Nothing was written, so there is nothing to sync.
       committed = Run(&data_->Database(), "commit", [&] { data_->Execute("ROLLBACK"); });
     } else {
-      committed = Patiently(patience_, [&] {
-        CommitSyncs::Begin();
-        return Run(&data_->Database(), "commit", [&] { data_->Execute("COMMIT"); });
-      });
+      committed = Run(&data_->Database(), "commit", [&] { trace_.Fix(*data_); });
+      if (committed.Ok()) {
+        committed = CommitFiles();
+        // One that other programs kept busy has not begun.
+        doubtful = !committed.Ok() && committed.Kind() != ErrorKind::Busy;
+      }
     }
     // A commit that fails leaves the transaction open or not, depending on why it failed; here it is over in any case.
-    EndTransaction();
+    UndoRest();
+    // Before another terminal writes.
+    if (doubtful) committed = LookAfter(committed, patience_);
+    open_ = false;
+    gate_.Leave();
     return committed;
+  }
+
+  Status LookAgain() override {
+    if (unknown_.Ok()) return {ErrorKind::NotOpen, "no commit is in doubt"};
+    // Whoever waits does so on the connection that the look would replace.
+    if (patience_.IsWaiting()) return {ErrorKind::Unknown, unknown_.Message()};
+    Patience none(std::chrono::milliseconds(0));  // whoever is in the way will be gone at the next look
+    return LookAfter(std::exchange(unknown_, {}), none);
   }
 
   void Rollback() override {
     if (!open_) return;
     EndScratch("ROLLBACK");
-    EndTransaction();
+    UndoRest();
+    open_ = false;
+    gate_.Leave();
   }
 
   [[nodiscard]] bool InTransaction() const override { return open_ && data_->InTransaction(); }
@@ -201,7 +224,8 @@ class SqliteEngine final : public Engine {
  private:
   // Whether somebody has to look after the file itself.
   static bool IsFileFault(const Status& status) {
-    return status.Kind() == ErrorKind::Damaged || status.Kind() == ErrorKind::NoRights || status.Kind() == ErrorKind::Other;
+    return status.Kind() == ErrorKind::Damaged || status.Kind() == ErrorKind::DiskFailed || status.Kind() == ErrorKind::NoRights ||
+           status.Kind() == ErrorKind::Other;
   }
   static Status RowGone(const Table& table) { return {ErrorKind::NoRecord, fmt::format("{}: the row is gone", table.name)}; }
 
@@ -244,13 +268,32 @@ class SqliteEngine final : public Engine {
     }
   }
 
-  void EndTransaction() {
-    if (data_->InTransaction()) {
-      const Status undone = Run(&data_->Database(), "rollback", [&] { data_->Execute("ROLLBACK"); });
-      if (!undone.Ok()) Log(undone.Message());
+  Status CommitFiles() {
+    return Patiently(patience_, [&] {
+      CommitSyncs::Begin();
+      return Run(&data_->Database(), "commit", [&] { data_->Execute("COMMIT"); });
+    });
+  }
+
+  // What a commit that failed has left: its last sync comes when everything is in the files already. They are read through a fresh
+  // connection, which recovers what is half done; what this one keeps in memory may be neither the one nor the other.
+  Status LookAfter(const Status& failure, Patience& patience) {
+    std::unique_ptr<Connection> fresh;
+    bool stands = false;
+    Status looked = OpenAnew(folder_, options_, patience, fresh);
+    if (looked.Ok()) looked = Run(&fresh->Database(), "look", [&] { stands = trace_.Stands(*fresh); });
+    if (!looked.Ok()) {
+      unknown_ = failure;
+      return Status(ErrorKind::Unknown, failure.Message() + "; " + looked.Message()).At(looked.Place());
     }
-    open_ = false;
-    gate_.Leave();
+    data_ = std::move(fresh);
+    return stands ? Status(ErrorKind::None, failure.Message() + "; yet all of it is in the files") : failure;
+  }
+
+  void UndoRest() {
+    if (!data_->InTransaction()) return;
+    const Status undone = Run(&data_->Database(), "rollback", [&] { data_->Execute("ROLLBACK"); });
+    if (!undone.Ok()) Log(undone.Message());
   }
 
   const SqliteOptions options_;
@@ -260,6 +303,9 @@ class SqliteEngine final : public Engine {
   Gate gate_;
   std::unique_ptr<Connection> data_;
   std::unique_ptr<Connection> scratch_;  // DataTemp.Mdb
+  std::string folder_;
+  CommitTrace trace_{tables_};
+  Status unknown_;  // why a commit failed of which it is not known whether it stands
   bool open_ = false;
   bool patient_ = true;
   int changesBefore_ = 0;

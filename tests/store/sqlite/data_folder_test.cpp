@@ -263,4 +263,54 @@ TEST_F(ReadOnly, a_file_is_read_and_an_action_that_writes_to_it_is_undone_whole)
   }));
 }
 
+TEST(DataFolder, a_file_that_is_a_link_is_not_opened_but_a_folder_behind_one_is) {
+  const SqliteKind kind;
+  const TempFolder elsewhere;
+  const std::string link = elsewhere.Path() + "/books";
+  std::filesystem::create_directory_symlink(kind.Folder(), link);
+  auto stores = Terminal(kind);
+  EXPECT_TRUE(stores->Open(link).Ok());
+  for (const std::string name : {"Stok.mdb", "Karvel.mdb", "karvel.lock"}) {
+    stores->Close();
+    std::filesystem::remove(elsewhere.Path() + "/theirs");
+    std::filesystem::rename(kind.Path(name), elsewhere.Path() + "/theirs");
+    std::filesystem::create_symlink(elsewhere.Path() + "/theirs", kind.Path(name));
+    const Status opened = stores->Open(kind.Folder());
+    if (name == "karvel.lock") {
+      EXPECT_FALSE(stores->Begin("posting").Ok()) << "without a gate nothing is written";
+    } else {
+      EXPECT_EQ(opened.Kind(), ErrorKind::Damaged) << opened.Message();
+      EXPECT_NE(opened.Place().find(name), std::string::npos) << opened.Place();
+    }
+    std::filesystem::rename(elsewhere.Path() + "/theirs", kind.Path(name));
+  }
+  EXPECT_TRUE(stores->Open(kind.Folder()).Ok());
+}
+
+TEST(DataFolder, the_lock_file_has_the_rights_of_the_books) {
+  const SqliteKind kind;
+  namespace fs = std::filesystem;
+  for (const fs::perms rights : {fs::perms(0600), fs::perms(0660)}) {
+    fs::permissions(kind.Path("Karvel.mdb"), rights);
+    fs::remove(kind.Path("karvel.lock"));
+    auto stores = Terminal(kind);
+    ASSERT_TRUE(stores->Open(kind.Folder()).Ok());
+    EXPECT_EQ(fs::status(kind.Path("karvel.lock")).permissions(), rights);
+  }
+}
+
+TEST(DataFolder, a_number_field_that_holds_none_is_named_in_the_log_once) {
+  const SqliteKind kind;
+  Foreign(kind.Path("Stok.mdb"),
+          "INSERT INTO StokKartlar (StokKod, StokAdi, Fiyat) VALUES ('S1', 'Pirinç', 'elli'), ('S2', 'Tuz', 9e999), "
+          "('S3', 'Un', ''), ('S4', 'Şeker', NULL)");
+  auto stores = Terminal(kind);
+  ASSERT_TRUE(stores->Open(kind.Folder()).Ok());
+  const LoggedLines log;
+  for (int i = 0; i < 2; ++i) EXPECT_EQ(Opened(*stores, "Stok.mdb", "StokKartlar")->RowsFromStart(10).size(), 4U);
+  EXPECT_TRUE(log.Holds("StokKartlar, row 1: Fiyat is no number: elli"));
+  EXPECT_TRUE(log.Holds("StokKartlar, row 2: Fiyat is no number"));
+  EXPECT_EQ(log.Lines().size(), 2U);
+}
+
 }  // namespace karvel::testing

@@ -4,6 +4,7 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <string>
 
 #include "tests/store/sqlite/sqlite_kind.h"
@@ -64,9 +65,11 @@ void FailAtEveryStep(int failWith, ErrorKind atFirst) {
     Faults().Reset();
     Faults().failFrom = step;
     Faults().failWith = failWith;
-    const Status outcome = PostOverFourFiles(stores);
+    Status outcome = PostOverFourFiles(stores);
     const bool failed = Faults().steps >= step;
     Faults().Reset();
+    // What could not be recovered on the failing disk is looked up when it works again.
+    if (outcome.Kind() == ErrorKind::Unknown) outcome = stores.AskOutcome();
     if (step == 1) {
       EXPECT_EQ(outcome.Kind(), atFirst) << outcome.Message();
     }
@@ -91,7 +94,7 @@ TEST(FailingDisk, that_is_full_leaves_an_action_whole_or_undone_and_the_desk_goe
 }
 
 TEST(FailingDisk, that_breaks_leaves_an_action_whole_or_undone_and_the_desk_goes_on) {
-  FailAtEveryStep(SQLITE_IOERR_WRITE, ErrorKind::Other);
+  FailAtEveryStep(SQLITE_IOERR_WRITE, ErrorKind::DiskFailed);
 }
 
 TEST(FailingDisk, an_action_that_hit_it_leaves_rows_that_a_fresh_start_reads_the_same) {
@@ -107,7 +110,8 @@ TEST(FailingDisk, an_action_that_hit_it_leaves_rows_that_a_fresh_start_reads_the
       before = Rows(stores, "Karvel.mdb", "Datam");
       Faults().failFrom = Faults().steps + step;
       Faults().failWith = SQLITE_IOERR_WRITE;
-      well = PostOverFourFiles(stores).Ok();
+      const Status outcome = PostOverFourFiles(stores);
+      well = outcome.Ok();
       // The desk ends with the disk still broken.
     }
     Faults().Reset();
@@ -177,6 +181,102 @@ TEST(CommitSyncs, four_files_cost_fifteen_and_nothing_written_costs_none) {
   }
   EXPECT_EQ(Faults().syncs, 0);
   EXPECT_EQ(Faults().writes, 0);
+}
+
+// The folder's sync behind the removal of the super-journal is the last step of a commit: by then all of it is in the files.
+TEST(FailingDisk, a_commit_whose_last_sync_fails_is_told_as_done_with_a_warning) {
+  const SqliteKind kind;
+  Faults().Reset();
+  Stores stores(MakeSqliteEngine(FaultyOptions(kind)));
+  ASSERT_TRUE(stores.Open(kind.Folder()).Ok());
+  int warnings = 0;
+  const auto heard = stores.savedOnFailingDisk.Connect([&] { ++warnings; });
+  for (int rows = 1; rows <= 3; ++rows) {
+    Faults().Reset();
+    Faults().failFolderSync = 1;
+    EXPECT_TRUE(PostOverFourFiles(stores).Ok());
+    EXPECT_EQ(warnings, rows);
+    ExpectInAll(stores, rows);
+  }
+  Faults().Reset();
+  EXPECT_TRUE(PostOverFourFiles(stores).Ok());
+  EXPECT_EQ(warnings, 3);
+}
+
+TEST(FailingDisk, a_commit_that_cannot_be_looked_up_is_unknown_until_it_can) {
+  const SqliteKind kind;
+  Faults().Reset();
+  Stores stores(MakeSqliteEngine(FaultyOptions(kind)));
+  ASSERT_TRUE(stores.Open(kind.Folder()).Ok());
+  int unknown = 0;
+  const auto heard = stores.outcomeUnknown.Connect([&] { ++unknown; });
+  Faults().failFolderSync = 1;
+  Faults().silentAfterFolderSync = true;
+  EXPECT_EQ(PostOverFourFiles(stores).Kind(), ErrorKind::Unknown);
+  EXPECT_EQ(unknown, 1);
+  EXPECT_TRUE(stores.IsOutcomeUnknown());
+  EXPECT_EQ(stores.AskOutcome().Kind(), ErrorKind::Unknown);
+  EXPECT_EQ(PostOverFourFiles(stores).Kind(), ErrorKind::Other) << "nothing is begun meanwhile";
+  Faults().Reset();
+  EXPECT_TRUE(stores.AskOutcome().Ok());
+  EXPECT_FALSE(stores.IsOutcomeUnknown());
+  ExpectInAll(stores, 1);
+  EXPECT_TRUE(PostOverFourFiles(stores).Ok());
+  ExpectInAll(stores, 2);
+}
+
+// Whatever the desk was told after a failure, a fresh start must find it so.
+TEST(FailingDisk, what_an_action_was_told_is_what_a_fresh_start_finds) {
+  const SqliteKind kind;
+  int rows = 0, unknown = 0, failed = 0;
+  for (int step = 50; step < 150; ++step) {
+    SCOPED_TRACE(step);
+    Faults().Reset();
+    Status told;
+    {
+      Stores stores(MakeSqliteEngine(FaultyOptions(kind)));
+      ASSERT_TRUE(stores.Open(kind.Folder()).Ok());
+      Faults().failFrom = Faults().steps + step;
+      Faults().failWith = SQLITE_IOERR_WRITE;
+      told = PostOverFourFiles(stores);
+      Faults().Reset();
+      if (told.Kind() == ErrorKind::Unknown) {
+        ++unknown;
+        told = stores.AskOutcome();
+      }
+    }
+    Stores stores(MakeSqliteEngine(TestOptions(kind.Folder())));
+    ASSERT_TRUE(stores.Open(kind.Folder()).Ok());
+    if (told.Ok()) ++rows;
+    if (!told.Ok()) ++failed;
+    ExpectInAll(stores, rows);
+  }
+  EXPECT_GT(failed, 10);
+  EXPECT_GT(unknown, 3) << "what can't be recovered can't be looked up";
+}
+
+// The engine tells a page that the disk did not give in the words of a damaged file.
+TEST(FailingDisk, a_read_that_failed_is_not_told_as_damage) {
+  const SqliteKind kind;
+  Faults().Reset();
+  for (const int code : {SQLITE_IOERR_READ, SQLITE_IOERR_CORRUPTFS}) {
+    Stores stores(MakeSqliteEngine(FaultyOptions(kind)));
+    ASSERT_TRUE(stores.Open(kind.Folder()).Ok());
+    int told = 0;
+    const auto heard = stores.readFailed.Connect([&](const Status& fault) {
+      ++told;
+      EXPECT_EQ(fault.Kind(), ErrorKind::DiskFailed) << fault.Message();
+      EXPECT_NE(fault.Place().find("Karvel.mdb"), std::string::npos) << fault.Place();
+    });
+    const auto cursor = Opened(stores, "Karvel.mdb", "Datam");
+    Faults().failReadsFrom = 1;
+    Faults().failReadsWith = code;
+    Faults().systemError = EIO;
+    EXPECT_EQ(cursor->FindFirst("CariAd='Ali'").Kind(), ErrorKind::DiskFailed);
+    EXPECT_EQ(told, 1);
+    Faults().Reset();
+    EXPECT_EQ(cursor->FindFirst("CariAd='Ali'").Kind(), ErrorKind::NoRecord) << "the page was as good as ever";
+  }
 }
 
 }  // namespace karvel::testing

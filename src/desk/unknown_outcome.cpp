@@ -1,0 +1,72 @@
+#include "desk/unknown_outcome.h"
+
+#include <utility>
+
+#include "desk/quiet_line.h"
+#include "platform/clerk_message.h"
+#include "platform/event_loop.h"
+
+namespace karvel {
+namespace {
+constexpr int kLookMilliseconds = 1000;
+constexpr const char* kWarning = "Kayıt yapıldı ama disk hata verdi: diski denetletin";
+}  // namespace
+
+UnknownOutcome::UnknownOutcome(const DeskParts& parts, MainButton& button)
+    : screen_(parts.screen), form_(parts.form), world_(parts.world), button_(button) {
+  connections_ += world_.stores.outcomeUnknown.Connect([this] { Hold(); });
+  connections_ += world_.stores.savedOnFailingDisk.Connect([this] { Warn(); });
+  connections_ += screen_.Durum.changed.Connect([this] { WarnBeside(); });
+}
+
+void UnknownOutcome::Hold() {
+  form_.WhenBooked = nullptr;
+  timer_ = world_.loop.Every(kLookMilliseconds, [this] { Look(); });
+  if (!held_.empty()) return;
+  for (Element* const button : {&screen_.Command2, &screen_.Command7(1), &screen_.StokAlCmd(1), &screen_.CariNewCmd(1), &screen_.CarSil}) {
+    held_.push_back({button, button->Enabled()});
+    button->SetEnabled(false);
+  }
+  // Who switches one on meanwhile is heard when it is released.
+  for (Held& held : held_) {
+    holding_ += held.button->altered.Connect([&held] {
+      if (!held.button->Enabled()) return;
+      held.wanted = true;
+      held.button->SetEnabled(false);
+    });
+  }
+}
+
+void UnknownOutcome::Release() {
+  timer_ = nullptr;
+  holding_ = {};
+  for (const Held& held : std::exchange(held_, {})) held.button->SetEnabled(held.wanted);
+}
+
+void UnknownOutcome::Look() {
+  if (world_.stores.InAction()) return;
+  const Status outcome = world_.stores.AskOutcome();
+  if (outcome.Kind() == ErrorKind::Unknown) return;
+  const auto keep = timer_;  // runs this
+  Release();
+  const auto show = std::exchange(form_.WhenBooked, nullptr);
+  if (!outcome.Ok()) {
+    Tell(screen_, ClerkMessage(outcome));
+  } else if (show) {
+    show();
+    screen_.TahsilatFrame.SetVisible(false);  // where money was taken in it, it is taken
+  }
+  button_.FollowAmounts();
+}
+
+void UnknownOutcome::Warn() {
+  Tell(screen_, kWarning);
+  warns_ = true;
+}
+
+void UnknownOutcome::WarnBeside() {
+  if (!std::exchange(warns_, false)) return;
+  Tell(screen_, screen_.Durum.Caption() + "; " + kWarning);
+}
+
+}  // namespace karvel
