@@ -18,6 +18,7 @@
 #include "app/qt_window.h"
 #include "app/scanner_keys.h"
 #include "app/serial_scanner.h"
+#include "app/start_notice.h"
 #include "app/system_clock.h"
 #include "app/system_connection.h"
 #include "app/theme.h"
@@ -111,6 +112,7 @@ App::App(QApplication& application, const std::string& title, const AppParts& pa
 App::~App() = default;
 
 bool App::Load() {
+  const StartNotice waiting(all_->desk.screen);
   return all_->desk.Load();
 }
 

@@ -92,6 +92,7 @@ class DeskGrid : public QAbstractScrollArea {
   // Fingers and keys.
   [[nodiscard]] bool IsCurrent(int index) const;
   bool MoveToRow(int index);
+  void MoveToFirstOf(const std::vector<GridRow>& rows);
   bool MoveToKey(RowKey key);
   void MoveByRows(int rows);
   bool TapRow(RowKey key, int column, const MouseEvent& at);

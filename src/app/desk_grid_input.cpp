@@ -190,10 +190,15 @@ void DeskGrid::EndBorderDrag() {
   if (self) element_.columnsResized();
 }
 
+// To a row that was read: where another program keeps the rows, the one in front stays, with the fields that show it.
+void DeskGrid::MoveToFirstOf(const std::vector<GridRow>& rows) {
+  if (!rows.empty()) watched_->MoveTo(rows.front().key).Ignore();
+}
+
 void DeskGrid::MoveByRows(int rows) {
   const GridRow current = watched_->CurrentRow();
   if (current.key == 0) {
-    watched_->MoveFirst().Ignore();
+    MoveToFirstOf(watched_->RowsFromStart(1));
     return;
   }
   const auto beside = rows > 0 ? watched_->RowsAfter(current, rows) : watched_->RowsBefore(current, -rows);
@@ -217,10 +222,10 @@ void DeskGrid::keyPressEvent(QKeyEvent* event) {
       MoveByRows(-FullRows());
       break;
     case Qt::Key_Home:
-      watched_->MoveFirst().Ignore();
+      MoveToFirstOf(watched_->RowsFromStart(1));
       break;
     case Qt::Key_End:
-      watched_->MoveLast().Ignore();
+      MoveToFirstOf(watched_->RowsFromEnd(1));
       break;
     case Qt::Key_Space:
     case Qt::Key_Return:

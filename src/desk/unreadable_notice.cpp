@@ -15,10 +15,24 @@ UnreadableNotice::UnreadableNotice(const DeskParts& parts) : screen_(parts.scree
 
 // It may be met in the middle of a painting.
 void UnreadableNotice::Heard(const Status& fault) {
+  if (fault.Kind() == ErrorKind::Busy) {
+    HeardKept();
+    return;
+  }
   if (waiting_ || told_.contains(ReadingMessage(fault) + fault.Place())) return;
   waiting_ = fault;
   world_.loop.Later([this, here = std::weak_ptr(here_)] {
     if (!here.expired()) Show();
+  });
+}
+
+// Whoever met it may have told more by then.
+void UnreadableNotice::HeardKept() {
+  if (std::exchange(keptWaits_, true)) return;
+  world_.loop.Later([this, before = screen_.Durum.Caption(), here = std::weak_ptr(here_)] {
+    if (here.expired()) return;
+    keptWaits_ = false;
+    if (screen_.Durum.Caption() == before) Tell(screen_, "Veri dosyası başka bir programda açık, okunamadı: yeniden deneyin");
   });
 }
 

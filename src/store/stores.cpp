@@ -191,6 +191,7 @@ Status Stores::Read(const std::function<Status(Engine&)>& read) {
   Status outcome = FailOnFault(read(*engine_));
   if (outcome.Kind() == ErrorKind::Busy) {
     ++busyReads_;
+    if (!InAction() && !glancing_) readFailed(outcome);
   } else if (!InAction() && IsStoreFault(outcome)) {
     readFailed(outcome);
   }

@@ -53,7 +53,8 @@ class Stores {
   // NotOpen where none is unknown.
   Status AskOutcome();
   [[nodiscard]] bool IsOutcomeUnknown() const { return !unknownAction_.empty(); }
-  // Raised in the middle of whatever reads, when its file can't be read. Not inside an action, which answers with it.
+  // Raised in the middle of whatever reads, when its file can't be read, or another program kept it too long (Busy). Not inside an action,
+  // which answers with it, and not for a list that only glances (Glance), which tries again.
   Signal<const Status&> readFailed;
   // Raised by Commit and AskOutcome.
   Signal<> outcomeUnknown;      // as Commit answers Unknown

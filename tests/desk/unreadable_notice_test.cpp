@@ -45,9 +45,10 @@ TEST_F(UnreadableNoticeTest, a_passing_fault_sends_nobody_to_the_backup) {
   EXPECT_FALSE(ContainsText(messages.shown[0].text, "yedek"));
 }
 
-TEST_F(UnreadableNoticeTest, what_another_program_keeps_is_not_told_as_unreadable) {
+TEST_F(UnreadableNoticeTest, what_another_program_keeps_is_told_in_the_quiet_line_alone) {
   ReadWith(Status(ErrorKind::Busy, "locked"));
   EXPECT_TRUE(messages.shown.empty());
+  EXPECT_EQ(desk->screen.Durum.Caption(), "Veri dosyası başka bir programda açık, okunamadı: yeniden deneyin");
 }
 
 TEST_F(UnreadableNoticeTest, a_posting_that_meets_it_tells_it_alone) {

@@ -37,7 +37,7 @@ Status SetJournal(Connection& connection, const std::string& schema) {
   const std::string mode = connection.AskText("PRAGMA " + schema + ".journal_mode=DELETE");
   if (mode != "delete") return {ErrorKind::Busy, "can't leave journal mode " + mode + ": another program has it open"};
   connection.Execute("PRAGMA " + schema + ".synchronous=FULL");
-  connection.Execute("PRAGMA " + schema + ".cache_size=-16000");
+  connection.Execute("PRAGMA " + schema + ".cache_size=-4000");
   return {};
 }
 
