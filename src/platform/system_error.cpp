@@ -31,6 +31,7 @@ ErrorKind KindOfSystemError(int error, ErrorKind otherwise) {
     case EHOSTDOWN:
       return ErrorKind::DiskFailed;
     case ELOOP:
+    case EISDIR:
       return ErrorKind::Damaged;
     case EMFILE:
     case ENFILE:

@@ -36,6 +36,11 @@ bool IsStoreFault(const Status& status) {
   return false;
 }
 
+// What the clerk or whoever helps him must look at the folder for.
+bool IsOfFolder(const Status& status) {
+  return !status.Ok() && IsStoreFault(status) && status.Kind() != ErrorKind::Busy && status.Kind() != ErrorKind::Unknown;
+}
+
 Status FindFile(const std::string& databaseName, const DatabaseFile*& file) {
   file = Catalogue::File(databaseName);
   if (file == nullptr) return {ErrorKind::Missing, fmt::format("{}: no such database file", databaseName)};
@@ -52,6 +57,7 @@ Stores::~Stores() {
 
 Status Stores::Open(const std::string& folder) {
   Close();
+  folder_ = folder;
   Status opened = engine_->Open(folder);
   if (!opened.Ok()) Log(fmt::format("stores: {}: {}", folder, opened.Message()));
   return opened;
@@ -73,7 +79,7 @@ Status Stores::Begin(const std::string& name) {
     if (!engine_->IsOpen()) return {ErrorKind::NotOpen, fmt::format("{}: no stores are open", name)};
     if (Status begun = engine_->Begin(); !begun.Ok()) {
       Log(fmt::format("{}: {}", name, begun.Message()));
-      return begun;
+      return IsOfFolder(begun) ? begun.At(folder_) : begun;
     }
     ++actions_;
   }
@@ -114,7 +120,7 @@ Status Stores::Ended(const std::string& name, Status outcome) {
   } else if (outcome.Ok() && !outcome.Message().empty()) {
     savedOnFailingDisk();
   }
-  return outcome;
+  return IsOfFolder(outcome) ? outcome.At(folder_) : outcome;
 }
 
 void Stores::Abandon() {

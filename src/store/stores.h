@@ -107,6 +107,7 @@ class Stores {
   void Unregister(Cursor& cursor);
 
   std::unique_ptr<Engine> engine_;
+  std::string folder_;  // of the files that were opened last
   std::vector<std::string> openActions_;  // their names, the outermost first
   std::string unknownAction_;             // whose outcome is not known; "" for none
   std::uint64_t actions_ = 0;

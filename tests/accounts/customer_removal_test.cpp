@@ -138,6 +138,7 @@ TEST_F(CustomerRemovalTest, a_store_that_refuses_wipes_nothing) {
   Remove("Ayşe Yılmaz");
   ASSERT_EQ(messages.shown.size(), 1U);
   EXPECT_EQ(messages.shown[0].title, "Kayıt Yapılamadı");
+  EXPECT_TRUE(ContainsText(messages.shown[0].text, "Yer: ")) << "the clerk must know where there is no room";
   EXPECT_EQ(Balance("C001"), "150.0|0.0|150.0|Borç");
   EXPECT_EQ(Count("Karvel.mdb", "Datam"), "1");
   EXPECT_EQ(Count("Cari.mdb", "CariHareket"), "1");

@@ -10,6 +10,7 @@ namespace {
 TEST(KindOfSystemError, tells_the_failures_that_a_clerk_can_mend) {
   for (const int error : {ENOSPC, EDQUOT, EFBIG}) EXPECT_EQ(KindOfSystemError(error), ErrorKind::DiskFull) << error;
   for (const int error : {EACCES, EPERM, EROFS}) EXPECT_EQ(KindOfSystemError(error), ErrorKind::NoRights) << error;
+  for (const int error : {ELOOP, EISDIR}) EXPECT_EQ(KindOfSystemError(error), ErrorKind::Damaged) << error;
   for (const int error : {ENOENT, ENOTDIR}) EXPECT_EQ(KindOfSystemError(error), ErrorKind::Missing) << error;
   for (const int error : {EBUSY, ETXTBSY}) EXPECT_EQ(KindOfSystemError(error), ErrorKind::Busy) << error;
   EXPECT_EQ(KindOfSystemError(EIO), ErrorKind::DiskFailed);
