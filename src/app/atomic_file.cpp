@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "app/private_files.h"
+#include "platform/folders.h"
 #include "platform/system_error.h"
 
 namespace karvel {
@@ -19,11 +20,6 @@ namespace {
 constexpr std::string_view kMark = ".karvel-";
 constexpr std::string_view kEnd = ".tmp";
 std::atomic<int> counter = 0;
-
-std::string FolderOf(const std::string& path) {
-  const std::size_t slash = path.rfind('/');
-  return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
-}
 
 }  // namespace
 
@@ -75,11 +71,7 @@ Status AtomicFile::Finish(bool replace) {
   if (!status_.Ok()) return status_;
   if (!replace) unlink(neighbour_.c_str());
   close(std::exchange(handle_, -1));
-  const int folder = open(FolderOf(target_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (folder < 0) return status_;
-  // A folder that can't be synced (some network disks) has its own ways of keeping names.
-  if (fsync(folder) != 0 && errno != EINVAL) Fail(errno);
-  close(folder);
+  if (const int error = SyncFolder(FolderOf(target_)); error != 0) Fail(error);
   return status_;
 }
 

@@ -5,11 +5,11 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <filesystem>
 #include <thread>
 #include <utility>
 
 #include "app/private_files.h"
+#include "platform/folders.h"
 #include "platform/system_error.h"
 
 namespace karvel {
@@ -22,7 +22,7 @@ FileLock::~FileLock() {
 
 Status FileLock::Open() {
   if (handle_ >= 0) return {};
-  if (Status made = MakePrivateFolder(std::filesystem::path(path_).parent_path()); !made.Ok()) return made;
+  if (Status made = MakePrivateFolder(FolderOf(path_)); !made.Ok()) return made;
   handle_ = OpenPrivate(path_, O_RDWR | O_CREAT);
   return handle_ >= 0 ? Status() : StatusOfSystemError(errno, path_);
 }

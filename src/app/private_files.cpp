@@ -7,35 +7,26 @@
 #include <cerrno>
 #include <filesystem>
 
+#include "platform/folders.h"
 #include "platform/system_error.h"
 
 namespace karvel {
-namespace {
-
-// A folder that can't be synced (some network disks) has its own ways of keeping names.
-Status SyncFolder(const std::string& path) {
-  const int folder = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (folder < 0) return {};
-  const int error = fsync(folder) == 0 || errno == EINVAL ? 0 : errno;
-  close(folder);
-  return StatusOfSystemError(error, path);
-}
-
-}  // namespace
 
 Status MakePrivateFolder(const std::string& path) {
   namespace fs = std::filesystem;
   std::error_code error;
   if (fs::is_directory(path, error)) return {};
-  const std::string parent = fs::path(path).parent_path();
-  if (!parent.empty() && parent != path) {
-    if (Status made = MakePrivateFolder(parent); !made.Ok()) return made;
+  const std::string above = FolderOf(path);
+  if (above != path) {
+    if (Status made = MakePrivateFolder(above); !made.Ok()) return made;
   }
-  if (mkdir(path.c_str(), S_IRWXU) == 0) return SyncFolder(parent.empty() ? "." : parent);
-  // Another terminal may have made it at this moment.
-  const int failed = errno;
-  if (failed != EEXIST) return StatusOfSystemError(failed, path);
-  return fs::is_directory(path, error) ? Status() : StatusOfSystemError(ENOTDIR, path);
+  if (mkdir(path.c_str(), S_IRWXU) != 0) {
+    const int failed = errno;
+    if (failed != EEXIST) return StatusOfSystemError(failed, path);
+    if (!fs::is_directory(path, error)) return StatusOfSystemError(ENOTDIR, path);
+    // Another terminal has made it at this moment; its name is to be safe for this one too.
+  }
+  return StatusOfSystemError(SyncFolder(above), above);
 }
 
 int OpenPrivate(const std::string& path, int flags) {

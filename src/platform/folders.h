@@ -1,0 +1,16 @@
+// Names that outlast a power cut: a disk may keep what is in a file and lose its name until the folder is synced.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace karvel {
+
+// The folder that a path of this machine lies in.
+std::string FolderOf(std::string_view path);
+
+// What came to be or went in the folder is on the disk when this returns. Gives the system's error number, 0 for well. Well also where the
+// disk or the rights know no sync of a folder.
+int SyncFolder(const std::string& folder);
+
+}  // namespace karvel
