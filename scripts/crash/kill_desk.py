@@ -126,15 +126,13 @@ def difference(is_now, should_be):
     return lines
 
 
-def make_shop(programs):
-    home = tempfile.mkdtemp(prefix="karvel-kill-")
+def make_shop(programs, home):
     subprocess.run([os.path.join(programs, "karvel-sample-shop"), home, "--cards", "60", "--customers", "40", "--rows", "400"], check=True)
     robot = Robot(os.path.join(programs, "karvel-robot"), home)
     robot.do({"do": "answer", "with": PASSWORD})  # the customer menu's first use sets its password
     robot.do({"do": "answer", "with": PASSWORD})
     robot.do({"do": "rightclick", "at": "CariGrid"})
     robot.close()
-    return home
 
 
 class Tally:
@@ -150,7 +148,8 @@ class Tally:
 
 def run(programs, times, seed):
     chance = random.Random(seed)
-    home = make_shop(programs)
+    home = tempfile.mkdtemp(prefix="karvel-kill-")
+    make_shop(programs, home)
     program = os.path.join(programs, "karvel-robot")
     shop = shop_check.Shop(home)
     wiped, tally, minute = set(), Tally(), 0
