@@ -12,19 +12,28 @@ namespace karvel::bench {
 namespace {
 
 std::atomic<long> count = 0;
+std::atomic<long> rounds = 0;
+std::atomic<int> running = 0;
 std::atomic<int> moreMs = 0;
 
 int Sync(long call, int file) {
   ++count;
   if (moreMs == DiskPace::kNone) return 0;
+  if (running++ == 0) ++rounds;
   if (moreMs > 0) std::this_thread::sleep_for(std::chrono::milliseconds(moreMs));
-  return static_cast<int>(syscall(call, file));
+  const int done = static_cast<int>(syscall(call, file));
+  --running;
+  return done;
 }
 
 }  // namespace
 
 long Syncs::Count() {
   return count;
+}
+
+long Syncs::Rounds() {
+  return rounds;
 }
 
 DiskPace::DiskPace(int milliseconds) {

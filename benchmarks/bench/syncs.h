@@ -7,6 +7,8 @@ class Syncs {
  public:
   // Since the program started; directories count as files do.
   [[nodiscard]] static long Count();
+  // Those that run side by side count once: a round is what somebody waits for. To be told apart they have to take their time (DiskPace).
+  [[nodiscard]] static long Rounds();
 };
 
 // While it lives, every sync takes so many milliseconds more; with kNone none reaches the disk, which leaves the work alone.

@@ -151,8 +151,7 @@ def refused(recording):
     robot = recording.start()
     robot.enter_sale()
     told = 0
-    # Not the folder's, the second and the last of a posting: the engine doesn't look at how the one went, and deletes journals behind the other.
-    for sync, write in [(sync, 0) for sync in range(1, 17) if sync not in (2, 15)] + [(0, write) for write in (1, 2, 4, 7, 11, 16, 22, 29)]:
+    for sync, write in [(sync, 0) for sync in range(1, 17)] + [(0, write) for write in (1, 2, 4, 7, 11, 16, 22, 29, 37, 46, 56)]:
         robot.pick(sync % 5, 1)
         recording.fail_at(sync, write)
         robot.post()
@@ -298,7 +297,7 @@ FORGOTTEN = (
 
 
 # Of the cuts; the rest goes to starts after a cut.
-SHARES = {"first start": 0.1, "one desk": 0.35, "two desks": 0.2, "syncs and writes fail": 0.15}
+SHARES = {"first start": 0.1, "one desk": 0.25, "two desks": 0.2, "syncs and writes fail": 0.3}
 
 
 def run(programs, cuts, seed):

@@ -3,6 +3,7 @@
 
 #include <sqlite3.h>
 
+#include <atomic>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -10,11 +11,12 @@
 namespace karvel::testing {
 
 struct FileFaults {
-  int writes = 0;
-  int syncs = 0;
+  // Files are written and synced by several threads.
+  std::atomic<int> writes = 0;
+  std::atomic<int> syncs = 0;
   int failFrom = 0;            // the write or sync with this number, and all behind it, fail; 0 for none
   int failWith = SQLITE_FULL;  // or an SQLITE_IOERR_…
-  int steps = 0;               // writes and syncs together
+  std::atomic<int> steps = 0;  // writes and syncs together
   int folderSyncs = 0;         // of names that are gone
   int failFolderSync = 0;      // the one with this number fails: the name is gone all the same; 0 for none
   int failReadsFrom = 0;       // the read or opening with this number from now, and all behind it, fail; 0 for none
@@ -30,7 +32,13 @@ struct FileFaults {
     if (failReadsFrom > 1) --failReadsFrom;
     return fails;
   }
-  void Reset() { *this = FileFaults(); }
+  void Reset() {
+    writes = syncs = steps = folderSyncs = 0;
+    failFrom = failFolderSync = failReadsFrom = systemError = 0;
+    failWith = SQLITE_FULL;
+    failReadsWith = SQLITE_IOERR_READ;
+    silentAfterFolderSync = false;
+  }
 };
 
 inline FileFaults& Faults() {

@@ -8,7 +8,7 @@
 #include "platform/log.h"
 #include "store/key_spans.h"
 #include "store/row_reads.h"
-#include "store/sqlite/commit_syncs.h"
+#include "store/sqlite/commit_rounds.h"
 #include "store/sqlite/commit_trace.h"
 #include "store/sqlite/connection.h"
 #include "store/sqlite/data_folder.h"
@@ -46,8 +46,8 @@ class ConnectionRunner final : public StatementRunner {
 
 class SqliteEngine final : public Engine {
  public:
-  explicit SqliteEngine(SqliteOptions options) : options_(std::move(options)), patience_(std::chrono::milliseconds(options_.patienceMs)) {
-    CommitSyncs::Install();
+  explicit SqliteEngine(const SqliteOptions& options)
+      : rounds_(options.vfs), options_(Over(rounds_, options)), patience_(std::chrono::milliseconds(options_.patienceMs)) {
     for (const DatabaseFile& file : Catalogue::Files()) {
       const std::string schema = InDataFolder(file) ? SchemaOf(file) : "main";
       for (const Table& table : file.tables) tables_.try_emplace(&table, table, words_, NamesOf(table, schema));
@@ -222,6 +222,10 @@ class SqliteEngine final : public Engine {
   [[nodiscard]] bool ReadsHold() const override { return true; }
 
  private:
+  static SqliteOptions Over(const CommitRounds& rounds, SqliteOptions options) {
+    options.vfs = rounds.Name();
+    return options;
+  }
   // Whether somebody has to look after the file itself.
   static bool IsFileFault(const Status& status) {
     return status.Kind() == ErrorKind::Damaged || status.Kind() == ErrorKind::DiskFailed || status.Kind() == ErrorKind::NoRights ||
@@ -269,10 +273,7 @@ class SqliteEngine final : public Engine {
   }
 
   Status CommitFiles() {
-    return Patiently(patience_, [&] {
-      CommitSyncs::Begin();
-      return Run(&data_->Database(), "commit", [&] { data_->Execute("COMMIT"); });
-    });
+    return Patiently(patience_, [&] { return Run(&data_->Database(), "commit", [&] { data_->Execute("COMMIT"); }); });
   }
 
   // What a commit that failed has left: its last sync comes when everything is in the files already. They are read through a fresh
@@ -296,6 +297,7 @@ class SqliteEngine final : public Engine {
     if (!undone.Ok()) Log(undone.Message());
   }
 
+  CommitRounds rounds_;
   const SqliteOptions options_;
   const SqliteWords words_;
   std::map<const Table*, TableSql> tables_;

@@ -163,26 +163,6 @@ TEST(FailingDisk, too_many_open_files_fail_an_action_and_are_not_told_as_missing
   }));
 }
 
-TEST(CommitSyncs, four_files_cost_fifteen_and_nothing_written_costs_none) {
-  const SqliteKind kind;
-  Faults().Reset();
-  Stores stores(MakeSqliteEngine(FaultyOptions(kind)));
-  ASSERT_TRUE(stores.Open(kind.Folder()).Ok());
-  ASSERT_TRUE(PostOverFourFiles(stores).Ok());
-  Faults().Reset();
-  ASSERT_TRUE(PostOverFourFiles(stores).Ok());
-  // Two a journal, one a store, one for the super-journal; the two of the folder are made by the layer below.
-  EXPECT_EQ(Faults().syncs, 13);
-  Faults().Reset();
-  {
-    Action action(stores, "nothing");
-    EXPECT_TRUE(stores.Execute("Karvel.mdb", "DELETE FROM Datam Where CariKod='Z'").Ok());
-    EXPECT_TRUE(action.Finish().Ok());
-  }
-  EXPECT_EQ(Faults().syncs, 0);
-  EXPECT_EQ(Faults().writes, 0);
-}
-
 // The folder's sync behind the removal of the super-journal is the last step of a commit: by then all of it is in the files.
 TEST(FailingDisk, a_commit_whose_last_sync_fails_is_told_as_done_with_a_warning) {
   const SqliteKind kind;
