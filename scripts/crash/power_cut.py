@@ -25,7 +25,7 @@ import kill_desk
 from clerk import Clerk
 from power_cut_books import DATA, HOME, SETTINGS, UPKEEP, Books, Damaged, Timeline, write_tree
 from power_cut_disk import HEAD, KINDS, SECTORS, Disk, read_records, snapshot
-from robot import CUSTOMER, Robot
+from robot import CUSTOMER, Gone, Robot
 
 PAUSE = 300  # microseconds that a sync takes, so that those of several threads overlap
 LAST_SLIP = 500  # above those of the sample shop
@@ -96,10 +96,10 @@ class Recording:
         robot.state()
         return robot
 
-    def fail_at(self, sync, write):
-        """The sync or the write, counted from now on, that fails; none with 0."""
+    def fail_at(self, sync, write, killing=0):
+        """The sync or the write, counted from now on, that fails, and the sync that kills; none with 0."""
         with open(os.path.join(self.place.record, "control"), "r+b" if os.path.exists(os.path.join(self.place.record, "control")) else "w+b") as control:
-            control.write(struct.pack("<ii", sync, write).ljust(4096, b"\0"))
+            control.write(struct.pack("<iii", sync, write, killing).ljust(4096, b"\0"))
 
     def tree_at_begin(self):
         return {path: content for path, _, content in self.begin if path}
@@ -162,6 +162,26 @@ def refused(recording):
         robot.messages()
     if told < 8:
         raise RuntimeError(f"only {told} postings were refused")
+
+
+def killed(syncs):
+    """A desk that is killed in each of these syncs of a posting, and another that puts right what it left."""
+    def work(recording):
+        for sync in syncs:
+            robot = recording.start()
+            robot.enter_sale()
+            robot.pick(sync % 5, 1)
+            recording.fail_at(0, 0, killing=sync)
+            try:
+                robot.post()
+                raise RuntimeError(f"a posting has no sync {sync}")
+            except Gone:
+                recording.robots.remove(robot)
+                robot.end()
+                recording.fail_at(0, 0)
+        recording.start()
+
+    return work
 
 
 def first_start(recording):
@@ -297,7 +317,7 @@ FORGOTTEN = (
 
 
 # Of the cuts; the rest goes to starts after a cut.
-SHARES = {"first start": 0.1, "one desk": 0.25, "two desks": 0.2, "syncs and writes fail": 0.3}
+SHARES = {"first start": 0.1, "one desk": 0.2, "two desks": 0.15, "syncs and writes fail": 0.25, "kills": 0.2}
 
 
 def run(programs, cuts, seed):
@@ -309,7 +329,7 @@ def run(programs, cuts, seed):
     write_tree(place.root, {})
     recordings = {"first start": simulation.record("first start", first_start)}
     for name, work in (("one desk", postings(chance, 12 if small else 60)), ("two desks", two_desks(4 if small else 15)),
-                       ("syncs and writes fail", refused)):
+                       ("syncs and writes fail", refused), ("kills", killed((5, 10, 14, 17, 17) if small else [*range(1, 18), 17, 17]))):
         place.make_shop()
         recordings[name] = simulation.record(name, work)
     commits = sum(timeline.turns_of_rows() for _, timeline in recordings.values())

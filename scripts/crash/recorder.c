@@ -1,15 +1,16 @@
 /* Preloaded before a desk: writes down every change that it makes to the files of one folder, and every sync, in the order in which they happen.
  *
  * KARVEL_RECORD names the folder of the record: `trace` is appended to, `lock` puts the writers of several processes in line, and `control` holds
- * two numbers, the count of syncs and of writes from now on after which one fails (0: none does). KARVEL_RECORD_UNDER names the folder that is
- * watched. A sync doesn't reach the disk, which is only acted; it takes as many microseconds as KARVEL_RECORD_PAUSE tells, so that syncs of several
- * threads overlap. power_cut.py reads the record. */
+ * three numbers, the count of syncs and of writes from now on after which one fails, and that of syncs after which the desk is killed in the midst
+ * of one (0: none). KARVEL_RECORD_UNDER names the folder that is watched. A sync doesn't reach the disk, which is only acted; it takes as many
+ * microseconds as KARVEL_RECORD_PAUSE tells, so that syncs of several threads overlap. power_cut.py reads the record. */
 #define _GNU_SOURCE
 #include <dlfcn.h>
 #include <errno.h>
 #include <fcntl.h>
 #include <limits.h>
 #include <pthread.h>
+#include <signal.h>
 #include <stdarg.h>
 #include <stdint.h>
 #include <stdio.h>
@@ -21,7 +22,7 @@
 #include <sys/uio.h>
 #include <unistd.h>
 
-enum { kMostHandles = 65536, kSyncs = 0, kWrites = 1 };
+enum { kMostHandles = 65536, kSyncs = 0, kWrites = 1, kKills = 2 };
 
 /* What stands before the bytes of a record. A path or what was written follows. */
 struct Head {
@@ -127,7 +128,7 @@ static void PutPath(char kind, const char* path, const char* second) {
   Put(kind, InodeAt(second != NULL ? second : path), 0, path, strlen(path), second);
 }
 
-/* Counts down to the one that fails. */
+/* Counts down to the one that fails, or kills. */
 static int IsToFail(int what) {
   return control[what] > 0 && --control[what] == 0;
 }
@@ -246,6 +247,7 @@ static int Sync(int (*next)(int), int handle) {
   if (!IsWatched(handle)) return next(handle);
   const uint64_t inode = InodeOf(handle);
   Lock();
+  if (IsToFail(kKills)) kill(getpid(), SIGKILL);
   const int fails = IsToFail(kSyncs);
   const uint64_t number = ++syncs;
   if (!fails) Put('S', inode, number, NULL, 0, NULL);

@@ -3,8 +3,10 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <cerrno>
+#include <fstream>
 #include <functional>
 #include <mutex>
 #include <set>
@@ -37,6 +39,17 @@ void KeepFoldersApart() {
     if (sqliteOpenDirectory == nullptr) return;
     files->xSetSystemCall(files, "openDirectory", reinterpret_cast<sqlite3_syscall_ptr>(&OpenDirectory));
   });
+}
+
+// A journal that counts, and ends with the name of a super-journal: this mark stands behind it.
+bool IsBoundJournal(std::string_view path) {
+  constexpr std::string_view kMark = "\xd9\xd5\x05\xf9\x20\xa1\x63\xd7";
+  if (!path.ends_with("-journal")) return false;
+  std::ifstream file(std::string(path), std::ios::binary);
+  if (file.get() <= 0) return false;
+  std::array<char, kMark.size()> end{};
+  file.seekg(-static_cast<std::streamoff>(end.size()), std::ios::end);
+  return file.read(end.data(), end.size()) && std::string_view(end.data(), end.size()) == kMark;
 }
 
 int SyncedFolder(const std::string& folder) {
@@ -120,6 +133,7 @@ int CommitRounds::Open(const char* name, sqlite3_file* file, int flags, int* out
   ours->base.pMethods = &Methods();
   ours->rounds = this;
   ours->file = held.get();
+  if (held->IsJournal()) settled_ = false;
   files_.push_back(std::move(held));
   constexpr int kMade = SQLITE_OPEN_SUPER_JOURNAL | SQLITE_OPEN_CREATE;
   if (opened == SQLITE_OK && (flags & kMade) == kMade && MayGather()) Gather(*ours->file);
@@ -152,16 +166,13 @@ int CommitRounds::Delete(const char* path, int syncFolder) {
     superJournal_.clear();
     parts_.clear();
     const int gone = below_->xDelete(below_, path, syncFolder);
-    if (gone == SQLITE_IOERR_DIR_FSYNC) unsynced_ = FolderOf(path);
+    settled_ = gone == SQLITE_OK;
     return gone;
   }
   HeedTakingBack();
   if (syncFolder != 0 && path == spoiled_) return SQLITE_IOERR_DELETE;
   // While it isn't sure that the super-journal stays away, all journals must be there with it or none.
-  if (!unsynced_.empty() && std::string_view(path).ends_with("-journal") && FolderOf(path) == unsynced_) {
-    if (SyncedFolder(unsynced_) != SQLITE_OK) return SQLITE_IOERR_DELETE;
-    unsynced_.clear();
-  }
+  if (!settled_ && IsBoundJournal(path) && SyncedFolder(FolderOf(path)) != SQLITE_OK) return SQLITE_IOERR_DELETE;
   return below_->xDelete(below_, path, syncFolder);
 }
 

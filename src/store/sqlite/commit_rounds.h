@@ -19,8 +19,9 @@
 // safe: such a commit goes through as SQLite does it, and so does one without a super-journal.
 //
 // A round that fails makes the commit fail, and SQLite takes it back from the journals. What is held then never comes to the disk. Where
-// the folder's last sync fails, the commit stands and yet may come undone by a cut: so that it does so in all files, no journal is deleted
-// before that sync has been made up for.
+// the folder's last sync fails, or a desk is killed before it, the commit stands and yet may come undone by a cut: so that it does so in
+// all files, whoever finds its journals deletes none before that sync has been made up for. For a journal that is played back it would not
+// be needed: played back once more it changes nothing, and a later commit syncs the folder before it changes a store.
 //
 // An action that wrote one file only has a super-journal too, because the engine locks all files for writing. That makes it durable: SQLite
 // syncs the folder behind a super-journal, but not behind a single journal.
@@ -104,8 +105,8 @@ class CommitRounds {
   std::vector<Part> parts_;
   // A commit that was taken back too early to know why; its super-journal must not be deleted as if it had been done.
   std::string spoiled_;
-  // A folder whose last sync failed, so that a super-journal may come back into it.
-  std::string unsynced_;
+  // The journals that are left belong to a commit whose super-journal is gone for good.
+  bool settled_ = false;
 };
 
 }  // namespace karvel::sqlite
