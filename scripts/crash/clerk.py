@@ -150,7 +150,8 @@ class Clerk:
         return typed(balance if balance and self.chance.random() < 0.3 else self.chance.uniform(5, 900))
 
     def collect_at_once(self):
-        if not self.ask("Cari.mdb", "SELECT Bakiye FROM CariKartlar WHERE CariKod = ?", WALK_IN)[0][0]:
+        # What he is owed would be booked to his favour again, and double each time until its kuruş are lost.
+        if not self.ask("Cari.mdb", "SELECT 1 FROM CariKartlar WHERE CariKod = ? AND Hesap = 'Borç' AND Bakiye > 0", WALK_IN):
             return None
         before = self.serve(WALK_IN) + [tap("Command1")]
         if self.chance.random() < 0.5:
