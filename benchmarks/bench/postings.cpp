@@ -60,14 +60,14 @@ std::shared_ptr<Side> BareSide(const std::string& home) {
 }
 
 // Two sides in turn, line by line: what else the machine does falls on both alike.
-void MeasureInTurn(const std::string& name, const std::shared_ptr<Side>& ours, const std::shared_ptr<Side>& rival, double limit, int moreMs,
-                   RatioTable& table) {
+void MeasureInTurn(const std::string& name, const std::shared_ptr<Side>& ours, const std::shared_ptr<Side>& rival, double limit,
+                   int leastMs, RatioTable& table) {
   struct Times {
     std::vector<double> ours, rival;
   };
   const auto times = std::make_shared<Times>();
   const auto measure = [=](benchmark::State& state, bool isOurs) {
-    const DiskPace pace(moreMs);
+    const DiskPace pace(leastMs);
     auto& own = isOurs ? times->ours : times->rival;
     for (auto unused : state) {
       // The other side's figure of this turn is kept for its own measurement.
@@ -79,7 +79,7 @@ void MeasureInTurn(const std::string& name, const std::shared_ptr<Side>& ours, c
       own.pop_back();
     }
   };
-  const int iterations = moreMs > 0 ? 5 : moreMs == DiskPace::kNone ? 200 : 30;
+  const int iterations = leastMs > 0 ? 5 : leastMs == DiskPace::kNone ? 200 : 30;
   for (const bool isOurs : {true, false}) {
     const std::string full = name + (isOurs ? ", ours" : ", rival");
     benchmark::RegisterBenchmark(full.c_str(), [=](benchmark::State& state) { measure(state, isOurs); })
@@ -125,13 +125,13 @@ void AddPostings(Shops& shops, RatioTable& table) {
   const Waits ours = WaitsOfOne(*small), bare = WaitsOfOne(*smallBare);
   table.Add(Counts{"syncs of a posted line, desk beside bare", ours.syncs, bare.syncs, 1});
   table.Add(Counts{"rounds of syncs of a posted line, desk beside bare", ours.rounds, bare.rounds, 0.25});
-  table.Add(Figure{fmt::format("line posted, {} ms more a sync", kSlowSyncMs), MillisecondsOnSlowDisk(*small), 25, "ms"});
+  table.Add(Figure{fmt::format("line posted on a disk that needs {} ms a sync", kSlowSyncMs), MillisecondsOnSlowDisk(*small), 25, "ms"});
   MeasureInTurn("line posted, desk beside bare, 1,000 rows", small, smallBare, 1.25, 0, table);
   MeasureInTurn("line posted, desk beside bare, 1,000,000 rows", busy, busyBare, 1.25, 0, table);
   MeasureInTurn("line posted, 1,000,000 rows beside 1,000", busy, small, 1.15, 0, table);
   MeasureInTurn("line posted, work without syncs, desk beside bare", small, smallBare, 1.75, DiskPace::kNone, table);
   MeasureInTurn("line posted, work without syncs, 1,000,000 beside 1,000", busy, small, 1.25, DiskPace::kNone, table);
-  MeasureInTurn(fmt::format("line posted, {} ms more a sync, desk beside bare", kSlowSyncMs), small, smallBare, 0.4, kSlowSyncMs, table);
+  MeasureInTurn(fmt::format("line posted, {} ms a sync, desk beside bare", kSlowSyncMs), small, smallBare, 0.4, kSlowSyncMs, table);
 }
 
 }  // namespace karvel::bench

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <cerrno>
 #include <chrono>
 #include <thread>
 
@@ -14,15 +15,18 @@ namespace {
 std::atomic<long> count = 0;
 std::atomic<long> rounds = 0;
 std::atomic<int> running = 0;
-std::atomic<int> moreMs = 0;
+std::atomic<int> leastMs = 0;
 
 int Sync(long call, int file) {
   ++count;
-  if (moreMs == DiskPace::kNone) return 0;
+  if (leastMs == DiskPace::kNone) return 0;
   if (running++ == 0) ++rounds;
-  if (moreMs > 0) std::this_thread::sleep_for(std::chrono::milliseconds(moreMs));
+  const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(leastMs);
   const int done = static_cast<int>(syscall(call, file));
+  const int error = errno;
+  std::this_thread::sleep_until(end);
   --running;
+  errno = error;
   return done;
 }
 
@@ -37,11 +41,11 @@ long Syncs::Rounds() {
 }
 
 DiskPace::DiskPace(int milliseconds) {
-  moreMs = milliseconds;
+  leastMs = milliseconds;
 }
 
 DiskPace::~DiskPace() {
-  moreMs = 0;
+  leastMs = 0;
 }
 
 }  // namespace karvel::bench

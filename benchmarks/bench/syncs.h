@@ -11,7 +11,8 @@ class Syncs {
   [[nodiscard]] static long Rounds();
 };
 
-// While it lives, every sync takes so many milliseconds more; with kNone none reaches the disk, which leaves the work alone.
+// While it lives, every sync takes so many milliseconds, or longer where the real disk does; with kNone none reaches the disk, which leaves
+// the work alone.
 class DiskPace {
  public:
   static constexpr int kNone = -1;
