@@ -43,7 +43,8 @@ Status LineCancellation::CancelDayBookLine() {
     return {};
   }
   const Status done = CancelLine(shop_, cancellation);
-  if (!done.Ok()) ShowBooks();
+  // After any other refusal the line stays in front: a second tap means it, and no other.
+  if (done.Kind() == ErrorKind::NoRecord) ShowBooks();
   screen_.StokGrid.SetFocus();
   return TellTooLate(ShowBooked(form_, done, [this] { ShowCancelled(); }));
 }

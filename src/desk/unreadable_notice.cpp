@@ -6,6 +6,7 @@
 #include "platform/clerk_message.h"
 #include "platform/event_loop.h"
 #include "platform/messages.h"
+#include "text/turkish.h"
 
 namespace karvel {
 
@@ -40,8 +41,10 @@ void UnreadableNotice::Show() {
   const Status fault = *std::exchange(waiting_, std::nullopt);
   told_.insert(ReadingMessage(fault) + fault.Place());
   // A posting that met it has told already.
-  if (screen_.Durum.Caption() == ClerkMessage(fault)) return;
-  Tell(screen_, ReadingMessage(fault));
+  const std::string said = screen_.Durum.Caption();
+  if (said == ClerkMessage(fault)) return;
+  // What was done all the same stays told.
+  if (!ContainsText(said, ReadingMessage(fault))) Tell(screen_, said.empty() ? ReadingMessage(fault) : said + "; " + ReadingMessage(fault));
   world_.messages.MessageBox(WithPlace(ReadingMessage(fault), fault), "Veri Okunamadı", MessageIcon::Exclamation, MessageButtons::Ok);
 }
 

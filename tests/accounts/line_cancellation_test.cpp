@@ -214,6 +214,22 @@ TEST_F(LineCancellationTest, a_store_that_refuses_takes_nothing_back) {
   EXPECT_EQ(Day(id)["Durum"], "Iptal");
 }
 
+TEST_F(LineCancellationTest, a_second_tap_after_a_refusal_means_the_same_line) {
+  Sell("Ayşe Yılmaz", "1001", "2");
+  const std::string older = LastId();
+  clock.now = clock.now.PlusSeconds(60);
+  PickItem("1001");
+  Post("3");
+  const std::string newer = LastId();
+  engine.commitFault = {ErrorKind::DiskFull, "no room"};
+  Cancel(older);
+  engine.commitFault = {};
+  messages.answers.push_back("Yes");
+  Click("Command2");
+  EXPECT_EQ(Day(older)["Durum"], "Iptal");
+  EXPECT_EQ(Day(newer)["Durum"], "Satış") << "the newest line leads the list, and is none of his business";
+}
+
 TEST_F(LineCancellationTest, the_balance_is_the_one_that_another_terminal_left_meanwhile) {
   Sell("Ayşe Yılmaz", "1001", "2");
   const std::string id = LastId();

@@ -133,5 +133,34 @@ TEST_F(UnknownOutcomeOnScreen, money_in_the_panel_a_correction_and_a_cancellatio
   EXPECT_EQ(Day(id)["Durum"], "Iptal");
 }
 
+// A second tap after a refusal books what the first would have, as if that had never been: no id is left out, no amount counted twice.
+TEST_F(UnknownOutcomeOnScreen, a_second_tap_after_one_failed_write_or_sync_finds_nothing_of_the_first) {
+  Pay("Ayşe Yılmaz", "10");
+  testing::Faults().Reset();
+  Pay("Ayşe Yılmaz", "10");
+  const int steps = testing::Faults().steps;
+  ASSERT_GT(steps, 20);
+  double paid = 20;
+  for (int step = 1; step <= steps; ++step) {
+    SCOPED_TRACE(step);
+    ASSERT_TRUE(Start());  // with nothing in memory, as in the morning
+    const int lines = Lines();
+    Set("Text1(0)", "Ayşe Yılmaz");
+    Set("Text2(2)", "10");
+    testing::Faults().Reset();
+    testing::Faults().failFrom = step;
+    testing::Faults().failOnce = true;
+    testing::Faults().failWith = step % 2 == 0 ? SQLITE_FULL : SQLITE_IOERR_WRITE;
+    Click("Command2");
+    testing::Faults().Reset();
+    if (loop.timer) loop.timer();
+    paid += 10;
+    if (Lines() == lines) Click("Command2");
+    EXPECT_EQ(Lines(), lines + 1);
+    EXPECT_EQ(One("Karvel.mdb", "SELECT max(CAST(substr(DigerId, -8) AS INTEGER)) FROM Datam"), "26" + std::to_string(lines + 1));
+    EXPECT_EQ(std::stod(One("Cari.mdb", "SELECT Alacak FROM CariKartlar WHERE CariKod = 'C001'")), paid);
+  }
+}
+
 }  // namespace
 }  // namespace karvel

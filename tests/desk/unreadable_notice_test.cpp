@@ -63,5 +63,22 @@ TEST_F(UnreadableNoticeTest, a_posting_that_meets_it_tells_it_alone) {
   EXPECT_EQ(messages.shown[0].title, "Kayıt Yapılamadı");
 }
 
+TEST_F(UnreadableNoticeTest, what_was_done_before_a_list_could_not_be_read_stays_told) {
+  EnterSale("Ayşe Yılmaz");
+  PickItem("1001");
+  Set("Text2(1)", "1");
+  // The line stands, and then its list can't be read.
+  loop.defers = true;
+  loop.duringBusyWait = [&] { engine.readFault = Status(ErrorKind::DiskFailed, "input/output error").At("/x/Karvel.mdb"); };
+  Click("Command2");
+  loop.duringBusyWait = {};
+  engine.readFault = {};
+  ASSERT_FALSE(loop.deferred.empty());
+  loop.RunDeferred();
+  EXPECT_TRUE(ContainsText(desk->screen.Durum.Caption(), "Disk okunamadı")) << desk->screen.Durum.Caption();
+  EXPECT_EQ(One("Karvel.mdb", "SELECT count(*) FROM Datam"), "1");
+  EXPECT_TRUE(ContainsText(desk->screen.Durum.Caption(), "kaydedildi")) << desk->screen.Durum.Caption();
+}
+
 }  // namespace
 }  // namespace karvel

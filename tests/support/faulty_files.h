@@ -15,6 +15,7 @@ struct FileFaults {
   std::atomic<int> writes = 0;
   std::atomic<int> syncs = 0;
   int failFrom = 0;            // the write or sync with this number, and all behind it, fail; 0 for none
+  bool failOnce = false;       // that one alone
   int failWith = SQLITE_FULL;  // or an SQLITE_IOERR_…
   std::atomic<int> steps = 0;  // writes and syncs together
   int folderSyncs = 0;         // of names that are gone
@@ -25,7 +26,10 @@ struct FileFaults {
   bool silentAfterFolderSync = false;  // from the failing folder sync on nothing can be read or opened
 
   // Whether the step at hand fails.
-  bool Fails() { return ++steps >= failFrom && failFrom > 0; }
+  bool Fails() {
+    const int step = ++steps;
+    return failFrom > 0 && (failOnce ? step == failFrom : step >= failFrom);
+  }
   // Whether the read or opening at hand fails.
   bool FailsToRead() {
     const bool fails = failReadsFrom == 1;
@@ -35,6 +39,7 @@ struct FileFaults {
   void Reset() {
     writes = syncs = steps = folderSyncs = 0;
     failFrom = failFolderSync = failReadsFrom = systemError = 0;
+    failOnce = false;
     failWith = SQLITE_FULL;
     failReadsWith = SQLITE_IOERR_READ;
     silentAfterFolderSync = false;

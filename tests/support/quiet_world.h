@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "desk/elements.h"
@@ -69,7 +70,19 @@ class InstantLoop final : public EventLoop {
     waits.push_back(milliseconds);
     RunPending();
   }
-  void Later(std::function<void()> work) override { work(); }
+  void Later(std::function<void()> work) override {
+    if (defers) {
+      deferred.push_back(std::move(work));
+    } else {
+      work();
+    }
+  }
+  // What was put off while `defers`, as the window does it after the handler.
+  void RunDeferred() {
+    for (const auto& work : std::exchange(deferred, {})) work();
+  }
+  bool defers = false;
+  std::vector<std::function<void()>> deferred;
   std::shared_ptr<void> Every(int, std::function<void()> tick) override {
     timer = tick;
     return std::shared_ptr<void>(this, [this](void*) { timer = nullptr; });

@@ -97,6 +97,60 @@ TEST(FailingDisk, that_breaks_leaves_an_action_whole_or_undone_and_the_desk_goes
   FailAtEveryStep(SQLITE_IOERR_WRITE, ErrorKind::DiskFailed);
 }
 
+// What was undone is undone for the desk too: the counter that the next action reads is that of the files.
+void CountThroughSingleFailures(int failWith) {
+  const SqliteKind kind;
+  Faults().Reset();
+  Stores stores(MakeSqliteEngine(FaultyOptions(kind)));
+  ASSERT_TRUE(stores.Open(kind.Folder()).Ok());
+  const auto post = [&] {
+    Action action(stores, "posting");
+    Cursor counter(stores, "counter");
+    counter.SetDatabaseName("Index.mdb");
+    counter.Open("Mdbindex").Ignore();
+    const bool there = counter.FindFirst("Tarih='2026'").Ok();
+    (there ? counter.Edit() : counter.AddNew()).Ignore();
+    if (!there) counter.Set("Tarih", "2026");
+    counter.Set("Indexi", std::to_string(there ? static_cast<int>(counter.Number("Indexi")) + 1 : 1));
+    counter.Update().Ignore();
+    const Status over = PostOverFourFiles(stores);
+    const Status done = action.Finish();
+    return over.Ok() ? done : over;
+  };
+  const auto counted = [&] {
+    Cursor counter(stores, "counter");
+    counter.SetDatabaseName("Index.mdb");
+    counter.Open("Mdbindex").Ignore();
+    EXPECT_TRUE(counter.FindFirst("Tarih='2026'").Ok());
+    return counter.Number("Indexi");
+  };
+  ASSERT_TRUE(post().Ok());
+  Faults().Reset();
+  ASSERT_TRUE(post().Ok());
+  const int steps = Faults().steps;
+  double count = 2;
+  for (int step = 1; step <= steps + 5; ++step) {
+    SCOPED_TRACE(step);
+    Faults().Reset();
+    Faults().failFrom = step;
+    Faults().failOnce = true;
+    Faults().failWith = failWith;
+    Status outcome = post();
+    Faults().Reset();
+    if (outcome.Kind() == ErrorKind::Unknown) outcome = stores.AskOutcome();
+    if (outcome.Ok()) ++count;
+    EXPECT_EQ(counted(), count);
+    ASSERT_TRUE(post().Ok());
+    ++count;
+    EXPECT_EQ(counted(), count);
+  }
+}
+
+TEST(FailingDisk, a_single_failure_leaves_nothing_of_the_action_in_memory) {
+  CountThroughSingleFailures(SQLITE_IOERR_WRITE);
+  CountThroughSingleFailures(SQLITE_FULL);
+}
+
 TEST(FailingDisk, an_action_that_hit_it_leaves_rows_that_a_fresh_start_reads_the_same) {
   const SqliteKind kind;
   for (int step = 1; step < 60; step += 3) {
