@@ -135,6 +135,10 @@ int CommitRounds::Open(const char* name, sqlite3_file* file, int flags, int* out
   ours->file = held.get();
   if (held->IsJournal()) settled_ = false;
   files_.push_back(std::move(held));
+  // A new journal over one that a cut commit left: the super-journal's name at the end of that would be read as its own.
+  if (opened == SQLITE_OK && ours->file->IsNewJournal()) {
+    if (const int emptied = ours->file->Empty(); emptied != SQLITE_OK) return emptied;
+  }
   constexpr int kMade = SQLITE_OPEN_SUPER_JOURNAL | SQLITE_OPEN_CREATE;
   if (opened == SQLITE_OK && (flags & kMade) == kMade && MayGather()) Gather(*ours->file);
   return opened;

@@ -23,6 +23,10 @@
 // all files, whoever finds its journals deletes none before that sync has been made up for. For a journal that is played back it would not
 // be needed: played back once more it changes nothing, and a later commit syncs the folder before it changes a store.
 //
+// A commit that is cut between rounds 1 and 2 leaves journals without a header, which nobody plays back and SQLite never deletes. Whatever
+// is written over one must not end with its name of a super-journal, so a journal is emptied before it is begun; and a start sweeps those
+// that are left, for the sake of other programs.
+//
 // An action that wrote one file only has a super-journal too, because the engine locks all files for writing. That makes it durable: SQLite
 // syncs the folder behind a super-journal, but not behind a single journal.
 #pragma once

@@ -87,21 +87,32 @@ void RemoveUnnamed(const std::vector<fs::path>& supers, const std::string& folde
   }
 }
 
-// A writer that died in a commit over several files can leave its super-journal ("Karvel.mdb-mj…") behind. Recovery has dealt with the
-// journals that name it; one is kept only if a journal still does. Under the write lock of all files, for then nobody is committing.
-void SweepSuperJournals(Connection& connection, const std::string& folder, Gate& gate) {
+// A journal without a header, which nobody plays back. One of a writer at work looks the same.
+bool IsIdleJournal(const fs::path& path) {
+  if (!path.filename().string().ends_with(".mdb-journal")) return false;
+  std::ifstream file(path, std::ios::binary);
+  return file && file.get() <= 0;
+}
+
+// A writer that died in a commit over several files can leave its super-journal ("Karvel.mdb-mj…") behind, and journals without a header.
+// Recovery has dealt with the journals that count; a super-journal is kept only if one still names it. Under the write lock of all files,
+// for then nobody is committing.
+void SweepLeftOver(Connection& connection, const std::string& folder, Gate& gate) {
   std::error_code ignored;
-  std::vector<fs::path> supers;
+  std::vector<fs::path> supers, journals;
   for (const auto& entry : fs::directory_iterator(folder, ignored)) {
     const std::string name = entry.path().filename().string();
     const auto mark = name.rfind("-mj");
     const bool super = mark != std::string::npos && name.substr(mark + 3).find_first_not_of("0123456789ABCDEF") == std::string::npos;
     if (super && name.size() == mark + 12) supers.push_back(entry.path());
+    if (IsIdleJournal(entry.path())) journals.push_back(entry.path());
   }
   // Another terminal at work leaves the sweep to a later start.
-  if (supers.empty() || !gate.TryTake().Ok()) return;
+  if ((supers.empty() && journals.empty()) || !gate.TryTake().Ok()) return;
   const Status swept = Run(&connection.Database(), "sweep", [&] {
     connection.Execute("BEGIN IMMEDIATE");
+    for (const fs::path& journal : journals)
+      if (IsIdleJournal(journal)) fs::remove(journal, ignored);
     RemoveUnnamed(supers, folder);
     connection.Execute("ROLLBACK");
   });
@@ -195,7 +206,7 @@ Status OpenDataFolder(const std::string& folder, const SqliteOptions& options, P
   if (!opened.Ok()) {
     connection.reset();
   } else if (gated) {
-    SweepSuperJournals(*connection, folder, gate);
+    SweepLeftOver(*connection, folder, gate);
   }
   return opened;
 }

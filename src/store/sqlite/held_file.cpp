@@ -25,6 +25,12 @@ int HeldFile::Close() {
   return methods != nullptr ? methods->xClose(below_) : SQLITE_OK;
 }
 
+int HeldFile::Empty() {
+  sqlite3_int64 size = 0;
+  const int asked = below_->pMethods->xFileSize(below_, &size);
+  return asked != SQLITE_OK || size == 0 ? asked : below_->pMethods->xTruncate(below_, 0);
+}
+
 bool HeldFile::IsHot() {
   char first = 0;
   const int read = below_->pMethods->xRead(below_, &first, 1, 0);

@@ -25,6 +25,10 @@ class HeldFile {
   [[nodiscard]] std::string_view Path() const { return path_; }
   [[nodiscard]] bool IsStore() const { return (flags_ & SQLITE_OPEN_MAIN_DB) != 0; }
   [[nodiscard]] bool IsJournal() const { return (flags_ & SQLITE_OPEN_MAIN_JOURNAL) != 0; }
+  // A journal that SQLite begins, under the lock of its store: nothing that is in the file counts.
+  [[nodiscard]] bool IsNewJournal() const { return IsJournal() && (flags_ & SQLITE_OPEN_CREATE) != 0; }
+  // Takes out whatever is in the file below.
+  int Empty();
   // A journal that somebody would play back: whose first byte is on it.
   [[nodiscard]] bool IsHot();
 

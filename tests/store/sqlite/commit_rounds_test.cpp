@@ -303,6 +303,39 @@ TEST_F(CommitRoundsTest, one_that_fails_is_told_as_the_files_have_it) {
   }
 }
 
+// What a commit that was cut between its first two rounds leaves: pages, no header, and the name of a super-journal that is gone.
+void LeaveCutJournal(const std::string& path, const std::string& super) {
+  std::ofstream file(path, std::ios::binary);
+  const auto number = [](unsigned value) {
+    return std::string{static_cast<char>(value >> 24U), static_cast<char>(value >> 16U), static_cast<char>(value >> 8U),
+                       static_cast<char>(value)};
+  };
+  unsigned sum = 0;
+  for (const char letter : super) sum += static_cast<unsigned char>(letter);
+  file << std::string(60000, '\0') << super << number(static_cast<unsigned>(super.size())) << number(sum)
+       << "\xd9\xd5\x05\xf9\x20\xa1\x63\xd7";
+}
+
+TEST_F(CommitRoundsTest, what_a_cut_commit_left_ends_no_later_journal) {
+  Look(false);
+  for (const Table& table : kFourFiles) LeaveCutJournal(kind_.Path(table.first) + "-journal", kind_.Path("Karvel.mdb-mj123456934"));
+  {
+    Action action(stores_, "undone");
+    auto counter = Opened(stores_, "Index.mdb", "Mdbindex");
+    ASSERT_TRUE(counter->Edit().Ok());
+    counter->Set("Serino", "undone");
+    ASSERT_TRUE(counter->Update().Ok());
+    auto line = Opened(stores_, "Karvel.mdb", "Datam");
+    ASSERT_TRUE(line->AddNew().Ok());
+    ASSERT_TRUE(line->Update().Ok());
+  }
+  EXPECT_NE(Opened(stores_, "Index.mdb", "Mdbindex")->Text("Serino"), "undone") << "what was undone stayed in memory";
+  ExpectInAll(1);
+  ASSERT_TRUE(Post(kFourFiles).Ok());
+  ExpectInAll(2);
+  EXPECT_EQ(RowsElsewhere(), 2);
+}
+
 TEST_F(CommitRoundsTest, an_action_too_large_for_memory_waits_in_the_usual_order) {
   Look(true);
   ASSERT_TRUE(Post({{"Karvel.mdb", "Datam"}, {"Cari.mdb", "CariHareket"}}, 6000).Ok());

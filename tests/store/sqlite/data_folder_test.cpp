@@ -127,6 +127,7 @@ TEST(DataFolder, a_super_journal_left_behind_is_swept_but_one_that_a_journal_nam
   std::ofstream(kind.Path("Cari.mdb-journal")) << std::string(600, '\0') << kind.Path("Karvel.mdb-mjABCDEF912");  // never synced
   ASSERT_TRUE(Terminal(kind)->Open(kind.Folder()).Ok());
   EXPECT_FALSE(fs::exists(kind.Path("Karvel.mdb-mjABCDEF912")));
+  EXPECT_FALSE(fs::exists(kind.Path("Cari.mdb-journal"))) << "another program would begin its own over it";
   EXPECT_TRUE(fs::exists(kind.Path("Karvel.mdb-mj123456934")));
 }
 
