@@ -8,7 +8,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 way=${1:-}
 case $way in
   "" | fix) folders=(src tests benchmarks) ;;
-  core) folders=(src/{text,platform,store,settings,touch,books,desk,accounts,exchange}) ;;
+  core) folders=(src/{text,platform,store,settings,touch,books,desk,accounts,exchange,documents}) ;;
   *) Fail "what is \"$way\"? Without a word, core or fix" ;;
 esac
 

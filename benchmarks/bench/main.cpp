@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "bench/desk_start.h"
+#include "bench/documents.h"
 #include "bench/finds.h"
 #include "bench/lists.h"
 #include "bench/postings.h"
@@ -44,6 +45,7 @@ int main(int count, char** words) {
     AddFinds(shops, table);
     AddLists(shops, table);
     AddPostings(shops, table);
+    AddDocuments(shops, table);
     if (count > 2) AddStart(shops, table, words[2]);
     if (count > 3) AddWindowWaits(shops, table, words[3]);
 

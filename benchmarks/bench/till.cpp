@@ -16,9 +16,11 @@ Till::Till(const std::string& home) : files_(home) {
   }
   stores_ = std::make_unique<Stores>(MakeSqliteEngine({.programFolder = files_.ProgramFolder(), .vfs = {}}));
   desk_ = std::make_unique<Desk>(
-      World{clock_, loop_, files_, messages_, settings_, shell_, keyboard_, window_, scanner_, connection_, *stores_}, "Velmora Karvel1");
+      World{clock_, loop_, files_, messages_, settings_, shell_, keyboard_, window_, scanner_, connection_, printer_, barcodes_, *stores_},
+      "Velmora Karvel1");
   accounts_ = std::make_unique<Accounts>(*desk_);
   exchange_ = std::make_unique<Exchange>(*desk_);
+  documents_ = std::make_unique<Documents>(*desk_, *exchange_);
   keyboard_.elements = &desk_->screen.elements;
   if (!desk_->Load()) throw std::runtime_error(home + ": the desk doesn't start");
   desk_->Activate();
@@ -26,11 +28,15 @@ Till::Till(const std::string& home) : files_(home) {
 
 Till::~Till() = default;
 
-void Till::EnterSale(const std::string& customerCode) {
+void Till::StandOn(const std::string& customerCode) {
   Cursor& customers = desk_->cursors.CariData;
   const Status found = customers.FindFirst("CariKod='" + customerCode + "'");
   if (!found.Ok() || customers.NoMatch()) throw std::runtime_error("no customer " + customerCode);
-  desk_->screen.Text1(0).SetText(customers.Text("Unvan"));
+}
+
+void Till::EnterSale(const std::string& customerCode) {
+  StandOn(customerCode);
+  desk_->screen.Text1(0).SetText(desk_->cursors.CariData.Text("Unvan"));
   desk_->screen.Label1(0).dblClick();
   if (desk_->screen.CariGrid.Visible()) throw std::runtime_error("no sale for " + customerCode);
 }

@@ -6,11 +6,13 @@
 
 #include "accounts/accounts.h"
 #include "desk/desk.h"
+#include "documents/documents.h"
 #include "exchange/exchange.h"
 #include "store/stores.h"
 #include "tests/support/folder_files.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/quiet_world.h"
+#include "tests/support/recording_printer.h"
 
 namespace karvel::bench {
 
@@ -22,6 +24,10 @@ class Till {
 
   [[nodiscard]] Cursors& TheCursors() { return desk_->cursors; }
   [[nodiscard]] Screen& TheScreen() { return desk_->screen; }
+  // What was printed.
+  [[nodiscard]] const std::vector<RecordingPrinter::Job>& Jobs() const { return printer_.jobs; }
+  // The customers' list stands on the one of this code.
+  void StandOn(const std::string& customerCode);
   // Enters the sale of the customer of this code.
   void EnterSale(const std::string& customerCode);
   // Puts an item of this code and a quantity on the screen; posts nothing yet.
@@ -41,10 +47,13 @@ class Till {
   QuietWindow window_;
   TestScanner scanner_;
   TestConnection connection_;
+  RecordingPrinter printer_;
+  PlainBarcodes barcodes_;
   std::unique_ptr<Stores> stores_;
   std::unique_ptr<Desk> desk_;
   std::unique_ptr<Accounts> accounts_;
   std::unique_ptr<Exchange> exchange_;
+  std::unique_ptr<Documents> documents_;
 };
 
 }  // namespace karvel::bench

@@ -209,7 +209,8 @@ int main(int argc, char** argv) {
   ScriptedMessages messages;
   TestConnection connection;
   try {
-    App app(application, "Velmora Karvel1", {.clock = &clock, .messages = &messages, .connection = &connection, .unattended = true});
+    App app(application, "Velmora Karvel1",
+            {.clock = &clock, .messages = &messages, .connection = &connection, .unattended = true, .systemPrinters = false});
     if (!app.Load()) throw std::runtime_error("the desk doesn't start");
     bench::WindowBench window(app, messages);
     if (std::strcmp(what, "wide") == 0) {

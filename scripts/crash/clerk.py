@@ -54,17 +54,19 @@ class Clerk:
         self.chance = chance
         self.instrument = INSTRUMENTS[0]
         self.prints = True
+        self.today = ""
 
     def next(self, minute):
         """The next action, at a minute of the year."""
         kinds = {self.sell: 34, self.collect: 16, self.collect_at_once: 8, self.pay: 8, self.correct: 9, self.cancel: 12, self.receive: 9,
-                 self.open_card: 5, self.wipe: 3, self.delete_card: 2}
+                 self.open_card: 5, self.wipe: 3, self.delete_card: 2, self.tick_lines: 7, self.invoice: 12}
+        day, time = divmod(minute, 8 * 60)
+        now = f"2026-{3 + day // 28:02}-{1 + day % 28:02}T{9 + time // 60:02}:{time % 60:02}:00"
+        self.today = now[:10]
         with_what = None
         while with_what is None:
             kind = self.chance.choices(list(kinds), list(kinds.values()))[0]
             with_what = kind()
-        day, time = divmod(minute, 8 * 60)
-        now = f"2026-{3 + day // 28:02}-{1 + day % 28:02}T{9 + time // 60:02}:{time % 60:02}:00"
         with_what.before.insert(0, {"do": "clock", "now": now})
         return with_what
 
@@ -213,6 +215,30 @@ class Clerk:
         before = self.all_customers(f"Yeni Müşteri {number:05}") + [{"do": "key", "key": "Enter"}, put("CariNew(0)", code), put("CariNew(7)", "0216"),
                                                                     put("CariChk", self.chance.random() < 0.2)]
         return Action("Müşteri Kayıt", before, tap("CariNewCmd(1)"), (), ("Cari.mdb", "SELECT count(*) FROM CariKartlar WHERE CariKod = ?", code), 1)
+
+    def buyers_of_today(self, ticked):
+        """Who bought something today that stands on no invoice, all of it ticked for one or not. No more than fits on one."""
+        found = dict(self.ask("Karvel.mdb", """SELECT CariKod, sum(Sec = 'X') = count(*) FROM Datam WHERE Durum = 'Satış' AND Aciklama = '' AND Tarih LIKE ?
+                              GROUP BY CariKod HAVING count(*) <= 15""", self.today + "%"))
+        return [one for one in self.customers() if found.get(one[0]) == ticked]
+
+    def tick_lines(self):
+        people = self.buyers_of_today(0)
+        if not people:
+            return None
+        code, name = self.chance.choice(people)
+        return Action("Fatura Aç", self.all_customers(name), tap("Command4"), [tap("FatCmd(0)")],
+                      ("Karvel.mdb", "SELECT count(*) FROM Datam WHERE CariKod = ? AND Durum = 'Satış' AND Aciklama = '' AND Tarih LIKE ? AND Sec = ''", code,
+                       self.today + "%"), 0)
+
+    def invoice(self):
+        """Of lines that are ticked already: the opening of the panel then changes nothing."""
+        people = self.buyers_of_today(1)
+        if not people:
+            return None
+        code, name = self.chance.choice(people)
+        seen = ("Fatura.mdb", "SELECT count(*) FROM Faturalar WHERE FatCari = ?", code)
+        return Action("Fatura", self.all_customers(name) + [tap("Command4")], tap("FatCmd(1)"), (), seen, self.ask(*seen)[0][0] + 1)
 
     def menu(self, name):
         return self.only(name) + [{"do": "answer", "with": PASSWORD}, {"do": "rightclick", "at": "CariGrid"}]

@@ -133,6 +133,21 @@ def make_shop(programs, home):
     robot.do({"do": "answer", "with": PASSWORD})
     robot.do({"do": "rightclick", "at": "CariGrid"})
     robot.close()
+    give_invoice_paper(home)
+
+
+def give_invoice_paper(home):
+    """A printer for invoices, and where each item stands on their paper."""
+    with open(os.path.join(home, "C", "KarvelData", "FatSatir.Dat"), "w", encoding="ascii") as layout:
+        layout.write("0,0,0,0\n" + "".join(f"{20 + 10 * box},{40 + 8 * box}\n" for box in range(47)))
+    settings = os.path.join(home, "settings.ini")
+    with open(settings, encoding="utf-8") as file:
+        kept = file.read()
+    title = "[Velmora%20Karvel1]\n"
+    if title not in kept:
+        raise RuntimeError(f"no settings of the terminal in {settings}")
+    with open(settings, "w", encoding="utf-8") as file:
+        file.write(kept.replace(title, title + "Size\\Prnn=Velmora PDF\n"))
 
 
 class Tally:

@@ -26,7 +26,7 @@ class Shop:
 
     def all(self):
         connection = self.open("Cari.mdb")
-        for schema, name in (("stok", "Stok.mdb"), ("karvel", "Karvel.mdb"), ("indeks", "Index.mdb")):
+        for schema, name in (("stok", "Stok.mdb"), ("karvel", "Karvel.mdb"), ("indeks", "Index.mdb"), ("fatura", "Fatura.mdb")):
             connection.execute(f"ATTACH ? AS {schema}", (os.path.join(self.folder, name),))
         connection.execute("BEGIN")  # one moment over all files
         return connection
@@ -91,7 +91,18 @@ def whole_postings(connection, wiped=()):
     find("collections without ledger rows",
          f"SELECT DigerId FROM Datam WHERE Durum NOT IN ({marks}, 'Iptal') AND DigerId NOT IN (SELECT DigerId FROM CariHareket WHERE Nerde = 'C')", *LINES)
     find("stock movements without a line", "SELECT DigerId FROM StokHareket WHERE DigerId NOT IN (SELECT DigerId FROM Datam)")
-    find("ledger rows without a line", "SELECT DigerId FROM CariHareket WHERE DigerId NOT IN (SELECT DigerId FROM Datam)")
+    find("ledger rows without a line", "SELECT DigerId FROM CariHareket WHERE Nerde <> 'F' AND DigerId NOT IN (SELECT DigerId FROM Datam)")
+    find("invoices of one number", "SELECT FaturaNo, count(*) FROM Faturalar GROUP BY FaturaNo HAVING count(*) > 1")
+    find("invoices that differ from their lines",
+         """SELECT f.DigerId FROM Faturalar f LEFT JOIN (SELECT DigerId, sum(FatTutar) t, sum(Kdvsi) k FROM FatHareket GROUP BY DigerId) h ON h.DigerId = f.DigerId
+            WHERE h.t IS NULL OR abs(f.FatTop - h.t) > 0.0005 OR abs(f.FatKdvTut - h.k) > 0.0005""")
+    find("invoices without their tax on the ledger",
+         """SELECT DigerId FROM Faturalar f WHERE (SELECT count(*) FROM CariHareket c WHERE c.DigerId = f.DigerId AND c.Nerde = 'F' AND c.cariharkod = '=110'
+            AND abs(c.Borc - f.FatKdvTut) < 0.0005) <> 1""")
+    find("invoice lines without an invoice", "SELECT DigerId FROM FatHareket WHERE DigerId NOT IN (SELECT DigerId FROM Faturalar)")
+    find("taxes without an invoice", "SELECT DigerId FROM CariHareket WHERE Nerde = 'F' AND DigerId NOT IN (SELECT DigerId FROM Faturalar)")
+    find("lines that name an invoice that isn't there",
+         "SELECT DigerId FROM Datam WHERE Aciklama LIKE 'FatNo %' AND substr(Aciklama, 7) NOT IN (SELECT FaturaNo FROM Faturalar)")
     # A receipt's movement names no customer, and the item by the first letters of its name.
     find("rows of one line that differ",
          """SELECT d.DigerId FROM Datam d JOIN StokHareket s ON s.DigerId = d.DigerId JOIN CariHareket c ON c.DigerId = d.DigerId AND c.Nerde = 'S'

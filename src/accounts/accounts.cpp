@@ -6,7 +6,6 @@
 #include "accounts/day_book_list.h"
 #include "accounts/deleted_lines.h"
 #include "accounts/grid_sorting.h"
-#include "accounts/ledger_view.h"
 #include "accounts/line_cancellation.h"
 #include "accounts/line_correction.h"
 #include "accounts/money_confirmation.h"
@@ -37,7 +36,6 @@ struct Accounts::Features {
   StockReceipt receipt{parts, customer};
   CustomerCard customerCard{parts, customer};
   CustomerRemoval customerRemoval{parts, customer};
-  LedgerView ledgerView{parts, customer};
   GridSorting sorting{parts};
   StockList stockList{parts, button, figure, desk.Overdue()};
   StockCardPanel stockCard{parts};

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "desk/captions.h"
+#include "desk/quiet_line.h"
 #include "desk/refusal.h"
 #include "text/format.h"
 
@@ -103,7 +104,7 @@ void CollectionPanel::Collect() {
   screen_.Label1(5).SetCaption(caption::kCollection);
   const Status booked = money_.PostMoneyMovement();
   if (booked.Ok()) {
-    if (screen_.Command9.Caption() == caption::kWithSlip) screen_.DökNoYaz.Press();
+    if (screen_.Command9.Caption() == caption::kWithSlip) PrintBeside();
     figure_.Show(customer_.StoredBalance());
   }
   const Status posted = money_.WhereThere(booked);
@@ -112,6 +113,13 @@ void CollectionPanel::Collect() {
   // Last: this lets in the codes that waited behind the panel, and they need a desk that takes input.
   if (posted.Ok()) screen_.TahsilatFrame.SetVisible(false);
   ShowRefusal(screen_, world_, posted);
+}
+
+// What was collected stays told beside what became of the slip.
+void CollectionPanel::PrintBeside() {
+  const std::string collected = screen_.Durum.Caption();
+  screen_.DökNoYaz.Press();
+  if (const std::string printed = screen_.Durum.Caption(); printed != collected) Tell(screen_, collected + "; " + printed);
 }
 
 void CollectionPanel::PrintSlip() {

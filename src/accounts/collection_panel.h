@@ -20,7 +20,8 @@ class CollectionPanel {
   void ChooseInstrument(int index);  // Command8
   void AmountKey(KeyEvent& event);   // Text2(2)
   bool PayerStays();
-  void Collect();    // Command7(1)
+  void Collect();  // Command7(1)
+  void PrintBeside();
   void PrintSlip();  // DökNoYaz
 
   Screen& screen_;

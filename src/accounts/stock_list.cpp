@@ -49,6 +49,7 @@ bool StockList::ListsStock() const {
 }
 
 void StockList::Toggled() {
+  if (screen_.StokChk.Checked()) screen_.CiroChk.SetChecked(false);  // the day's turnover gives the list back first
   if (IsWholesale(screen_)) {
     OpenReceipt();  // a wholesaler delivers
     return;
@@ -70,6 +71,7 @@ void StockList::Turn(bool stock) {
   overdue_.Hide();  // it speaks of a customer
   if (stock) {
     button_.Allow(false);
+    screen_.Command1.SetCaption(caption::kPrint);  // nobody is in front who could collect
   } else {
     button_.FollowAmounts();
   }

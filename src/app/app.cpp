@@ -1,5 +1,7 @@
 #include "app/app.h"
 
+#include <unistd.h>
+
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QLocale>
@@ -14,6 +16,7 @@
 #include "app/qt_event_loop.h"
 #include "app/qt_keyboard.h"
 #include "app/qt_messages.h"
+#include "app/qt_printer.h"
 #include "app/qt_shell.h"
 #include "app/qt_window.h"
 #include "app/scanner_keys.h"
@@ -21,10 +24,14 @@
 #include "app/start_notice.h"
 #include "app/system_clock.h"
 #include "app/system_connection.h"
+#include "app/system_printers.h"
 #include "app/theme.h"
+#include "app/zint_barcodes.h"
 #include "desk/desk.h"
+#include "documents/documents.h"
 #include "exchange/exchange.h"
 #include "settings/settings.h"
+#include "settings/terminal.h"
 #include "store/sqlite/sqlite_engine.h"
 #include "store/stores.h"
 
@@ -36,10 +43,29 @@ std::string DesktopFolder(const DiskFiles& files, bool unattended) {
   return QStandardPaths::writableLocation(QStandardPaths::DesktopLocation).toStdString();
 }
 
-SqliteOptions EngineOptions(const DiskFiles& files) {
+// The scratch file is a terminal's own, and lies where programs are written: beside the program, in an installation in the home.
+std::string ScratchFile(const DiskFiles& files, const std::string& title) {
+  const std::string number = TerminalNumber(TerminalNo(title));
+  const bool writable = ::access(files.ProgramFolder().c_str(), W_OK) == 0;
+  if (number == "1" && writable) return {};
+  return (writable ? files.ProgramFolder() : files.HomeFolder() + "/program") + "/DataTemp" + (number == "1" ? "" : number) + ".Mdb";
+}
+
+SqliteOptions EngineOptions(const DiskFiles& files, const std::string& title) {
   SqliteOptions options;
   options.programFolder = files.ProgramFolder();
+  options.scratchFile = ScratchFile(files, title);
   return options;
+}
+
+int DotsPerInch(const Settings& options) {
+  const double told = options.GetNumber(Setting::PrintResolution);
+  return told >= 72 && told <= 1200 ? static_cast<int>(told) : QtPrinter::kDotsPerInch;
+}
+
+std::unique_ptr<SystemPrinters> PrintersOfThisMachine(bool used) {
+  if (used) return std::make_unique<SystemPrinters>();
+  return std::make_unique<NoPrinters>();
 }
 
 template <typename T>
@@ -55,11 +81,13 @@ struct App::Composition {
       : log(files.HomeFolder(), title),
         settings(files.HomeFolder()),
         options(settings, title),
-        messages(files),
+        systemPrinters(PrintersOfThisMachine(parts.systemPrinters)),
+        printer(files, Either<Clock>(parts.clock, clock), *systemPrinters, DotsPerInch(options)),
+        messages(files, printer),
         shell(files, DesktopFolder(files, parts.unattended), parts.unattended),
         window(files.HomeFolder()),
         scanner(options, parts.unattended ? SerialScanner::Device::IfNamed : SerialScanner::Device::Expected),
-        stores(MakeSqliteEngine(EngineOptions(files))),
+        stores(MakeSqliteEngine(EngineOptions(files, title))),
         desk({.clock = Either<Clock>(parts.clock, clock),
               .loop = Either<EventLoop>(parts.loop, loop),
               .files = files,
@@ -70,6 +98,8 @@ struct App::Composition {
               .window = window,
               .scanner = scanner,
               .connection = Either<Connection>(parts.connection, connection),
+              .printer = printer,
+              .barcodes = barcodes,
               .stores = stores},
              title),
         deskWindow(desk) {
@@ -82,6 +112,9 @@ struct App::Composition {
   const Settings options;
   SystemClock clock;
   QtEventLoop loop;
+  const std::unique_ptr<SystemPrinters> systemPrinters;
+  QtPrinter printer;
+  ZintBarcodes barcodes;
   QtMessages messages;
   QtShell shell;
   QtKeyboard keyboard;
@@ -92,6 +125,7 @@ struct App::Composition {
   Desk desk;
   Accounts accounts{desk};
   Exchange exchange{desk};
+  Documents documents{desk, exchange};
   DeskWindow deskWindow;
   ScannerKeys keys{scanner};  // hears a key before the window does
 };
@@ -133,6 +167,9 @@ const DiskFiles& App::TheFiles() const {
 }
 CodeScanner& App::TheScanner() {
   return all_->scanner;
+}
+QtPrinter& App::ThePrinter() {
+  return all_->printer;
 }
 ScannerKeys& App::TheScannerKeys() {
   return all_->keys;

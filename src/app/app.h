@@ -16,6 +16,7 @@ class DeskWindow;
 class DiskFiles;
 class EventLoop;
 class Messages;
+class QtPrinter;
 class ScannerKeys;
 
 // What another program around the same desk brings of its own; null: the machine's is used. All of it outlives the App.
@@ -27,6 +28,8 @@ struct AppParts {
   // A robot makes no sound and leaves the user's desktop alone: its shortcuts go to a folder of the home. It brings the codes itself, and
   // uses a scanner besides only where the settings name its port.
   bool unattended = false;
+  // Whether the printers of the system are used beside "Velmora PDF".
+  bool systemPrinters = true;
 };
 
 class App {
@@ -45,6 +48,7 @@ class App {
   [[nodiscard]] DeskWindow& TheWindow();
   [[nodiscard]] const DiskFiles& TheFiles() const;
   [[nodiscard]] CodeScanner& TheScanner();
+  [[nodiscard]] QtPrinter& ThePrinter();
   [[nodiscard]] ScannerKeys& TheScannerKeys();
 
  private:

@@ -22,6 +22,7 @@ class CodeScanner : public Scanner {
   // Drops what waits.
   void Stop() override;
   void SetEnabled(bool enabled) override;
+  [[nodiscard]] bool Enabled() const override { return enabled_; }
 
   // Takes a whole code into the line.
   void Take(std::string code);

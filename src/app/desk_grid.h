@@ -41,6 +41,7 @@ class DeskGrid : public QAbstractScrollArea {
 
   [[nodiscard]] int RowHeight() const;
   [[nodiscard]] int HeadHeight() const;
+  [[nodiscard]] int BodyHeight() const;  // of the place for rows
   [[nodiscard]] QFont TextFont() const;
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
@@ -75,7 +76,6 @@ class DeskGrid : public QAbstractScrollArea {
   void TrimRows();
   void MeasureExtent();
   void ShowScrollBar();
-  [[nodiscard]] int BodyHeight() const;
   [[nodiscard]] int FullRows() const;
   [[nodiscard]] const Value& TopValue() const;  // the sorted value of the uppermost row shown
   [[nodiscard]] int RowAt(int y) const;         // index of the row held; -1: none

@@ -10,7 +10,8 @@ namespace karvel {
 namespace {
 
 // Entries that do something, in contrast to the options with a check mark.
-constexpr std::array<std::string_view, 6> kCommands{"CarSil", "Yuzde", "Yedek", "FontDialog", "MnPop(11)", "MnPop(12)"};
+constexpr std::array<std::string_view, 8> kCommands{"CarSil",    "Yuzde",     "Yedek",     "FontDialog",
+                                                    "MnPop(10)", "MnPop(11)", "MnPop(12)", "MnPop(13)"};
 
 bool IsCommand(const Element& element) {
   return std::ranges::find(kCommands, element.Name()) != kCommands.end();

@@ -177,7 +177,21 @@ bool DeskWindow::Belongs(const QObject* object) const {
 bool DeskWindow::eventFilter(QObject* object, QEvent* event) {
   if (!IsInput(event->type()) || !Belongs(object)) return QMainWindow::eventFilter(object, event);
   if (event->type() == QEvent::MouseButtonPress) ui_.lastPress = static_cast<QMouseEvent*>(event)->globalPosition().toPoint();
+  if (heard_) return !IsHeard(object, event);
   return !ui_.TakesInput();
+}
+
+void DeskWindow::HearOnly(const Element* element) {
+  heard_ = element;
+}
+
+// What comes to the frame goes on to a widget, and is looked at there.
+bool DeskWindow::IsHeard(QObject* object, QEvent* event) const {
+  if (!object->isWidgetType()) return true;
+  QWidget* const widget = WidgetOf(*heard_);
+  if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
+    if (auto* const button = qobject_cast<QAbstractButton*>(widget)) button->click();
+  return object == widget && event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride;
 }
 
 void DeskWindow::showEvent(QShowEvent* event) {
@@ -206,7 +220,7 @@ void DeskWindow::EndAtOnce() {
 void DeskWindow::closeEvent(QCloseEvent* event) {
   if (!ended_) {
     event->ignore();
-    if (closing_) return;
+    if (closing_ || heard_) return;
     closing_ = true;
     const bool goes = !life_.mayClose || life_.mayClose(byProgram_);
     closing_ = false;

@@ -46,6 +46,9 @@ class DeskWindow : public QMainWindow {
   // Closes without asking the desk, also in the middle of a close request.
   void EndAtOnce();
   void ShowTitleInside(bool shown);
+  // Taps on this element's widget alone are taken, and Escape as a tap on it; the window doesn't close. Null: all are taken again.
+  void HearOnly(const Element* element);
+  [[nodiscard]] const Element* Heard() const { return heard_; }
 
  Q_SIGNALS:
   void activated();
@@ -68,6 +71,7 @@ class DeskWindow : public QMainWindow {
   void ApplyTheme();
   void LayCards();
   bool SpareKey(int code);
+  [[nodiscard]] bool IsHeard(QObject* object, QEvent* event) const;
   [[nodiscard]] bool Belongs(const QObject* object) const;
 
   DeskUi ui_;
@@ -75,6 +79,7 @@ class DeskWindow : public QMainWindow {
   MainLayout* surface_ = nullptr;
   DeskMenus* menus_ = nullptr;
   std::vector<PanelCard*> cards_;
+  const Element* heard_ = nullptr;
   bool activationAsked_ = false, closing_ = false, ended_ = false, byProgram_ = false, pointerBusy_ = false, laying_ = false;
   Connections connections_;
 };

@@ -46,6 +46,7 @@ void MainLayout::BuildTop() {
   top_->addWidget(Of(screen.Text1(0)), 3);
   top_->addWidget(Of(screen.Picture2(0)));
   top_->addWidget(Of(screen.Picture2(1)));
+  ElementBinding::Of(Of(screen.DökNoYaz))->SetPlaced([] { return false; });  // pressed by the desk alone
   auto* const customer = qobject_cast<TouchLabel*>(Of(screen.Label8));
   customer->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   top_->addWidget(customer, 2);

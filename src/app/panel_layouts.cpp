@@ -198,14 +198,15 @@ void Money(Builder& build, DeskUi& ui, const Screen& screen) {
 void Documents(Builder& build, DeskUi& ui, const Screen& screen) {
   build.Card(screen.CariFrame, CardPlace::FillList);
   build.Wide(screen.CariDBGrid, 1);
-  build.Primary(screen.CariHesCmd);
-  build.Row({&screen.CariCmd, &screen.CariHesCmd});
+  build.Primary(screen.CariCmd);
+  build.Row({&screen.CariKapat, &screen.CariCmd});
 
   build.Card(screen.Frame3, CardPlace::OverList, "Yazdır", 420);
   build.Field(0, 0, "Tarih", screen.DTPicker1);
   build.Gap();
   build.Primary(screen.Command5(1));
-  for (const Element* choice : {&screen.Command5(1), &screen.Command5(2), &screen.TahsilatCmd}) build.Wide(*choice);
+  for (const Element* choice : {&screen.Command5(1), &screen.Command5(2), &screen.CariHesCmd, &screen.TahsilatCmd, &screen.YazıcıCmd})
+    build.Wide(*choice);
   build.Row({&screen.VzgCmd, &screen.Command5(0)});
 
   build.Card(screen.FatFrame, CardPlace::FillList, "Fatura");
@@ -232,7 +233,7 @@ void Documents(Builder& build, DeskUi& ui, const Screen& screen) {
   for (int i = 0; i < 4; ++i) build.Grid().setColumnStretch(i, 1);
   build.Wide(screen.FatGrid, 1);
   build.Primary(screen.FatCmd(1));
-  build.Row({&screen.FatCmd(0), &screen.FatCmd(1)});
+  build.Row({&screen.FatCmd(0), &screen.FatPopCmd, &screen.FatCmd(1)});
 
   build.Card(screen.StkFrame, CardPlace::OverList, "Stok Seçimi", 420)->SetMovable();
   build.Wide(screen.List2, 1);
@@ -254,6 +255,7 @@ void Upkeep(Builder& build, const Screen& screen) {
   progress->setTextVisible(false);
   progress->setAccessibleName("Sürüyor");
   waiting->Content().addWidget(progress);
+  build.Wide(screen.DurCmd);
 
   build.Card(screen.BağlantıFrm, CardPlace::OverDesk, "", 460);
   build.Text("Merkez ile bağlantı yok..!");

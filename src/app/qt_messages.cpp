@@ -10,6 +10,7 @@
 #include <QPushButton>
 
 #include "app/disk_files.h"
+#include "app/printer_dialog.h"
 
 namespace karvel {
 namespace {
@@ -47,7 +48,7 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
 
 }  // namespace
 
-QtMessages::QtMessages(const DiskFiles& files) : files_(files) {}
+QtMessages::QtMessages(const DiskFiles& files, const QtPrinter& printer) : files_(files), printer_(printer) {}
 
 MessageAnswer QtMessages::MessageBox(const std::string& text, const std::string& title, MessageIcon icon, MessageButtons buttons) {
   QMessageBox box(IconOf(icon), Q(title), Q(text), QMessageBox::NoButton, QApplication::activeWindow());
@@ -93,6 +94,13 @@ std::optional<FontChoice> QtMessages::FontDialog(const FontChoice& preset) {
   if (box.exec() != QDialog::Accepted) return std::nullopt;
   const QFont chosen = box.selectedFont();
   return FontChoice{chosen.family().toStdString(), chosen.pointSizeF(), chosen.bold()};
+}
+
+std::optional<PrinterChoice> QtMessages::PrinterDialog(const PrinterChoice& preset) {
+  karvel::PrinterDialog box(printer_, preset, QApplication::activeWindow());
+  MakeTouchable(box);
+  if (box.exec() != QDialog::Accepted) return std::nullopt;
+  return box.Choice();
 }
 
 std::optional<std::string> QtMessages::FileDialog(const std::string& title, const std::string& preset) {

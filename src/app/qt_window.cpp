@@ -117,6 +117,10 @@ QWidget* QtWindow::Find(const std::string& elementName) const {
   return element ? window_->WidgetOf(*element) : nullptr;
 }
 
+void QtWindow::HearOnly(const std::string& elementName) {
+  if (window_) window_->HearOnly(window_->Ui().screen.elements.Find(elementName));
+}
+
 void QtWindow::End() {
   if (window_) window_->EndAtOnce();
 }
@@ -137,6 +141,16 @@ int QtWindow::InnerWidth(const std::string& elementName) const {
   if (const auto* grid = qobject_cast<const DeskGrid*>(widget)) return grid->viewport()->width();
   if (const auto* label = qobject_cast<const TouchLabel*>(widget)) return label->InnerWidth();
   return widget->contentsRect().width();
+}
+
+int QtWindow::RowHeight(const std::string& gridName) const {
+  const auto* const grid = qobject_cast<const DeskGrid*>(Find(gridName));
+  return grid ? grid->RowHeight() : 0;
+}
+
+int QtWindow::InnerHeight(const std::string& gridName) const {
+  const auto* const grid = qobject_cast<const DeskGrid*>(Find(gridName));
+  return grid ? grid->BodyHeight() : 0;
 }
 
 void QtWindow::SetDeskFont(const std::string& name, double size, bool bold) {

@@ -26,9 +26,12 @@ class QtWindow : public Window {
   [[nodiscard]] bool IsActive() const override;
   void Raise() override;
   void Close() override;
+  void HearOnly(const std::string& elementName) override;
   void End() override;
   [[nodiscard]] int TextWidth(const std::string& elementName, const std::string& text) const override;
   [[nodiscard]] int InnerWidth(const std::string& elementName) const override;
+  [[nodiscard]] int RowHeight(const std::string& gridName) const override;
+  [[nodiscard]] int InnerHeight(const std::string& gridName) const override;
   void SetDeskFont(const std::string& name, double size, bool bold) override;
   void SetGridFont(const std::string& name, double size, bool bold) override;
 

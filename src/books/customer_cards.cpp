@@ -55,4 +55,20 @@ Outcome<bool> IsCustomerCodeTaken(const Shop& shop, const std::string& code) {
   return std::unexpected(found);
 }
 
+Status ChangeAddress(const Shop& shop, const std::string& code, const CustomerAddress& address) {
+  Action action(shop.stores, "ChangeAddress");
+  if (!action.Begun().Ok()) return action.Finish();
+  BookCursor card(shop.stores, "customer's address", "Cari.Mdb", kCustomerCards);
+  if (Status found = FindCustomer(card, code); !found.Ok()) return found;
+  if (Status begun = card.Edit(); !begun.Ok()) return begun;
+  card.Set("Adres1", address.street);
+  card.Set("Adres2", address.city);
+  card.Set("VergiDa", address.taxOffice);
+  card.Set("VergiNo", address.taxNumber);
+  card.Set("Email", address.email);
+  const Status written = card.Update();
+  const Status done = action.Finish();
+  return written.Ok() ? done : written;
+}
+
 }  // namespace karvel

@@ -19,4 +19,13 @@ Outcome<bool> AddCustomerCard(const Shop& shop, const NewCustomer& customer);
 // Two codes that differ only in the kind of an i are one: they would share a ledger. Looked for among all cards, whatever a list shows.
 Outcome<bool> IsCustomerCodeTaken(const Shop& shop, const std::string& code);
 
+// What an invoice names of a customer beside his name.
+struct CustomerAddress {
+  std::string street, city, taxOffice, taxNumber, email;
+  bool operator==(const CustomerAddress&) const = default;
+};
+
+// Writes it to his card as it stands. NoRecord when the card is gone.
+Status ChangeAddress(const Shop& shop, const std::string& code, const CustomerAddress& address);
+
 }  // namespace karvel

@@ -17,9 +17,16 @@ Status Sum(Stores& stores, const std::string& criteria, double& sum) {
 
 }  // namespace
 
+std::string FromDay(const DateTime& day) {
+  return "Tarih>=#" + Format(day, "mm/dd/yyyy") + " 00:00:00#";
+}
+
+std::string UntilDay(const DateTime& day) {
+  return "Tarih<=#" + Format(day, "mm/dd/yyyy") + " 23:59:59#";
+}
+
 std::string DayCriteria(const DateTime& day) {
-  const std::string date = Format(day, "mm/dd/yyyy");
-  return "Tarih>=#" + date + " 00:00:00# And Tarih<=#" + date + " 23:59:59#";
+  return FromDay(day) + " And " + UntilDay(day);
 }
 
 Status SumUnpaidSales(Stores& stores, const std::string& customerName, const DateTime& day, double& sum) {

@@ -8,7 +8,10 @@
 
 namespace karvel {
 
-// "Tarih>=#mm/dd/yyyy 00:00:00# And Tarih<=#mm/dd/yyyy 23:59:59#".
+// GünBaşı and GünSonu: "Tarih>=#mm/dd/yyyy 00:00:00#", "Tarih<=#mm/dd/yyyy 23:59:59#".
+std::string FromDay(const DateTime& day);
+std::string UntilDay(const DateTime& day);
+// Both, joined by " And ".
 std::string DayCriteria(const DateTime& day);
 
 // A customer's unpaid sales of a day, by his name.

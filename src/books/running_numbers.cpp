@@ -141,9 +141,14 @@ std::string NextIndex(Stores& stores, int mode, const std::string& key) {
   return action.Finish().Ok() ? number : std::string();
 }
 
-std::string NextLineId(const Shop& shop, const DateTime& moment) {
+DocumentId NextDocumentId(const Shop& shop, const DateTime& moment) {
   const std::string serial = NextIndex(shop.stores, 0, Format(moment, "yyyy"));
-  return Format(serial, TerminalNumber(shop.terminalNo) + "0000000000");
+  const std::string padded = TerminalNumber(shop.terminalNo) + "0000000000";
+  return {Format(serial, padded), Format(serial, padded + "0")};
+}
+
+std::string NextLineId(const Shop& shop, const DateTime& moment) {
+  return NextDocumentId(shop, moment).id;
 }
 
 std::string NextLineId(const Shop& shop) {

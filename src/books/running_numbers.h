@@ -19,6 +19,12 @@ std::string NextIndex(Stores& stores, int mode, const std::string& key);
 std::string NextLineId(const Shop& shop, const DateTime& moment);
 std::string NextLineId(const Shop& shop);  // of this moment
 
+// The ids of a document, by one running number: as that of a line, and with one zero more, which its lines bear beside it.
+struct DocumentId {
+  std::string id, longer;
+};
+DocumentId NextDocumentId(const Shop& shop, const DateTime& moment);
+
 // Brings Indexi of this moment's year up to the highest count that a line of any terminal bears: a file of numbers that was lost, or put
 // back from an old copy, would give ids anew, and what is done to one of two lines of one id is done to both. Looked up on indexes, in some
 // hundredths of a second however many lines there are. Books and numbers that can't be read are a failure.

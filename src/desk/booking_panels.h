@@ -18,8 +18,9 @@ struct BookingPanel {
 };
 
 // The one that lies uppermost comes first.
-inline std::array<BookingPanel, 5> BookingPanels(Screen& screen) {
+inline std::array<BookingPanel, 6> BookingPanels(Screen& screen) {
   return {{{&screen.TahsilatFrame, &screen.Command7(0), false},
+           {&screen.FatFrame, &screen.FatCmd(0), true},
            {&screen.StokAl, &screen.StokAlCmd(0), true},
            {&screen.CariFrm, &screen.CariNewCmd(0), true},
            {&screen.StokGiris, &screen.StokNewCmd(0), true},

@@ -28,8 +28,8 @@ inline constexpr const char *kCustomerGroups = "Cari", *kStockGroups = "Stok";
 // Command9 and NakitCmd, of the collection panel.
 inline constexpr const char *kWithSlip = "Yazıcı Var", *kWithoutSlip = "Yazıcı Yok";
 inline constexpr const char *kOnAccount = "Cari Hesap", *kInCash = "Nakit";
-// Command5(2).
-inline constexpr const char* kPrintAll = "Tümünü Yazdır";
+// Command5(2): at first, and once it waits for the date from which all is printed.
+inline constexpr const char *kPrintAll = "Tümünü Yazdır", *kPrintFromDate = "Yazdır";
 }  // namespace caption
 
 // The customer list is shown. False in a sale, and while the deleted lines stand in its place.

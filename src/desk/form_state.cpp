@@ -20,6 +20,7 @@ std::vector<std::pair<std::string, Value>> FormState::ByName() const {
       {"EditLineId", EditLineId},
       {"ScannedSerial", ScannedSerial},
       {"SlipNo", SlipNo},
+      {"DökYazıcı", DökYazıcı},
       {"SerialEntryOn", SerialEntryOn},
       {"CustomerGroup", CustomerGroup},
       {"StockGroup", StockGroup},

@@ -31,6 +31,7 @@ struct FormState {
   std::string ScannedSerial;
   std::string SlipNo;  // six digits, empty between slips
   std::array<std::string, 6> CompanyLines;
+  std::string DökYazıcı;  // printer of statements and reports
   bool SerialEntryOn = false;
   std::string CustomerGroup, StockGroup;
   Cursor* ActiveCursor = nullptr;  // CariData or StokData, the list in front

@@ -42,15 +42,15 @@ void GroupList::Chosen() {
   if (showing_ || !screen_.ComboCmd.Visible()) return;
   if (!ListsCustomerGroups(screen_)) {
     StockGroupChosen();
-  } else if (!AtRest(screen_)) {
+  } else if (!AtRest(screen_) || screen_.CiroChk.Checked()) {
     KeepForLater();
   } else {
     ShowCustomersOf(screen_.GurupCombo.Text());
   }
 }
 
-// In a sale the customer stays: another list under it would book the sale elsewhere. The deleted lines stay too, until their tick goes. The
-// prices follow at once, the list when it is in front again.
+// In a sale the customer stays: another list under it would book the sale elsewhere. The deleted lines and the day's turnover stay too,
+// until their tick goes. The prices follow at once, the list when it is in front again.
 void GroupList::KeepForLater() {
   Keep(screen_.GurupCombo.Text());
   waits_ = true;

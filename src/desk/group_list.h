@@ -39,7 +39,7 @@ class GroupList {
   CustomerInFront& customer_;
   bool showing_ = false;
   std::string listed_;  // the group whose customers are listed, under whatever groups stand in GurupCombo; "": that of the settings
-  bool waits_ = false;  // a group chosen in a sale, or over the deleted lines, waits until they are left
+  bool waits_ = false;  // a group chosen in a sale, over the deleted lines or the turnover waits until they are left
   Connections connections_;
 };
 

@@ -39,6 +39,12 @@ void LayOutLists(Screen& screen, const FormState& form, Cursors& cursors) {
                                  {"Tahsilat", "Tahsilat", true, Align::Right, price},
                                  {"Olay", "Durum"}});
   screen.HareketGrid.SetSource(&cursors.HareketData);
+  screen.FatGrid.SetColumns({{"Stok Adı", "StokAd"},
+                             {"Miktar", "Miktar", true, Align::Right, quantity},
+                             {"Fiyat", "Fiyat", true, Align::Right, price},
+                             {"Tutar", "Tutar", true, Align::Right, price},
+                             {"Seç", "Sec", true, Align::Center}});
+  screen.FatGrid.SetSource(&cursors.HareketData);
   // These two are shown in a sale alone.
   screen.StokGrid.SetVisible(false);
   screen.HareketGrid.SetVisible(false);

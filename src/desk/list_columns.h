@@ -12,7 +12,7 @@ namespace karvel {
 // Of CariGrid, which shows customers at rest and turns to stock cards.
 std::vector<GridColumn> CustomerColumns(const FormState& form);
 std::vector<GridColumn> StockStatusColumns(const FormState& form);
-// All three lists of the desk with their columns and cursors, the two of a sale hidden.
+// The three lists of the desk and that of the invoice with their columns and cursors, the two of a sale hidden.
 void LayOutLists(Screen& screen, const FormState& form, Cursors& cursors);
 
 }  // namespace karvel

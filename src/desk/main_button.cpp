@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "desk/captions.h"
+#include "desk/list_in_front.h"
 #include "desk/refusal.h"
 #include "platform/scanner.h"
 #include "text/format.h"
@@ -93,8 +94,8 @@ void MainButton::Allow(bool allowed) {
 
 void MainButton::FollowAmounts() {
   if (!OffersPosting()) return;
-  // While the list shows stock or deleted lines there is no customer to post to.
-  const bool customers = !screen_.StokChk.Checked() && !screen_.SilinenChk.Checked();
+  // While the list shows stock, the day's turnover or deleted lines there is no customer to post to.
+  const bool customers = ListsCustomers(screen_) && !screen_.SilinenChk.Checked();
   Allow(customers && NumberOrZero(screen_.Text2(1).Text()) + NumberOrZero(screen_.Text2(2).Text()) != 0);
 }
 

@@ -74,12 +74,6 @@ SaleFields::SaleFields(const DeskParts& parts, PriceFloor& floor, MainButton& bu
   screen.Label2.SetFontName("Agency FB");
   connections_ += screen.Label2.changed.Connect([&screen] { screen.Label2.SetCaption(Format(screen.Label2.Caption(), "#,##0.00")); });
   connections_ += screen.Text3.changed.Connect([this] { TakePadValue(); });
-  for (int i = 0; i < screen.Label9.Count(); ++i) {
-    Element& figure = screen.Label9(i);
-    connections_ += figure.changed.Connect([&figure] {
-      if (figure.Caption().empty()) figure.SetCaption("0");
-    });
-  }
 }
 
 void SaleFields::Changed(int index) {

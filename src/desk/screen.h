@@ -82,8 +82,8 @@ class Screen {
   Element& StokChk = One("StokChk", Kind::CheckBox, "Stok", &Form1);
   Element& CiroChk = One("CiroChk", Kind::CheckBox, "Ciro", &Form1);
   Element& SilinenChk = One("SilinenChk", Kind::CheckBox, "Silinen", &Form1);
-  Element& Text3 = Hidden("Text3", Kind::TextBox, "", &Form1);  // the numeric pad's answer
-  Element& DökNoYaz = Hidden("DökNoYaz", Kind::Button, "", &Form1);
+  Element& Text3 = Hidden("Text3", Kind::TextBox, "", &Form1);    // the numeric pad's answer
+  Element& DökNoYaz = One("DökNoYaz", Kind::Button, "", &Form1);  // a trigger that no window shows: hidden, the open slip is meant
 
   // Serial numbers.
   Element& Text4 = One("Text4", Kind::TextBox, "", &Frame4);
@@ -117,12 +117,14 @@ class Screen {
 
   // Statement and print choice.
   GridElement& CariDBGrid = elements.AddGrid("CariDBGrid", &CariFrame);
-  Element& CariHesCmd = One("CariHesCmd", Kind::Button, "Yazdır", &CariFrame);
   Element& CariCmd = One("CariCmd", Kind::Button, "Tümünü Yazdır", &CariFrame);
+  Element& CariKapat = One("CariKapat", Kind::Button, "Kapat", &CariFrame);
   Element& DTPicker1 = One("DTPicker1", Kind::DatePicker, "", &Frame3);
   ElementArray Command5 = Many("Command5", Kind::Button, {"Kapat", "Günlük Yazdır ", "Tümünü Yazdır"}, &Frame3);
+  Element& CariHesCmd = One("CariHesCmd", Kind::Button, "Cari Hesap Dökümü", &Frame3);
   Element& VzgCmd = One("VzgCmd", Kind::Button, "Vazgeç", &Frame3);
   Element& TahsilatCmd = One("TahsilatCmd", Kind::Button, "Tahsilat Fişi", &Frame3);
+  Element& YazıcıCmd = One("YazıcıCmd", Kind::Button, "Yazıcı", &Frame3);  // names the printer in use, and lets choose another
 
   // Day figures.
   ElementArray Label9 = Many("Label9", Kind::Label, {"0", "0", "0", "0", "0", "0", "0", "0", "0", "0", "0"}, &CiroFrm);
@@ -136,12 +138,14 @@ class Screen {
   Element& FatDüzChk = One("FatDüzChk", Kind::CheckBox, "Düz Fatura", &FatFrame);
   GridElement& FatGrid = elements.AddGrid("FatGrid", &FatFrame);
   ElementArray FatCmd = Many("FatCmd", Kind::Button, {"Kapat", "Yazdır"}, &FatFrame);
+  Element& FatPopCmd = One("FatPopCmd", Kind::Button, "Seçenekler", &FatFrame);  // opens FatPop for a finger
   Element& List2 = One("List2", Kind::List, "", &StkFrame);
 
   // Backup, please wait, no connection.
   Element& Drive1 = One("Drive1", Kind::Combo, "", &Frame1);
   ElementArray Command10 = Many("Command10", Kind::Button, {"Vazgeç", "Yedekle"}, &Frame1);
   Element& Label16 = One("Label16", Kind::Label, "Bilgiler Düzenleniyor, Lütfen Bekleyiniz.....", &Frame5);
+  Element& DurCmd = Hidden("DurCmd", Kind::Button, "Durdur", &Frame5);  // stops a print that takes long
 
   // Menus. A menu without a panel opens as a pop-up under its name.
   Element& PopMenu = One("PopMenu", Kind::Menu, "", &Form1);

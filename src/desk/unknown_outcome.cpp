@@ -22,25 +22,12 @@ UnknownOutcome::UnknownOutcome(const DeskParts& parts, MainButton& button)
 void UnknownOutcome::Hold() {
   form_.WhenBooked = nullptr;
   timer_ = world_.loop.Every(kLookMilliseconds, [this] { Look(); });
-  if (!held_.empty()) return;
-  for (Element* const button : {&screen_.Command2, &screen_.Command7(1), &screen_.StokAlCmd(1), &screen_.CariNewCmd(1), &screen_.CarSil}) {
-    held_.push_back({button, button->Enabled()});
-    button->SetEnabled(false);
-  }
-  // Who switches one on meanwhile is heard when it is released.
-  for (Held& held : held_) {
-    holding_ += held.button->altered.Connect([&held] {
-      if (!held.button->Enabled()) return;
-      held.wanted = true;
-      held.button->SetEnabled(false);
-    });
-  }
+  held_.Hold({&screen_.Command2, &screen_.Command7(1), &screen_.StokAlCmd(1), &screen_.CariNewCmd(1), &screen_.CarSil, &screen_.FatCmd(1)});
 }
 
 void UnknownOutcome::Release() {
   timer_ = nullptr;
-  holding_ = {};
-  for (const Held& held : std::exchange(held_, {})) held.button->SetEnabled(held.wanted);
+  held_.Release();
 }
 
 void UnknownOutcome::Look() {

@@ -5,9 +5,9 @@
 
 #include <functional>
 #include <memory>
-#include <vector>
 
 #include "books/shop.h"
+#include "desk/held_off.h"
 #include "desk/main_button.h"
 #include "desk/parts.h"
 
@@ -34,11 +34,6 @@ class UnknownOutcome {
   UnknownOutcome(const DeskParts& parts, MainButton& button);
 
  private:
-  // A button that posts, and whether it would be on.
-  struct Held {
-    Element* button;
-    bool wanted;
-  };
   void Hold();
   void Release();
   void Look();
@@ -50,10 +45,9 @@ class UnknownOutcome {
   FormState& form_;
   const World& world_;
   MainButton& button_;
-  std::vector<Held> held_;
+  HeldOff held_;
   bool warns_ = false;
   std::shared_ptr<void> timer_;
-  Connections holding_;
   Connections connections_;
 };
 

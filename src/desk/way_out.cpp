@@ -23,6 +23,14 @@ bool WayOut::Leave() {
     }
     return true;
   }
+  if (screen.CariFrame.IsShown()) {
+    screen.CariKapat.Press();
+    return true;
+  }
+  if (screen.Frame3.IsOpen() && screen.Frame3.IsShown()) {
+    screen.VzgCmd.Press();
+    return true;
+  }
   if (!screen.Vadefrm.IsShown()) return false;
   screen.Vadefrm.SetVisible(false);
   return true;

@@ -14,6 +14,8 @@ class Keyboard;
 class Window;
 class Scanner;
 class Connection;
+class Printer;
+class Barcodes;
 class Stores;
 
 struct World {
@@ -27,6 +29,8 @@ struct World {
   Window& window;
   Scanner& scanner;
   Connection& connection;
+  Printer& printer;
+  Barcodes& barcodes;
   Stores& stores;
 };
 

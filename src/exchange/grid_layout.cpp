@@ -99,7 +99,7 @@ void GridLayout::Load(GridElement& grid) {
   } else {
     FitToHeadings(grid, columns);
     PadHeadings(grid, columns);
-    StretchSecond(grid, columns);
+    Stretch(grid, columns, 1);
   }
   grid.SetColumns(std::move(columns));
   if (!kept) Save(grid);
@@ -113,9 +113,10 @@ void GridLayout::Save(GridElement& grid) {
 }
 
 void GridLayout::Resized(GridElement& grid) {
-  if (&grid == &screen_.StokGrid) {
+  // The name takes what the figures leave: in the list of an invoice it stands first.
+  if (&grid == &screen_.StokGrid || &grid == &screen_.FatGrid) {
     std::vector<GridColumn> columns = grid.Columns();
-    StretchSecond(grid, columns);
+    Stretch(grid, columns, &grid == &screen_.FatGrid ? 0 : 1);
     grid.SetColumns(std::move(columns));
   }
   Save(grid);
@@ -146,12 +147,12 @@ void GridLayout::FitToHeadings(const GridElement& grid, std::vector<GridColumn>&
     column.width = std::max(TextWidth(grid, "  " + Trim(column.caption) + " "), TextWidth(grid, CommonCellOf(column)));
 }
 
-void GridLayout::StretchSecond(const GridElement& grid, std::vector<GridColumn>& columns) const {
-  if (columns.size() < 2) return;
+void GridLayout::Stretch(const GridElement& grid, std::vector<GridColumn>& columns, std::size_t stretched) const {
+  if (columns.size() <= stretched) return;
   double rest = world_.window.InnerWidth(grid.Name()) * kTwipsPerPixel;
   for (std::size_t i = 0; i < columns.size(); ++i)
-    if (i != 1 && columns[i].visible) rest -= columns[i].width;
-  columns[1].width = std::max(0.0, rest);
+    if (i != stretched && columns[i].visible) rest -= columns[i].width;
+  columns[stretched].width = std::max(0.0, rest);
 }
 
 double GridLayout::TextWidth(const GridElement& grid, const std::string& text) const {

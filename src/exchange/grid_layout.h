@@ -35,8 +35,8 @@ class GridLayout {
   // Centres the headings by blanks around them.
   void PadHeadings(const GridElement& grid, std::vector<GridColumn>& columns) const;
   void FitToHeadings(const GridElement& grid, std::vector<GridColumn>& columns) const;
-  // Column 1 takes what the other visible columns leave of the grid.
-  void StretchSecond(const GridElement& grid, std::vector<GridColumn>& columns) const;
+  // One column takes what the other visible columns leave of the grid.
+  void Stretch(const GridElement& grid, std::vector<GridColumn>& columns, std::size_t stretched) const;
   [[nodiscard]] double TextWidth(const GridElement& grid, const std::string& text) const;
 
   Screen& screen_;

@@ -15,6 +15,7 @@ class Scanner {
   virtual void Stop() = 0;
   // Off: a code that is read meanwhile is kept and reported when it is switched on again.
   virtual void SetEnabled(bool enabled) = 0;
+  [[nodiscard]] virtual bool Enabled() const = 0;
   // A whole code, without its end mark.
   Signal<const std::string&> codeRead;
 };

@@ -26,7 +26,12 @@ int main(int argc, char** argv) {
   world.connection.Set(qgetenv("KARVEL_CONNECTION") != "down");
   QtEventLoop loop([&world] { return world.clock.IsFixed(); });
   App app(application, title.empty() ? ProgramTitle(argv[0] ? argv[0] : "") : title,
-          {.clock = &world.clock, .loop = &loop, .messages = &world.messages, .connection = &world.connection, .unattended = true});
+          {.clock = &world.clock,
+           .loop = &loop,
+           .messages = &world.messages,
+           .connection = &world.connection,
+           .unattended = true,
+           .systemPrinters = qgetenv("KARVEL_PRINTERS") == "system"});
   Robot robot(app, world, fileno(stdin), stdout);
   if (!app.Load()) {
     // What the clerk would have read.

@@ -12,6 +12,7 @@
 #include "app/code_scanner.h"
 #include "app/desk_grid.h"
 #include "app/desk_window.h"
+#include "app/disk_files.h"
 #include "app/scanner_keys.h"
 #include "desk/desk.h"
 #include "robot/setting_values.h"
@@ -49,7 +50,12 @@ Json Answered(const Work& work) {
 }  // namespace
 
 Requests::Requests(App& app, RobotWorld& world)
-    : desk_(app.TheDesk()), window_(app.TheWindow()), scanner_(app.TheScanner()), scannerKeys_(app.TheScannerKeys()), world_(world) {
+    : desk_(app.TheDesk()),
+      window_(app.TheWindow()),
+      scanner_(app.TheScanner()),
+      scannerKeys_(app.TheScannerKeys()),
+      world_(world),
+      printed_(app.ThePrinter(), app.TheFiles().HomeFolder()) {
   targets_.Add({.name = "Form1",
                 .elements = [this] { return &desk_.screen.elements; },
                 .widgetOf = [this](const Element& element) { return window_.WidgetOf(element); },
@@ -96,7 +102,7 @@ void Requests::AddWorldHandlers() {
     return kDone;
   };
   handlers_["messages"] = [this](const Json&) { return Json{{"messages", world_.messages.TakeShown()}}; };
-  handlers_["printed"] = [this](const Json&) { return Json{{"printed", world_.printed.Take()}}; };
+  handlers_["printed"] = [this](const Json&) { return Json{{"jobs", printed_.Take()}}; };
   handlers_["clock"] = [this](const Json& request) { return DoClock(request); };
   handlers_["connection"] = [this](const Json& request) {
     world_.connection.Set(BooleanOf(request, "up"));
@@ -124,7 +130,14 @@ Json Requests::Handle(const std::string& line) {
 
 std::optional<Json> Requests::HandleEarly(const std::string& line) {
   const Json request = Json::parse(line, nullptr, false);
-  if (!request.is_object() || !request.contains("do") || request["do"] != "connection") return std::nullopt;
+  if (!request.is_object()) return std::nullopt;
+  const auto reads = [&](const char* field, const std::string& text) {
+    const auto found = request.find(field);
+    return found != request.end() && *found == text;
+  };
+  const bool stops = window_.Heard() && reads("at", window_.Heard()->Name());
+  if (!stops && !reads("do", "connection")) return std::nullopt;
+  if (stops) QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);  // it has its place before it is tapped
   return Answered([&] { return Do(request); });
 }
 

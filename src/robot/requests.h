@@ -7,6 +7,7 @@
 
 #include "robot/answers.h"
 #include "robot/hand.h"
+#include "robot/printed_jobs.h"
 #include "robot/robot_world.h"
 #include "robot/targets.h"
 
@@ -27,7 +28,8 @@ class Requests {
   // No line makes it throw.
   [[nodiscard]] Json Handle(const std::string& line);
   // Does what a line asks that is about the world outside and needs no desk, also while the desk is in the middle of something that waits
-  // for it. Lets no events run. Nothing for any other line.
+  // for it. So does a tap on the
+  // one element that the window hears. Nothing for any other line.
   [[nodiscard]] std::optional<Json> HandleEarly(const std::string& line);
   // The desk that opens waits for the network, and only a request can bring it.
   [[nodiscard]] bool DeskAwaitsConnection() const;
@@ -53,6 +55,7 @@ class Requests {
   CodeScanner& scanner_;
   ScannerKeys& scannerKeys_;
   RobotWorld& world_;
+  PrintedJobs printed_;
   Targets targets_;
   std::map<std::string, Handler, std::less<>> handlers_;
 };

@@ -36,6 +36,7 @@ Robot::Robot(App& app, RobotWorld& world, int input, std::FILE* output)
     PumpSoon();
   });
   connections_ += app.TheDesk().screen.BağlantıFrm.altered.Connect([this] { PumpSoon(); });
+  connections_ += app.TheDesk().screen.DurCmd.altered.Connect([this] { PumpSoon(); });
   connect(&window_, &DeskWindow::closed, this, [this] { closed_ = true; });
 }
 

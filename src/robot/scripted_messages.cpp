@@ -42,6 +42,25 @@ std::optional<FontChoice> ReadFont(const std::string& text) {
   return font;
 }
 
+// The number between two commas, or behind the last; what isn't told stays.
+void TakeNumber(std::string& rest, int& number) {
+  if (rest.empty()) return;
+  const std::size_t comma = rest.find(',');
+  number = static_cast<int>(NumberOrZero(rest.substr(0, comma)));
+  rest = comma == std::string::npos ? "" : rest.substr(comma + 1);
+}
+
+PrinterChoice ReadPrinter(const std::string& text, const PrinterChoice& preset) {
+  PrinterChoice choice = preset;
+  const std::size_t comma = text.find(',');
+  choice.deviceName = Trim(text.substr(0, comma));
+  std::string rest = comma == std::string::npos ? "" : text.substr(comma + 1);
+  TakeNumber(rest, choice.paperSize);
+  TakeNumber(rest, choice.orientation);
+  TakeNumber(rest, choice.copies);
+  return choice;
+}
+
 }  // namespace
 
 Json ScriptedMessages::TakeShown() {
@@ -90,6 +109,14 @@ std::optional<FontChoice> ScriptedMessages::FontDialog(const FontChoice& preset)
   const std::optional<FontChoice> font = entered ? ReadFont(*entered) : std::nullopt;
   Record("", "Font", "None", "OKCancel", font ? *entered : "Cancel");
   return font;
+}
+
+std::optional<PrinterChoice> ScriptedMessages::PrinterDialog(const PrinterChoice& preset) {
+  const std::optional<std::string> entered =
+      NextText(fmt::format("{}, {}, {}, {}", preset.deviceName, preset.paperSize, preset.orientation, preset.copies));
+  Record("", "Printer", "None", "OKCancel", entered.value_or("Cancel"));
+  if (!entered) return std::nullopt;
+  return ReadPrinter(*entered, preset);
 }
 
 std::optional<std::string> ScriptedMessages::FileDialog(const std::string& title, const std::string& preset) {

@@ -12,7 +12,8 @@ namespace karvel {
 // default: OK; No of Yes and No; Cancel where something is asked for.
 class ScriptedMessages : public Messages {
  public:
-  // "Yes", "No", "OK", "Cancel", or the text to enter; a font is given as "Name, 10" (points).
+  // "Yes", "No", "OK", "Cancel", or the text to enter; a font is given as "Name, 10" (points), a printer as its
+  // name or as "Name, 11, 2, 1": paper size, orientation and copies behind it, as far as they are told.
   void QueueAnswer(const std::string& answer) { answers_.push_back(answer); }
   // The boxes since the last call: text, title, icon, buttons, answer.
   [[nodiscard]] Json TakeShown();
@@ -20,6 +21,7 @@ class ScriptedMessages : public Messages {
   MessageAnswer MessageBox(const std::string& text, const std::string& title, MessageIcon icon, MessageButtons buttons) override;
   std::optional<std::string> InputBox(const std::string& prompt, const std::string& title, const std::string& preset) override;
   std::optional<FontChoice> FontDialog(const FontChoice& preset) override;
+  std::optional<PrinterChoice> PrinterDialog(const PrinterChoice& preset) override;
   std::optional<std::string> FileDialog(const std::string& title, const std::string& preset) override;
 
  private:

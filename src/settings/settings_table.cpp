@@ -49,6 +49,7 @@ constexpr std::array<SettingEntry, kSettingCount> kTable = {{
     {S::ScannerOn,        Title, "Karvel",      "BarkodOku",   "", "menu Barkod Oku: scanner on"},
     {S::ScannerPort,      Title, "Karvel",      "BarkodPort",  "", "serial port of the scanner: /dev/ttyUSB0, COM3; empty: the first USB one found"},
     {S::ScannerSpeed,     Title, "Karvel",      "BarkodHız",   "9600", "speed of that port, bits a second"},
+    {S::PrintResolution,  Title, "Karvel",      "YazıcıNokta", "203", "dots an inch in which documents are laid out"},
     {S::DeskFontName,     Title, "Font",        "FontName",    "", "desk font"},
     {S::DeskFontSize,     Title, "Font",        "FontSize",    "", "desk font, points"},
     {S::DeskFontBold,     Title, "Font",        "FontBold",    "", "desk font, bold"},

@@ -50,6 +50,7 @@ enum class Setting {
   ScannerOn,
   ScannerPort,
   ScannerSpeed,
+  PrintResolution,
   DeskFontName,
   DeskFontSize,
   DeskFontBold,

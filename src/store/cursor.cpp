@@ -358,6 +358,10 @@ std::vector<GridRow> Cursor::RowsFromStart(int count) const {
   return RowsAt(0, count);
 }
 
+Status Cursor::RowsFromStart(int count, std::vector<GridRow>& rows) const {
+  return impl_->LogFailure("rows", impl_->position.Rows({RowRange::From::Start, nullptr, count, 0}, rows));
+}
+
 std::vector<GridRow> Cursor::RowsFromEnd(int count) const {
   std::vector<GridRow> rows;
   RowsFromEnd(count, rows).Ignore();
@@ -370,8 +374,12 @@ Status Cursor::RowsFromEnd(int count, std::vector<GridRow>& rows) const {
 
 std::vector<GridRow> Cursor::RowsAfter(const GridRow& row, int count) const {
   std::vector<GridRow> rows;
-  impl_->LogFailure("rows", impl_->position.Rows({RowRange::From::Behind, &row, count, 0}, rows)).Ignore();
+  RowsAfter(row, count, rows).Ignore();
   return rows;
+}
+
+Status Cursor::RowsAfter(const GridRow& row, int count, std::vector<GridRow>& rows) const {
+  return impl_->LogFailure("rows", impl_->position.Rows({RowRange::From::Behind, &row, count, 0}, rows));
 }
 
 std::vector<GridRow> Cursor::RowsBefore(const GridRow& row, int count) const {

@@ -107,9 +107,11 @@ class Cursor {
   // Up to `count` rows of the source in its order: from the first, before the last, or beside a row that was shown (which may be gone
   // since).
   [[nodiscard]] std::vector<GridRow> RowsFromStart(int count) const;
+  Status RowsFromStart(int count, std::vector<GridRow>& rows) const;  // tells what could not be read; so do its like
   [[nodiscard]] std::vector<GridRow> RowsFromEnd(int count) const;
-  Status RowsFromEnd(int count, std::vector<GridRow>& rows) const;  // tells what could not be read
+  Status RowsFromEnd(int count, std::vector<GridRow>& rows) const;
   [[nodiscard]] std::vector<GridRow> RowsAfter(const GridRow& row, int count) const;
+  Status RowsAfter(const GridRow& row, int count, std::vector<GridRow>& rows) const;
   [[nodiscard]] std::vector<GridRow> RowsBefore(const GridRow& row, int count) const;  // in source order, the nearest last
   [[nodiscard]] std::vector<GridRow> RowsAt(std::int64_t position, int count) const;   // O(position)
   // The row's position from 0. O(position).

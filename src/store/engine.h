@@ -48,6 +48,12 @@ struct FieldValue {
   Value value;   // of the column's type
 };
 
+// What the rows with one text in a column sum up to.
+struct TextSum {
+  std::string text;
+  double sum = 0;
+};
+
 class Engine {
  public:
   virtual ~Engine() = default;
@@ -73,6 +79,9 @@ class Engine {
   virtual Status CountBefore(const RowQuery& query, const GridRow& row, std::int64_t& count) = 0;
   // The sum of the number column at this position; Null when no row matched.
   virtual Status Sum(const RowQuery& query, int position, Value& sum) = 0;
+  // The same for each text that stands in the column `by`, in no order; texts that only compare alike are told apart. `sums` is emptied
+  // first. One walk over the rows, however many texts there are.
+  virtual Status SumBy(const RowQuery& query, int position, int by, std::vector<TextSum>& sums) = 0;
   // NoRecord when the row is gone. For an edit, inside a transaction, no other writer can change the row until the transaction ends.
   virtual Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool forEdit, GridRow& row) = 0;
 

@@ -99,7 +99,7 @@ Status Stores::Commit() {
   }
   if (!outcome.Ok()) ++undoings_;
   ShowWrittenTables();
-  return Ended(name, std::move(outcome));
+  return Ended(name, outcome);
 }
 
 Status Stores::AskOutcome() {
@@ -109,10 +109,10 @@ Status Stores::AskOutcome() {
   const std::string name = std::exchange(unknownAction_, {});
   ++undoings_;
   ShowStale([](const Cursor&) { return true; });
-  return Ended(name, std::move(outcome));
+  return Ended(name, outcome);
 }
 
-Status Stores::Ended(const std::string& name, Status outcome) {
+Status Stores::Ended(const std::string& name, const Status& outcome) {
   if (!outcome.Message().empty()) Log(fmt::format("{}: {}", name, outcome.Message()));
   if (outcome.Kind() == ErrorKind::Unknown) {
     unknownAction_ = name;
@@ -175,6 +175,19 @@ Status Stores::QueryValue(const std::string& databaseName, const std::string& qu
   if (parsed.kind != dialect::StatementKind::Sum) return {ErrorKind::BadText, "not a sum query"};
   const RowQuery rows{file, parsed.table, {parsed.where}, {}};
   return Read([&](Engine& engine) { return engine.Sum(rows, parsed.sumPosition, result); });
+}
+
+Status Stores::QuerySumsBy(const std::string& databaseName, const std::string& query, const std::string& by, std::vector<TextSum>& sums) {
+  sums.clear();
+  const DatabaseFile* file = nullptr;
+  if (Status found = FindFile(databaseName, file); !found.Ok()) return found;
+  dialect::Statement parsed;
+  if (Status understood = dialect::ParseStatement(query, *file, parsed); !understood.Ok()) return understood;
+  if (parsed.kind != dialect::StatementKind::Sum) return {ErrorKind::BadText, "not a sum query"};
+  const int column = parsed.table->Position(by);
+  if (column < 0) return {ErrorKind::BadText, "no column " + by};
+  const RowQuery rows{file, parsed.table, {parsed.where}, {}};
+  return Read([&](Engine& engine) { return engine.SumBy(rows, parsed.sumPosition, column, sums); });
 }
 
 std::uint64_t Stores::WriteCount(const Table& table) const {

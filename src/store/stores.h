@@ -73,6 +73,8 @@ class Stores {
   // Runs a sum query ("Select Sum(x) FROM T Where …") on a database file: field 0 of its one row. Null when no row matched, and on a
   // failure (those of Execute).
   Status QueryValue(const std::string& databaseName, const std::string& query, Value& result);
+  // The same sum for each text that stands in the column `by`, in one walk over the rows.
+  Status QuerySumsBy(const std::string& databaseName, const std::string& query, const std::string& by, std::vector<TextSum>& sums);
 
   // Grows with every Open and Close.
   [[nodiscard]] std::uint64_t Openings() const { return openings_; }
@@ -99,7 +101,7 @@ class Stores {
   // Fails the open actions. The first failure is the one that is told at the outermost Commit.
   void Fail(const Status& failure);
   // Logs how the outermost action ended, and raises the signals of it.
-  Status Ended(const std::string& name, Status outcome);
+  Status Ended(const std::string& name, const Status& outcome);
   // Tells the grids over every table that was written since the action began.
   void ShowWrittenTables();
   void ShowStale(const std::function<bool(const Cursor&)>& concerned);
@@ -107,7 +109,7 @@ class Stores {
   void Unregister(Cursor& cursor);
 
   std::unique_ptr<Engine> engine_;
-  std::string folder_;  // of the files that were opened last
+  std::string folder_;                    // of the files that were opened last
   std::vector<std::string> openActions_;  // their names, the outermost first
   std::string unknownAction_;             // whose outcome is not known; "" for none
   std::uint64_t actions_ = 0;

@@ -109,6 +109,13 @@ SqlText TableSql::Sum(const RowQuery& query, int position) const {
   return sql;
 }
 
+SqlText TableSql::SumBy(const RowQuery& query, int position, int by) const {
+  SqlText sql{fmt::format("SELECT {0}, sum({1}) FROM {2}", NameOf(by), NameOf(position), names_.table), {}};
+  AddWhere(query, {}, sql);
+  sql.text += " GROUP BY " + NameOf(by);
+  return sql;
+}
+
 SqlText TableSql::DeleteWhere(const RowQuery& query) const {
   SqlText sql{"DELETE FROM " + names_.table, {}};
   AddWhere(query, {}, sql);

@@ -65,6 +65,8 @@ class TableSql : private dialect::SqlTarget {
   static void SetSpan(SqlText& sql, const KeySpan& span);
   // The sum of the number column at this position; Null without rows.
   [[nodiscard]] SqlText Sum(const RowQuery& query, int position) const;
+  // The texts of the column `by`, each with its sum.
+  [[nodiscard]] SqlText SumBy(const RowQuery& query, int position, int by) const;
   [[nodiscard]] SqlText DeleteWhere(const RowQuery& query) const;
   // Writes these fields of one row; at least one.
   [[nodiscard]] SqlText Change(RowKey key, std::span<const FieldValue> fields) const;

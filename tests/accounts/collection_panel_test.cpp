@@ -119,9 +119,9 @@ TEST_F(CollectionPanelTest, with_a_printer_the_slip_is_pressed_once_after_the_po
   connections += At("Command5(1)").click.Connect([&] {
     ++pressed;
     lineThen = LastId();
-    hidden = !At("DökNoYaz").Visible();
     off = !At("DökNoYaz").Enabled();
   });
+  connections += At("DökNoYaz").altered.Connect([&] { hidden = hidden || !At("DökNoYaz").Visible(); });
   Click("Command1");
   Click("Command7(1)");
   EXPECT_EQ(pressed, 1);

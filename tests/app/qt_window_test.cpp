@@ -77,6 +77,51 @@ TEST_F(QtWindowTest, a_chosen_font_is_four_points_smaller_in_the_day_book_list) 
   EXPECT_TRUE(font(screen.HareketGrid).bold());
 }
 
+class HeardWindowTest : public QtWindowTest {
+ protected:
+  HeardWindowTest() {
+    screen.Frame5.SetVisible(true);
+    screen.DurCmd.SetVisible(true);
+    connections += screen.DurCmd.click.Connect([this] { ++stops; });
+    connections += screen.Command3.click.Connect([this] { ++others; });
+    screen.Command3.SetVisible(true);
+    connections += screen.Text5.changed.Connect([this] { ++others; });
+    QCoreApplication::processEvents();  // the panel is laid out
+    frame.HearOnly("DurCmd");
+  }
+  void TapBoth() {
+    QTest::mouseClick(Of(screen.Command3), Qt::LeftButton);
+    QTest::mouseClick(Of(screen.DurCmd), Qt::LeftButton);
+  }
+  int stops = 0, others = 0;
+};
+
+TEST_F(HeardWindowTest, while_one_element_is_heard_taps_and_keys_elsewhere_are_dropped) {
+  TapBoth();
+  EXPECT_EQ(stops, 1);
+  screen.Text5.SetFocus();
+  Type(Of(screen.Text5), "a");
+  EXPECT_EQ(others, 0);
+  frame.HearOnly("");
+  TapBoth();
+  EXPECT_EQ(stops, 2);
+  EXPECT_EQ(others, 1);
+}
+
+TEST_F(HeardWindowTest, escape_is_a_tap_on_it) {
+  Strike(Of(screen.Text5), Qt::Key_Escape);
+  EXPECT_EQ(stops, 1);
+}
+
+TEST_F(HeardWindowTest, the_window_does_not_close_meanwhile) {
+  window.close();
+  EXPECT_TRUE(closeRequests.empty());
+  EXPECT_TRUE(window.isVisible());
+  frame.HearOnly("");
+  window.close();
+  EXPECT_EQ(closeRequests.size(), 1U);
+}
+
 TEST_F(QtWindowTest, closing_by_the_program_says_so) {
   frame.Close();
   EXPECT_EQ(closeRequests, (std::vector<bool>{true}));

@@ -132,5 +132,27 @@ TEST_F(CustomerCardsBook, where_the_cards_cant_be_read_a_code_is_neither_free_no
   }
 }
 
+TEST_F(CustomerCardsBook, an_address_is_changed_and_nothing_else_of_the_card) {
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Telefon='0222', Borc=5 WHERE CariKod='C001'");
+  Fields card = Customer("C001");
+  EXPECT_TRUE(ChangeAddress(shop, "C001", {"Gül Sokak 7", "İzmir", "Konak", "42", "Ayse@Ornek.TR"}).Ok());
+  card["Adres1"] = "Gül Sokak 7";
+  card["Adres2"] = "İzmir";
+  card["VergiDa"] = "Konak";
+  card["VergiNo"] = "42";
+  card["Email"] = "Ayse@Ornek.TR";
+  EXPECT_EQ(Customer("C001"), card);
+  EXPECT_EQ(Customer("C002")["Adres1"], "");
+}
+
+TEST_F(CustomerCardsBook, the_address_of_a_card_that_is_gone_is_not_kept) {
+  EXPECT_EQ(ChangeAddress(shop, "C999", {"a", "b", "c", "d", "e"}).Kind(), ErrorKind::NoRecord);
+  EXPECT_FALSE(stores.InAction());
+}
+
+TEST_F(CustomerCardsBook, an_address_is_kept_whole_or_not_at_all) {
+  FailsWholeOrWorks([&] { return ChangeAddress(shop, "C001", {"Gül Sokak 7", "İzmir", "Konak", "42", "a@b.tr"}); });
+}
+
 }  // namespace
 }  // namespace karvel

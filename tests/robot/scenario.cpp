@@ -14,10 +14,12 @@
 #include <cmath>
 #include <cstdlib>
 #include <fstream>
+#include <map>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <stdexcept>
 #include <thread>
+#include <tuple>
 
 #include "text/turkish.h"
 
@@ -111,6 +113,26 @@ fs::path FreshFolder() {
   return pattern;
 }
 
+// The texts of a printed job as one reads them, whatever the order in which they were drawn.
+std::vector<std::string> LinesOfJob(const Json& job) {
+  std::map<std::tuple<int, double>, std::map<double, std::string>> heights;  // by page and height, then from left to right
+  for (const Json& item : job["items"]) {
+    const int page = item["page"].get<int>();
+    if (item.contains("text"))
+      heights[{page, std::round(item["y"].get<double>())}].emplace(item["x"].get<double>(), Trim(item["text"].get<std::string>()));
+    if (item.contains("picture"))
+      heights[{page, std::round(item["picture"][1].get<double>())}].emplace(item["picture"][0].get<double>(), "(picture)");
+  }
+  std::vector<std::string> lines;
+  for (const auto& [height, texts] : heights) {
+    std::string line;
+    for (const auto& [x, text] : texts)
+      if (!text.empty()) line += (line.empty() ? "" : "|") + text;
+    if (!line.empty()) lines.push_back(line);
+  }
+  return lines;
+}
+
 }  // namespace
 
 Scenario::Scenario(std::string robot, const fs::path& templates, const fs::path& pictures)
@@ -177,7 +199,10 @@ void Scenario::Step(const std::string& line, const std::vector<std::string>& exp
   const std::size_t blank = std::min(line.find(' '), line.size());
   const std::string word = line.substr(0, blank), rest = Trim(line.substr(blank));
   if (word == "raw") return Request(rest, answer);
-  if (word == "play") {
+  if (word == "begin") {
+    if (!Robot().Send(rest)) Fail("the robot has gone");
+    ++begun_;
+  } else if (word == "play") {
     PlayLines(scripts_ / rest);
   } else if (word == "env") {
     const auto [name, value] = SplitAt(rest, "=");
@@ -202,6 +227,8 @@ void Scenario::Step(const std::string& line, const std::vector<std::string>& exp
     Compare(Run(Store(file, false), statement), expected);
   } else if (word == "text") {
     Compare(TextLines(Place(rest)), expected);
+  } else if (word == "printed") {
+    Compare(Printed(), expected);
   } else if (word == "files") {
     const std::size_t mark = rest.rfind(" *.");
     const std::string ending = mark == std::string::npos ? "" : rest.substr(mark + 2);
@@ -264,11 +291,28 @@ PseudoTerminal& Scenario::Serial() {
 }
 
 void Scenario::Request(const std::string& line, const std::string& expectedAnswer) {
+  const std::string answer = Ask(line);
+  const Json expected = expectedAnswer.empty() ? Json{{"ok", true}} : Json::parse(expectedAnswer);
+  if (!Holds(Json::parse(answer), expected)) Fail(fmt::format("  expected: {}\n  answered: {}", expected.dump(), answer));
+}
+
+std::string Scenario::Ask(const std::string& line) {
   if (!Robot().Send(line)) Fail("the robot has gone");
+  for (; begun_ > 0; --begun_)
+    if (!Holds(Json::parse(Robot().Receive(kPatience).value_or("{}")), Json{{"ok", true}})) Fail("what was begun was not done");
   const std::optional<std::string> answer = Robot().Receive(kPatience);
   if (!answer) Fail("no answer");
-  const Json expected = expectedAnswer.empty() ? Json{{"ok", true}} : Json::parse(expectedAnswer);
-  if (!Holds(Json::parse(*answer), expected)) Fail(fmt::format("  expected: {}\n  answered: {}", expected.dump(), *answer));
+  return *answer;
+}
+
+std::vector<std::string> Scenario::Printed() {
+  std::vector<std::string> lines;
+  const Json answer = Json::parse(Ask(R"({"do":"printed"})"));
+  for (const Json& job : answer["jobs"]) {
+    lines.push_back(job["printer"].get<std::string>() + ", " + job["end"].get<std::string>());
+    for (std::string& text : LinesOfJob(job)) lines.push_back(std::move(text));
+  }
+  return lines;
 }
 
 void Scenario::WriteSetting(const std::string& rest) {

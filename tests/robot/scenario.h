@@ -11,10 +11,13 @@
 //   write FILE: STATEMENT          changes a database file of the data folder from outside; the first time it comes from its template
 //   {"do":…}                       a request to the robot, which is started when it isn't running; must be done unless "<" tells otherwise
 //   raw ANYTHING                   the same for a line that is no request
+//   begin {"do":…}                 a request whose end isn't waited for: the next line comes while it runs. It must be done well
 //   < {…}                          what the answer to the line above holds, at least
 //   sql FILE: SELECT …             the rows of a query, one "=" line each, fields separated by "|"
 //   text PATH                      the lines of such a file
 //   files PATH [*.END]             the names in a folder, sorted; of one ending alone
+//   printed                        the jobs that ended since it was last asked: "PRINTER, EndDoc" or "…, KillDoc", then the texts from top
+//                                  to bottom; those of one height stand side by side, separated by "|", a picture as "(picture)"
 //   setting? SECTION/KEY           the value of a setting
 //   = LINE                         one expected line of those above; without any the result is empty
 //   soon LINE                      any line above again and again until it is as told, for a minute at most
@@ -59,6 +62,9 @@ class Scenario {
   void Step(const std::string& line, const std::vector<std::string>& expected, const std::string& answer);
   void Soon(const std::string& line, const std::vector<std::string>& expected, const std::string& answer);
   void Request(const std::string& line, const std::string& expectedAnswer);
+  // What the robot answers to a line.
+  std::string Ask(const std::string& line);
+  std::vector<std::string> Printed();
   void WriteSetting(const std::string& rest);
   void Close();
   void AwaitEnd();
@@ -78,6 +84,7 @@ class Scenario {
   std::unique_ptr<PseudoTerminal> serial_;
   std::unique_ptr<RobotProcess> robot_;
   std::vector<std::shared_ptr<void>> kept_;  // what others keep
+  int begun_ = 0;                            // requests whose answer wasn't read yet
   std::filesystem::path scripts_;            // the folder of the script that is played
 };
 

@@ -36,6 +36,23 @@ TEST(ScriptedMessages, an_answer_that_does_not_fit_is_used_up_by_its_box) {
   EXPECT_EQ(messages.MessageBox("?", "", MessageIcon::None, MessageButtons::YesNo), MessageAnswer::Yes);
 }
 
+TEST(ScriptedMessages, a_printer_is_its_name_with_as_much_behind_it_as_is_told) {
+  ScriptedMessages messages;
+  const PrinterChoice preset{"Velmora PDF", "", "", 1, 1, 9};
+  EXPECT_FALSE(messages.PrinterDialog(preset));
+  messages.QueueAnswer("OK");
+  EXPECT_EQ(messages.PrinterDialog(preset)->paperSize, 9);
+  messages.QueueAnswer("Kasa");
+  EXPECT_EQ(messages.PrinterDialog(preset)->deviceName, "Kasa");
+  messages.QueueAnswer("Kasa, 257, 2, 3");
+  const auto told = messages.PrinterDialog(preset);
+  EXPECT_EQ(told->paperSize, 257);
+  EXPECT_EQ(told->orientation, 2);
+  EXPECT_EQ(told->copies, 3);
+  messages.QueueAnswer("Cancel");
+  EXPECT_FALSE(messages.PrinterDialog(preset));
+}
+
 TEST(ScriptedMessages, shown_boxes_are_told_once) {
   ScriptedMessages messages;
   messages.MessageBox("Yedeklendi.", "Yedek", MessageIcon::Information, MessageButtons::Ok);

@@ -310,6 +310,24 @@ TEST_P(EngineContract, a_sum_is_null_without_rows) {
   EXPECT_EQ(stores_.QueryValue("Karvel.mdb", "Select Sum(CariKod) FROM Datam", sum).Kind(), ErrorKind::BadText);
 }
 
+TEST_P(EngineContract, sums_by_the_texts_of_a_column) {
+  std::vector<TextSum> sums{{"old", 1}};
+  ASSERT_TRUE(stores_.QuerySumsBy("Karvel.mdb", "Select Sum(Tutar) FROM Datam Where Tutar>1", "CariKod", sums).Ok());
+  EXPECT_TRUE(sums.empty());
+  for (const auto& [code, amount] : {std::pair{"A", 1.0}, {"A", 2.0}, {"a", 4.0}, {"Ş", 8.0}, {"A", 16.0}})
+    AddLine(stores_, code, {2026, 3, 1, 8, 0, 0}, amount);
+  ASSERT_TRUE(stores_.QuerySumsBy("Karvel.mdb", "Select Sum(Tutar) FROM Datam Where Tutar>1", "carikod", sums).Ok());
+  std::map<std::string, double> byCode;
+  for (const TextSum& sum : sums) byCode[sum.text] += sum.sum;
+  EXPECT_EQ(byCode, (std::map<std::string, double>{{"A", 18}, {"a", 4}, {"Ş", 8}}));
+  EXPECT_EQ(sums.size(), 3U);
+  EXPECT_EQ(stores_.QuerySumsBy("Karvel.mdb", "Select Sum(Tutar) FROM Datam", "Yok", sums).Kind(), ErrorKind::BadText);
+  EXPECT_EQ(stores_.QuerySumsBy("Karvel.mdb", "Datam", "CariKod", sums).Kind(), ErrorKind::BadText);
+  EXPECT_EQ(stores_.QuerySumsBy("Yok.mdb", "Select Sum(Tutar) FROM Datam", "CariKod", sums).Kind(), ErrorKind::Missing);
+  watch_.readFault = {ErrorKind::DiskFailed, "no page"};
+  EXPECT_EQ(stores_.QuerySumsBy("Karvel.mdb", "Select Sum(Tutar) FROM Datam", "CariKod", sums).Kind(), ErrorKind::DiskFailed);
+}
+
 TEST_P(EngineContract, closed_stores_refuse_everything) {
   AddCustomers(stores_, {"A"});
   auto cursor = Customers(stores_);

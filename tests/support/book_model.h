@@ -66,6 +66,7 @@ struct Item {
   std::int64_t price = 0, secondPrice = 0, cost = 0;  // kuruş
   double pieces = 0;                                  // of the second unit
   bool countsProfit = false;                          // Maliyet
+  int tax = 0;                                        // percent
   double in = 0, inTotal = 0, out = 0, outTotal = 0, over = 0, left = 0, profit = 0;
 
   void Balance() {
@@ -82,6 +83,14 @@ struct LedgerRow {
 struct Line {
   std::string customer, item, state;
   double price = 0, quantity = 0, total = 0, collected = 0, profit = 0;
+  std::string date{};     // of a line of goods
+  std::string invoice{};  // its number, where one bears the line
+};
+
+struct Invoice {
+  std::string customer;
+  double amount = 0, tax = 0, total = 0, profit = 0;
+  std::size_t lines = 0;
 };
 
 struct Movement {
@@ -97,6 +106,7 @@ class Books {
   std::map<std::string, Movement> movements;
   std::map<std::string, std::map<std::string, double>> due;    // by customer, by date
   std::map<std::string, std::array<double, 2>> specialPrices;  // by "item|customer": 0Fiyat, 1Fiyat
+  std::map<std::string, Invoice> invoices;                     // by number
   int numbers = 0;
 
   std::string NextId() { return "1" + fmt::format("{:0>10}", "26" + std::to_string(++numbers)); }
@@ -106,7 +116,7 @@ class Books {
     Item& item = items.at(code);
     const double total = Amount(price, quantity);
     const bool sale = mode == "Satış";
-    Line line{customer, code, mode, Decimal(price, 2), Decimal(quantity, 3), total, 0, 0};
+    Line line{customer, code, mode, Decimal(price, 2), Decimal(quantity, 3), total, 0, 0, today};
     if (secondUnit && item.pieces != 0) line.quantity = Rounded(line.quantity * item.pieces, 6);
     if (mode != "İade") {
       const std::int64_t listed = secondUnit ? item.secondPrice : item.price;
@@ -214,6 +224,35 @@ class Books {
     if (line.total == 0 || rows.empty()) return;
     Add(rows.begin()->second, -line.total);
     if (rows.begin()->second == 0) rows.erase(rows.begin());
+  }
+
+  // A customer's sales of a day that stand on no invoice yet.
+  [[nodiscard]] std::vector<std::string> Uninvoiced(const std::string& customer, const std::string& today) const {
+    std::vector<std::string> ids;
+    for (const auto& [id, line] : day)
+      if (line.customer == customer && line.state == "Satış" && line.date == today && line.invoice.empty()) ids.push_back(id);
+    return ids;
+  }
+
+  // The tax is taken out of the amounts, or comes on top of them; it alone goes on the account of the invoices.
+  void PostInvoice(const std::string& number, const std::vector<std::string>& lines, bool included) {
+    Invoice& invoice = invoices[number];
+    for (const std::string& id : lines) {
+      Line& line = day.at(id);
+      const Item& item = items.at(line.item);
+      const double factor = (item.tax + 100) / 100.0;
+      const double tax = HalfUp(Rounded(included ? line.total - line.total / factor : line.total * factor - line.total, 6));
+      invoice.customer = line.customer;
+      Add(invoice.amount, line.total);
+      Add(invoice.tax, tax);
+      Add(invoice.total, included ? line.total : line.total + tax);
+      Add(invoice.profit, Rounded(line.quantity * (line.price - (item.countsProfit ? 1 : 0)), 6));
+      line.invoice = "FatNo " + number;
+    }
+    invoice.lines = lines.size();
+    ledger[NextId()].push_back({"=110", number + " Fatura ile", invoice.tax, 0});
+    Add(accounts.at("=110").debit, invoice.tax);
+    accounts.at("=110").Balance();
   }
 
   // A customer's history goes: his ledger, his day book and his sales. What he brought back or delivered, what went over the money accounts

@@ -28,10 +28,11 @@ bool DeskFixture::Start(const std::string& title) {
   Stop();
   stores = std::make_unique<Stores>(
       std::make_unique<testing::WatchedEngine>(MakeSqliteEngine({.programFolder = files.ProgramFolder(), .vfs = vfs}), engine));
-  desk =
-      std::make_unique<Desk>(World{clock, loop, files, messages, settings, shell, keyboard, window, scanner, connection, *stores}, title);
+  desk = std::make_unique<Desk>(
+      World{clock, loop, files, messages, settings, shell, keyboard, window, scanner, connection, printer, barcodes, *stores}, title);
   accounts = std::make_unique<Accounts>(*desk);
   exchange = std::make_unique<Exchange>(*desk);
+  documents = std::make_unique<Documents>(*desk, *exchange);
   keyboard.elements = &desk->screen.elements;
   if (!desk->Load()) return false;
   desk->Activate();
@@ -39,6 +40,7 @@ bool DeskFixture::Start(const std::string& title) {
 }
 
 void DeskFixture::Stop() {
+  documents.reset();
   exchange.reset();
   accounts.reset();
   desk.reset();

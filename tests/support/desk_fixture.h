@@ -10,11 +10,13 @@
 
 #include "accounts/accounts.h"
 #include "desk/desk.h"
+#include "documents/documents.h"
 #include "exchange/exchange.h"
 #include "store/stores.h"
 #include "tests/support/folder_files.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/quiet_world.h"
+#include "tests/support/recording_printer.h"
 #include "tests/support/shop_rows.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/watched_engine.h"
@@ -58,11 +60,14 @@ class DeskFixture : public ::testing::Test, protected ShopRows {
   QuietWindow window;
   TestScanner scanner;
   TestConnection connection;
+  RecordingPrinter printer;
+  PlainBarcodes barcodes;
   testing::EngineWatch engine;  // counts what the stores do, and lets them fail
   std::unique_ptr<Stores> stores;
   std::unique_ptr<Desk> desk;
   std::unique_ptr<Accounts> accounts;
   std::unique_ptr<Exchange> exchange;
+  std::unique_ptr<Documents> documents;
   Connections connections;  // what a test hears
 };
 

@@ -42,10 +42,16 @@ class ScriptedMessages final : public Messages {
     offeredFont = preset;
     return chosenFont;
   }
+  std::optional<PrinterChoice> PrinterDialog(const PrinterChoice& preset) override {
+    offeredPrinter = preset;
+    return chosenPrinter;
+  }
   std::optional<std::string> FileDialog(const std::string&, const std::string&) override { return Next(); }
 
   std::optional<FontChoice> chosenFont;  // none: the font box is cancelled
   FontChoice offeredFont;
+  std::optional<PrinterChoice> chosenPrinter;  // none: the printer box is cancelled
+  PrinterChoice offeredPrinter;
   std::deque<std::string> answers;
   std::vector<Box> shown;
 
@@ -140,14 +146,18 @@ class QuietWindow final : public Window {
   [[nodiscard]] bool IsActive() const override { return active; }
   void Raise() override { ++raises; }
   void Close() override { ++closes; }
+  void HearOnly(const std::string& elementName) override { heard = elementName; }
   void End() override { ++ends; }
   [[nodiscard]] int TextWidth(const std::string&, const std::string& text) const override {
     return 10 * static_cast<int>(LetterCount(text));
   }
   [[nodiscard]] int InnerWidth(const std::string&) const override { return 300; }
+  [[nodiscard]] int RowHeight(const std::string&) const override { return 40; }
+  [[nodiscard]] int InnerHeight(const std::string&) const override { return 210; }
   void SetDeskFont(const std::string& name, double size, bool bold) override { deskFont = {name, size, bold}; }
   void SetGridFont(const std::string& name, double size, bool bold) override { gridFont = {name, size, bold}; }
   std::string title, savedFitting;
+  std::string heard;  // the one element that is heard; "" for all
   FontChoice deskFont, gridFont;
   bool fixed = false, active = true;
   int raises = 0, closes = 0, ends = 0, moved = 0, sized = 0;
@@ -158,6 +168,7 @@ class TestScanner final : public Scanner {
   bool Start() override { return started = present; }
   void Stop() override { started = false; }
   void SetEnabled(bool on) override { enabled = on; }
+  [[nodiscard]] bool Enabled() const override { return enabled; }
   bool present = true, started = false, enabled = true;
 };
 

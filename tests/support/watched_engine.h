@@ -56,6 +56,10 @@ class WatchedEngine final : public Engine {
     const Status fault = ReadFault();
     return fault.Ok() ? inner_->Sum(query, position, sum) : fault;
   }
+  Status SumBy(const RowQuery& query, int position, int by, std::vector<TextSum>& sums) override {
+    const Status fault = ReadFault();
+    return fault.Ok() ? inner_->SumBy(query, position, by, sums) : fault;
+  }
   Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool forEdit, GridRow& row) override {
     ++watch_.reads;
     const Status fault = ReadFault();

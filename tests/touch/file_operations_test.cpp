@@ -22,6 +22,7 @@ class OneAnswer final : public Messages {
     return answer_;
   }
   std::optional<std::string> InputBox(const std::string&, const std::string&, const std::string&) override { return std::nullopt; }
+  std::optional<PrinterChoice> PrinterDialog(const PrinterChoice&) override { return std::nullopt; }
   std::optional<FontChoice> FontDialog(const FontChoice&) override { return std::nullopt; }
   std::optional<std::string> FileDialog(const std::string&, const std::string&) override { return std::nullopt; }
 

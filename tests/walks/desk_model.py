@@ -15,7 +15,7 @@ CAPTIONS = ["Label2", "Label3", "Label4", "Label1(0)", "Label1(1)", "Label1(2)",
             "Command1", "Command2", "Command3"]
 OF_THE_SALE = ["Text1(1)", "Text2(0)", "Text2(1)", "Text2(3)", "Label2", "Label4", "Label1(1)", "Label1(2)"]  # out of sight at rest
 RECEIPT = [*(f"Text6({index})" for index in range(6)), "Label12(5)"]
-PANELS = ["Frame2", "CariFrm", "StokGiris", "StokAl", "StokFrm", "TahsilatFrame", "Vadefrm", "Frame3", "Frame4"]
+PANELS = ["Frame2", "CariFrm", "StokGiris", "StokAl", "StokFrm", "TahsilatFrame", "Vadefrm", "Frame3", "Frame4", "FatFrame"]
 GRIDS = ["CariGrid", "StokGrid", "HareketGrid"]
 
 
@@ -38,6 +38,7 @@ class Desk(Sale, Panels):
         self.selling = False
         self.sold_to = ""  # the code of the customer of the sale
         self.slip = ""
+        self.invoice = 0  # the number of the last
         self.serial = ""
         self.last_id = ""
         self.edited = None

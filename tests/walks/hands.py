@@ -6,6 +6,7 @@ from texts import plain
 from witness import Witness
 
 BUTTONS = ("Command", "ComboCmd", "StokAlCmd", "CariNewCmd")  # they take the focus; labels and menus don't
+INVOICE_LINES = 15  # that fit on the paper
 GROUPS = (ALL_GROUPS, "Müşteri", "Toptan", "Bayi", "Fatura", "Boş")
 
 
@@ -107,7 +108,7 @@ class Hands:
         return {self.tap_customer: 8, self.double_tap_sale: 8, self.type_payment: 5, self.post: 5, self.choose_group: 3, self.write_name: 3,
                 self.next_instrument: 3, self.tick_stock: 3, self.filter_customers: 2, self.enter_name: 2, self.write_part_of_name: 2,
                 self.sort_customers: 2, self.collect: 2, self.empty_name: 1, self.dismiss_notice: 1, self.show_deleted: 1, self.remove_customer: 1,
-                self.switch_groups: 1, self.choose_stock_group: 1}
+                self.switch_groups: 1, self.choose_stock_group: 1, self.make_invoice: 8}
 
     def in_sale(self):
         return {self.post: 14, self.tap_item: 8, self.set_quantity: 6, self.set_price: 4, self.tap_line: 4, self.double_tap_sale: 4, self.write_item: 3,
@@ -282,6 +283,33 @@ class Hands:
         self.confirm("CarSil", {row["StokAdi"] for row in desk.shop.tables["StokKartlar"] if row["StokKod"] == card["CariKod"]})
         desk.remove_customer(answer)
         return "a customer is removed"
+
+    def make_invoice(self):
+        """The day's lines of the customer in front: now and then one is taken off, and now and then the panel is only closed."""
+        desk, shop = self.desk, self.desk.shop
+        card = desk.named()
+        if card is None or card is not desk.customers.front or card["CariKod"].startswith("="):
+            return None
+        if not shop.invoiceable(card, desk.now) and self.chance.random() < 0.8:
+            return None
+        self.tap("Command4")
+        desk.shown.discard("Vadefrm")
+        desk.focus = "FatGrid"
+        lines = shop.invoiceable(card, desk.now)
+        shop.tick(lines, INVOICE_LINES)
+        ticked = lines[:INVOICE_LINES]
+        if ticked and self.chance.random() < 0.3:
+            off = self.chance.randrange(min(len(ticked), 3))
+            self.ask({"do": "row", "at": "FatGrid", "row": off, "column": 4})
+            ticked.pop(off)["Sec"] = ""
+        if not lines or self.chance.random() < 0.3:
+            self.ask({"do": "click", "at": "FatCmd(0)"})
+            return "an invoice is not made"
+        self.confirm("FatCmd(1)", set())
+        if ticked:
+            desk.invoice = shop.free_invoice_number(desk.invoice + 1)
+            shop.invoice(desk.place(), card, ticked, desk.invoice)
+        return "an invoice"
 
     def switch_groups(self):
         self.tap("ComboCmd")

@@ -112,6 +112,7 @@ class Panels:
         self.shown.add("StokFrm")
         self.shown.discard("Vadefrm")
         self.enabled.update({"Command2": False, "Command3": False})
+        self.text["Command1"] = "Yazdır"  # nobody is in front who could collect
 
     def narrow_stock(self):
         group, on_hand = self.stock_list_group, self.on_hand

@@ -9,10 +9,11 @@ from decimal import Decimal
 from texts import ZERO, lower, rounded, same
 
 TABLES = {"Cari.mdb": ("CariKartlar", "CariHareket", "VadeGün", "Cari"), "Stok.mdb": ("StokKartlar", "StokHareket"), "Karvel.mdb": ("Datam",),
-          "SeriNo.mdb": ("SeriNo",), "Index.mdb": ("Tarih", "Mdbindex")}
+          "SeriNo.mdb": ("SeriNo",), "Fatura.mdb": ("Faturalar", "FatHareket"), "Index.mdb": ("Tarih", "Mdbindex")}
 ACCOUNTS = {"Kredi Kartı": "=150", "Senet": "=500", "Çek": "=600"}  # anything else is cash
 CASH = "=100"
 CANCELLED = "Iptal"
+INVOICED = "=110"
 
 
 class Stores:
@@ -307,6 +308,47 @@ class Shop:
                  Tutar=receipt.total, Tarih=moment, DigerId=line_id, Birim=item["Birim"], yeni=Decimal(1), Durum="Alış", Gurup=item["Gurup"], Plasiyer=tag,
                  tGurup=tag)
         return line_id
+
+    def invoiceable(self, card, now):
+        """A customer's sales of the day that stand on no invoice, the earliest first."""
+        day = now.strftime("%Y-%m-%d")
+        lines = [row for row in self.tables["Datam"] if same(row["CariKod"], card["CariKod"]) and row["Durum"] == "Satış" and row["Aciklama"] == ""
+                 and row["Tarih"].startswith(day)]
+        return sorted(lines, key=lambda row: row["Tarih"])
+
+    def tick(self, lines, most):
+        """The first lines are ticked, the others aren't. The stock that invoices know of is empty: every piece is lacking."""
+        for number_, line in enumerate(lines):
+            line["Sec"] = "X" if number_ < most else ""
+            if number_ < most:
+                line["Eksik"] = line["Miktar"]
+
+    def free_invoice_number(self, number_):
+        """The number, or the next that no invoice bears."""
+        while self.first("Faturalar", FaturaNo=f"S{number_:06}"):
+            number_ += 1
+        return number_
+
+    def invoice(self, place, card, lines, number_):
+        """The tax comes on top of the amounts; it alone goes on the account of the invoices."""
+        name, moment, line_id = f"S{number_:06}", stamp(place.now), self.next_id(place.terminal, place.now)
+        longer = f"{place.terminal}0{line_id[1:]}"
+        total, taxes, gain = ZERO, ZERO, ZERO
+        for line in lines:
+            item = self.item(line["StokKod"])
+            tax = rounded(line["Tutar"] * item["Kdv"] / 100)
+            brings = line["Miktar"] * (line["Fiyat"] - item["Maliyet"])
+            self.add("FatHareket", FatHarNo=name, Tarih=moment, FatCari=card["CariKod"], FatStok=item["StokKod"], FatAciklama=item["StokAdi"],
+                     FatKdv=item["Kdv"], Nerde="F", DigerId=line_id, SeriNoDiger=longer, yeni=Decimal(1), Birim=item["Birim"], FatMiktar=line["Miktar"],
+                     FatFiyat=line["Fiyat"], Kdvsi=tax, FatTutar=line["Tutar"], FatTotal=line["Tutar"], FatKar=rounded(brings, 6))
+            total, taxes, gain = total + line["Tutar"], taxes + tax, rounded(gain + rounded(brings, 6), 6)
+            line["Aciklama"] = f"FatNo {name}"
+        self.add("Faturalar", FaturaNo=name, FatTarih=moment, FatCari=card["CariKod"], Nakit=Decimal(1), DigerId=line_id, Unvan=card["Unvan"], yeni=Decimal(1),
+                 FatTop=total, FatKdvTut=taxes, Toplam=total + taxes, Gurup="Müşteri", FatKar=gain)
+        self.add("CariHareket", cariharkod=INVOICED, Tarih=moment, Aciklama=f"{name} Fatura ile", Borc=taxes, DigerId=line_id, Nerde="F", yeni=Decimal(1))
+        account = self.card(INVOICED)
+        account["Borc"] += taxes
+        balance(account)
 
     def wipe(self, card):
         """A customer's history goes, his card stays. What he brought back or delivered, the till and what is due stay as they are."""

@@ -65,6 +65,10 @@ def furnish(programs, home, chance):
         goods.executemany("INSERT INTO Gurup (Gurup, Grp) VALUES (?, 1)", [("Gıda",), ("Temizlik",)])
     with sqlite3.connect(os.path.join(folder, "SeriNo.mdb")) as serials:
         serials.execute("INSERT INTO SeriNo (StokKod, barcode) VALUES ('S2', 'SN-1')")
+    with open(os.path.join(folder, "FatSatir.Dat"), "w", encoding="ascii") as layout:
+        layout.write("0,0,0,0\n" + "".join(f"{20 + 10 * box},{40 + 8 * box}\n" for box in range(47)))
+    with open(os.path.join(home, "settings.ini"), "w", encoding="utf-8") as settings:
+        settings.writelines(f"[Velmora%20Karvel{number}]\nSize\\Prnn=Velmora PDF\n" for number in (1, 2))
 
 
 class Walk:

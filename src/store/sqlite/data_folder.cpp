@@ -217,12 +217,20 @@ Status OpenAnew(const std::string& folder, const SqliteOptions& options, Patienc
   return opened;
 }
 
-Status OpenSingleFile(const DatabaseFile& file, const std::string& folder, const SqliteOptions& options, Patience& patience,
-                      std::unique_ptr<Connection>& connection) {
+Status OpenScratch(const DatabaseFile& file, const SqliteOptions& options, Patience& patience, std::unique_ptr<Connection>& connection) {
   std::string path;
-  Status opened = Locate(file, folder, path);
+  Status opened = Locate(file, options.programFolder, path);
   std::error_code failed;
   if (opened.Ok()) path = fs::canonical(path, failed).string();  // an installation may lay the program's own files as links
+  if (opened.Ok() && !options.scratchFile.empty() && path != options.scratchFile) {
+    if (!fs::exists(options.scratchFile, failed)) {
+      fs::create_directories(fs::path(options.scratchFile).parent_path(), failed);
+      fs::copy_file(path, options.scratchFile, failed);
+      if (failed) return WithName(file, options.scratchFile, StatusOfSystemError(failed.value(), options.scratchFile));
+      fs::permissions(options.scratchFile, fs::perms::owner_read | fs::perms::owner_write, failed);  // the template may be read-only
+    }
+    path = options.scratchFile;
+  }
   if (opened.Ok()) opened = Connect(file, path, options, patience, connection);
   if (opened.Ok()) opened = PrepareFile(*connection, file, "main", path, patience);
   if (!opened.Ok()) connection.reset();

@@ -107,6 +107,15 @@ class SqliteEngine final : public Engine {
     });
   }
 
+  Status SumBy(const RowQuery& query, int position, int by, std::vector<TextSum>& sums) override {
+    return WithConnection(*query.file, query.table->name, [&](Connection& connection) {
+      sums.clear();
+      const SqlText sql = tables_.at(query.table).SumBy(query, position, by);
+      RunningStatement running = connection.Prepare(sql.text, sql.parameters);
+      while (running.Step()) sums.push_back({AsText(running.Read(0, ColumnType::Text)), AsNumber(running.Read(1, ColumnType::Number))});
+    });
+  }
+
   // The write lock of the folder, held since Begin, is the row's lock too.
   Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool /*forEdit*/, GridRow& row) override {
     return WithConnection(file, table.name, [&](Connection& connection) -> Status {
@@ -241,7 +250,7 @@ class SqliteEngine final : public Engine {
     if (!open_) patience_.Renew();
     if (!InDataFolder(file)) {
       if (!scratch_) {
-        if (Status opened = OpenSingleFile(file, options_.programFolder, options_, patience_, scratch_); !opened.Ok()) return opened;
+        if (Status opened = OpenScratch(file, options_, patience_, scratch_); !opened.Ok()) return opened;
       }
       connection = scratch_.get();
     }

@@ -55,6 +55,32 @@ TEST(DataFolder, finds_its_files_whatever_the_case_of_their_names) {
   EXPECT_NE(lines->SourceTable(), nullptr);
 }
 
+TEST(DataFolder, a_terminal_has_a_scratch_file_of_its_own_made_from_the_first) {
+  const SqliteKind kind;
+  const std::string own = kind.Path("home/program/DataTemp2.Mdb");
+  SqliteOptions options = TestOptions(kind.Folder());
+  options.scratchFile = own;
+  const auto add = [&](const SqliteOptions& with) {
+    Stores stores(MakeSqliteEngine(with));
+    EXPECT_TRUE(stores.Open(kind.Folder()).Ok());
+    Cursor lines(stores, "lines");
+    lines.SetDatabaseName("DataTemp.Mdb");
+    EXPECT_TRUE(lines.Open("CariHareket").Ok());
+    EXPECT_TRUE(lines.AddNew().Ok());
+    lines.Set("Aciklama", "Satış");
+    EXPECT_TRUE(lines.Update().Ok());
+  };
+  fs::permissions(kind.Path("DataTemp.Mdb"), fs::perms::owner_read);  // an installed one
+  add(options);
+  add(options);
+  EXPECT_EQ(Foreign(own, "SELECT count(*) FROM CariHareket"), "2");
+  EXPECT_EQ(Foreign(kind.Path("DataTemp.Mdb"), "SELECT count(*) FROM CariHareket"), "0");
+  options.scratchFile = kind.Path("DataTemp.Mdb");
+  fs::permissions(kind.Path("DataTemp.Mdb"), fs::perms::owner_all);
+  add(options);
+  EXPECT_EQ(Foreign(kind.Path("DataTemp.Mdb"), "SELECT count(*) FROM CariHareket"), "1");
+}
+
 TEST(DataFolder, a_missing_file_is_told_by_name_and_nothing_is_open) {
   const SqliteKind kind;
   fs::remove(kind.Path("SeriNo.mdb"));
