@@ -66,6 +66,7 @@ void InvoicePanel::Open() {
     return;
   }
   Show();
+  Tell(screen_, "Fatura " + screen_.Fat(kNumber).Text() + ": satırları denetleyip Yazdır'a dokunun");
 }
 
 Status InvoicePanel::Fill(const std::string& code) {
