@@ -83,7 +83,10 @@ void PrintInvoice(const DeskParts& parts, const Invoice& invoice, const InvoiceA
     TellUnprinted(parts, invoice, parts.screen.Durum.Caption());
     return;
   }
+  // The invoice stands whatever becomes of its number: the next one passes over those that the book bears.
+  const std::string printed = parts.screen.Durum.Caption();
   parts.settings.Save(Setting::InvoiceNo, BareInvoiceNumber(invoice.number));
+  if (parts.screen.Durum.Caption() != printed) Tell(parts.screen, printed + "; numarası ayarlara yazılamadı");
 }
 
 }  // namespace karvel

@@ -214,6 +214,18 @@ TEST_F(InvoicePanelTest, numbers_go_on_over_a_restart_and_skip_those_of_the_book
   EXPECT_EQ(At("Fat(0)").Text(), "S000003");
 }
 
+TEST_F(InvoicePanelTest, whose_number_the_settings_did_not_keep_is_told_as_printed_and_the_next_gets_another) {
+  PutMany(1);
+  Open();
+  settings.saveFault = Status(ErrorKind::DiskFailed, "input/output error");
+  Click("FatCmd(1)");
+  settings.saveFault = {};
+  EXPECT_EQ(desk->screen.Durum.Caption(), "Fatura S000001 yazdırıldı: Fatura Yazıcısı; numarası ayarlara yazılamadı");
+  EXPECT_EQ(One("Fatura.mdb", "SELECT count(*) FROM Faturalar"), "1");
+  Open();
+  EXPECT_EQ(At("Fat(0)").Text(), "S000002");
+}
+
 TEST_F(InvoicePanelTest, a_typed_number_is_printed_and_the_next_follows_it) {
   Put("L1");
   Open();
