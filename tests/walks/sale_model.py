@@ -357,6 +357,8 @@ class Sale:
         self.text["Label1(5)"] = " Tahsilat"
         item, due = self.items.front if self.selling else None, self.first_due(card)
         self.last_id = self.shop.move_money(self.place(), card, self.text["Text1(0)"], self.text["Label3"], False, self.amount(2), item)
+        if self.slip and any(same(row["CariKod"], card["CariKod"]) and row["SeriNo"] == self.slip for row in self.shop.tables["Datam"]):
+            self.slip = ""  # it is printed, and the next line begins another
         self.shown.discard("TahsilatFrame")
         self.put(2, "0")
         self.tamam()
