@@ -58,14 +58,7 @@ class Plan(Twin):
     """One action alone, played to its end on a copy."""
 
     def __init__(self, program, home, chance, minute):
-        class OneAtATime(random.Random):
-            def randint(self, least, most):
-                return 1 if (least, most) == (1, 3) else super().randint(least, most)
-
-        one = OneAtATime()
-        one.setstate(chance.getstate())
-        super().__init__(program, home, one, minute)
-        chance.setstate(one.getstate())
+        super().__init__(program, home, chance, minute, most=1)
         self.action, self.before, self.after = self.actions[0], self.states[0], self.states[1]
 
 

@@ -28,9 +28,10 @@ class Unplayable(Exception):
 
 
 class Twin:
-    """The plan played to its end on a copy: what the files hold after each action, and how long its confirmation takes."""
+    """The plan, of one action and `most` at most, played to its end on a copy: what the files hold after each action, and how long its
+    confirmation takes."""
 
-    def __init__(self, program, home, chance, minute):
+    def __init__(self, program, home, chance, minute, most=3):
         self.actions, self.took, self.states = [], [], []
         copy = tempfile.mkdtemp(prefix="karvel-twin-")
         shutil.copytree(home, copy, dirs_exist_ok=True, ignore=shutil.ignore_patterns("lock"))
@@ -40,7 +41,7 @@ class Twin:
         robot = Robot(program, copy)
         try:
             begin = time.monotonic()
-            for number in range(chance.randint(1, 3)):
+            for number in range(chance.randint(1, most)):
                 action = clerk.next(minute + number)
                 self.see(clerk, action, robot)
                 self.actions.append(action)
