@@ -32,6 +32,7 @@ class Hands:
     def __init__(self, home, chance):
         self.chance = chance
         self.now = datetime(2026, 3, 1, 9)
+        self.wholesale = True  # whether the list of wholesalers may be in front
         connection = shop_check.Shop(home).all()
         self.customers = [name for name, in connection.execute("SELECT Unvan FROM CariKartlar WHERE Gurup NOT IN ('Toptan', 'Plasiyer') AND HesKullan = 0 AND "
                                                                "CariKod NOT LIKE '=%' AND CariKod <> 'Merkez' GROUP BY Unvan HAVING count(*) = 1 LIMIT 30")]
@@ -43,21 +44,30 @@ class Hands:
             names[:] = [name for name in names if not UNSEARCHABLE & set(name)]
 
     def next(self):
+        """The requests of the next actions, and how many these are."""
         self.now += timedelta(seconds=self.chance.randint(20, 60))
         kinds = {self.sell: 40, self.scan: 10, self.collect: 14, self.collect_at_once: 6, self.pay: 6, self.correct: 6, self.cancel: 6, self.receive: 5,
                  self.look_around: 7}
         kind = self.chance.choices(list(kinds), list(kinds.values()))[0]
-        return [{"do": "clock", "now": self.now.isoformat()}, *kind()]
+        lines = self.chance.randint(1, 4) if kind == self.sell else 1
+        return [{"do": "clock", "now": self.now.isoformat()}, *(kind(lines) if kind == self.sell else kind())], lines
 
-    def anybody(self):
-        return [put("GurupCombo", "Toptan"), put("GurupCombo", "Tüm Guruplar"), put("Text1(0)", self.chance.choice(self.customers))]
+    def anybody(self, name=None):
+        everybody = [put("GurupCombo", "Toptan"), put("GurupCombo", "Tüm Guruplar")] if self.wholesale else []
+        self.wholesale = False
+        return [*everybody, put("Text1(0)", name or self.chance.choice(self.customers))]
+
+    def anybody_wholesale(self):
+        self.wholesale = True
+        return [put("GurupCombo", "Tüm Guruplar"), put("GurupCombo", "Toptan"), put("Text1(0)", self.chance.choice(self.wholesalers))]
 
     def in_sale(self, *requests):
         return [*self.anybody(), double("Label1(0)"), *requests, row("StokGrid", 0), double("Label1(0)")]
 
-    def sell(self):
+    def sell(self, lines):
         mode = self.chance.choices((0, 1, 2), (8, 1, 1))[0]
-        return self.in_sale(row("StokGrid", self.chance.randrange(8)), *[double("Label4")] * mode, put("Text2(1)", str(self.chance.randint(1, 5))), tap("Command2"))
+        return self.in_sale(*[request for _ in range(lines) for request in (
+            row("StokGrid", self.chance.randrange(8)), *[double("Label4")] * mode, put("Text2(1)", str(self.chance.randint(1, 5))), tap("Command2"))])
 
     def scan(self):
         return self.in_sale({"do": "scan", "code": self.chance.choice(self.codes)}, put("Text2(1)", "1"), tap("Command2"))
@@ -66,12 +76,11 @@ class Hands:
         return [*self.anybody(), *[tap("Label3")] * self.chance.randrange(len(INSTRUMENTS)), put("Text2(2)", typed(self.chance.uniform(5, 400))), tap("Command2")]
 
     def collect_at_once(self):
-        return [put("GurupCombo", "Tüm Guruplar"), put("Text1(0)", WALK_IN), double("Label1(0)"), row("StokGrid", 1), put("Text2(1)", "1"), tap("Command2"), tap("Command1"),
+        return [*self.anybody(WALK_IN), double("Label1(0)"), row("StokGrid", 1), put("Text2(1)", "1"), tap("Command2"), tap("Command1"),
                 tap("Command7(1)"), row("StokGrid", 0), double("Label1(0)")]
 
     def pay(self):
-        return [put("GurupCombo", "Tüm Guruplar"), put("GurupCombo", "Toptan"), put("Text1(0)", self.chance.choice(self.wholesalers)),
-                put("Text2(2)", typed(self.chance.uniform(5, 400))), tap("Command2")]
+        return [*self.anybody_wholesale(), put("Text2(2)", typed(self.chance.uniform(5, 400))), tap("Command2")]
 
     def correct(self):
         return self.in_sale(row("StokGrid", 2), put("Text2(1)", "2"), tap("Command2"), row("HareketGrid", 0, True), tap("Command3"),
@@ -81,13 +90,12 @@ class Hands:
         return self.in_sale(row("StokGrid", 3), put("Text2(1)", "2"), tap("Command2"), row("HareketGrid", 0), {"do": "answer", "with": "Yes"}, tap("Command2"))
 
     def receive(self):
-        return [put("GurupCombo", "Tüm Guruplar"), put("GurupCombo", "Toptan"), put("Text1(0)", self.chance.choice(self.wholesalers)), put("StokChk", True),
-                put("Text6(0)", self.chance.choice(self.items)), {"do": "key", "key": "Enter"}, put("Text6(1)", "10"), put("Text6(2)", "15"), put("Text6(3)", "4"),
+        return [*self.anybody_wholesale(), put("StokChk", True), put("Text6(0)", self.chance.choice(self.items)), {"do": "key", "key": "Enter"}, put("Text6(1)", "10"), put("Text6(2)", "15"), put("Text6(3)", "4"),
                 tap("StokAlCmd(1)"), tap("StokAlCmd(0)")]
 
     def look_around(self):
-        return [put("GurupCombo", "Tüm Guruplar"), put("Text5", self.chance.choice("aeıisk")), put("Text5", ""), {"do": "head", "at": "CariGrid", "column": 1}, tap("ComboCmd"),
-                tap("ComboCmd"), {"do": "grid", "at": "CariGrid"}, {"do": "state"}, {"do": "messages"}]
+        return [*self.anybody(), put("Text5", self.chance.choice("aeıisk")), put("Text5", ""), {"do": "head", "at": "CariGrid", "column": 1}, tap("ComboCmd"),
+                tap("ComboCmd"), {"do": "grid", "at": "CariGrid"}, {"do": "state"}, {"do": "messages"}, {"do": "printed"}]
 
 
 def figures(process):
@@ -106,14 +114,16 @@ def main():
     try:
         for part in range(PARTS):
             spent = []
-            for _ in range(actions // PARTS):
-                requests = hands.next()
+            done = 0
+            while done < actions // PARTS:
+                requests, lines = hands.next()
+                done += lines
                 begin = time.monotonic()
                 for request in requests:
                     answer = robot.ask(request)
                     if not answer["ok"]:
                         raise RuntimeError(f"{request}: {answer['error']}")
-                spent.append((time.monotonic() - begin) * 1000)
+                spent.append((time.monotonic() - begin) * 1000 / lines)
             history.append({"actions": (part + 1) * (actions // PARTS), "median": round(statistics.median(spent), 2), **figures(robot.process.pid)})
             if (part + 1) % (PARTS // 10) == 0:
                 print(json.dumps(history[-1]), flush=True)
