@@ -31,19 +31,20 @@ inline std::array<BookingPanel, 6> BookingPanels(Screen& screen) {
 // booked on the wrong one, and an item that was typed in one sale is not asked for in another.
 void CloseBookingPanels(Screen& screen);
 
-// Closes the receipt and the collection when another customer than the one for whom they were opened comes in front.
+// Closes the receipt, the collection and the balance view when another customer than the one for whom they were opened comes in front.
 class CustomerPanels {
  public:
   CustomerPanels(const DeskParts& parts, const CustomerInFront& customer);
 
  private:
+  [[nodiscard]] std::array<Element*, 3> Panels() const;
   void Opened(Element& panel);
   void CustomerMoved();
 
   Screen& screen_;
   const FormState& form_;
   const CustomerInFront& customer_;
-  std::string openedFor_;  // his code; "" while neither is open
+  std::string openedFor_;  // his code; "" while none is open
   Connections connections_;
 };
 

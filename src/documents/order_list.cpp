@@ -40,8 +40,8 @@ Drawing DrawOrderList(const Measures& measures, PrintFont body, const std::vecto
     pen.CurrentX = columns.left;
     pen.Print(line.itemName);
     PrintFigureEndingAt(pen, columns.Edge(kQuantity), Format(line.quantity, kFigures));
-    PrintFigureEndingAt(pen, columns.Edge(kPrice), Format(line.price, kFigures));
-    PrintFigureEndingAt(pen, columns.Edge(kAmount), Format(line.amount, kFigures));
+    PrintFigureBeside(pen, columns.Edge(kPrice), Format(line.price, kFigures));
+    PrintFigureBeside(pen, columns.Edge(kAmount), Format(line.amount, kFigures));
     pen.PrintLine();
   }
   pen.Rule(columns.left, columns.Right());

@@ -11,6 +11,8 @@ constexpr double kSlipMargin = 30;                  // X0 of slips, on either si
 constexpr double kCentredMargin = 120;              // of a centred table, both sides together
 constexpr double kHeadingPoints = 2;                // by which the heading is larger than the body
 constexpr double kShrinkStep = 0.5, kSmallest = 2;  // points
+constexpr double kLeastOfFont = 0.8;                // of a figure that is printed smaller
+constexpr double kGroundLine = 0.8;                 // of a line's height, from its top
 constexpr double kMostFeedLines = 100;              // a metre of paper is no tear-off
 
 double ZerosWide(const Measures& measures, const PrintFont& font, int zeros) {
@@ -107,8 +109,33 @@ void PrintHeading(Pen& pen, const Columns& columns, int index, const std::string
 }
 
 void PrintFigureEndingAt(Pen& pen, double right, const std::string& figure) {
-  if (pen.CurrentX > right - pen.TextWidth(figure)) pen.PrintLine();
+  if (pen.CurrentX > right - pen.TextWidth(figure + " ")) pen.PrintLine();
   pen.PrintEndingAt(right, figure);
+}
+
+void PrintFigureBeside(Pen& pen, double right, const std::string& figure) {
+  const PrintFont font = FontBeside(pen, pen.CurrentX, right, figure);
+  if (font == pen.font) {
+    PrintFigureEndingAt(pen, right, figure);
+  } else {
+    PrintEndingAtIn(pen, font, right, figure);
+  }
+}
+
+PrintFont FontBeside(const Pen& pen, double left, double right, const std::string& figure) {
+  for (PrintFont font = pen.font; font.size >= kLeastOfFont * pen.font.size; font.size -= kShrinkStep)
+    if (left <= right - pen.TextWidthIn(font, figure + " ")) return font;
+  return pen.font;
+}
+
+void PrintEndingAtIn(Pen& pen, const PrintFont& font, double right, const std::string& text) {
+  const PrintFont body = pen.font;
+  const double top = pen.CurrentY, height = pen.LineHeight();
+  pen.font = font;
+  pen.CurrentY += (height - pen.LineHeight()) * kGroundLine;
+  pen.PrintEndingAt(right, text);
+  pen.font = body;
+  pen.CurrentY = top;
 }
 
 void PrintLabelled(Pen& pen, const Columns& columns, const std::string& label, const std::string& figure) {

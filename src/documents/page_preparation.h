@@ -59,8 +59,15 @@ std::string CutToWidth(const Pen& pen, std::string text, double width);
 void PrintRule(Pen& pen, const Columns& columns);
 // Centred in the column `index`, that of the names being 0.
 void PrintHeading(Pen& pen, const Columns& columns, int index, const std::string& text);
-// Right-aligned behind what was printed on the line. Where the two would run into each other, on the next line.
+// Right-aligned behind what was printed on the line. Where no blank would part the two, on the next line.
 void PrintFigureEndingAt(Pen& pen, double right, const std::string& figure);
+// The same behind a figure, from which it is first parted by smaller letters.
+void PrintFigureBeside(Pen& pen, double right, const std::string& figure);
+// The pen's font or one up to a fifth smaller, in which a figure that ends at `right` leaves a blank free behind `left`; the pen's own where
+// none does. Two figures that touch read as one.
+PrintFont FontBeside(const Pen& pen, double left, double right, const std::string& figure);
+// In that font, on the ground line of the pen's; the place as with Pen::Print.
+void PrintEndingAtIn(Pen& pen, const PrintFont& font, double right, const std::string& text);
 // A label at the left end of the table and its figure at the right end, on a line.
 void PrintLabelled(Pen& pen, const Columns& columns, const std::string& label, const std::string& figure);
 // The shop's line below a slip, and the feed.

@@ -31,7 +31,8 @@ class Pen {
   // With its upper left corner at (x, CurrentY); the place moves down by its height.
   void Paint(Picture picture, double x, double width, double height);
 
-  [[nodiscard]] double TextWidth(const std::string& text) const { return measures_.TextWidth(font, text); }
+  [[nodiscard]] double TextWidth(const std::string& text) const { return TextWidthIn(font, text); }
+  [[nodiscard]] double TextWidthIn(const PrintFont& other, const std::string& text) const { return measures_.TextWidth(other, text); }
   [[nodiscard]] double LineHeight() const { return measures_.LineHeight(font); }
   [[nodiscard]] double ScaleWidth() const { return measures_.ScaleWidth(); }
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "desk/quiet_line.h"
+#include "documents/printer_selection.h"
 #include "platform/event_loop.h"
 #include "platform/log.h"
 #include "platform/printer.h"
@@ -70,18 +71,10 @@ std::expected<PrintFont, Status> PrintJob::BodyFont(const std::string& name) {
   return font;
 }
 
-// A size or orientation that was never chosen is the printer's own.
-void PrintJob::UsePaper(Setting size, Setting orientation) {
-  Printer& printer = parts_.world.printer;
-  if (const int wanted = static_cast<int>(parts_.settings.GetNumber(size)); wanted > 0) printer.SetPaperSize(wanted);
-  if (const int wanted = static_cast<int>(parts_.settings.GetNumber(orientation)); wanted == 1 || wanted == 2)
-    printer.SetOrientation(static_cast<Orientation>(wanted));
-}
-
 std::expected<PrintFont, Status> PrintJob::PrepareSlip() {
   auto font = BodyFont(kSlipFont);
   if (!font) return font;
-  UsePaper(Setting::StatementPaperSize, Setting::StatementOrientation);
+  UseChosenPaper(parts_.world.printer, parts_.settings, Setting::StatementPaperSize, Setting::StatementOrientation);
   if (parts_.screen.A5.Checked()) parts_.world.printer.SetPaperSize(paper::kSmallSlip);
   return font;
 }
@@ -96,7 +89,7 @@ std::expected<PrintFont, Status> PrintJob::PrepareReport() {
 }
 
 PrintFont PrintJob::PrepareInvoice() {
-  UsePaper(Setting::InvoicePaperSize, Setting::InvoiceOrientation);
+  UseChosenPaper(parts_.world.printer, parts_.settings, Setting::InvoicePaperSize, Setting::InvoiceOrientation);
   PrintFont font{.name = parts_.settings.Get(Setting::PrintFontName), .size = parts_.settings.GetNumber(Setting::PrintFontSize)};
   if (font.name.empty()) font = {.name = kSlipFont, .size = 10};
   if (font.size <= 0) font.size = 10;

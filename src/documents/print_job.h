@@ -56,7 +56,6 @@ class PrintJob {
   using Clock = std::chrono::steady_clock;
 
   std::expected<PrintFont, Status> BodyFont(const std::string& name);
-  void UsePaper(Setting size, Setting orientation);
   Status Play(const Drawing& drawing);
   Status Draw(const DrawingStep& step);
   void ShowProgress(std::size_t done, std::size_t total);

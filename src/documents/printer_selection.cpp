@@ -7,6 +7,12 @@
 
 namespace karvel {
 
+void UseChosenPaper(Printer& printer, const Settings& settings, Setting size, Setting orientation) {
+  printer.SetPaperSize(static_cast<int>(settings.GetNumber(size)));
+  if (const int wanted = static_cast<int>(settings.GetNumber(orientation)); wanted == 1 || wanted == 2)
+    printer.SetOrientation(static_cast<Orientation>(wanted));
+}
+
 PrinterSelection::PrinterSelection(const DeskParts& parts)
     : screen_(parts.screen), form_(parts.form), settings_(parts.settings), world_(parts.world) {
   Screen& screen = screen_;
@@ -33,7 +39,7 @@ bool PrinterSelection::Select(const std::string& deviceName) {
 }
 
 bool PrinterSelection::SelectForReports() {
-  return Select(settings_.Get(Setting::StatementPrinter, form_.DökYazıcı));
+  return SelectOnItsPaper(settings_.Get(Setting::StatementPrinter, form_.DökYazıcı));
 }
 
 bool PrinterSelection::SelectForInvoices() {
@@ -41,8 +47,13 @@ bool PrinterSelection::SelectForInvoices() {
 }
 
 void PrinterSelection::SelectForStatements() {
-  if (!Select(form_.DökYazıcı)) return;
-  if (const int size = static_cast<int>(settings_.GetNumber(Setting::StatementPaperSize)); size > 0) world_.printer.SetPaperSize(size);
+  SelectOnItsPaper(form_.DökYazıcı);
+}
+
+bool PrinterSelection::SelectOnItsPaper(const std::string& deviceName) {
+  if (!Select(deviceName)) return false;
+  UseChosenPaper(world_.printer, settings_, Setting::StatementPaperSize, Setting::StatementOrientation);
+  return true;
 }
 
 PrinterSelection::Pool PrinterSelection::PoolInFront() const {

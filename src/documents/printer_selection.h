@@ -13,6 +13,12 @@
 
 namespace karvel {
 
+class Printer;
+
+// The paper (its number) and the orientation (1 upright, 2 turned) that these settings keep; where none was ever chosen, the printer's own
+// paper, and its orientation stays.
+void UseChosenPaper(Printer& printer, const Settings& settings, Setting size, Setting orientation);
+
 class PrinterSelection {
  public:
   explicit PrinterSelection(const DeskParts& parts);
@@ -21,7 +27,7 @@ class PrinterSelection {
   void Begin();
   // Makes the first printer of exactly this name current (YazıcıSeç). False: there is none, and the current one stays.
   bool Select(const std::string& deviceName);
-  // The printer of reports and of the Z report: Dökn, without one DökYazıcı.
+  // The printer of reports and of the Z report, Dökn, without one DökYazıcı, on its paper. False: it is gone, and the current one stays.
   bool SelectForReports();
   // The printer chosen for invoices, Prnn. False: none was chosen, or it is gone.
   bool SelectForInvoices();
@@ -34,6 +40,7 @@ class PrinterSelection {
   struct Pool {
     Setting name, size, orientation;
   };
+  bool SelectOnItsPaper(const std::string& deviceName);
   [[nodiscard]] Pool PoolInFront() const;
   void Preselect();
   void Use(const PrinterChoice& choice);

@@ -107,8 +107,9 @@ class SlipDrawing {
   void BeginDay(const DateTime& day) {
     if (day == day_) return;
     if (!day_.IsEmpty()) {
-      pen_.PrintEndingAt(columns_.Edge(kPrice), "Fiş Toplamı");
-      pen_.PrintLineEndingAt(columns_.Edge(kAmount), Money(soldSoFar_));
+      const std::string sum = Money(soldSoFar_);
+      pen_.PrintEndingAt(std::min(columns_.Edge(kPrice), columns_.Edge(kAmount) - pen_.TextWidth(" " + sum)), "Fiş Toplamı");
+      pen_.PrintLineEndingAt(columns_.Edge(kAmount), sum);
       PrintRule(pen_, columns_);
     }
     if (slip_.untilToday) {
@@ -138,8 +139,10 @@ class SlipDrawing {
     pen_.font.underline = false;
     const bool counted = line.quantity != 0 && !line.itemCode.empty();
     const std::string amount = Money(counted ? line.amount : line.paid);
-    if (counted) PrintCount(line, columns_.Edge(kAmount) - pen_.TextWidth(amount));
-    pen_.PrintLineEndingAt(columns_.Edge(kAmount), amount);
+    const PrintFont font = counted ? FontBeside(pen_, columns_.Edge(kPrice), columns_.Edge(kAmount), amount) : pen_.font;
+    if (counted) PrintCount(line, font == pen_.font ? columns_.Edge(kAmount) - pen_.TextWidth(amount) : columns_.Edge(kPrice));
+    PrintEndingAtIn(pen_, font, columns_.Edge(kAmount), amount);
+    pen_.PrintLine();
     pen_.CurrentY += kStep;
   }
 

@@ -40,8 +40,8 @@ Drawing DrawStockStatus(const Measures& measures, PrintFont body, const PrintSty
     pen.CurrentX = columns.left;
     pen.Print(CutToWidth(pen, line.name, pen.ScaleWidth() - 2 * columns.left));
     PrintFigureEndingAt(pen, columns.Edge(kIn), quantity(line.in));
-    PrintFigureEndingAt(pen, columns.Edge(kOut), quantity(line.out));
-    PrintFigureEndingAt(pen, columns.Edge(kLeft), line.onHand > 0 ? quantity(line.onHand) : "-" + quantity(line.oversold));
+    PrintFigureBeside(pen, columns.Edge(kOut), quantity(line.out));
+    PrintFigureBeside(pen, columns.Edge(kLeft), line.onHand > 0 ? quantity(line.onHand) : "-" + quantity(line.oversold));
     pen.PrintLine();
   }
   pen.CurrentY += kStep;

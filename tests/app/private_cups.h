@@ -70,7 +70,8 @@ class PrivateCups {
     if (!printer_.waitForNewConnection(milliseconds)) return "";
     const std::unique_ptr<QTcpSocket> from(printer_.nextPendingConnection());
     QByteArray all;
-    while (from->waitForReadyRead(5000) || from->bytesAvailable()) all += from->readAll();
+    // Whoever sends keeps the line open for what the printer might answer.
+    while (from->waitForReadyRead(all.trimmed().endsWith("%%EOF") ? 500 : 5000) || from->bytesAvailable()) all += from->readAll();
     const std::string path = In("received.pdf");
     std::ofstream(path, std::ios::binary) << all.mid(std::max<qsizetype>(0, all.indexOf("%PDF"))).toStdString();
     return path;
@@ -93,14 +94,18 @@ class PrivateCups {
 
   // A printer of PDFs that takes rolls too.
   void WritePrinterDescription() const {
+    const std::pair<const char*, int> rolls[] = {{"Roll58/Rulo 58 mm", 164}, {"Roll80/Rulo 80 mm", 227}};  // widths in points
     std::ifstream generic("/usr/share/ppd/cupsfilters/Generic-PDF_Printer-PDF.ppd");
     std::ofstream own(In("kasa.ppd"));
     for (std::string line; std::getline(generic, line);) {
       own << line << "\n";
-      if (line.starts_with("*DefaultPageSize")) own << "*PageSize Roll80/Rulo 80 mm: \"<</PageSize[227 842]>>setpagedevice\"\n";
-      if (line.starts_with("*DefaultPageRegion")) own << "*PageRegion Roll80/Rulo 80 mm: \"<</PageSize[227 842]>>setpagedevice\"\n";
-      if (line.starts_with("*DefaultImageableArea")) own << "*ImageableArea Roll80/Rulo 80 mm: \"11 0 216 842\"\n";
-      if (line.starts_with("*DefaultPaperDimension")) own << "*PaperDimension Roll80/Rulo 80 mm: \"227 842\"\n";
+      for (const auto& [name, width] : rolls) {
+        const std::string size = std::to_string(width) + " 842";
+        if (line.starts_with("*DefaultPageSize")) own << "*PageSize " << name << ": \"<</PageSize[" << size << "]>>setpagedevice\"\n";
+        if (line.starts_with("*DefaultPageRegion")) own << "*PageRegion " << name << ": \"<</PageSize[" << size << "]>>setpagedevice\"\n";
+        if (line.starts_with("*DefaultImageableArea")) own << "*ImageableArea " << name << ": \"11 0 " << width - 11 << " 842\"\n";
+        if (line.starts_with("*DefaultPaperDimension")) own << "*PaperDimension " << name << ": \"" << size << "\"\n";
+      }
     }
   }
 
@@ -108,5 +113,11 @@ class PrivateCups {
   QTcpServer printer_;
   pid_t process_ = 0;
 };
+
+// The toolkit finds the printing system once: all tests of a process share it.
+inline PrivateCups& SharedCups() {
+  static PrivateCups shared;
+  return shared;
+}
 
 }  // namespace karvel::testing

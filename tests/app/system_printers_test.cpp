@@ -12,13 +12,8 @@
 namespace karvel {
 namespace {
 
-// The toolkit finds the printing system once: all tests of a process share it.
 class SystemPrintersTest : public ::testing::Test {
  protected:
-  static testing::PrivateCups& Cups() {
-    static testing::PrivateCups shared;
-    return shared;
-  }
   void SetUp() override { cups.MakeQueue(); }
 
   // One text in the middle of the paper of this number, if any.
@@ -33,7 +28,7 @@ class SystemPrintersTest : public ::testing::Test {
     return printer.EndDoc();
   }
 
-  testing::PrivateCups& cups = Cups();
+  testing::PrivateCups& cups = testing::SharedCups();
   TempFolder folder;
   FolderFiles files{folder.Path()};
   FixedClock clock;

@@ -84,6 +84,26 @@ TEST_F(PrinterSelectionTest, when_the_invoice_closes_the_statement_printer_is_in
   EXPECT_EQ(InUse(), "Velmora PDF");
 }
 
+TEST_F(PrinterSelectionTest, the_z_report_and_the_reports_come_on_the_paper_chosen_for_the_printer) {
+  Choose("Kasa", 257, 2);
+  At("CiroChk").SetChecked(true);
+  Click("ZRaporu");
+  Click("CiroYazCmd");
+  ASSERT_EQ(printer.jobs.size(), 2U);
+  EXPECT_EQ(printer.jobs[0].paperSize, 257);
+  EXPECT_EQ(printer.jobs[1].paperSize, 257);
+  EXPECT_EQ(printer.Orientation(), Orientation::Landscape);
+}
+
+TEST_F(PrinterSelectionTest, a_small_slip_leaves_the_reports_paper_as_it_was_chosen) {
+  Choose("Kasa", 257);
+  printer.SetPaperSize(paper::kSmallSlip);
+  At("CiroChk").SetChecked(true);
+  Click("ZRaporu");
+  ASSERT_EQ(printer.jobs.size(), 1U);
+  EXPECT_EQ(printer.jobs[0].paperSize, 257);
+}
+
 TEST_F(PrinterSelectionTest, a_cancelled_choice_keeps_everything) {
   Click("MnPop(10)");
   EXPECT_EQ(Kept().Get(Setting::StatementPrinter), "");

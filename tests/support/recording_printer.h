@@ -69,7 +69,7 @@ class RecordingPrinter final : public Printer {
   [[nodiscard]] int PaperSize() const override { return paperSize_; }
   [[nodiscard]] karvel::Orientation Orientation() const override { return orientation_; }
   [[nodiscard]] int Copies() const override { return copies_; }
-  void SetPaperSize(int size) override { paperSize_ = size; }
+  void SetPaperSize(int size) override { paperSize_ = size > 0 ? size : paper::kA4; }
   void SetOrientation(karvel::Orientation orientation) override { orientation_ = orientation; }
   void SetCopies(int copies) override { copies_ = copies; }
   void SetScaleMode(ScaleMode mode) override { scale_ = mode; }
