@@ -10,8 +10,7 @@ void CloseBookingPanels(Screen& screen) {
 
 CustomerPanels::CustomerPanels(const DeskParts& parts, const CustomerInFront& customer)
     : screen_(parts.screen), form_(parts.form), customer_(customer) {
-  for (Element* const panel : Panels())
-    connections_ += panel->altered.Connect([this, panel] { Opened(*panel); });
+  for (Element* const panel : Panels()) connections_ += panel->altered.Connect([this, panel] { Opened(*panel); });
   connections_ += parts.cursors.CariData.repositioned.Connect([this] { CustomerMoved(); });
 }
 

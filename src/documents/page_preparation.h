@@ -63,8 +63,8 @@ void PrintHeading(Pen& pen, const Columns& columns, int index, const std::string
 void PrintFigureEndingAt(Pen& pen, double right, const std::string& figure);
 // The same behind a figure, from which it is first parted by smaller letters.
 void PrintFigureBeside(Pen& pen, double right, const std::string& figure);
-// The pen's font or one up to a fifth smaller, in which a figure that ends at `right` leaves a blank free behind `left`; the pen's own where
-// none does. Two figures that touch read as one.
+// The pen's font or one up to a fifth smaller, in which a figure that ends at `right` leaves a blank free behind `left`; the pen's own
+// where none does. Two figures that touch read as one.
 PrintFont FontBeside(const Pen& pen, double left, double right, const std::string& figure);
 // In that font, on the ground line of the pen's; the place as with Pen::Print.
 void PrintEndingAtIn(Pen& pen, const PrintFont& font, double right, const std::string& text);

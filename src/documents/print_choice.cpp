@@ -11,9 +11,8 @@ namespace karvel {
 PrintChoice::PrintChoice(const DeskParts& parts) : screen_(parts.screen), world_(parts.world), day_(parts.world.clock.Now().Date()) {
   Screen& screen = screen_;
   // Before whoever prints reads the day.
-  for (Element* const trigger :
-       {&screen.Command1, &screen.Command5(1), &screen.Command5(2), &screen.DökNoYaz, &screen.ZRaporu, &screen.TahsilatCmd,
-                                 &screen.CiroChk, &screen.CariHesCmd})
+  for (Element* const trigger : {&screen.Command1, &screen.Command5(1), &screen.Command5(2), &screen.DökNoYaz, &screen.ZRaporu,
+                                 &screen.TahsilatCmd, &screen.CiroChk, &screen.CariHesCmd})
     connections_ += trigger->click.Connect([this] { FollowDay(); });
   connections_ += screen.Command1.click.Connect([this] { Toggle(); });
   for (Element* const out : {&screen.Command5(0), &screen.VzgCmd, &screen.Command4})

@@ -72,6 +72,14 @@ TEST_F(BalanceViewTest, closes_by_escape_and_with_the_print_choice) {
   EXPECT_FALSE(At("CariFrame").Visible());
 }
 
+TEST_F(BalanceViewTest, closes_when_another_customer_comes_in_front) {
+  Front("C001");
+  Click("CariHesCmd");
+  ASSERT_TRUE(At("CariFrame").Visible());
+  Front("C002");
+  EXPECT_FALSE(At("CariFrame").Visible());
+}
+
 TEST_F(BalanceViewTest, is_unavailable_while_the_date_is_asked_for) {
   Front("C001");
   Click("Command1");

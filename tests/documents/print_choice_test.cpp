@@ -1,4 +1,5 @@
 #include "tests/support/desk_fixture.h"
+#include "text/format.h"
 
 namespace karvel {
 namespace {
@@ -77,6 +78,13 @@ TEST_F(PrintChoiceTest, a_new_day_brings_the_date_to_today) {
   clock.now = clock.now.PlusDays(1);
   Click("Command5(1)");
   EXPECT_EQ(At("DTPicker1").Date(), clock.Now().Date());
+}
+
+TEST_F(PrintChoiceTest, a_turnover_that_is_opened_on_a_new_day_begins_with_it) {
+  clock.now = clock.now.PlusDays(1);
+  At("CiroChk").SetChecked(true);
+  EXPECT_EQ(At("DTPicker1").Date(), clock.Now().Date());
+  EXPECT_EQ(desk->form.CriteriaText, "Tarih>=#" + Format(clock.Now(), "mm/dd/yyyy") + "#");
 }
 
 }  // namespace

@@ -104,6 +104,14 @@ TEST_F(PrinterSelectionTest, a_small_slip_leaves_the_reports_paper_as_it_was_cho
   EXPECT_EQ(printer.jobs[0].paperSize, 257);
 }
 
+TEST_F(PrinterSelectionTest, a_paper_that_was_never_chosen_is_the_printers_own_again_behind_a_small_slip) {
+  printer.SetPaperSize(paper::kSmallSlip);
+  At("CiroChk").SetChecked(true);
+  Click("ZRaporu");
+  ASSERT_EQ(printer.jobs.size(), 1U);
+  EXPECT_EQ(printer.jobs[0].paperSize, paper::kA4);
+}
+
 TEST_F(PrinterSelectionTest, a_cancelled_choice_keeps_everything) {
   Click("MnPop(10)");
   EXPECT_EQ(Kept().Get(Setting::StatementPrinter), "");

@@ -52,6 +52,18 @@ TEST_F(ReportDrawingTest, the_order_list_names_each_customer_over_his_lines) {
   EXPECT_EQ(TextIn(drawing, "Toplam Tutar").y, rules[3].y1 + 60);
 }
 
+TEST_F(ReportDrawingTest, figures_of_the_order_list_never_touch) {
+  const Drawing drawing =
+      DrawOrderList(measures, font, {Ordered("Ali", "Pirinç", 2, 517.9), Ordered("Ali", "Un", 12, 1234567.5)}, {2026, 3, 1}, 0);
+  const DrawnText amount = TextIn(drawing, "1.035,80");
+  EXPECT_EQ(EndOf(TextIn(drawing, "517,90")), 1540 - 128);
+  EXPECT_EQ(EndOf(amount), 1540);
+  EXPECT_GT(amount.x, 1540 - 128 + 8);
+  EXPECT_LT(amount.font.size, TextIn(drawing, "517,90").font.size);
+  // What is far too wide has a line of its own.
+  EXPECT_EQ(TextIn(drawing, "14.814.810,00").y, TextIn(drawing, "Un").y + 2 * 32);
+}
+
 TEST_F(ReportDrawingTest, a_name_too_long_for_its_column_has_its_figures_below) {
   const std::string name(90, 'x');
   const Drawing drawing = DrawOrderList(measures, font, {Ordered("Ali", name, 2, 50)}, {2026, 3, 1}, 0);

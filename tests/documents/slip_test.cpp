@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/support/drawn_texts.h"
 #include "tests/support/recording_printer.h"
 
@@ -277,6 +279,33 @@ TEST_F(SlipTest, an_amount_wider_than_its_column_moves_the_price_to_the_left) {
     return;
   }
   FAIL() << "price and amount are not beside each other";
+}
+
+TEST_F(SlipTest, an_amount_that_fills_its_column_is_parted_from_the_price_by_smaller_letters) {
+  slip.lines = {Goods("Pirinç", 100, 123.45), Goods("Şeker", 1, 20)};
+  slip.lines[0].price = 99.99;
+  style.amountFormat = "0.00";
+  slip.lines[0].amount = 12345.67;  // eight letters: as wide as the column
+  const Drawing drawing = Draw();
+  const DrawnText amount = TextIn(drawing, "12345,67");
+  EXPECT_EQ(EndOf(amount), 1570);
+  EXPECT_LT(amount.font.size, TextIn(drawing, "Pirinç").font.size);
+  EXPECT_EQ(EndOf(TextIn(drawing, "99,99")), 1442);
+  EXPECT_GT(amount.x, 1442 + 8);
+  EXPECT_EQ(TextIn(drawing, "20,00").font.size, TextIn(drawing, "Şeker").font.size);
+  EXPECT_EQ(TextIn(drawing, "Şeker").y, TextIn(drawing, "Pirinç").y + 32 + 30);
+}
+
+TEST_F(SlipTest, the_running_sum_moves_its_label_to_the_left_where_it_is_wide) {
+  slip.untilToday = true;
+  slip.lines = {Goods("Pirinç", 1, 1234567.89), Goods("Şeker", 1, 20)};
+  slip.lines[0].date = {2026, 2, 28, 12, 0, 0};
+  const Drawing drawing = Draw();
+  const auto texts = TextsOf(drawing);
+  const auto label = std::ranges::find(texts, "Fiş Toplamı", &DrawnText::text);
+  ASSERT_NE(label, texts.end());
+  EXPECT_EQ(EndOf(*(label + 1)), 1570);
+  EXPECT_EQ(EndOf(*label) + 16, (label + 1)->x);
 }
 
 TEST_F(SlipTest, while_money_is_collected_neither_the_rest_nor_the_discount_is_told) {
