@@ -111,6 +111,7 @@ void TurnoverPanel::Close() {
   groups_.ShowKept();  // a group that was chosen meanwhile
   // Text1(0), the balance and the day book are those of the customer in front.
   step("first customer", cursors_.CariData.MoveFirst());
+  if (ChosenGroup().empty()) Tell(screen_, "Listede Müşteri gurubu var");  // whatever the box of groups reads
   if (!customer_.IsThere()) customer_.Follow();
 }
 

@@ -32,13 +32,16 @@ std::u32string Letters(const QString& text) {
   return letters;
 }
 
-// All that the desk says that it wrote.
-std::u32string Drawn(const std::string& path) {
+QJsonArray Items(const std::string& path) {
   std::ifstream file(path);
   const std::string all((std::istreambuf_iterator<char>(file)), {});
+  return QJsonDocument::fromJson(QByteArray::fromStdString(all)).object()["items"].toArray();
+}
+
+// All that the desk says that it wrote.
+std::u32string Drawn(const std::string& path) {
   QString texts;
-  for (const QJsonValue& item : QJsonDocument::fromJson(QByteArray::fromStdString(all)).object()["items"].toArray())
-    texts += item.toObject()["text"].toString();
+  for (const QJsonValue& item : Items(path)) texts += item["text"].toString();
   return Letters(texts);
 }
 
@@ -54,15 +57,46 @@ int RollOf80(const std::string& printer) {
   return roll == papers.end() ? 0 : roll->number;
 }
 
+std::string PrintedBy(const std::string& folder, const std::string& printer, int roll) {
+  return testing::OutputOf("python3 -B " KARVEL_SCRIPTS "/sample_documents.py '" + ToUtf8(QCoreApplication::applicationDirPath()) + "' '" +
+                           folder + "' '" + printer + "' " + std::to_string(roll) + " 2>&1 && echo printed all");
+}
+
+struct SlipPaper {
+  int number;
+  double printable;  // millimetres across
+};
+
+class SlipsOnPaperTest : public ::testing::TestWithParam<SlipPaper> {};
+
+TEST_P(SlipsOnPaperTest, slips_keep_all_their_letters_between_the_edges) {
+  const TempFolder folder;
+  const std::string documents = folder.Path() + "/documents";
+  ASSERT_TRUE(PrintedBy(documents, "Velmora PDF", GetParam().number).ends_with("printed all\n"));
+  const double across = GetParam().printable / 25.4 * 203;
+  for (const std::string name : {"slip", "collection_slip", "z_report"}) {
+    const QJsonArray items = Items(documents + "/" + name + ".json");
+    EXPECT_GT(items.size(), 10) << name;
+    for (const QJsonValue& item : items) {
+      if (!item.toObject().contains("text")) continue;
+      EXPECT_GE(item["x"].toDouble(), 0) << name << ": " << ToUtf8(item["text"].toString());
+      EXPECT_LE(item["x"].toDouble() + item["width"].toDouble(), across + 0.5) << name << ": " << ToUtf8(item["text"].toString());
+    }
+    EXPECT_TRUE(Printed(documents + "/" + name + ".pdf") == Drawn(documents + "/" + name + ".json")) << name;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Papers, SlipsOnPaperTest,
+                         ::testing::Values(SlipPaper{256, 48}, SlipPaper{257, 72}, SlipPaper{11, 138}, SlipPaper{9, 200}),
+                         [](const auto& paper) { return "paper" + std::to_string(paper.param.number); });
+
 TEST(PrintedDocumentsTest, each_comes_out_of_the_queue_with_all_its_letters_on_its_paper) {
   testing::PrivateCups& cups = testing::SharedCups();
   cups.MakeQueue();
   setenv("KARVEL_PRINTERS", "system", 1);
   const TempFolder folder;
   const std::string documents = folder.Path() + "/documents";
-  const std::string clerk = "python3 -B " KARVEL_SCRIPTS "/sample_documents.py '" + ToUtf8(QCoreApplication::applicationDirPath()) + "' '" +
-                            documents + "' Kasa " + std::to_string(RollOf80("Kasa")) + " 2>&1 && echo printed all";
-  auto work = std::async(std::launch::async, [&] { return testing::OutputOf(clerk); });
+  auto work = std::async(std::launch::async, [&] { return PrintedBy(documents, "Kasa", RollOf80("Kasa")); });
   std::vector<std::u32string> printed;
   std::vector<std::string> sizes;
   for (std::size_t i = 0; i < std::size(kDocuments); ++i) {

@@ -111,6 +111,17 @@ TEST_F(TurnoverPanelTest, a_group_chosen_meanwhile_narrows_the_list_and_holds_wh
   EXPECT_EQ(At("Label1(0)").Caption(), " Toptan");
 }
 
+TEST_F(TurnoverPanelTest, says_whom_the_list_holds_behind_it) {
+  Tick(true);
+  Tick(false);
+  EXPECT_EQ(At("Durum").Caption(), "Listede Müşteri gurubu var");
+  ASSERT_TRUE(At("GurupCombo").ChooseText("Toptan"));
+  Tick(true);
+  At("Durum").SetCaption("");
+  Tick(false);
+  EXPECT_EQ(At("Durum").Caption(), "");
+}
+
 TEST_F(TurnoverPanelTest, nothing_is_posted_over_it) {
   Set("Text2(2)", "50");
   ASSERT_TRUE(At("Command2").Enabled());
