@@ -306,6 +306,10 @@ class Sale:
             self.enabled["Command2"] = False
             return
         if not self.is_as_seen(self.edited, self.edited_seen):
+            self.text["Command3"] = "Çıkış"
+            self.edited = None
+            self.lines.read()
+            self.bring_item("0")
             return
         line_id = self.edited["DigerId"]
         self.shop.correct(line_id, self.sold_to, self.amount(0), self.amount(1), number(self.text["Label2"]))
