@@ -15,9 +15,9 @@ Till::Till(const std::string& home) : files_(home) {
     if (!made.Ok()) throw std::runtime_error(made.Message());
   }
   stores_ = std::make_unique<Stores>(MakeSqliteEngine({.programFolder = files_.ProgramFolder(), .vfs = {}}));
-  desk_ = std::make_unique<Desk>(
-      World{clock_, loop_, files_, messages_, settings_, shell_, keyboard_, window_, scanner_, connection_, printer_, barcodes_, *stores_},
-      "Velmora Karvel1");
+  desk_ = std::make_unique<Desk>(World{clock_, loop_, files_, messages_, settings_, shell_, keyboard_, window_, scanner_, connection_, ftp_,
+                                       printer_, barcodes_, archives_, *stores_},
+                                 "Velmora Karvel1");
   accounts_ = std::make_unique<Accounts>(*desk_);
   exchange_ = std::make_unique<Exchange>(*desk_);
   documents_ = std::make_unique<Documents>(*desk_, *exchange_);

@@ -8,6 +8,7 @@
 #include "desk/desk.h"
 #include "documents/documents.h"
 #include "exchange/exchange.h"
+#include "exchange/zip/zip_archives.h"
 #include "store/stores.h"
 #include "tests/support/folder_files.h"
 #include "tests/support/memory_settings.h"
@@ -47,8 +48,10 @@ class Till {
   QuietWindow window_;
   TestScanner scanner_;
   TestConnection connection_;
+  TestFtp ftp_;
   RecordingPrinter printer_;
   PlainBarcodes barcodes_;
+  ZipArchives archives_;
   std::unique_ptr<Stores> stores_;
   std::unique_ptr<Desk> desk_;
   std::unique_ptr<Accounts> accounts_;

@@ -14,8 +14,9 @@ MAIN = "Karvel.mdb"
 FILES = (MAIN, "Cari.mdb", "Stok.mdb", "SeriNo.mdb", "Index.mdb", "Fatura.mdb", "DataStok.mdb", "Temp.mdb")
 SETTINGS = HOME + "/settings.ini"
 SLIP_NUMBER = re.compile(rb"D%F6kNo=(\d+)")
-# Of the desk's own upkeep, which no shop misses: logs, locks, where the window stood, neighbours of files, what SQLite keeps for a recovery.
-UPKEEP = re.compile(r".*(/log/.*|/lock/.*|/fitting/.*|karvel\.lock|\.karvel-[^/]*\.tmp|-journal|-mj[0-9A-F]{9})$")
+# Of the desk's own upkeep, which no shop misses: logs, locks, where the window stood, neighbours of files, what SQLite keeps for a recovery, and
+# what a backup needs until its archive is whole.
+UPKEEP = re.compile(r".*(/log/.*|/lock/.*|/fitting/.*|karvel\.lock|\.karvel-[^/]*\.tmp(\.\w+)?|-journal|-mj[0-9A-F]{9}|-changes|/yedeklenen\d+/.*)$")
 
 
 class Damaged(Exception):

@@ -30,8 +30,10 @@ TAPPED = ["Command1", "Command2", "Command3", "Command4", "Label3", "Label4", "L
           "TahsilatCmd", "CiroYazCmd", "ZRaporu", "Command9", "NakitCmd", "Label15", "List1", "List2", "Picture2(0)", "Form1", "Frame2"] + [
     f"{name}({i})" for name, count in (("Label1", 8), ("StokNewCmd", 2), ("CariNewCmd", 2), ("StokAlCmd", 2), ("Command8", 2), ("Command7", 2),
                                        ("Command5", 3), ("FatCmd", 2), ("Command10", 2), ("Label12", 6)) for i in range(count)]
-MENUS = ["Yuzde", "BarkodOku", "SecimTamam", "AySil", "Stoklu", "FiyatSabit", "Fiyat2", "AraVer", "A5", "Efatura80cm"]
-KEYS = ["Enter", "Tab", "Shift+Tab", "Escape", "Delete", "Backspace", "Left", "Right", "Up", "Down", "Home", "End", "PageUp", "PageDown", "Ctrl+A", "Space", "F1",
+PAD = ["Form3", "Form3.Text1", "Form3.Label1", "Form3.Label2", "Form3.Command1", "Form3.Tamam", "Form3.Tamam", "Form3.Cmdc", "Form3.cmdpoint", "Form3.Comonlu(0)",
+       "Form3.Comonlu(1)", "MikMenu(0)", "MikMenu(1)", "MikMenu(2)"] + [f"Form3.cmd({i})" for i in range(10)]
+MENUS = ["PencereSabit", "Yuzde", "BarkodOku", "SecimTamam", "AySil", "Stoklu", "FiyatSabit", "Fiyat2", "AraVer", "A5", "Efatura80cm"]
+KEYS = ["Enter", "Tab", "Shift+Tab", "Escape", "Delete", "Backspace", "Left", "Right", "Up", "Down", "Home", "End", "PageUp", "PageDown", "Ctrl+A", "Space", "F1", "F8",
         "Ctrl+Left", "Insert", "Ctrl+V", "Ctrl+X", "Ctrl+Z"]
 TEXTS = ["", " ", "1", "2", "12", "0", "-5", "1,5", "1.234,56", "999999999", "0,01", "abc", "Ayşe", "İ", "ı", "I", "i", "Müşteri", "a*", "?a", "[", "[a-", "#", "'",
          '"', "' Or ''='", "*", "!", "%", "_", "\t", "x" * 300, "=100", "8690001", "Muhtelif Müşteri", "Tüm Guruplar", "Toptan", "sifre", "\u20ac\u011f", "1e9", "nan"]
@@ -60,6 +62,8 @@ class Hands:
             12: lambda: {"do": "click", "at": pick(TAPPED)},
             5: lambda: {"do": pick(("dblclick", "rightclick", "press", "release")), "at": pick(TAPPED + TEXT_BOXES + GRIDS)},
             4: lambda: {"do": "click", "at": pick(self.tapped_menus + CHECKS)},
+            4.5: lambda: {"do": "click", "at": pick(TEXT_BOXES)},
+            15: lambda: {"do": "click", "at": pick(PAD)},
             14: lambda: {"do": "row", "at": pick(GRIDS), "row": self.chance.randint(0, 8), "column": self.chance.randint(0, 6), "dblclick": self.chance.random() < 0.2},
             1: lambda: {"do": "head", "at": pick(GRIDS), "column": self.chance.randint(0, 8)},
             16: lambda: {"do": "set", "at": pick(TEXT_BOXES), "value": self.text()},

@@ -22,9 +22,7 @@ const Steps step("CustomerCard");
 // A letter in lower case, or itself where it has none of a single letter.
 char32_t Lower(char32_t letter) {
   const std::string lower = TurkishLower(LetterToUtf8(letter));
-  if (lower.size() == 1) return static_cast<unsigned char>(lower[0]);
-  if (lower.size() == 2) return ((static_cast<unsigned char>(lower[0]) & 0x1FU) << 6U) | (static_cast<unsigned char>(lower[1]) & 0x3FU);
-  return letter;
+  return LetterCount(lower) == 1 ? FirstLetter(lower) : letter;
 }
 
 }  // namespace

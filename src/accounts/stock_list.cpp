@@ -7,6 +7,7 @@
 #include "books/steps.h"
 #include "desk/booking_panels.h"
 #include "desk/captions.h"
+#include "desk/entry_fields.h"
 #include "desk/list_columns.h"
 #include "desk/refresh.h"
 #include "desk/screen_keyboard.h"
@@ -148,7 +149,14 @@ void StockList::SearchChanged() {
 }
 
 void StockList::SearchTapped() {
-  if (!ListsStock()) return;
+  if (ChosenKeyboard(screen_) == KeyboardChoice::Never) {
+    screen_.Stoktxt.SelectAll();
+    return;
+  }
+  if (!ListsStock()) {
+    OpenKeyboard(form_, screen_, screen_.Stoktxt);
+    return;
+  }
   const Muted muted(form_.RepositionGuard, Mute::Customers);
   if (typing_) {
     TakeTyped();

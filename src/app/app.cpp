@@ -9,6 +9,8 @@
 #include <QTranslator>
 
 #include "accounts/accounts.h"
+#include "app/atomic_file.h"
+#include "app/curl_ftp.h"
 #include "app/desk_window.h"
 #include "app/disk_files.h"
 #include "app/ini_settings.h"
@@ -29,14 +31,21 @@
 #include "app/zint_barcodes.h"
 #include "desk/desk.h"
 #include "documents/documents.h"
+#include "exchange/access/access_databases.h"
 #include "exchange/exchange.h"
+#include "exchange/old_files.h"
+#include "exchange/zip/zip_archives.h"
+#include "platform/messages.h"
 #include "settings/settings.h"
 #include "settings/terminal.h"
+#include "store/sqlite/new_store_file.h"
 #include "store/sqlite/sqlite_engine.h"
 #include "store/stores.h"
 
 namespace karvel {
 namespace {
+
+constexpr const char* kBackups = "C:\\KarvelYedek";
 
 std::string DesktopFolder(const DiskFiles& files, bool unattended) {
   if (unattended) return files.HomeFolder() + "/Desktop";
@@ -51,8 +60,9 @@ std::string ScratchFile(const DiskFiles& files, const std::string& title) {
   return (writable ? files.ProgramFolder() : files.HomeFolder() + "/program") + "/DataTemp" + (number == "1" ? "" : number) + ".Mdb";
 }
 
-SqliteOptions EngineOptions(const DiskFiles& files, const std::string& title) {
+SqliteOptions EngineOptions(const DiskFiles& files, const std::string& title, OldFiles& oldFiles) {
   SqliteOptions options;
+  options.preparation = &oldFiles;
   options.programFolder = files.ProgramFolder();
   options.scratchFile = ScratchFile(files, title);
   return options;
@@ -83,11 +93,11 @@ struct App::Composition {
         options(settings, title),
         systemPrinters(PrintersOfThisMachine(parts.systemPrinters)),
         printer(files, Either<Clock>(parts.clock, clock), *systemPrinters, DotsPerInch(options)),
-        messages(files, printer),
+        messages(files, printer, options),
         shell(files, DesktopFolder(files, parts.unattended), parts.unattended),
         window(files.HomeFolder()),
         scanner(options, parts.unattended ? SerialScanner::Device::IfNamed : SerialScanner::Device::Expected),
-        stores(MakeSqliteEngine(EngineOptions(files, title))),
+        stores(MakeSqliteEngine(EngineOptions(files, title, oldFiles))),
         desk({.clock = Either<Clock>(parts.clock, clock),
               .loop = Either<EventLoop>(parts.loop, loop),
               .files = files,
@@ -98,29 +108,39 @@ struct App::Composition {
               .window = window,
               .scanner = scanner,
               .connection = Either<Connection>(parts.connection, connection),
+              .ftp = ftp,
               .printer = printer,
               .barcodes = barcodes,
+              .archives = archives,
               .stores = stores},
              title),
         deskWindow(desk) {
     window.Attach(&deskWindow);
+    // What a desk that was killed has left of a file half written.
+    for (const std::string& folder : {files.HomeFolder(), files.RealPath("C:\\KarvelData"), files.RealPath(QtPrinter::kPdfFolder)})
+      AtomicFile::SweepLeftovers(folder);
+    for (const std::string& day : files.List(kBackups)) AtomicFile::SweepLeftovers(files.RealPath(PathIn(kBackups, day)));
   }
 
   DiskFiles files{FilePlaces::OfThisMachine(QCoreApplication::applicationDirPath().toStdString())};
   LogFile log;
   IniSettings settings;
-  const Settings options;
+  Settings options;
   SystemClock clock;
   QtEventLoop loop;
   const std::unique_ptr<SystemPrinters> systemPrinters;
   QtPrinter printer;
   ZintBarcodes barcodes;
+  ZipArchives archives;
   QtMessages messages;
   QtShell shell;
   QtKeyboard keyboard;
   QtWindow window;
   SerialScanner scanner;
   SystemConnection connection;
+  CurlFtp ftp{files};
+  AccessDatabases oldDatabases;
+  OldFiles oldFiles{oldDatabases, MakeSqliteStoreFile};
   Stores stores;
   Desk desk;
   Accounts accounts{desk};
@@ -146,13 +166,24 @@ App::App(QApplication& application, const std::string& title, const AppParts& pa
 App::~App() = default;
 
 bool App::Load() {
-  const StartNotice waiting(all_->desk.screen);
-  return all_->desk.Load();
+  bool loaded = false;
+  {
+    const StartNotice waiting(all_->desk.screen);
+    loaded = all_->desk.Load();
+  }
+  // Also where the start then failed: the files have other names since.
+  if (const std::string report = all_->oldFiles.Report(); !report.empty())
+    all_->desk.Parts().world.messages.MessageBox(report, "Eski Veri Dosyaları", MessageIcon::Information, MessageButtons::Ok);
+  return loaded;
+}
+
+void App::ShowWindow() {
+  all_->window.Show();
 }
 
 int App::Run() {
   if (!Load()) return 0;
-  all_->deskWindow.show();
+  ShowWindow();
   return QCoreApplication::exec();
 }
 

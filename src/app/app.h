@@ -41,6 +41,8 @@ class App {
 
   // False: the program ends at once, without a window.
   bool Load();
+  // Shows the window where it was kept; the first time it fills the screen.
+  void ShowWindow();
   // Load, then the window until it closes. The program's exit code.
   int Run();
 

@@ -2,13 +2,18 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <atomic>
 #include <cerrno>
+#include <charconv>
 #include <cstdio>
+#include <filesystem>
+#include <system_error>
 #include <utility>
+#include <vector>
 
 #include "app/private_files.h"
 #include "platform/folders.h"
@@ -20,6 +25,16 @@ namespace {
 constexpr std::string_view kMark = ".karvel-";
 constexpr std::string_view kEnd = ".tmp";
 std::atomic<int> counter = 0;
+
+// Whether the process that the name of a neighbour tells may still be writing it. A number is given again: what bears our own before we
+// have written anything was another's.
+bool MayBeInUse(const std::string& name) {
+  pid_t writer = 0;
+  std::from_chars(name.data() + kMark.size(), name.data() + name.size(), writer);
+  if (writer <= 0) return true;
+  if (writer == getpid()) return counter > 0;
+  return kill(writer, 0) == 0 || errno != ESRCH;
+}
 
 }  // namespace
 
@@ -42,7 +57,19 @@ AtomicFile::~AtomicFile() {
 }
 
 bool AtomicFile::IsLeftover(std::string_view name) {
-  return name.starts_with(kMark) && name.ends_with(kEnd);
+  // Whoever makes an archive may add an ending of his own until it is whole.
+  return name.starts_with(kMark) && name.find(kEnd) != std::string_view::npos;
+}
+
+void AtomicFile::SweepLeftovers(const std::string& folder) {
+  namespace fs = std::filesystem;
+  std::vector<fs::path> left;
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    const std::string name = entry->path().filename().string();
+    if (IsLeftover(name) && !MayBeInUse(name)) left.push_back(entry->path());
+  }
+  for (const fs::path& path : left) unlink(path.c_str());
 }
 
 void AtomicFile::Fail(int error) {

@@ -26,6 +26,8 @@ class AtomicFile {
 
   // True for the name of a neighbour that a crash left behind.
   static bool IsLeftover(std::string_view name);
+  // Deletes those neighbours in a folder of this machine whose writers no longer live. For a start, before anything is written.
+  static void SweepLeftovers(const std::string& folder);
 
  private:
   void Fail(int error);

@@ -3,8 +3,10 @@
 #include <QCalendarWidget>
 #include <QListView>
 #include <QLocale>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QStyleOption>
 #include <QStyledItemDelegate>
 #include <utility>
 
@@ -92,7 +94,8 @@ DateField::DateField(const DeskUi& ui, Element& element, QWidget* parent) : QDat
   calendarWidget()->setLocale(turkish);
   calendarWidget()->setGridVisible(false);
   calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-  calendarWidget()->setMinimumSize(380, 340);
+  calendarWidget()->setMinimumSize(BoxPx(380), BoxPx(340));
+  lineEdit()->installEventFilter(this);
   connect(this, &QDateEdit::dateChanged, this, [this](QDate date) {
     if (syncing_) return;
     const DateTime held = element_.Date();
@@ -101,6 +104,23 @@ DateField::DateField(const DeskUi& ui, Element& element, QWidget* parent) : QDat
     if (ui_.Reaches(element_) && held.Date() != picked) element_.SetDate(picked);
     Sync();
   });
+}
+
+QPoint DateField::Arrow() const {
+  QStyleOptionComboBox option;
+  option.initFrom(this);
+  option.editable = true;
+  option.subControls = QStyle::SC_All;
+  return style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this).center();
+}
+
+bool DateField::eventFilter(QObject* object, QEvent* event) {
+  if (object != lineEdit() || event->type() != QEvent::MouseButtonPress) return QDateEdit::eventFilter(object, event);
+  const auto& press = *static_cast<QMouseEvent*>(event);
+  const QPointF arrow = Arrow();
+  QMouseEvent onArrow(press.type(), arrow, mapToGlobal(arrow), press.button(), press.buttons(), press.modifiers());
+  mousePressEvent(&onArrow);
+  return true;
 }
 
 void DateField::Sync() {

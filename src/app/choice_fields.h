@@ -33,7 +33,13 @@ class DateField : public QDateEdit {
   DateField(const DeskUi& ui, Element& element, QWidget* parent);
   void Sync();
 
+ protected:
+  // A finger opens the calendar wherever it comes down: nothing else on a date can be tapped.
+  bool eventFilter(QObject* object, QEvent* event) override;
+
  private:
+  [[nodiscard]] QPoint Arrow() const;
+
   const DeskUi& ui_;
   Element& element_;
   bool syncing_ = false;

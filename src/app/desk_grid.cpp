@@ -18,7 +18,6 @@ constexpr int kMostHeld = 400;        // rows
 constexpr int kModest = 1000;         // rows that are counted in passing
 constexpr int kWideSpan = 1'000'000;  // the scroll bar of a source that is not counted
 constexpr int kMeasured = 40;         // rows looked at for the width of a column
-constexpr int kCellPad = 10;
 
 }  // namespace
 
@@ -300,11 +299,11 @@ void DeskGrid::PlaceAnew() {
   const int measured = std::min(rows_.Count(), kMeasured);
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     if (!columns_[i].visible) continue;
-    needs[i].heading = head.horizontalAdvance(ToQt(Trim(columns_[i].caption))) + 2 * kCellPad + 4;
+    needs[i].heading = head.horizontalAdvance(ToQt(Trim(columns_[i].caption))) + 2 * CellPad() + 4;
     const int position = table_ ? table_->Position(columns_[i].field) : -1;
     for (int row = 0; row < measured; ++row) {
       const QString text = ToQt(CellText(columns_[i], rows_.Rows()[static_cast<std::size_t>(row)].values, position, table_));
-      needs[i].content = std::max(needs[i].content, static_cast<int>(FiguresWidth(font, text)) + 2 * kCellPad + 2);
+      needs[i].content = std::max(needs[i].content, static_cast<int>(FiguresWidth(font, text)) + 2 * CellPad() + 2);
     }
   }
   shown_ = PlaceColumns(columns_, needs, table_, viewport()->width());

@@ -41,6 +41,8 @@ class DeskGrid : public QAbstractScrollArea {
 
   [[nodiscard]] int RowHeight() const;
   [[nodiscard]] int HeadHeight() const;
+  // Between a cell's edge and its text.
+  [[nodiscard]] int CellPad() const { return ui_.theme.Px(10); }
   [[nodiscard]] int BodyHeight() const;  // of the place for rows
   [[nodiscard]] QFont TextFont() const;
   [[nodiscard]] QSize sizeHint() const override;

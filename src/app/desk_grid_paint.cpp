@@ -12,11 +12,10 @@
 namespace karvel {
 namespace {
 
-constexpr int kCellPad = 10;
 constexpr qreal kRadius = 8;
 
 int SmallerName(int pixelSize) {
-  return std::max(12, pixelSize * 4 / 5);
+  return std::min(pixelSize, std::max(12, pixelSize * 4 / 5));
 }
 
 }  // namespace
@@ -71,7 +70,7 @@ void DeskGrid::PaintHead(QPainter& painter) const {
   for (std::size_t i = 0; i < shown_.size(); ++i) {
     const ShownColumn& column = shown_[i];
     const bool isSorted = static_cast<int>(i) == sorted;
-    QRect room(column.x + kCellPad, 0, column.width - 2 * kCellPad, HeadHeight());
+    QRect room(column.x + CellPad(), 0, column.width - 2 * CellPad(), HeadHeight());
     painter.setPen(isSorted ? palette::kText : palette::kMuted);
     const QString caption = ToQt(Trim(columns_[static_cast<std::size_t>(column.number)].caption));
     // The sorted column has an arrow, or a line under its name where the name needs the room.
@@ -110,13 +109,13 @@ void DeskGrid::FitColumns(const QPainter& painter) {
       if (MostlyLong(column, first, behind, QFontMetrics(font))) column.pixelSize = SmallerName(font.pixelSize());
       continue;
     }
-    const int room = column.width - 2 * kCellPad;
+    const int room = column.width - 2 * CellPad();
     for (int index = first; index < behind; ++index) {
       const QString text = TextAt(index, column);
       if (column.figures) {
         while (font.pixelSize() > 10 && FiguresWidth(font, text) > room) font.setPixelSize(font.pixelSize() - 1);
       } else if (font.pixelSize() == painter.font().pixelSize() && QFontMetrics(font).horizontalAdvance(text) > room) {
-        font.setPixelSize(std::max(10, font.pixelSize() * 4 / 5));
+        font.setPixelSize(std::min(font.pixelSize(), std::max(10, font.pixelSize() * 4 / 5)));
       }
     }
     column.pixelSize = font.pixelSize();
@@ -134,7 +133,7 @@ void DeskGrid::FitColumns(const QPainter& painter) {
 bool DeskGrid::MostlyLong(const ShownColumn& column, int first, int behind, const QFontMetrics& metrics) const {
   int longer = 0;
   for (int index = first; index < behind; ++index)
-    if (metrics.horizontalAdvance(TextAt(index, column)) > column.width - 2 * kCellPad) ++longer;
+    if (metrics.horizontalAdvance(TextAt(index, column)) > column.width - 2 * CellPad()) ++longer;
   return longer * 3 > behind - first;
 }
 
@@ -157,7 +156,7 @@ void DeskGrid::PaintRow(QPainter& painter, int index, int y, bool current) const
 
 void DeskGrid::PaintCell(QPainter& painter, const ShownColumn& column, const QString& text, int y) const {
   if (text.isEmpty()) return;
-  const QRectF room(column.x + kCellPad, y, column.width - 2 * kCellPad, RowHeight());
+  const QRectF room(column.x + CellPad(), y, column.width - 2 * CellPad(), RowHeight());
   const QFont usual = painter.font();
   QFont fitted = usual;
   fitted.setPixelSize(column.pixelSize);

@@ -8,6 +8,7 @@
 #include <QWindow>
 
 #include "app/element_binding.h"
+#include "app/floating_layouts.h"
 #include "app/panel_layouts.h"
 #include "app/qt_text.h"
 #include "app/text_field.h"
@@ -68,7 +69,7 @@ bool IsInput(QEvent::Type type) {
 DeskWindow::DeskWindow(Screen& screen, DeskLife life) : ui_(screen), life_(std::move(life)) {
   setObjectName("Form1");
   setWindowTitle(life_.title);
-  setMinimumSize(960, 640);
+  setMinimumSize(480, 320);
   resize(1024, 768);
   MakeWidgets();
   menus_ = new DeskMenus(ui_, this);
@@ -99,6 +100,7 @@ void DeskWindow::MakeWidgets() {
   cards_ = BuildPanels(ui_, surface_);
   for (PanelCard* card : cards_) connect(card, &PanelCard::appeared, this, &DeskWindow::LayCards);
   new ElementBinding(ui_, ui_.screen.Form1, *this, {});
+  floating_ = {BuildKeyboard(ui_, this), BuildPad(ui_, this)};
 }
 
 void DeskWindow::NameFields() {
@@ -166,7 +168,16 @@ void DeskWindow::LayCards() {
   const QRect list = surface_->ListArea(), body = surface_->BodyArea();
   for (PanelCard* card : cards_)
     if (!card->isHidden()) card->Lay(list, body);
+  for (FloatingPanel* panel : floating_)
+    if (!panel->isHidden()) panel->Lay();
   laying_ = false;
+}
+
+bool DeskWindow::event(QEvent* event) {
+  // A box has come up over the window, or the last one has gone.
+  if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked)
+    for (FloatingPanel* panel : floating_) panel->SetCovered(event->type() == QEvent::WindowBlocked);
+  return QMainWindow::event(event);
 }
 
 bool DeskWindow::Belongs(const QObject* object) const {

@@ -1,6 +1,7 @@
 // The desk's window: a widget for every element of the screen, bound both ways, and the window's own life.
 //
 // What stays true:
+// - All of the desk is inside the window, whatever its size; below 1000×720 it is drawn smaller.
 // - The first activation runs once the window stands on the screen, from the event loop.
 // - A close request asks the desk first; while it is being answered, further requests are ignored.
 // - While the desk takes no input (busy pointer, form off), keys and taps on the window end here.
@@ -12,6 +13,7 @@
 
 #include "app/desk_menus.h"
 #include "app/desk_ui.h"
+#include "app/floating_panel.h"
 #include "app/main_layout.h"
 #include "app/panel_card.h"
 #include "desk/desk.h"
@@ -61,6 +63,7 @@ class DeskWindow : public QMainWindow {
   void focusInEvent(QFocusEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
+  bool event(QEvent* event) override;
 
  private:
   void MakeWidgets();
@@ -79,6 +82,7 @@ class DeskWindow : public QMainWindow {
   MainLayout* surface_ = nullptr;
   DeskMenus* menus_ = nullptr;
   std::vector<PanelCard*> cards_;
+  std::vector<FloatingPanel*> floating_;
   const Element* heard_ = nullptr;
   bool activationAsked_ = false, closing_ = false, ended_ = false, byProgram_ = false, pointerBusy_ = false, laying_ = false;
   Connections connections_;

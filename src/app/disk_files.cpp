@@ -17,6 +17,7 @@
 #include "app/atomic_file.h"
 #include "app/private_files.h"
 #include "app/qt_text.h"
+#include "platform/folders.h"
 #include "platform/system_error.h"
 #include "text/turkish.h"
 
@@ -265,6 +266,25 @@ std::vector<std::string> DiskFiles::List(const std::string& folder) const {
   }
   std::sort(names.begin(), names.end());
   return names;
+}
+
+std::vector<std::string> DiskFiles::Drives() const {
+  std::vector<std::string> drives{"C:"};
+  char letter = 'D';
+  for (const std::string& disk : places_.disks ? places_.disks() : std::vector<std::string>()) {
+    if (letter > 'Z') break;
+    drives.push_back(std::string(1, letter++) + ": " + fs::path(disk).filename().string());
+  }
+  return drives;
+}
+
+std::optional<std::uint64_t> DiskFiles::Room(const std::string& path) const {
+  std::string real = RealPath(path);
+  if (real.empty()) return std::nullopt;
+  while (real.size() > 1 && !IsThere(real)) real = FolderOf(real);
+  std::error_code error;
+  const fs::space_info space = fs::space(real, error);
+  return error ? std::nullopt : std::optional<std::uint64_t>(space.available);
 }
 
 }  // namespace karvel

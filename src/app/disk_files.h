@@ -46,6 +46,8 @@ class DiskFiles : public Files {
   // A file or an empty folder.
   Status Delete(const std::string& path) override;
   [[nodiscard]] std::vector<std::string> List(const std::string& folder) const override;
+  [[nodiscard]] std::vector<std::string> Drives() const override;
+  [[nodiscard]] std::optional<std::uint64_t> Room(const std::string& path) const override;
 
  private:
   [[nodiscard]] bool IsAtHome(const std::string& real) const;

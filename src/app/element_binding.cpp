@@ -63,6 +63,7 @@ void ElementBinding::RefreshShown() {
 }
 
 bool ElementBinding::SwallowsMouse() const {
+  if (parts_.pressClicks) return true;
   switch (element_.Kind()) {
     case ElementKind::Label:
     case ElementKind::Panel:
@@ -84,7 +85,7 @@ bool ElementBinding::eventFilter(QObject* object, QEvent* event) {
       return false;
     case QEvent::FocusIn:
       entering_ = static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
-      if (object == &widget_ && element_.Kind() != ElementKind::Form) ui_.screen.elements.MoveFocus(&element_);
+      if (object == &widget_ && element_.Kind() != ElementKind::Form) element_.TakeFocus();
       return false;
     case QEvent::MouseButtonPress: {
       if (object != surface) return false;
@@ -95,9 +96,9 @@ bool ElementBinding::eventFilter(QObject* object, QEvent* event) {
     case QEvent::MouseButtonDblClick: {
       if (object != surface) return false;
       const auto& mouse = *static_cast<QMouseEvent*>(event);
-      const bool doubles = parts_.tapClicks || element_.Kind() == ElementKind::List;
+      const bool doubles = (parts_.tapClicks && !parts_.pressClicks) || element_.Kind() == ElementKind::List;
       OnPress(mouse);
-      if (!doubles || mouse.button() != Qt::LeftButton) return mouse.button() != Qt::LeftButton;
+      if (!doubles || mouse.button() != Qt::LeftButton) return parts_.pressClicks || mouse.button() != Qt::LeftButton;
       doubled_ = true;
       hold_.stop();
       if (Reached()) element_.dblClick();
@@ -181,7 +182,9 @@ void ElementBinding::OnPress(const QMouseEvent& event) {
   doubled_ = held_ = wandered_ = false;
   const bool holds = SwallowsMouse() && element_.Kind() != ElementKind::Form;
   if (holds && pressedAt_.button == 1) hold_.start();
+  const QPointer<ElementBinding> self(this);
   if (parts_.mouseEvents) element_.mouseDown(pressedAt_);
+  if (self && parts_.pressClicks && pressedAt_.button == 1 && Reached()) element_.click();
 }
 
 bool ElementBinding::OnRelease(const QMouseEvent& event) {
@@ -194,7 +197,9 @@ bool ElementBinding::OnRelease(const QMouseEvent& event) {
   // The release always arrives where the press did: what a press starts (a long press) must end.
   if (parts_.mouseEvents) element_.mouseUp(ToMouseEvent(event));
   if (!self) return true;
-  if (parts_.tapClicks && inside && !doubled_ && !held_ && !wandered_ && event.button() == Qt::LeftButton && Reached()) element_.click();
+  if (parts_.tapClicks && !parts_.pressClicks && inside && !doubled_ && !held_ && !wandered_ && event.button() == Qt::LeftButton &&
+      Reached())
+    element_.click();
   return !self;
 }
 

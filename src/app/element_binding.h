@@ -3,6 +3,7 @@
 // What stays true:
 // - The steps of a key are key down, character, the edit, key up; one that is dropped ends the key.
 // - A tap is a press and a release on the widget; the second press of a double tap counts as the double tap, not as a tap.
+// - A key of a small window is tapped by its press, each press once, and a right press or a held finger types nothing more.
 // - Holding a finger on a label, panel or list row for 0.7 seconds is a right press of the mouse.
 // - Nothing reaches an element that is not shown, not open, or while the desk takes no input.
 // - A widget that is hidden or turned off gives the focus back to the window, not to a neighbour; it returns with the widget.
@@ -30,6 +31,7 @@ class ElementBinding : public QObject {
     QWidget* surface = nullptr;            // who gets the mouse, where it isn't the widget (the viewport of a list)
     bool tapClicks = true;                 // a tap fires `click`; widgets with a click of their own say no
     bool mouseEvents = true;               // press, move and release go to the element
+    bool pressClicks = false;              // `click` comes with the press itself, also with the second one of two quick ones
   };
 
   ElementBinding(DeskUi& ui, Element& element, QWidget& widget, Parts parts);

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <ctime>
@@ -195,6 +196,15 @@ std::expected<std::string, Status> IniSettings::Change(const std::string& applic
   });
   if (!changed.Ok()) return std::unexpected(changed);
   return value;
+}
+
+std::string IniSettings::TextWithout(const std::vector<std::string>& keys) const {
+  ReadIfChanged().Ignore();
+  IniValues shown = values_;
+  std::erase_if(shown, [&](const auto& entry) {
+    return std::ranges::any_of(keys, [&](const std::string& key) { return entry.first.ends_with("/" + key); });
+  });
+  return WriteIni(shown);
 }
 
 }  // namespace karvel

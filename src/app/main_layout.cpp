@@ -67,7 +67,6 @@ void MainLayout::BuildLists() {
   lists_->addLayout(filter_);
   qobject_cast<QLineEdit*>(Of(screen.Text5))->setPlaceholderText("Süz…");
   filter_->addWidget(Of(screen.Text5), 3);
-  Of(screen.Text5)->setMinimumWidth(ui_.theme.Px(130));
   filter_->addWidget(Of(screen.ComboCmd));
   filter_->addWidget(Of(screen.GurupCombo), 2);
   filter_->addWidget(Of(screen.StokChk));
@@ -241,6 +240,7 @@ void MainLayout::ApplyTheme(int width) {
   QFont sign = theme.Font(FontRole::Title);
   sign.setPixelSize(theme.Px(24));
   menuButton_->setFont(sign);
+  Of(ui_.screen.Text5)->setMinimumWidth(theme.Px(130));
   Of(ui_.screen.Label1(0))->setFixedWidth(theme.Px(132));
   Of(ui_.screen.Label1(1))->setFixedWidth(theme.Px(112));
   Of(ui_.screen.Label4)->setFixedWidth(theme.Px(104));

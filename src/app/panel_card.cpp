@@ -50,6 +50,14 @@ void PanelCard::SetMovable() {
   });
 }
 
+void PanelCard::SetFrame(FloatingFrame& frame) {
+  frame_ = &frame;
+  connections_ += frame.changed.Connect([this] {
+    const WindowBox& box = frame_->Box();
+    setGeometry(box.left, box.top, box.width, box.height);
+  });
+}
+
 void PanelCard::Sync() {
   const QString caption = ToQt(element_.Caption()).trimmed();
   title_->setText(caption.isEmpty() ? ownTitle_ : caption);
@@ -62,14 +70,20 @@ void PanelCard::Sync() {
 }
 
 void PanelCard::Lay(const QRect& list, const QRect& desk) {
+  if (frame_) {
+    frame_->LayAmong({{parentWidget()->width(), parentWidget()->height()}, {}, {}, ui_.theme.Scale()});
+    const WindowBox& box = frame_->Box();
+    setGeometry(box.left, box.top, box.width, box.height);
+    return;
+  }
   const QRect area = place_ == CardPlace::OverDesk ? desk : list;
   if (place_ == CardPlace::FillList) {
-    setGeometry(list.adjusted(-kShadow, -kShadow, kShadow, kShadow));
+    setGeometry(list.adjusted(-kShadow, -kShadow, kShadow, kShadow) & parentWidget()->rect());
     return;
   }
   layout()->activate();
   QSize size = sizeHint().expandedTo(QSize(ui_.theme.Px(leastWidth_), 0)).expandedTo(minimumSizeHint());
-  size = size.boundedTo(area.size() + QSize(2 * kShadow, 2 * kShadow));
+  size = size.boundedTo(area.size() + QSize(2 * kShadow, 2 * kShadow)).boundedTo(parentWidget()->size());
   if (moved_) {
     const QPoint kept(std::clamp(x(), 0, std::max(0, desk.right() - size.width())),
                       std::clamp(y(), 0, std::max(0, desk.bottom() - size.height())));
@@ -79,6 +93,9 @@ void PanelCard::Lay(const QRect& list, const QRect& desk) {
   QRect box(QPoint(), size);
   box.moveCenter(area.center());
   if (place_ == CardPlace::Corner) box.moveBottomRight(area.bottomRight() - QPoint(ui_.theme.Px(12), ui_.theme.Px(12)));
+  // The shadow may reach over the area, but not over the window's edge.
+  box.moveLeft(std::clamp(box.left(), 0, parentWidget()->width() - box.width()));
+  box.moveTop(std::clamp(box.top(), 0, parentWidget()->height() - box.height()));
   setGeometry(box);
 }
 

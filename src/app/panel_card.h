@@ -30,6 +30,8 @@ class PanelCard : public QFrame {
   void SetLeastWidth(int base) { leastWidth_ = base; }
   // The clerk may drag it by its background; once moved it keeps its place.
   void SetMovable();
+  // Stands where the frame says, in its size.
+  void SetFrame(FloatingFrame& frame);
   // Keeps a connection for as long as the card lives.
   void Keep(ScopedConnection connection) { connections_ += std::move(connection); }
   // Shows the element's caption and depth as they are now.
@@ -57,6 +59,7 @@ class PanelCard : public QFrame {
   std::int64_t depth_ = 0;
   QPoint pressedAt_;
   bool moved_ = false;
+  FloatingFrame* frame_ = nullptr;
   Connections connections_;
 };
 

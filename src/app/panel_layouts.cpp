@@ -11,6 +11,7 @@
 #include "app/element_binding.h"
 #include "app/field_name.h"
 #include "app/qt_text.h"
+#include "app/sizing_boxes.h"
 #include "app/text_field.h"
 #include "app/touch_button.h"
 #include "app/touch_label.h"
@@ -36,6 +37,11 @@ class Builder {
   }
 
   [[nodiscard]] QWidget* Of(const Element& element) const { return ui_.widgets.value(&element); }
+  // A size of the card's that follows the theme's.
+  void Follow(const std::function<void()>& size) {
+    size();
+    card_->Keep(ui_.theme.changed.Connect(size));
+  }
 
   // A field under its name, in the card's grid.
   void Field(int row, int column, const char* name, const Element& element, int span = 1) {
@@ -51,7 +57,7 @@ class Builder {
   // A field beside a label that is an element too.
   void Beside(int row, int column, const Element& name, const Element& field, int span = 1) {
     qobject_cast<TouchLabel*>(Of(name))->SetLook(LabelLook::FieldName);
-    Of(name)->setFixedWidth(ui_.theme.Px(132));
+    Follow([name = Of(name), &theme = ui_.theme] { name->setFixedWidth(theme.Px(132)); });
     Grid().addWidget(Of(name), row, column);
     Grid().addWidget(Of(field), row, column + 1, 1, span);
     Of(field)->setAccessibleName(ToQt(name.Caption()).trimmed());
@@ -191,7 +197,7 @@ void Money(Builder& build, DeskUi& ui, const Screen& screen) {
   });
   build.Field(0, 0, "Okutulan seri numarası", screen.Text4);
   build.Wide(screen.List1, 1);
-  build.Of(screen.List1)->setMinimumHeight(ui.theme.Px(220));
+  build.Follow([list = build.Of(screen.List1), &theme = ui.theme] { list->setMinimumHeight(theme.Px(220)); });
   build.Of(screen.List1)->setAccessibleName("Seri numaraları");
 }
 
@@ -235,9 +241,8 @@ void Documents(Builder& build, DeskUi& ui, const Screen& screen) {
   build.Primary(screen.FatCmd(1));
   build.Row({&screen.FatCmd(0), &screen.FatPopCmd, &screen.FatCmd(1)});
 
-  build.Card(screen.StkFrame, CardPlace::OverList, "Stok Seçimi", 420)->SetMovable();
+  build.Card(screen.StkFrame, CardPlace::OverList, "Stok Seçimi")->SetFrame(ui.screen.stkPlace);
   build.Wide(screen.List2, 1);
-  build.Of(screen.List2)->setMinimumHeight(ui.theme.Px(300));
   build.Of(screen.List2)->setAccessibleName("Stoklar");
 }
 
@@ -271,6 +276,7 @@ std::vector<PanelCard*> BuildPanels(DeskUi& ui, QWidget* parent) {
   Receipt(build, ui, screen);
   Money(build, ui, screen);
   Documents(build, ui, screen);
+  new SizingBoxes(ui, parent);
   Upkeep(build, screen);
   return build.Cards();
 }

@@ -10,6 +10,7 @@
 
 #include "app/qt_printer.h"
 #include "app/qt_text.h"
+#include "app/theme.h"
 
 namespace karvel {
 namespace {
@@ -32,7 +33,7 @@ PrinterDialog::PrinterDialog(const QtPrinter& printer, const PrinterChoice& pres
   copies_->setValue(preset.copies);
   printers_->setAccessibleName(QStringLiteral("Yazıcılar"));
   for (QWidget* const field : {static_cast<QWidget*>(papers_), static_cast<QWidget*>(orientation_), static_cast<QWidget*>(copies_)})
-    field->setMinimumHeight(kRowHeight);
+    field->setMinimumHeight(BoxPx(kRowHeight));
 
   auto* const fields = new QFormLayout;
   fields->addRow(QStringLiteral("Kâğıt"), papers_);
@@ -56,7 +57,7 @@ void PrinterDialog::ListPrinters() {
   int chosen = 0;
   for (const PrinterDevice& device : devices_) {
     auto* const row = new QListWidgetItem(ToQt(device.deviceName), printers_);
-    row->setSizeHint(QSize(0, kRowHeight));
+    row->setSizeHint(QSize(0, BoxPx(kRowHeight)));
     if (device.deviceName == preset_.deviceName) chosen = printers_->count() - 1;
   }
   printers_->setCurrentRow(chosen);

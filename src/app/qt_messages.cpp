@@ -9,8 +9,10 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "app/box_keyboard.h"
 #include "app/disk_files.h"
 #include "app/printer_dialog.h"
+#include "app/theme.h"
 
 namespace karvel {
 namespace {
@@ -26,8 +28,8 @@ QString Q(const std::string& text) {
 }
 
 void MakeTouchable(QWidget& box) {
-  for (QPushButton* button : box.findChildren<QPushButton*>()) button->setMinimumSize(kButtonWidth, kButtonHeight);
-  for (QLineEdit* field : box.findChildren<QLineEdit*>()) field->setMinimumHeight(kFieldHeight);
+  for (QPushButton* button : box.findChildren<QPushButton*>()) button->setMinimumSize(BoxPx(kButtonWidth), BoxPx(kButtonHeight));
+  for (QLineEdit* field : box.findChildren<QLineEdit*>()) field->setMinimumHeight(BoxPx(kFieldHeight));
 }
 
 QMessageBox::Icon IconOf(MessageIcon icon) {
@@ -48,7 +50,8 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
 
 }  // namespace
 
-QtMessages::QtMessages(const DiskFiles& files, const QtPrinter& printer) : files_(files), printer_(printer) {}
+QtMessages::QtMessages(const DiskFiles& files, const QtPrinter& printer, Settings& options)
+    : files_(files), printer_(printer), options_(options) {}
 
 MessageAnswer QtMessages::MessageBox(const std::string& text, const std::string& title, MessageIcon icon, MessageButtons buttons) {
   QMessageBox box(IconOf(icon), Q(title), Q(text), QMessageBox::NoButton, QApplication::activeWindow());
@@ -77,7 +80,10 @@ std::optional<std::string> QtMessages::InputBox(const std::string& prompt, const
   box.setOkButtonText(QStringLiteral("Tamam"));
   box.setCancelButtonText(QStringLiteral("Vazgeç"));
   MakeTouchable(box);
-  if (auto* const line = box.findChild<QLineEdit*>()) line->setMaxLength(kMostTyped);
+  if (auto* const line = box.findChild<QLineEdit*>()) {
+    line->setMaxLength(kMostTyped);
+    new BoxKeyboard(box, *line, options_);
+  }
   if (box.exec() != QDialog::Accepted) return std::nullopt;
   return box.textValue().toStdString();
 }

@@ -38,6 +38,20 @@ void QtWindow::Attach(DeskWindow* window) {
   }
 }
 
+void QtWindow::Show() {
+  if (!window_) return;
+  if (!kept_) {
+    window_->showMaximized();
+    return;
+  }
+  window_->show();
+  if (!FillsScreen()) Place(window_->geometry());
+}
+
+bool QtWindow::FillsScreen() const {
+  return window_->windowState().testAnyFlags(Qt::WindowMaximized | Qt::WindowFullScreen);
+}
+
 void QtWindow::SetTitle(const std::string& title) {
   title_ = title;
   if (window_) window_->setWindowTitle(ToQt(title));
@@ -47,12 +61,25 @@ QString QtWindow::FittingFile(const std::string& name) const {
   return QDir(ToQt(folder_)).filePath("fitting/" + ToQt(name) + ".bin");
 }
 
+FloatingFrame* QtWindow::FrameOf(const std::string& name) const {
+  Screen& screen = window_->Ui().screen;
+  if (name == "VelmoraKlv") return &screen.Form2.frame;
+  if (name == "VelmoraMik") return &screen.Form3.frame;
+  return nullptr;
+}
+
 void QtWindow::RestoreFitting(const std::string& name) {
-  fitting_ = name;
-  if (!window_) return;
+  if (!window_) {
+    fitting_ = name;
+    return;
+  }
   QFile file(FittingFile(name));
-  if (IsLink(ToUtf8(file.fileName()))) return;
-  if (file.open(QIODevice::ReadOnly)) window_->restoreGeometry(file.readAll());
+  if (IsLink(ToUtf8(file.fileName())) || !file.open(QIODevice::ReadOnly)) return;
+  if (FloatingFrame* const small = FrameOf(name)) {
+    small->TakeKept(file.readAll().toStdString());
+  } else if (window_->restoreGeometry(file.readAll())) {
+    kept_ = true;
+  }
 }
 
 void QtWindow::SaveFitting(const std::string& name) {
@@ -61,7 +88,8 @@ void QtWindow::SaveFitting(const std::string& name) {
   if (const Status made = MakePrivateFolder(ToUtf8(QFileInfo(path).path())); !made.Ok()) Log("window: " + made.Message());
   if (IsLink(ToUtf8(path))) QFile::remove(path);  // what is saved would go through it
   QSaveFile file(path);
-  const QByteArray fitting = window_->saveGeometry();
+  const FloatingFrame* const small = FrameOf(name);
+  const QByteArray fitting = small ? QByteArray::fromStdString(small->Kept()) : window_->saveGeometry();
   if (!file.open(QIODevice::WriteOnly) || file.write(fitting) != fitting.size() || !file.commit())
     Log("window: the fitting can't be kept: " + ToUtf8(file.errorString()));
 }
@@ -74,16 +102,19 @@ void QtWindow::SetFixed(bool fixed) {
   const QRect place = window_->geometry();
   Qt::WindowFlags flags = Qt::Window;
   if (fixed) flags |= Qt::FramelessWindowHint;
+  const bool fills = FillsScreen();
   window_->setWindowFlags(flags);
   window_->ShowTitleInside(fixed);
-  window_->setGeometry(place);
+  if (!fills) window_->setGeometry(place);
   if (shown) window_->show();
 }
 
 void QtWindow::Place(QRect wanted) {
   const QScreen* const screen = window_->screen();
   if (!screen) return;
-  const QRect room = screen->availableGeometry();
+  const QRect inner = window_->geometry(), outer = window_->frameGeometry();
+  const QRect room = screen->availableGeometry().adjusted(inner.left() - outer.left(), inner.top() - outer.top(),
+                                                          inner.right() - outer.right(), inner.bottom() - outer.bottom());
   wanted.setSize(wanted.size().expandedTo(window_->minimumSize()).boundedTo(room.size()));
   wanted.moveLeft(std::clamp(wanted.left(), room.left(), std::max(room.left(), room.right() + 1 - wanted.width())));
   wanted.moveTop(std::clamp(wanted.top(), room.top(), std::max(room.top(), room.bottom() + 1 - wanted.height())));

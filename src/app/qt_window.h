@@ -16,6 +16,8 @@ class QtWindow : public Window {
   // The folder that keeps sizes and places, one small file a name ("fitting/VelmoraKrv.bin").
   explicit QtWindow(std::string folder) : folder_(std::move(folder)) {}
   void Attach(DeskWindow* window);
+  // Shows the window where it was kept, on the screen as it is today; one that was never kept fills its screen.
+  void Show();
 
   void SetTitle(const std::string& title) override;
   void RestoreFitting(const std::string& name) override;
@@ -37,14 +39,17 @@ class QtWindow : public Window {
 
  private:
   [[nodiscard]] QString FittingFile(const std::string& name) const;
+  // The frame of the small window that is kept under the name; null for the desk's window itself.
+  [[nodiscard]] FloatingFrame* FrameOf(const std::string& name) const;
   [[nodiscard]] QWidget* Find(const std::string& elementName) const;
+  [[nodiscard]] bool FillsScreen() const;
   void Place(QRect wanted);
 
   const std::string folder_;
   QPointer<DeskWindow> window_;
   // What was asked for before the window was there (the load stage runs without one).
   std::string title_, fitting_;
-  bool fixed_ = false;
+  bool fixed_ = false, kept_ = false;
 };
 
 }  // namespace karvel

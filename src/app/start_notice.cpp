@@ -11,11 +11,12 @@ namespace karvel {
 StartNotice::StartNotice(Screen& screen) : screen_(screen) {
   words_.setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
   words_.setAlignment(Qt::AlignCenter);
-  words_.setMinimumSize(460, 140);
-  words_.setMargin(24);
+  words_.setMinimumSize(BoxPx(460), BoxPx(140));
+  words_.setMargin(BoxPx(24));
   words_.setWordWrap(true);
-  words_.setStyleSheet(QStringLiteral("background: %1; color: %2; border: 1px solid %3; font-size: 18px;")
-                           .arg(palette::kRaised.name(), palette::kText.name(), palette::kLine.name()));
+  words_.setStyleSheet(QStringLiteral("background: %1; color: %2; border: 1px solid %3; font-size: %4px;")
+                           .arg(palette::kRaised.name(), palette::kText.name(), palette::kLine.name())
+                           .arg(BoxPx(18)));
   connections_ += screen_.Frame5.altered.Connect([this] { Follow(); });
 }
 

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <memory>
 #include <set>
+#include <thread>
 #include <tuple>
 
 #include "app/qt_text.h"
@@ -16,7 +17,9 @@
 namespace karvel {
 namespace {
 
-constexpr int kLongestWait = 5000;  // milliseconds, for a server that doesn't answer
+using namespace std::chrono_literals;
+constexpr auto kSameTap = 2s;          // what asks again so soon belongs to the tap that has waited in vain
+constexpr auto kLongestSleep = 10min;  // of a printing system that may wake up with a job half handed over
 
 struct FreeDest {
   void operator()(cups_dest_t* dest) const { cupsFreeDests(1, dest); }
@@ -42,22 +45,52 @@ Status LastError() {
   }
 }
 
+using Connection = std::unique_ptr<http_t, CloseHttp>;
+
+// A connection on which no answer is waited for longer.
+Connection Connect(std::chrono::seconds longest) {
+  const int milliseconds = static_cast<int>(std::chrono::milliseconds(longest).count());
+  Connection connection(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1, milliseconds, nullptr));
+  if (connection) httpSetTimeout(connection.get(), static_cast<double>(longest.count()), nullptr, nullptr);
+  return connection;
+}
+
+// Asks for as little as can be asked for.
+bool IsAnswering(http_t* connection) {
+  ippDelete(cupsDoRequest(connection, ippNewRequest(IPP_OP_CUPS_GET_DEFAULT), "/"));
+  return httpError(connection) == 0 && cupsLastError() != IPP_STATUS_ERROR_SERVICE_UNAVAILABLE;
+}
+
+Status NoAnswer() {
+  return {ErrorKind::Other, "the printing system doesn't answer"};
+}
+
 // A printer of the printing system, with a connection to it.
 struct Destination {
-  explicit Destination(const std::string& name) : dest(cupsGetNamedDest(nullptr, name.c_str(), nullptr)) {
-    if (!dest) return;
-    connection.reset(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1, kLongestWait, nullptr));
-    if (connection) info.reset(cupsCopyDestInfo(connection.get(), dest.get()));
+  Destination(const std::string& name, std::chrono::seconds longestTalk) : connection(Connect(longestTalk)) {
+    answers = connection && IsAnswering(connection.get());
+    if (!answers) return;
+    dest.reset(cupsGetNamedDest(connection.get(), name.c_str(), nullptr));
+    if (dest) info.reset(cupsCopyDestInfo(connection.get(), dest.get()));
   }
   [[nodiscard]] Status Reached() const {
+    if (!answers) return NoAnswer();
     if (!dest) return {ErrorKind::Missing, "no such printer"};
-    return connection && info ? Status() : LastError();
+    return info ? Status() : LastError();
   }
 
+  Connection connection;
+  bool answers = false;
   std::unique_ptr<cups_dest_t, FreeDest> dest;
-  std::unique_ptr<http_t, CloseHttp> connection;
   std::unique_ptr<cups_dinfo_t, FreeDestInfo> info;
 };
+
+// A job that was told as refused must not come out when a printing system that hangs wakes up: it is told so beside the desk's work.
+void CancelWhenItAnswers(const std::string& printer, int job) {
+  std::thread([printer, job] {
+    if (const Connection connection = Connect(kLongestSleep)) cupsCancelJob2(connection.get(), printer.c_str(), job, 0);
+  }).detach();
+}
 
 // Options of a job, freed with it.
 struct JobOptions {
@@ -115,18 +148,50 @@ std::vector<std::pair<QPageSize, int>> Numbered(QList<QPageSize> sizes) {
 
 }  // namespace
 
+// One talk with the printing system. What comes soon behind one that has waited in vain may not begin.
+class SystemPrinters::Talk {
+ public:
+  explicit Talk(const SystemPrinters& printers) : printers_(printers), begun_(Clock::now()), may_(begun_ >= printers.silentUntil_) {}
+  ~Talk() {
+    if (may_ && Clock::now() - begun_ >= printers_.longestTalk_) printers_.silentUntil_ = Clock::now() + kSameTap;
+  }
+  Talk(const Talk&) = delete;
+  Talk& operator=(const Talk&) = delete;
+  [[nodiscard]] bool MayBegin() const { return may_; }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  const SystemPrinters& printers_;
+  const Clock::time_point begun_;
+  const bool may_;
+};
+
+// The toolkit asks without a limit: so it asks only a printing system that answers.
+bool SystemPrinters::Answers() const {
+  const Talk talk(*this);
+  if (!talk.MayBegin()) return false;
+  const Connection connection = Connect(longestTalk_);
+  return connection && IsAnswering(connection.get());
+}
+
 std::vector<PrinterDevice> SystemPrinters::List() const {
   std::vector<PrinterDevice> devices;
+  if (!Answers()) return devices;
   for (const QPrinterInfo& info : QPrinterInfo::availablePrinters())
     devices.push_back({ToUtf8(info.printerName()), ToUtf8(info.makeAndModel()), ToUtf8(info.location())});
   return devices;
 }
 
 std::string SystemPrinters::Default() const {
-  return ToUtf8(QPrinterInfo::defaultPrinterName());
+  return Answers() ? ToUtf8(QPrinterInfo::defaultPrinterName()) : "";
 }
 
 std::vector<Paper> SystemPrinters::Papers(const std::string& printer) const {
+  if (Answers()) papers_[printer] = AskPapers(printer);
+  return papers_[printer];
+}
+
+std::vector<Paper> SystemPrinters::AskPapers(const std::string& printer) const {
   const QPrinterInfo info = QPrinterInfo::printerInfo(ToQt(printer));
   if (info.isNull()) return {};
   std::vector<Paper> papers;
@@ -145,7 +210,9 @@ std::vector<Paper> SystemPrinters::Papers(const std::string& printer) const {
 }
 
 Status SystemPrinters::Accepts(const std::string& printer) const {
-  const Destination to(printer);
+  const Talk talk(*this);
+  if (!talk.MayBegin()) return NoAnswer();
+  const Destination to(printer, longestTalk_);
   if (const Status reached = to.Reached(); !reached.Ok()) return reached;
   const char* const accepts = cupsGetOption("printer-is-accepting-jobs", to.dest->num_options, to.dest->options);
   if (accepts && std::string(accepts) == "false") return {ErrorKind::Other, printer + ": it takes no jobs"};
@@ -153,7 +220,9 @@ Status SystemPrinters::Accepts(const std::string& printer) const {
 }
 
 Status SystemPrinters::HandOver(const SystemJob& job) {
-  const Destination to(job.printer);
+  const Talk talk(*this);
+  if (!talk.MayBegin()) return NoAnswer();
+  const Destination to(job.printer, longestTalk_);
   if (const Status reached = to.Reached(); !reached.Ok()) return reached;
   JobOptions options;
   options.Add(CUPS_COPIES, std::to_string(job.copies));
@@ -164,7 +233,7 @@ Status SystemPrinters::HandOver(const SystemJob& job) {
       IPP_STATUS_OK_EVENTS_COMPLETE)
     return LastError();
   const Status sent = Send(to, id, job, options);
-  if (!sent.Ok()) cupsCancelDestJob(to.connection.get(), to.dest.get(), id);
+  if (!sent.Ok()) CancelWhenItAnswers(job.printer, id);
   return sent;
 }
 

@@ -29,14 +29,13 @@ void TextField::ApplyFont() {
 
 void TextField::FitAmount() {
   if (!amount_) return;
-  constexpr int kLeastPixels = 12;
+  const int least = ui_.theme.Px(12);
   constexpr int kCaretRoom = 6;
   QStyleOptionFrame option;
   initStyleOption(&option);
   const int room = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).width() - kCaretRoom;
   QFont fitted = ui_.theme.Font(FontRole::Amount, ToQt(element_.FontName()));
-  while (fitted.pixelSize() > kLeastPixels && QFontMetrics(fitted).horizontalAdvance(text()) > room)
-    fitted.setPixelSize(fitted.pixelSize() - 1);
+  while (fitted.pixelSize() > least && QFontMetrics(fitted).horizontalAdvance(text()) > room) fitted.setPixelSize(fitted.pixelSize() - 1);
   if (fitted != font()) setFont(fitted);
 }
 

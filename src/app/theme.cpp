@@ -5,8 +5,10 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPalette>
+#include <QScreen>
 #include <QStyleFactory>
 #include <algorithm>
+#include <cmath>
 
 #include "desk/element.h"
 
@@ -17,6 +19,24 @@ constexpr double kPixelsPerPoint = 96.0 / 72.0;
 constexpr double kDeskPoints = 11;
 constexpr double kDayBookSmaller = 4;  // points
 constexpr double kSteps[] = {1.0, 1.06, 1.12, 1.2, 1.3};
+// The smallest window in which everything has its own size.
+constexpr double kLeastWidth = 1000, kLeastHeight = 720;
+constexpr double kSmallerStep = 0.02, kSmallest = 0.4;
+constexpr int kLeastFont = 9;  // pixels, at its own size
+
+// How much smaller than its own size the desk is drawn in a room of this size; 1 where it has all it needs.
+double Shrink(double width, double height) {
+  const double room = std::min(width / kLeastWidth, height / kLeastHeight);
+  if (room >= 1) return 1;
+  return std::max(kSmallest, std::floor(room / kSmallerStep) * kSmallerStep);
+}
+
+double BoxScale() {
+  const QScreen* const screen = QGuiApplication::primaryScreen();
+  if (!screen) return 1;
+  const QSize room = screen->availableSize();
+  return Shrink(room.width(), room.height());
+}
 
 QString Css(const QColor& colour) {
   return colour.name(QColor::HexRgb);
@@ -135,7 +155,7 @@ QCalendarWidget QAbstractItemView { background: @field; selection-background-col
 
 void Theme::FitTo(int width, int height) {
   const double room = std::min(width / 1024.0, height / 768.0);
-  double scale = 1;
+  double scale = Shrink(width, height);
   for (const double step : kSteps)
     if (room >= step) scale = step;
   if (scale == scale_) return;
@@ -165,7 +185,7 @@ QFont Theme::Font(FontRole role, const QString& family) const {
   }
   if (choice.size > 0 && !grid) pixels *= std::clamp(choice.size / kDeskPoints, 0.85, 1.25);
   QFont font(Family(family.isEmpty() ? choice.name : family));
-  font.setPixelSize(std::max(9, static_cast<int>(pixels + 0.5)));
+  font.setPixelSize(std::max(static_cast<int>(kLeastFont * std::min(1.0, scale_)), static_cast<int>(pixels + 0.5)));
   font.setWeight(choice.bold ? QFont::Bold : WeightOf(role));
   return font;
 }
@@ -246,6 +266,10 @@ QString FontFamily() {
   return family;
 }
 
+int BoxPx(int base) {
+  return static_cast<int>(base * BoxScale() + 0.5);
+}
+
 void ApplyTheme(QApplication& application) {
   QApplication::setStyle(QStyleFactory::create("Fusion"));
   QPalette look;
@@ -267,9 +291,9 @@ void ApplyTheme(QApplication& application) {
     look.setColor(QPalette::Disabled, role, palette::kFaint);
   QApplication::setPalette(look);
   QFont font(FontFamily());
-  font.setPixelSize(15);
+  font.setPixelSize(BoxPx(15));
   QApplication::setFont(font);
-  application.setStyleSheet(CommonSheet(1));
+  application.setStyleSheet(CommonSheet(BoxScale()));
 }
 
 }  // namespace karvel

@@ -1,4 +1,5 @@
-// How the desk looks: a calm dark palette, one type family, sizes that grow a little with the window.
+// How the desk looks: a calm dark palette, one type family, sizes that grow a little with the window, and shrink with one that is too small
+// for them.
 //
 // What stays true:
 // - The state colours of the elements (color::kYellow, …) are names of states; only this file turns them into colours.
@@ -42,7 +43,8 @@ class Theme {
   // Pixels of a 1024×768 window in the window at hand.
   [[nodiscard]] int Px(int base) const { return static_cast<int>(base * scale_ + 0.5); }
   [[nodiscard]] double Scale() const { return scale_; }
-  // Follows the window's size, in pixels, in a few steps, so that dragging its border does not lay it out anew at every pixel.
+  // Follows the window's size, in pixels, in a few steps, so that dragging its border does not lay it out anew at every pixel. A window
+  // smaller than 1000×720 shows all of the desk, drawn smaller.
   void FitTo(int width, int height);
 
   // The desk's fonts as the clerk chose them. Empty or unknown name: the theme's own family. Size in points, 0: the theme's own.
@@ -81,6 +83,8 @@ void DrawFocusRing(QPainter& painter, const QRectF& rect, qreal radius);
 
 // The theme's own family: Inter where it is installed.
 QString FontFamily();
+// Pixels of a box's piece on the screen at hand: smaller where that is too small for the desk, as on a screen of large dots.
+[[nodiscard]] int BoxPx(int base);
 // Style, palette, fonts and the sheet of boxes and menus for the whole program. Once, before the first widget.
 void ApplyTheme(QApplication& application);
 

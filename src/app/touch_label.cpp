@@ -114,11 +114,12 @@ void TouchLabel::PaintGround(QPainter& painter, const QRectF& box) const {
   painter.drawRoundedRect(box, kRadius, kRadius);
   // The bar is thin beside a waiting field and thick, with an arrow towards it, beside the one that has the keyboard.
   painter.setBrush(IsSpecialState(state_) ? StateInk(state_) : palette::kFaint);
-  const qreal bar = chosen ? 6 : 3;
-  painter.drawRoundedRect(QRectF(box.left() + 3, box.top() + 8, bar, box.height() - 16), bar / 2, bar / 2);
+  const Theme& theme = ui_.theme;
+  const qreal bar = theme.Px(chosen ? 6 : 3);
+  painter.drawRoundedRect(QRectF(box.left() + theme.Px(3), box.top() + theme.Px(8), bar, box.height() - theme.Px(16)), bar / 2, bar / 2);
   if (chosen) {
-    const QPointF tip(box.right() - 6, box.center().y());
-    painter.drawPolygon(QPolygonF{tip, tip + QPointF(-8, -6), tip + QPointF(-8, 6)});
+    const QPointF tip(box.right() - theme.Px(6), box.center().y());
+    painter.drawPolygon(QPolygonF{tip, tip + QPointF(-theme.Px(8), -theme.Px(6)), tip + QPointF(-theme.Px(8), theme.Px(6))});
   }
 }
 
@@ -131,7 +132,8 @@ void TouchLabel::paintEvent(QPaintEvent*) {
   QColor ink = StateInk(state_);
   if (!isEnabled()) ink = palette::kFaint;
   QFont font = TextFont();
-  QRectF room = box.adjusted(named ? 16 : look_ == LabelLook::Plain ? 0 : 12, 0, named ? -16 : look_ == LabelLook::Plain ? 0 : -12, 0);
+  const int side = ui_.theme.Px(named ? 16 : look_ == LabelLook::Plain ? 0 : 12), least = ui_.theme.Px(12);
+  const QRectF room = box.adjusted(side, 0, -side, 0);
   painter.setPen(ink);
   if (IsAmount()) {
     if (state_ == color::kRed && !redNote_.isEmpty()) {
@@ -139,12 +141,12 @@ void TouchLabel::paintEvent(QPaintEvent*) {
       painter.drawText(room.adjusted(0, 4, 0, -4), Qt::AlignLeft | Qt::AlignTop, redNote_);
     }
     // An amount is never cut: it shrinks until it fits.
-    while (font.pixelSize() > 12 && FiguresWidth(font, text_) > room.width()) font.setPixelSize(font.pixelSize() - 1);
+    while (font.pixelSize() > least && FiguresWidth(font, text_) > room.width()) font.setPixelSize(font.pixelSize() - 1);
     painter.setFont(font);
     DrawFigures(painter, room, Qt::AlignRight, text_);
     return;
   }
-  while (font.pixelSize() > 12 && QFontMetricsF(font).horizontalAdvance(text_) > room.width()) font.setPixelSize(font.pixelSize() - 1);
+  while (font.pixelSize() > least && QFontMetricsF(font).horizontalAdvance(text_) > room.width()) font.setPixelSize(font.pixelSize() - 1);
   painter.setFont(font);
   const QString shown = QFontMetricsF(font).elidedText(text_, Qt::ElideRight, room.width());
   const bool centred = look_ == LabelLook::Tile || look_ == LabelLook::Action;

@@ -7,14 +7,11 @@
 #include "text/turkish.h"
 
 namespace karvel {
-namespace {
 
 // Mail knows no dotless i: there an "I" is the "i" of everywhere else.
 std::string AddressLower(const std::string& text) {
   return TurkishLower(ReplaceAll(text, "I", "i"));
 }
-
-}  // namespace
 
 Outcome<bool> AddCustomerCard(const Shop& shop, const NewCustomer& customer) {
   Action action(shop.stores, "AddCustomerCard");

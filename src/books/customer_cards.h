@@ -12,8 +12,10 @@ struct NewCustomer {
   std::string group;  // Gurup
 };
 
-// Adds the card, with a balance of nothing; false, and nothing is added, when the code is taken (IsCustomerCodeTaken). The mail address is
-// kept in lower case, where every "I" is an "i".
+// A mail address as a card keeps it: in lower case, where every "I" is an "i".
+std::string AddressLower(const std::string& text);
+
+// Adds the card, with a balance of nothing; false, and nothing is added, when the code is taken (IsCustomerCodeTaken).
 Outcome<bool> AddCustomerCard(const Shop& shop, const NewCustomer& customer);
 
 // Two codes that differ only in the kind of an i are one: they would share a ledger. Looked for among all cards, whatever a list shows.

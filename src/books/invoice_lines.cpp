@@ -110,10 +110,12 @@ Status TurnAllTicks(const Shop& shop, const InvoiceDay& day) {
 }
 
 Outcome<int> CountTicked(const Shop& shop, const InvoiceDay& day) {
-  Cursor lines(shop.stores, "ticked lines");
-  lines.SetDatabaseName(kDayBook);
-  if (const Status opened = lines.Open(TickedLinesOf(day)); !opened.Ok()) return std::unexpected(opened);
-  return static_cast<int>(lines.RecordCount());
+  // In a turn of its own, though it writes nothing: lines that can't be read must not count as none.
+  Action action(shop.stores, "CountTicked");
+  if (!action.Begun().Ok()) return std::unexpected(action.Finish());
+  const BookCursor lines(shop.stores, "ticked lines", kDayBook, TickedLinesOf(day));
+  const auto count = static_cast<int>(lines.RecordCount());
+  return Answer(action, count);
 }
 
 }  // namespace karvel

@@ -14,8 +14,18 @@ bool IsPurgeDue(const DateTime& day) {
   return (day.DayNumber() - newYear.DayNumber()) % kDays == 0;
 }
 
+DateTime NextPurge(const DateTime& day) {
+  DateTime next = day.PlusDays(1);
+  while (!IsPurgeDue(next)) next = next.PlusDays(1);
+  return next;
+}
+
+DateTime LastPurgedDay(const DateTime& day) {
+  return day.PlusDays(-kDays);
+}
+
 std::string PurgeCriteria(const DateTime& day) {
-  return "Tarih<=#" + Format(day.PlusDays(-kDays), "mm/dd/yyyy") + " 23:59:59#";
+  return "Tarih<=#" + Format(LastPurgedDay(day), "mm/dd/yyyy") + " 23:59:59#";
 }
 
 Status PurgeOldRows(const Shop& shop) {

@@ -10,6 +10,10 @@
 namespace karvel {
 
 [[nodiscard]] bool IsPurgeDue(const DateTime& day);
+// The first day behind this one on which a purge is due.
+[[nodiscard]] DateTime NextPurge(const DateTime& day);
+// The last day whose rows go in a purge on that day.
+[[nodiscard]] DateTime LastPurgedDay(const DateTime& day);
 // "Tarih<=#mm/dd/yyyy 23:59:59#": the rows that go on that day. A row without a date stays.
 [[nodiscard]] std::string PurgeCriteria(const DateTime& day);
 // Deletes the rows that go today, whether or not a purge is due.

@@ -14,8 +14,12 @@
 #include "desk/long_press.h"
 #include "desk/loyalty_card.h"
 #include "desk/main_button.h"
+#include "desk/on_screen_keyboard.h"
 #include "desk/options.h"
 #include "desk/overdue_notice.h"
+#include "desk/pad_answer.h"
+#include "desk/pad_number.h"
+#include "desk/pad_opening.h"
 #include "desk/parts.h"
 #include "desk/price_floor.h"
 #include "desk/price_selection.h"
@@ -26,6 +30,7 @@
 #include "desk/sale_mode.h"
 #include "desk/shut_down.h"
 #include "desk/start_up.h"
+#include "desk/stock_frame.h"
 #include "desk/tapped_search.h"
 #include "desk/unknown_outcome.h"
 #include "desk/unreadable_notice.h"
@@ -65,16 +70,21 @@ struct Desk::Features {
   SaleMode saleMode{parts, prices, button, customer, balance, dayTotal, groups};
   CustomerField customerField{parts, customer};
   ListFilter filter{parts, customer, prices};
+  PadNumber padNumber{parts};
+  PadAnswer padAnswer{parts, button};
+  PadOpening padOpening{parts, padNumber};
   WayOut wayOut{parts};
   ProductField product{parts, prices, button};
   LoyaltyCard loyaltyCard{parts, customer};
+  OnScreenKeyboard keyboard{parts};
   TappedSearch taps{parts, customer, prices};
   SaleConfirmation posting{parts, button, customer, balance};
   Options options{parts, prices};
+  StockFrame stockFrame{parts};
   FixedWindow window{parts};
   LongPress longPress{parts};
   DeskFont font{parts};
-  StartUp startUp{parts, {customer, balance, button, groups, prices, options, window, font}};
+  StartUp startUp{parts, {customer, balance, button, groups, prices, options, window, font, stockFrame}};
   ShutDown shutDown{parts, longPress};
   Connections connections;
 };
@@ -118,11 +128,18 @@ Signal<>& Desk::Opening() const {
   return features_->startUp.opening;
 }
 
+Signal<>& Desk::Closing() const {
+  return features_->shutDown.closing;
+}
+
 bool Desk::Load() {
   return features_->startUp.Load();
 }
 void Desk::Activate() {
   features_->startUp.Activate();
+}
+bool Desk::OpenStoresAnew() {
+  return features_->startUp.OpenAnew();
 }
 bool Desk::CloseRequested(bool byProgram) {
   return features_->shutDown.CloseRequested(byProgram);

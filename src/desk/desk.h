@@ -34,6 +34,8 @@ class Desk {
   bool Load();
   // The window came to the front. The first time it applies the options and fills the lists; later it does nothing.
   void Activate();
+  // Opens the stores anew, where the settings now say that they lie. False where that can't be done, which the clerk was told.
+  bool OpenStoresAnew();
   // The window's close request. Saves what is kept; true when the window may go.
   bool CloseRequested(bool byProgram);
 
@@ -56,6 +58,8 @@ class Desk {
   [[nodiscard]] Signal<>& Upkeep() const;
   // Raised once, after it: options are read, lists filled and columns set, and the clerk is still asked to wait.
   [[nodiscard]] Signal<>& Opening() const;
+  // Raised as the window closes: all is kept, and the clerk is asked to wait.
+  [[nodiscard]] Signal<>& Closing() const;
 
  private:
   const World world_;

@@ -138,6 +138,10 @@ void Element::SetFocus() {
   if (IsShown() && IsOpen()) all_.MoveFocus(this);
 }
 
+void Element::TakeFocus() {
+  all_.MoveFocus(this);
+}
+
 bool Element::HasFocus() const {
   return all_.Focused() == this;
 }

@@ -120,6 +120,8 @@ class Element {
 
   // Asks for the focus; nothing happens while the element can't have it.
   void SetFocus();
+  // The window has given it the keyboard.
+  void TakeFocus();
   [[nodiscard]] bool HasFocus() const;
   // A tap on a button or menu entry from code: fires `click` if the element is enabled.
   void Press();

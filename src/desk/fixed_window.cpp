@@ -7,12 +7,29 @@ namespace {
 constexpr int kStep = 2;  // pixels a key press moves: 30 screen units
 }
 
-FixedWindow::FixedWindow(const DeskParts& parts) : form_(parts.form), world_(parts.world) {
-  connections_ += parts.screen.Form1.keyDown.Connect([this](KeyEvent& event) { Key(event); });
+FixedWindow::FixedWindow(const DeskParts& parts)
+    : screen_(parts.screen), form_(parts.form), settings_(parts.settings), world_(parts.world) {
+  connections_ += screen_.PencereSabit.click.Connect([this] { Toggle(); });
+  connections_ += screen_.Form1.keyDown.Connect([this](KeyEvent& event) { Key(event); });
 }
 
 void FixedWindow::Apply() {
   world_.window.SetFixed(form_.Sabit);
+  screen_.Form2.frame.SetFixed(form_.Sabit);
+  screen_.Form3.frame.SetFixed(form_.Sabit);
+  screen_.PencereSabit.SetChecked(form_.Sabit);
+}
+
+void FixedWindow::Toggle() {
+  form_.Sabit = !form_.Sabit;
+  settings_.SaveBoolean(Setting::WindowFixed, form_.Sabit);
+  Apply();
+}
+
+FloatingFrame* FixedWindow::OpenFrame() const {
+  if (screen_.Form2.Form2.Visible()) return &screen_.Form2.frame;
+  if (screen_.Form3.Form3.Visible()) return &screen_.Form3.frame;
+  return nullptr;
 }
 
 void FixedWindow::Key(KeyEvent& event) {
@@ -21,6 +38,14 @@ void FixedWindow::Key(KeyEvent& event) {
   const int dy = event.code == key::kUp ? -kStep : event.code == key::kDown ? kStep : 0;
   if (dx == 0 && dy == 0) return;
   event.dropped = true;
+  if (FloatingFrame* const small = OpenFrame()) {
+    if (event.ctrl) {
+      small->MoveBy(dx, dy);
+    } else {
+      small->SizeBy(dx, dy);
+    }
+    return;
+  }
   if (event.ctrl) {
     world_.window.MoveBy(dx, dy);
   } else {

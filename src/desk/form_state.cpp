@@ -29,6 +29,8 @@ std::vector<std::pair<std::string, Value>> FormState::ByName() const {
       {"PadOpen", PadOpen},
       {"ActiveFieldCode", static_cast<double>(ActiveFieldCode)},
       {"DataDir", DataDir},
+      {"FtpKlasör", FtpKlasör},
+      {"InetDurum", static_cast<double>(InetDurum)},
       {"Sabit", Sabit},
   };
   for (std::size_t i = 0; i < PriceSlots.size(); ++i) values.emplace_back(fmt::format("PriceSlots({})", i), PriceSlots[i]);

@@ -13,6 +13,7 @@
 namespace karvel {
 
 class Cursor;
+class Element;
 
 struct FormState {
   Muting RepositionGuard;              // which followers of the cursors keep still
@@ -36,11 +37,15 @@ struct FormState {
   std::string CustomerGroup, StockGroup;
   Cursor* ActiveCursor = nullptr;  // CariData or StokData, the list in front
   bool KeyboardOpen = false, PadOpen = false;
-  // The field in use: its index in Text1, Text2, CariNew or StokNew; 99 for Text6(0) and 100 plus the index for the others of Text6;
-  // 999 once the keyboard was closed.
+  Element* PadField = nullptr;  // the field that the pad was opened on; null while it is not open
+  // The field in use: its index in Text1, Text2, CariNew or StokNew; 99 for Text6(0) and 100 plus the index for the others of Text6.
   float ActiveFieldCode = 0;
   std::string DataDir = "C:\\KarvelData\\";  // a share's has no "\" at its end
+  std::string FtpKlasör;                     // folder of the FTP server, with "/" at its end
+  float InetDurum = 0;                       // the last state of a transfer; 12: done
   bool Closing = false;                      // the window is closing: waits end
+  bool BackupRuns = false;                   // nothing else may begin, and the window stays
+  bool CloseWaits = false;                   // it was asked to go meanwhile
   bool Sabit = false;                        // the window is fixed
 
   // Every value by its name, for support: numbers, texts and booleans; PriceSlots and CompanyLines entry by entry, "PriceSlots(0)".

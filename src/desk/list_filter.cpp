@@ -1,5 +1,7 @@
 #include "desk/list_filter.h"
 
+#include <utility>
+
 #include "books/sources.h"
 #include "books/steps.h"
 #include "desk/captions.h"
@@ -14,6 +16,9 @@ const Steps step("ListFilter");
 ListFilter::ListFilter(const DeskParts& parts, CustomerInFront& customer, PriceSelection& prices)
     : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), customer_(customer), prices_(prices) {
   connections_ += screen_.Text5.changed.Connect([this] { Changed(); });
+  connections_ += screen_.keyboardDone.Connect([this] {
+    if (std::exchange(followsLater_, false)) customer_.Follow();
+  });
   connections_ += screen_.Frame2.altered.Connect([this] {
     if (!screen_.Frame2.Visible()) ShowAllAgain();
   });
@@ -30,13 +35,8 @@ void ListFilter::ShowAllAgain() {
 
 void ListFilter::Changed() {
   const std::string& text = screen_.Text5.Text();
-  constexpr int kFirstOfReceipt = 99, kReceipt = 100, kHeldOff = 999;
+  constexpr int kFirstOfReceipt = 99, kReceipt = 100;
   const int field = static_cast<int>(form_.ActiveFieldCode);
-  if (field == kHeldOff) {
-    // The keyboard was closed: the whole list comes back.
-    form_.ActiveFieldCode = 0;
-    if (!text.empty()) screen_.Text5.SetText("");
-  }
   if (screen_.CariFrm.Visible()) {
     // The new card is compared with the list in front, so the list stays.
     if (field >= 0 && field < screen_.CariNew.Count()) screen_.CariNew(field).SetText(text);
@@ -52,6 +52,7 @@ void ListFilter::Changed() {
 void ListFilter::FilterCustomers() {
   OpenCustomers(ReplaceAll(ReplaceAll(screen_.Text5.Text(), "İ", "?"), "i", "?"));
   customer_.Follow();  // a payment goes to the row in front
+  followsLater_ = form_.KeyboardOpen;
 }
 
 void ListFilter::OpenCustomers(const std::string& named) {

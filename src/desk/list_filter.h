@@ -27,6 +27,7 @@ class ListFilter {
   Cursors& cursors_;
   CustomerInFront& customer_;
   PriceSelection& prices_;
+  bool followsLater_ = false;  // the list was narrowed while a keyboard was open over it
   Connections connections_;
 };
 

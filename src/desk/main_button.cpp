@@ -7,6 +7,7 @@
 #include "desk/refusal.h"
 #include "platform/scanner.h"
 #include "text/format.h"
+#include "touch/number_pad.h"
 
 namespace karvel {
 
@@ -21,6 +22,7 @@ void MainButton::Serve(MainTask task, std::function<void()> work) {
 }
 
 void MainButton::Pressed() {
+  if (taken_ && taken_()) return;
   // Off at once: a second tap must not post the line twice. The fields open it again.
   Allow(false);
   // A code that is read meanwhile waits: it must not move the item under a posting.
@@ -96,7 +98,9 @@ void MainButton::FollowAmounts() {
   if (!OffersPosting()) return;
   // While the list shows stock, the day's turnover or deleted lines there is no customer to post to.
   const bool customers = ListsCustomers(screen_) && !screen_.SilinenChk.Checked();
-  Allow(customers && NumberOrZero(screen_.Text2(1).Text()) + NumberOrZero(screen_.Text2(2).Text()) != 0);
+  const bool amounts = NumberOrZero(screen_.Text2(1).Text()) + NumberOrZero(screen_.Text2(2).Text()) != 0;
+  const bool onPad = form_.PadOpen && number_pad::HoldsAnswer(screen_.Form3.Text1.Text());
+  Allow(onPad || (customers && amounts));
 }
 
 void MainButton::Press() {

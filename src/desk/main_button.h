@@ -10,6 +10,7 @@
 
 #include <array>
 #include <functional>
+#include <utility>
 
 #include "desk/parts.h"
 #include "platform/signal.h"
@@ -28,6 +29,9 @@ class MainButton {
   // When `work` runs, the button is off and the scanner switched off.
   void Serve(MainTask task, std::function<void()> work);
 
+  // Asked before a press does anything. Where it answers true the press was meant for it, and nothing is posted.
+  void AskFirst(std::function<bool()> taken) { taken_ = std::move(taken); }
+
   // Runs a posting while the clerk is asked to wait; true when it is booked. Otherwise he was told why, and the button is on for another
   // try.
   bool Post(const std::function<Status()>& posting);
@@ -45,7 +49,7 @@ class MainButton {
   [[nodiscard]] bool OffersDeletion() const;
 
   void Allow(bool allowed);
-  // While it reads "Tamam": on when there is a quantity or a payment to post, and a customer to post it to.
+  // While it reads "Tamam": on when there is a quantity or a payment to post, and a customer to post it to, or a number on the pad to take.
   void FollowAmounts();
   void Press();
   void SetFocus();
@@ -59,6 +63,7 @@ class MainButton {
   FormState& form_;
   const World& world_;
   std::array<std::function<void()>, 4> tasks_;
+  std::function<bool()> taken_;
   Connections connections_;
 };
 

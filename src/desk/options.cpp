@@ -43,6 +43,11 @@ Options::Options(const DeskParts& parts, PriceSelection& prices)
   }
   connections_ += screen.FiyatSabit.click.Connect([&screen] { screen.Text2(0).SetEnabled(!screen.FiyatSabit.Checked()); });
   connections_ += screen.Fiyat2.click.Connect([this] { prices_.SetFirstPriceColumn(); });
+  for (int i = 0; i < screen.Klv.Count(); ++i)
+    connections_ += screen.Klv(i).click.Connect([this, i] {
+      settings_.SaveNumber(Setting::ScreenKeyboard, i);
+      ShowKeyboardChoice();
+    });
   connections_ += screen.Label1(7).mouseDown.Connect([this](const MouseEvent& event) { OpenMenu(event); });
 }
 
@@ -56,11 +61,17 @@ void Options::Read() {
     screen_.MnPop(i).SetChecked(static_cast<std::size_t>(i) < marks.size() && marks[static_cast<std::size_t>(i)] != '0');
   screen_.MnPop(10).SetCaption(settings_.Get(Setting::InvoicePrinter, screen_.MnPop(10).Caption()));
   form_.MinSalePercent = static_cast<float>(settings_.GetNumber(Setting::MinSalePercent));
+  ShowKeyboardChoice();
   const int turnover = static_cast<int>(settings_.GetNumber(Setting::TurnoverChoice));
   if (!settings_.Get(Setting::TurnoverChoice).empty() && turnover >= 0 && turnover < screen_.CiroYaz.Count()) {
     screen_.CiroYaz(turnover).SetChecked(true);
     screen_.CiroYazCmd.SetCaption(screen_.CiroYaz(turnover).Caption());
   }
+}
+
+void Options::ShowKeyboardChoice() {
+  const auto chosen = static_cast<int>(settings_.GetNumber(Setting::ScreenKeyboard));
+  for (int i = 0; i < screen_.Klv.Count(); ++i) screen_.Klv(i).SetChecked(i == chosen);
 }
 
 void Options::StartScanner() {

@@ -16,6 +16,7 @@ class Options {
   void StartScanner();
 
  private:
+  void ShowKeyboardChoice();
   void OpenMenu(const MouseEvent& event);
 
   Screen& screen_;

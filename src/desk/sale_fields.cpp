@@ -11,6 +11,7 @@
 #include "platform/keyboard.h"
 #include "text/format.h"
 #include "text/turkish.h"
+#include "touch/typed_number.h"
 
 namespace karvel {
 namespace {
@@ -25,14 +26,6 @@ std::string WithLetter(const Element& box, char32_t letter) {
   const auto start = static_cast<std::size_t>(box.SelectionStart());
   const auto end = start + static_cast<std::size_t>(box.SelectionLength());
   return LeftLetters(box.Text(), start) + LetterToUtf8(letter) + MidLetters(box.Text(), end);
-}
-
-// A number, or the beginning of one: "12," is on its way to "12,5".
-bool MayBecomeNumber(const std::string& text) {
-  constexpr std::size_t kWholeDigits = 9;  // a barcode that lands in an amount is no amount
-  const std::size_t digits = ReplaceAll(text.substr(0, text.find(',')), ".", "").size();
-  if (Trim(text).empty()) return text.empty();
-  return digits <= kWholeDigits && (IsNumeric(text) || IsNumeric(text + "0"));
 }
 
 // Groups the whole part of an amount and leaves what is typed after the comma: "1500,5" becomes "1.500,5".
@@ -70,7 +63,6 @@ SaleFields::SaleFields(const DeskParts& parts, PriceFloor& floor, MainButton& bu
     });
     connections_ += box.character.Connect([this, i](CharacterEvent& event) { Character(i, event); });
   }
-  connections_ += screen.StokGrid.character.Connect([this](CharacterEvent& event) { TypeQuantity(event); });
   screen.Label2.SetFontName("Agency FB");
   connections_ += screen.Label2.changed.Connect([&screen] { screen.Label2.SetCaption(Format(screen.Label2.Caption(), "#,##0.00")); });
   connections_ += screen.Text3.changed.Connect([this] { TakePadValue(); });
@@ -186,18 +178,6 @@ bool SaleFields::TakeLetter(int index, CharacterEvent& event) {
   return true;
 }
 
-// A figure struck over the stock list is the quantity of the item that was tapped there.
-void SaleFields::TypeQuantity(CharacterEvent& event) {
-  const bool digit = event.character >= '0' && event.character <= '9';
-  if (!screen_.Frame2.Visible() || (!digit && event.character != ',' && event.character != '.')) return;
-  Element& quantity = screen_.Text2(kQuantity);
-  quantity.SetFocus();
-  if (!quantity.HasFocus()) return;
-  quantity.SetText(digit ? LetterToUtf8(event.character) : "0,");
-  fresh_ = false;  // the next one goes on from it
-  event.character = 0;
-}
-
 void SaleFields::LeaveField(int index) {
   Element& box = screen_.Text2(index);
   if (box.Text().empty()) box.SetText("0");
@@ -223,15 +203,19 @@ void SaleFields::LookUpPriceText() {
   screen_.Text6(5).SetText(cards.Text("Barkod"));
 }
 
+// No more than is on hand can be sold; goods that come back or in are not bound by it.
+std::string SaleFields::WithinStock(const std::string& quantity) {
+  const double onHand = cursors_.StokData.Number("KalanB");
+  if (!screen_.Stoklu.Checked() || ModeOnScreen(screen_) != LineMode::Sale || NumberOrZero(quantity) <= onHand) return quantity;
+  Tell(screen_, "Stokta " + PlainNumber(onHand) + " var");
+  return PlainNumber(onHand);
+}
+
 void SaleFields::TakePadValue() {
   const std::string text = screen_.Text3.Text();
   if (text.empty()) return;
   const int field = static_cast<int>(form_.ActiveFieldCode);
-  const double onHand = cursors_.StokData.Number("KalanB");
-  if (field >= 0 && field < screen_.Text2.Count()) {
-    const bool tooMuch = screen_.Stoklu.Checked() && NumberOrZero(text) > onHand;
-    screen_.Text2(field).SetText(tooMuch ? PlainNumber(onHand) : text);
-  }
+  if (field >= 0 && field < screen_.Text2.Count()) screen_.Text2(field).SetText(field == kQuantity ? WithinStock(text) : text);
   screen_.Text3.SetText("");
 }
 

@@ -29,9 +29,9 @@ class SaleFields {
   void Character(int index, CharacterEvent& event);
   // Makes room for a letter that leaves a number in the field; false where it would leave none.
   bool TakeLetter(int index, CharacterEvent& event);
-  void TypeQuantity(CharacterEvent& event);
   void LeaveField(int index);
   void LookUpPriceText();
+  [[nodiscard]] std::string WithinStock(const std::string& quantity);
   void TakePadValue();
 
   Screen& screen_;

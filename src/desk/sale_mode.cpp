@@ -10,6 +10,7 @@
 #include "desk/quiet_line.h"
 #include "desk/sale_fields.h"
 #include "desk/screen_keyboard.h"
+#include "desk/screen_pad.h"
 #include "platform/event_loop.h"
 #include "platform/scanner.h"
 #include "platform/window.h"
@@ -99,6 +100,7 @@ void SaleMode::EnterOrLeave() {
   } else {
     Leave();
   }
+  ClosePad(form_, screen_);
   if (AtRest(screen_)) {
     screen_.Label1(0).SetCaption(customer_.ListsWholesalers() ? caption::kWholesale : caption::kToSale);
     screen_.Command1.SetCaption(caption::kPrint);

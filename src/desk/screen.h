@@ -2,10 +2,9 @@
 // The order is the order of Tab. The window lays them out; the features give them their meaning.
 #pragma once
 
-#include <initializer_list>
-#include <string>
-
-#include "desk/elements.h"
+#include "desk/element_table.h"
+#include "desk/keyboard_screen.h"
+#include "desk/pad_screen.h"
 
 namespace karvel {
 
@@ -14,20 +13,7 @@ struct KeyboardWish {
   bool shown = false;  // a keyboard came in sight
 };
 
-class Screen {
- public:
-  Elements elements;
-
- private:
-  using Kind = ElementKind;
-  Element& One(const std::string& name, Kind kind, const std::string& text, Element* panel) {
-    return elements.Add(name, kind, text, panel);
-  }
-  Element& Hidden(const std::string& name, Kind kind, const std::string& text, Element* panel);
-  ElementArray Many(const std::string& name, Kind kind, std::initializer_list<const char*> texts, Element* panel);
-  // Entries of an array that lie on different panels, by index.
-  ElementArray Placed(const std::string& name, Kind kind, std::initializer_list<std::pair<const char*, Element*>> entries);
-
+class Screen : public ElementTable {
  public:
   Element& Form1 = One("Form1", Kind::Form, "", nullptr);
 
@@ -140,6 +126,9 @@ class Screen {
   ElementArray FatCmd = Many("FatCmd", Kind::Button, {"Kapat", "Yazdır"}, &FatFrame);
   Element& FatPopCmd = One("FatPopCmd", Kind::Button, "Seçenekler", &FatFrame);  // opens FatPop for a finger
   Element& List2 = One("List2", Kind::List, "", &StkFrame);
+  // The boxes by which StkFrame is moved and sized (desk/stock_frame.h), and where it stands.
+  ElementArray handle = Many("handle", Kind::Picture, {"", "", "", "", "", "", "", "", ""}, &Form1);
+  FloatingFrame stkPlace{kStockFrameSizes};
 
   // Backup, please wait, no connection.
   Element& Drive1 = One("Drive1", Kind::Combo, "", &Frame1);
@@ -174,6 +163,11 @@ class Screen {
   ElementArray Logom = Many("Logom", Kind::Menu, {"Fatura Logo", "Firma Logo"}, &Logo);
   Element& Silme = One("Silme", Kind::Menu, "Silme Açık", &PopBrk);
   Element& AraVer = One("AraVer", Kind::Menu, "Stok İsmi Ayrı Satır", &PopBrk);
+  Element& EkranKlv = One("EkranKlv", Kind::Menu, "Ekran Klavyesi", &PopBrk);  // when the on-screen keyboard opens
+  ElementArray Klv = Many("Klv", Kind::Menu, {"Otomatik", "Her zaman", "Hiç"}, &EkranKlv);
+  Element& PencereSabit = One("PencereSabit", Kind::Menu, "Pencere Sabit", &PopBrk);
+  Element& PopMik = One("PopMik", Kind::Menu, "", &Form1);  // of the number pad
+  ElementArray MikMenu = Many("MikMenu", Kind::Menu, {"Geri Al", "Miktar / Fiyat", "Kapat"}, &PopMik);
   Element& PopSip = One("PopSip", Kind::Menu, "", &Form1);
   ElementArray CiroYaz = Many("CiroYaz", Kind::Menu, {"Ciro Yazdır", "Sipariş Yazdır"}, &PopSip);
 
@@ -181,13 +175,18 @@ class Screen {
 
   Element& Durum = One("Durum", Kind::Label, "", &Form1);  // the quiet line at the bottom (desk/quiet_line.h)
 
+  // The small windows that float over this one, each with elements of its own.
+  KeyboardScreen Form2;
+  PadScreen Form3;
+
   // A busy pointer over the whole window.
   void SetBusy(bool busy) { SetPointer(busy); }
   [[nodiscard]] bool Busy() const { return busy_; }
   Signal<bool> pointerChanged;
   // Asks the window to open a pop-up menu (PopMenu, PopBrk, …) where the finger is.
   Signal<Element&> popUp;
-  // Asks for the on-screen keyboard over a text box, and says that it is no longer wanted. Whoever shows one notes it in the wish.
+  // Asks for the on-screen keyboard over a text box, and says that it is no longer wanted. Whoever shows one notes it in the wish
+  // (desk/on_screen_keyboard.h).
   Signal<KeyboardWish&> keyboardWanted;
   Signal<> keyboardDone;
 

@@ -12,6 +12,8 @@ class ShutDown {
   ShutDown(const DeskParts& parts, LongPress& longPress);
   // The window's close request. True: the window may go.
   bool CloseRequested(bool byProgram);
+  // Raised before the window goes, when all else is kept: the time for a backup, while the clerk is asked to wait.
+  Signal<> closing;
 
  private:
   Screen& screen_;

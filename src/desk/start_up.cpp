@@ -47,6 +47,14 @@ bool StartUp::Load() {
   screen_.Label1(1).SetCaption(settings_.Get(Setting::SearchCaption));
   FixTerminal();
   ReadCompanyFiles();
+  if (!OpenData()) return false;
+  screen_.DTPicker1.SetDate(world_.clock.Now().Date());
+  ReadFormats();
+  form_.Sabit = settings_.GetBoolean(Setting::WindowFixed);
+  return true;
+}
+
+bool StartUp::OpenData() {
   FixDataFolder();
   if (const Status made = world_.files.MakeFolder(form_.DataDir); !made.Ok()) return Refuse("Veri klasörü açılamadı. ", made);
   if (!CopyTemplates() || !OpenStores()) return false;
@@ -56,9 +64,15 @@ bool StartUp::Load() {
   form_.StockGroup = KeptGroup(Setting::StockGroup, "Stok.Mdb");
   SetSources();
   RefreshAll();
-  screen_.DTPicker1.SetDate(world_.clock.Now().Date());
-  ReadFormats();
-  form_.Sabit = settings_.GetBoolean(Setting::WindowFixed);
+  return true;
+}
+
+bool StartUp::OpenAnew() {
+  if (!OpenData()) return false;
+  screen_.GrpCombo.Choose(0);
+  form_.ActiveCursor = &cursors_.CariData;
+  ShowGroups();
+  FillLists();
   return true;
 }
 
@@ -104,12 +118,12 @@ void StartUp::ReadCompanyFiles() {
 
 void StartUp::FixDataFolder() {
   const std::string online = settings_.Get(Setting::Online);
+  const bool byFtp = !settings_.Get(Setting::FtpUrl).empty();
+  screen_.FtpVar.SetChecked(byFtp);
+  screen_.OnLine.SetChecked(!byFtp && !online.empty());
   form_.DataDir = "C:\\KarvelData\\";
-  if (!settings_.Get(Setting::FtpUrl).empty()) {
-    screen_.FtpVar.SetChecked(true);
-  } else if (!online.empty()) {
+  if (screen_.OnLine.Checked()) {
     // With a share the terminal works directly on the main machine's files.
-    screen_.OnLine.SetChecked(true);
     form_.DataDir = "\\\\" + online + "\\MuhasebeData\\" + settings_.Get(Setting::Company);
   }
 }
@@ -212,6 +226,7 @@ void StartUp::Activate() {
   screen_.Frame5.BringToFront();
   world_.loop.Wait(1000);
   features_.options.Read();
+  features_.stockFrame.ReadPlace();
   upkeep();
   if (screen_.FtpVar.Checked()) WaitForConnection();
   features_.options.StartScanner();
@@ -229,17 +244,21 @@ void StartUp::Activate() {
   if (cursors_.CariData.HasRows()) screen_.Text1(0).SetText(cursors_.CariData.Text("Unvan"));
   LayOutLists(screen_, form_, cursors_);
   features_.font.Apply();
+  screen_.MnPop(13).SetCaption("Kdv " + settings_.Get(Setting::TaxMode));
   form_.ActiveCursor = &cursors_.CariData;
   ShowGroups();
   opening();
-  screen_.MnPop(13).SetCaption("Kdv " + settings_.Get(Setting::TaxMode));
+  FillLists();
+  screen_.Vadefrm.SetVisible(false);
+  screen_.Frame5.SetVisible(false);
+  screen_.CariGrid.SetFocus();
+}
+
+void StartUp::FillLists() {
   step("walk-in customer", KeepWalkInCustomer(shop_));
   features_.customer.RefreshList();
   opening_.reset();
   ShowCustomerInFront();
-  screen_.Vadefrm.SetVisible(false);
-  screen_.Frame5.SetVisible(false);
-  screen_.CariGrid.SetFocus();
 }
 
 void StartUp::ShowGroups() {

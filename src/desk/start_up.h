@@ -13,6 +13,7 @@
 #include "desk/options.h"
 #include "desk/parts.h"
 #include "desk/price_selection.h"
+#include "desk/stock_frame.h"
 
 namespace karvel {
 
@@ -28,12 +29,16 @@ class StartUp {
     Options& options;
     FixedWindow& window;
     DeskFont& font;
+    StockFrame& stockFrame;
   };
   StartUp(const DeskParts& parts, const Features& features);
 
   // False when this copy must end at once.
   bool Load();
   void Activate();
+  // Opens the stores anew, where the settings now say that they lie, and fills the lists from them. False where that can't be done: the
+  // clerk was told, and no store is open.
+  bool OpenAnew();
   // Raised once, during the first activation, when the options are read and the lists are not shown yet: the time to clear away what is
   // old.
   Signal<> upkeep;
@@ -46,6 +51,7 @@ class StartUp {
   bool ReadySettings();
   void FixTerminal();
   void ReadCompanyFiles();
+  bool OpenData();
   void FixDataFolder();
   bool MayBeginEmpty(const std::string& missing);
   bool CopyTemplates();
@@ -56,6 +62,7 @@ class StartUp {
   void RefreshAll();
   void ReadFormats();
   void WaitForConnection();
+  void FillLists();
   void ShowGroups();
   void ShowCustomerInFront();
   bool Refuse(const std::string& what, const Status& status);  // tells the clerk what failed and why; false

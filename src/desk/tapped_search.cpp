@@ -7,6 +7,7 @@
 #include "desk/captions.h"
 #include "desk/completion.h"
 #include "desk/customer_search.h"
+#include "desk/entry_fields.h"
 #include "desk/list_in_front.h"
 #include "desk/new_cards.h"
 #include "desk/quiet_line.h"
@@ -35,6 +36,8 @@ void TappedSearch::TapCustomer() {
   if (!AtRest(screen_) || !ListsCustomers(screen_)) return;
   if (customerBefore_) {
     TakeCustomer();
+  } else if (ChosenKeyboard(screen_) == KeyboardChoice::Never) {
+    screen_.Text1(0).SelectAll();
   } else {
     StartCustomer();
   }
@@ -94,6 +97,8 @@ Status TappedSearch::ShowFound(const std::string& text) {
 void TappedSearch::TapProduct() {
   if (itemBefore_) {
     TakeProduct();
+  } else if (ChosenKeyboard(screen_) == KeyboardChoice::Never) {
+    screen_.Text1(1).SelectAll();
   } else if (!SearchesByBarcode(screen_)) {
     itemBefore_ = Before{cursors_.StokData.RecordSource(), cursors_.StokData.CurrentKey()};
     ShowAllStock();
@@ -135,8 +140,12 @@ void TappedSearch::TakeProduct() {
 bool TappedSearch::ShowNamed(const std::string& text) {
   const Muted muted(form_.RepositionGuard, Mute::Fields);
   Cursor& cards = cursors_.StokData;
-  step("cards of that name", cards.Open(sources::StockNamed(text)));
-  step("find name", cards.FindFirst("StokAdi Like '" + text + "*'"));
+  // The last pass is for the kind of an i.
+  for (const std::string& named : {text, AnyKindOfI(text)}) {
+    step("cards of that name", cards.Open(sources::StockNamed(named)));
+    step("find name", cards.FindFirst("StokAdi Like '" + named + "*'"));
+    if (!cards.NoMatch()) break;
+  }
   if (cards.NoMatch()) return false;
   screen_.Text1(1).SetText(cards.Text("StokAdi"));
   prices_.Offer(cards.Number("Fiyat"));

@@ -6,12 +6,16 @@ namespace karvel {
 
 WayOut::WayOut(const DeskParts& parts) : screen_(parts.screen) {
   connections_ += screen_.Form1.keyDown.Connect([this](KeyEvent& event) {
-    if (event.code == key::kEscape && Leave()) event.dropped = true;
+    if (event.code == key::kEscape && !event.dropped && Leave()) event.dropped = true;
   });
 }
 
 bool WayOut::Leave() {
   Screen& screen = screen_;
+  if (screen.Form2.Form2.Visible()) {
+    screen.Form2.Command1.Press();
+    return true;
+  }
   for (const BookingPanel& panel : BookingPanels(screen)) {
     if (!panel.panel->IsShown()) continue;
     if (panel.wayOut) {

@@ -14,8 +14,10 @@ class Keyboard;
 class Window;
 class Scanner;
 class Connection;
+class Ftp;
 class Printer;
 class Barcodes;
+class Archives;
 class Stores;
 
 struct World {
@@ -29,8 +31,10 @@ struct World {
   Window& window;
   Scanner& scanner;
   Connection& connection;
+  Ftp& ftp;
   Printer& printer;
   Barcodes& barcodes;
+  Archives& archives;
   Stores& stores;
 };
 

@@ -68,15 +68,16 @@ void CollectionSlipPrinting::Print() {
   PrintJob job(parts_, "Tahsilat fişi");
   std::size_t read = 0;
   const auto lines = ReadDayLines(world.stores, LinesOf(customer_.Code(), parts_.form.CriteriaText), [&] { return job.GoOn(++read, 0); });
-  if (!lines) {
-    Tell(parts_.screen, ReadingMessage(lines.error()));
+  if (job.Stopped()) return;
+  const auto balance = lines ? ReadCustomerBalance(world.stores, parts_.cursors.CariData) : std::unexpected(lines.error());
+  if (!balance) {
+    Tell(parts_.screen, ReadingMessage(balance.error()));
     return;
   }
-  if (job.Stopped()) return;
   const auto font = job.PrepareOnPaperInUse();
   if (!font) return;
   const PrinterMeasures measures(world.printer, ScaleMode::Pixels);
-  const CollectionSlip slip{parts_.screen.Text1(0).Text(), now, customer_.StoredBalance(), TotalsOf(*lines)};
+  const CollectionSlip slip{parts_.screen.Text1(0).Text(), now, balance->amount, TotalsOf(*lines)};
   job.Print(DrawCollectionSlip(measures, *font, StyleOf(parts_), slip)).Ignore();  // told
 }
 

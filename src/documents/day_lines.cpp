@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "books/book_cursor.h"
-#include "books/card_balance.h"
+#include "books/find_card.h"
 #include "books/line_mode.h"
 #include "documents/row_walk.h"
 #include "store/value.h"
@@ -73,6 +73,14 @@ LineTotals TotalsOf(const std::vector<DayLine>& lines) {
   }
   for (double* const sum : {&totals.sold, &totals.cash, &totals.card, &totals.cheques, &totals.notes}) *sum = WithoutDust(*sum);
   return totals;
+}
+
+std::expected<CardBalance, Status> ReadCustomerBalance(Stores& stores, const Cursor& customers) {
+  BookCursor cards(stores, "balance", "Cari.Mdb", kCustomerCards);
+  const Status found = FindCustomer(cards, customers.Text("CariKod"));
+  if (!found.Ok() && found.Kind() != ErrorKind::NoRecord) return std::unexpected(found);
+  const Cursor& card = found.Ok() ? cards : customers;
+  return CardBalance{card.Number("Bakiye"), card.Text("Hesap")};
 }
 
 }  // namespace karvel

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "books/card_balance.h"
 #include "platform/status.h"
 #include "store/stores.h"
 #include "text/date_time.h"
@@ -33,5 +34,9 @@ struct LineTotals {
   [[nodiscard]] double Paid() const { return cash + card + cheques + notes; }
 };
 LineTotals TotalsOf(const std::vector<DayLine>& lines);
+
+// The balance of the customer in front in the list, as his card has it now; as the list has it where the card is gone. Paper tells no
+// balance that could not be read.
+std::expected<CardBalance, Status> ReadCustomerBalance(Stores& stores, const Cursor& customers);
 
 }  // namespace karvel

@@ -24,6 +24,7 @@ struct Documents::Features {
       printers.Begin();
       logos.Begin();
     });
+    connections += statements.dayPrinted.Connect([this](const PrintedDay& day) { exchange.SendDayFile(day); });
   }
 
   Desk& desk;

@@ -1,15 +1,18 @@
 #include "documents/invoice_options.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "desk/quiet_line.h"
 #include "platform/messages.h"
 #include "text/format.h"
+#include "text/turkish.h"
 
 namespace karvel {
 namespace {
 constexpr int kMarks = 10, kLines = 11, kFont = 12, kTax = 13;
+constexpr double kMostLines = 999;  // no paper holds more
 }  // namespace
 
 InvoiceOptions::InvoiceOptions(const DeskParts& parts) : screen_(parts.screen), settings_(parts.settings), world_(parts.world) {
@@ -34,8 +37,9 @@ void InvoiceOptions::AskLines() {
   const auto answer = world_.messages.InputBox("Fatura Satır Sayısı Giriniz", "Fatura Satır Sayısı", settings_.Get(Setting::InvoiceLines));
   if (!answer) return;
   const auto lines = ReadNumber(*answer);
-  if (!lines || *lines < 1) {
-    Tell(screen_, *answer + " satır sayısı değil, eskisi kaldı");
+  if (!lines || *lines < 1 || *lines > kMostLines || *lines != std::floor(*lines)) {
+    const std::string typed = Trim(*answer);
+    Tell(screen_, (typed.empty() ? "Satır sayısı yazılmadı" : typed + " satır sayısı değil") + ", eskisi kaldı");
     return;
   }
   settings_.SaveNumber(Setting::InvoiceLines, static_cast<float>(*lines));

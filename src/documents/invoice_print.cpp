@@ -1,5 +1,7 @@
 #include "documents/invoice_print.h"
 
+#include <cmath>
+
 #include "books/invoice_numbers.h"
 #include "books/steps.h"
 #include "desk/quiet_line.h"
@@ -57,19 +59,19 @@ InvoicePrinter::~InvoicePrinter() {
 }
 
 double InvoiceLinesThatFit(const DeskParts& parts) {
-  return parts.settings.GetNumber(Setting::InvoiceLines);
+  return std::floor(parts.settings.GetNumber(Setting::InvoiceLines));
 }
 
 TaxMode TaxModeOnScreen(const Screen& screen) {
   return screen.MnPop(13).Caption() == kTaxIncluded ? TaxMode::Included : TaxMode::Added;
 }
 
-void PrintInvoice(const DeskParts& parts, const Invoice& invoice, const InvoiceAddress& customer) {
+bool PrintInvoice(const DeskParts& parts, const Invoice& invoice, const InvoiceAddress& customer) {
   const auto layout = ReadLayout(parts);
   if (!layout) {
     TellUnprinted(parts, invoice, "Fatura " + invoice.number + " yazdırılmadı: FatSatir.Dat yok ya da okunamıyor");
     parts.world.messages.MessageBox("Fatura Satır Bilgileri Yok", "", MessageIcon::None, MessageButtons::Ok);
-    return;
+    return false;
   }
   PrintJob job(parts, "Fatura " + invoice.number);
   const PrintFont font = job.PrepareInvoice();
@@ -77,16 +79,17 @@ void PrintInvoice(const DeskParts& parts, const Invoice& invoice, const InvoiceA
   auto drawing = DrawInvoice(PaperOf(parts, invoice, customer), *layout, measures, font);
   if (!drawing) {
     TellUnprinted(parts, invoice, "Fatura " + invoice.number + " yazdırılmadı: tutar yazıyla yazılamayacak kadar büyük");
-    return;
+    return false;
   }
   if (!job.Print(*drawing).Ok()) {
     TellUnprinted(parts, invoice, parts.screen.Durum.Caption());
-    return;
+    return false;
   }
   // The invoice stands whatever becomes of its number: the next one passes over those that the book bears.
   const std::string printed = parts.screen.Durum.Caption();
   parts.settings.Save(Setting::InvoiceNo, BareInvoiceNumber(invoice.number));
   if (parts.screen.Durum.Caption() != printed) Tell(parts.screen, printed + "; numarası ayarlara yazılamadı");
+  return true;
 }
 
 }  // namespace karvel

@@ -23,13 +23,13 @@ class InvoicePrinter {
   bool there_;
 };
 
-// How many lines the body of the paper holds.
+// How many whole lines the body of the paper holds.
 double InvoiceLinesThatFit(const DeskParts& parts);
 // How the prices of the desk hold the tax, as the menu of the invoice says.
 TaxMode TaxModeOnScreen(const Screen& screen);
 
-// Prints the invoice on the current printer and keeps its number as the last one. What went wrong is told; an invoice that was booked stays
-// booked.
-void PrintInvoice(const DeskParts& parts, const Invoice& invoice, const InvoiceAddress& customer);
+// Prints the invoice on the current printer and keeps its number as the last one. False where it did not come out, which is told; an
+// invoice that was booked stays booked.
+bool PrintInvoice(const DeskParts& parts, const Invoice& invoice, const InvoiceAddress& customer);
 
 }  // namespace karvel

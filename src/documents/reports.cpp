@@ -21,15 +21,24 @@ namespace {
 // Quantities by StokKod, as the desk compares texts.
 using Quantities = std::unordered_map<std::string, double>;
 
-DateTime DayOfLine(Stores& stores, const std::string& source) {
+// The day of the first line of the source; none without a line.
+Status ReadDay(Stores& stores, const std::string& source, DateTime& day) {
   const BookCursor line(stores, "day of a line", "Karvel.Mdb", source);
-  return AsDate(line.Get("Tarih")).Date();
+  std::vector<GridRow> rows;
+  const Status read = line.RowsFromStart(1, rows);
+  const auto date = static_cast<std::size_t>(line.SourceTable()->Position("Tarih"));
+  day = rows.empty() ? DateTime() : AsDate(rows.front().values.at(date)).Date();
+  return read;
 }
 
 // What was sold day by day, so that a long span can be stopped. The days before the first line and behind the last cost nothing.
 Status SumSold(Stores& stores, PrintJob& job, DateTime from, DateTime until, Quantities& sold) {
-  from = std::max(from, DayOfLine(stores, "Select * From Datam Where " + FromDay(from) + " Order By Tarih Asc"));
-  until = std::min(until, DayOfLine(stores, "Select * From Datam Where " + UntilDay(until) + " Order By Tarih Desc"));
+  DateTime first, last;
+  Status found = ReadDay(stores, "Select * From Datam Where " + FromDay(from) + " Order By Tarih Asc", first);
+  if (found.Ok()) found = ReadDay(stores, "Select * From Datam Where " + UntilDay(until) + " Order By Tarih Desc", last);
+  if (!found.Ok()) return found;
+  from = std::max(from, first);
+  until = std::min(until, last);
   const auto days = static_cast<std::size_t>(std::max<std::int64_t>(0, until.DayNumber() - from.DayNumber() + 1));
   std::vector<TextSum> sums;
   for (std::size_t day = 0; day < days && job.GoOn(day, days); ++day) {
@@ -109,6 +118,10 @@ std::expected<std::vector<SoldItem>, Status> Reports::SoldItems(PrintJob& job, c
 void Reports::PrintTurnover() {
   const DateTime from = screen_.DTPicker2(0).Date(), until = screen_.DTPicker2(1).Date();
   parts_.form.CriteriaText = FromDay(from) + " And " + UntilDay(until);
+  if (!FiguresAreRead(screen_)) {
+    Tell(screen_, "Ciro yazdırılmadı: toplamları okunamadı, tarihi yeniden seçin");
+    return;
+  }
   PrintJob job(parts_, "Ciro");
   const auto items = SoldItems(job, from, until);
   if (!items) Tell(screen_, ReadingMessage(items.error()));

@@ -2,12 +2,12 @@
 
 #include <cmath>
 #include <utility>
+#include <vector>
 
 #include "books/book_cursor.h"
 #include "books/day_sums.h"
 #include "books/sources.h"
 #include "books/steps.h"
-#include "books/stored_cards.h"
 #include "desk/captions.h"
 #include "desk/quiet_line.h"
 #include "documents/print_job.h"
@@ -61,7 +61,7 @@ void StatementPrinting::Pressed(int index) {
   if (order) {
     Print(*order);
   } else {
-    TellNothing();
+    TellUnprinted(order.error());
   }
   End();
 }
@@ -71,24 +71,27 @@ void StatementPrinting::AskForStart() {
   screen_.Command5(kStatement).SetCaption(caption::kPrintFromDate);
 }
 
-std::optional<StatementPrinting::Order> StatementPrinting::StatementOrder() {
+StatementPrinting::Order StatementPrinting::StatementOrder() {
   form_.CriteriaText = FromDay(screen_.DTPicker1.Date());
   screen_.Command5(kDay).SetVisible(true);
   screen_.Command5(kStatement).SetCaption(caption::kPrintAll);
   return Order{.untilToday = true, .dates = form_.CriteriaText, .criteria = form_.CriteriaText};
 }
 
-std::optional<StatementPrinting::Order> StatementPrinting::DayOrder(const DateTime& day) {
+std::expected<StatementPrinting::Order, Status> StatementPrinting::DayOrder(const DateTime& day) {
   const BookCursor newest(world_.stores, "newest line", "Karvel.Mdb", sources::DayBookOf(customer_.Code()));
-  if (!newest.HasCurrent()) return std::nullopt;
-  const SlipChoice choice{.openSlipMeant = !screen_.DökNoYaz.Visible(),
-                          .collecting = screen_.TahsilatFrame.Visible(),
-                          .newestSlipNo = newest.Text("SeriNo"),
-                          .openSlipNo = form_.SlipNo};
+  std::vector<GridRow> rows;
+  if (const Status read = newest.RowsFromStart(1, rows); !read.Ok()) return std::unexpected(read);
+  if (rows.empty()) return std::unexpected(Status(ErrorKind::NoRecord, "no line"));
+  const SlipChoice choice{
+      .openSlipMeant = !screen_.DökNoYaz.Visible(),
+      .collecting = screen_.TahsilatFrame.Visible(),
+      .newestSlipNo = AsText(rows.front().values.at(static_cast<std::size_t>(newest.SourceTable()->Position("SeriNo")))),
+      .openSlipNo = form_.SlipNo};
   form_.CriteriaText = DayCriteria(day.IsEmpty() ? world_.clock.Now() : day);
   Order order{.dates = form_.CriteriaText, .criteria = SlipCriteria(choice, day)};
   // Without a date only the open slip can be told.
-  if (day.IsEmpty() && order.criteria.find("Tarih") != std::string::npos) return std::nullopt;
+  if (day.IsEmpty() && order.criteria.find("Tarih") != std::string::npos) return std::unexpected(Status(ErrorKind::NoRecord, "no day"));
   return order;
 }
 
@@ -110,13 +113,12 @@ bool StatementPrinting::PrintLines(const Order& order, const std::string& source
   PrintJob job(parts_, order.untilToday ? "Hesap dökümü" : "Fiş");
   std::size_t read = 0;
   auto lines = ReadDayLines(world_.stores, source, [&] { return job.GoOn(++read, 0); });
-  if (!lines) {
-    Tell(screen_, ReadingMessage(lines.error()));
-    return false;
-  }
   if (job.Stopped()) return false;
-  if (lines->empty()) {
-    TellNothing();
+  Status readable = lines ? Status() : lines.error();
+  if (lines && lines->empty()) readable = {ErrorKind::NoRecord, "no line"};
+  if (readable.Ok()) readable = ReadBalance(order, slip);
+  if (!readable.Ok()) {
+    TellUnprinted(readable);
     return false;
   }
   const auto font = job.PrepareSlip();
@@ -128,24 +130,30 @@ bool StatementPrinting::PrintLines(const Order& order, const std::string& source
   slip.today = world_.clock.Now();
   const PrintStyle style = StyleOf(parts_);
   if (!style.smallPaper) slip.barcode = BarcodeOf(slip.slipNo);
-  Cursor card(world_.stores, "balance");
-  const Cursor& present = OpenStoredCustomer(card, cursors_.CariData) == Stored::There ? card : cursors_.CariData;
-  slip.balance = present.Number("Bakiye");
-  slip.side = present.Text("Hesap");
-  slip.tax = TaxOf(customer_.Code(), order.dates);
   slip.collecting = screen_.TahsilatFrame.Visible();
   slip.discount = screen_.Text2(3).Text();
   const PrinterMeasures measures(world_.printer, ScaleMode::Pixels);
   return job.Print(DrawSlip(measures, *font, style, slip)).Ok();
 }
 
+Status StatementPrinting::ReadBalance(const Order& order, Slip& slip) const {
+  const auto balance = ReadCustomerBalance(world_.stores, cursors_.CariData);
+  if (!balance) return balance.error();
+  const auto tax = TaxOf(customer_.Code(), order.dates);
+  if (!tax) return tax.error();
+  slip.balance = balance->amount;
+  slip.side = balance->side;
+  slip.tax = *tax;
+  return {};
+}
+
 // Tax that the central site booked against the customer. Our own invoices book theirs in another way.
-double StatementPrinting::TaxOf(const std::string& customerCode, const std::string& dates) const {
+std::expected<double, Status> StatementPrinting::TaxOf(const std::string& customerCode, const std::string& dates) const {
   Value sum;
-  step("tax", world_.stores.QueryValue("Cari.Mdb",
-                                       "Select sum(Alacak) FROM CariHareket Where CariHarKod='=110' And Carisi=" +
-                                           sources::Quoted(customerCode) + " And " + dates,
-                                       sum));
+  const Status read = world_.stores.QueryValue(
+      "Cari.Mdb",
+      "Select sum(Alacak) FROM CariHareket Where CariHarKod='=110' And Carisi=" + sources::Quoted(customerCode) + " And " + dates, sum);
+  if (!read.Ok()) return std::unexpected(read);
   return AsNumber(sum);
 }
 
@@ -162,8 +170,10 @@ std::optional<Picture> StatementPrinting::BarcodeOf(const std::string& slipNo) c
   return std::nullopt;
 }
 
-void StatementPrinting::TellNothing() {
-  Tell(screen_, "Yazdırılacak satır yok: " + screen_.Text1(0).Text());
+// What can't be read is not gone.
+void StatementPrinting::TellUnprinted(const Status& why) {
+  const bool nothing = why.Kind() == ErrorKind::NoRecord;
+  Tell(screen_, nothing ? "Yazdırılacak satır yok: " + screen_.Text1(0).Text() : ReadingMessage(why));
 }
 
 void StatementPrinting::End() {

@@ -5,6 +5,7 @@
 // has ended, in whatever way, and the customer's whole day book is in the list.
 #pragma once
 
+#include <expected>
 #include <optional>
 #include <string>
 
@@ -13,16 +14,10 @@
 #include "documents/balance_view.h"
 #include "documents/slip.h"
 #include "documents/slip_selection.h"
+#include "exchange/printed_day.h"
 #include "platform/signal.h"
 
 namespace karvel {
-
-// What has gone to the printer as a slip or day.
-struct PrintedDay {
-  std::string customerCode;
-  std::string source;    // record source of its lines
-  std::string lastSent;  // Sube of the last of them
-};
 
 class StatementPrinting {
  public:
@@ -41,13 +36,16 @@ class StatementPrinting {
 
   void Pressed(int index);
   void AskForStart();  // Command5(2) at first
-  [[nodiscard]] std::optional<Order> StatementOrder();
-  [[nodiscard]] std::optional<Order> DayOrder(const DateTime& day);
+  [[nodiscard]] Order StatementOrder();
+  // NoRecord where there is nothing to print.
+  [[nodiscard]] std::expected<Order, Status> DayOrder(const DateTime& day);
   void Print(const Order& order);
   bool PrintLines(const Order& order, const std::string& source, Slip& slip);
-  [[nodiscard]] double TaxOf(const std::string& customerCode, const std::string& dates) const;
+  // What of the slip stands on the customer's card and in his ledger.
+  Status ReadBalance(const Order& order, Slip& slip) const;
+  [[nodiscard]] std::expected<double, Status> TaxOf(const std::string& customerCode, const std::string& dates) const;
   [[nodiscard]] std::optional<Picture> BarcodeOf(const std::string& slipNo) const;
-  void TellNothing();
+  void TellUnprinted(const Status& why);
   void End();
 
   const DeskParts& parts_;

@@ -11,6 +11,7 @@
 #include "desk/list_columns.h"
 #include "desk/quiet_line.h"
 #include "desk/refresh.h"
+#include "documents/z_report.h"
 #include "platform/clerk_message.h"
 #include "platform/clock.h"
 #include "platform/files.h"
@@ -154,8 +155,8 @@ void TurnoverPanel::ShowFigures(const std::string& collectedField) {
     std::erase_if(sums, [&wholesale](const TextSum& sum) { return FoldKey(sum.text) == wholesale; });
     double sum = 0;
     for (const TextSum& group : sums) sum = WithoutDust(sum + group.sum);
-    // Without a line of its kind, or unread, a figure is blank.
-    screen_.Label9(figure.slot).SetCaption(!read.Ok() || sums.empty() ? "" : Format(sum, form_.PriceFormat));
+    // Without a line of its kind a figure is blank.
+    screen_.Label9(figure.slot).SetCaption(!read.Ok() ? kUnreadFigure : sums.empty() ? "" : Format(sum, form_.PriceFormat));
     if (read.Ok()) continue;
     step("sum", read);
     Tell(screen_, ReadingMessage(read));

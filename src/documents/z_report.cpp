@@ -17,6 +17,12 @@ DayFigures FiguresOf(const Screen& screen) {
   return {figure(2), figure(3), figure(4), figure(6), figure(8), figure(10)};
 }
 
+bool FiguresAreRead(const Screen& screen) {
+  for (int slot = 0; slot < screen.Label9.Count(); ++slot)
+    if (screen.Label9(slot).Caption() == kUnreadFigure) return false;
+  return true;
+}
+
 std::string FigureOnPaper(const std::string& figure, const PrintStyle& style) {
   return Format(figure, style.amountFormat) + " TL.";
 }
@@ -59,6 +65,10 @@ ZReport::ZReport(const DeskParts& parts, PrinterSelection& printers) : parts_(pa
 void ZReport::Print() {
   if (!printers_.SelectForReports()) {
     Tell(parts_.screen, "Z raporu yazdırılmadı: yazıcı bulunamadı");
+    return;
+  }
+  if (!FiguresAreRead(parts_.screen)) {
+    Tell(parts_.screen, "Z raporu yazdırılmadı: ciro toplamları okunamadı, tarihi yeniden seçin");
     return;
   }
   PrintJob job(parts_, "Z raporu");

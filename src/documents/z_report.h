@@ -16,6 +16,9 @@ struct DayFigures {
   std::string sold, cash, card, cheques, notes, returned;
 };
 DayFigures FiguresOf(const Screen& screen);
+// What stands in Label9 for a figure that could not be read. Paper that shows it as nothing would be false.
+inline constexpr const char* kUnreadFigure = "?";
+bool FiguresAreRead(const Screen& screen);
 // A figure on paper: in the format of money, with " TL." behind it; one that is empty is that alone.
 std::string FigureOnPaper(const std::string& figure, const PrintStyle& style);
 

@@ -8,6 +8,7 @@
 namespace karvel {
 
 class Desk;
+struct PrintedDay;
 
 class Exchange {
  public:
@@ -15,6 +16,9 @@ class Exchange {
   ~Exchange();
   Exchange(const Exchange&) = delete;
   Exchange& operator=(const Exchange&) = delete;
+
+  // The paper of a slip or day is out, and SlipNo is still its number.
+  void SendDayFile(const PrintedDay& day);
 
  private:
   struct Features;

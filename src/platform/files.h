@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +12,9 @@ namespace karvel {
 
 // The place of a name in a folder, whether the folder's path ends in a separator or not.
 std::string PathIn(const std::string& folder, std::string_view name);
+
+// Whether a text names one file in a folder, on the desk's systems as on others: not empty, no folder, drive, wildcard or quote in it.
+bool IsPlainName(std::string_view text);
 
 // The file system by the desk's own paths: drives and shares in text ("C:\KarvelData\Cari.mdb", "\\HOST\Share\x"), names that match
 // ignoring case, program folder apart. One mapping to real paths, RealPath.
@@ -45,6 +50,10 @@ class Files {
   virtual Status Delete(const std::string& path) = 0;
   // The names in a folder, sorted by bytes; none where it can't be read.
   [[nodiscard]] virtual std::vector<std::string> List(const std::string& folder) const = 0;
+  // The drives that are there now, C: first: "C:", and behind the letter of a removable one what the disk is called, "D: KINGSTON".
+  [[nodiscard]] virtual std::vector<std::string> Drives() const = 0;
+  // The free bytes on the disk that a path lies on, or will lie on; nothing where that can't be told.
+  [[nodiscard]] virtual std::optional<std::uint64_t> Room(const std::string& path) const = 0;
 };
 
 }  // namespace karvel

@@ -3,6 +3,7 @@
 #include <expected>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "platform/status.h"
 #include "platform/wait_listener.h"
@@ -27,6 +28,8 @@ class SettingsStore {
   virtual std::expected<std::string, Status> Change(const std::string& application, const std::string& section, const std::string& key,
                                                     const std::string& preset,
                                                     const std::function<std::string(const std::string&)>& change) = 0;
+  // All that is saved, as the text of a settings file, but for the values of these keys, whatever their application.
+  [[nodiscard]] virtual std::string TextWithout(const std::vector<std::string>& keys) const = 0;
 };
 
 }  // namespace karvel

@@ -50,6 +50,13 @@ Json DescribeElement(const Target& target) {
   answer["enabled"] = element.Enabled();
   answer["checked"] = element.Checked();
   answer["color"] = element.Color();
+  if (target.widget) {
+    const QPoint at = target.widget->mapTo(target.widget->window(), QPoint(0, 0));
+    answer["left"] = at.x();
+    answer["top"] = at.y();
+    answer["width"] = target.widget->width();
+    answer["height"] = target.widget->height();
+  }
   if (element.Kind() == ElementKind::List || element.Kind() == ElementKind::Combo) answer["items"] = element.Items();
   return answer;
 }

@@ -42,6 +42,23 @@ void TapCenter(QWidget& widget, Tap tap) {
   TapAt(widget, widget.rect().center(), tap);
 }
 
+QPoint GripOf(const QWidget& widget) {
+  constexpr int kEdge = 24;
+  const QPoint middle = widget.rect().center();
+  const QPoint left(kEdge, kEdge);
+  return widget.childAt(middle) && !widget.childAt(left) ? left : middle;
+}
+
+void DragBy(QWidget& widget, const QPoint& point, const QPoint& way) {
+  constexpr int kSteps = 4;
+  const QPointer<QWidget> target = &widget;
+  const QPoint from = widget.mapToGlobal(point);
+  SendMouse(target, QEvent::MouseButtonPress, point, Qt::LeftButton);
+  for (int step = 1; step <= kSteps; ++step)
+    if (target) SendMouse(target, QEvent::MouseMove, target->mapFromGlobal(from + way * step / kSteps), Qt::LeftButton);
+  if (target) SendMouse(target, QEvent::MouseButtonRelease, target->mapFromGlobal(from + way), Qt::LeftButton);
+}
+
 void Strike(const KeyStroke& stroke, QWidget& otherwise, quint64 stamp) {
   const auto send = [&](bool press) {
     QWidget* const focused = QApplication::focusWidget();

@@ -17,6 +17,11 @@ enum class Tap { Click, Double, Right, Press, Release };
 void TapAt(QWidget& widget, const QPoint& point, Tap tap);
 void TapCenter(QWidget& widget, Tap tap);
 
+// Where a finger takes hold of a widget to drag it: of a card its margin, of anything else its middle.
+[[nodiscard]] QPoint GripOf(const QWidget& widget);
+// Down at the point of `widget`, moved in a few steps, and up.
+void DragBy(QWidget& widget, const QPoint& point, const QPoint& way);
+
 // One press and one release, each to the widget that has the focus at that moment; where none has, to `otherwise`.
 // `stamp`: the time stamp of the events, in milliseconds; 0: none.
 void Strike(const KeyStroke& stroke, QWidget& otherwise, quint64 stamp = 0);

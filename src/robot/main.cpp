@@ -38,7 +38,11 @@ int main(int argc, char** argv) {
     for (const Json& box : world.messages.TakeShown()) std::fprintf(stderr, "%s\n", box["text"].get<std::string>().c_str());
     return 0;
   }
-  app.TheWindow().resize(platform.WindowSize());
-  app.TheWindow().show();
+  if (platform.IsOwnScreen()) {
+    app.ShowWindow();
+  } else {
+    app.TheWindow().resize(platform.WindowSize());
+    app.TheWindow().show();
+  }
   return QCoreApplication::exec();
 }

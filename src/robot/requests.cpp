@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QEventLoop>
+#include <QPainter>
 #include <QPixmap>
 #include <QTimer>
 
@@ -15,6 +16,7 @@
 #include "app/disk_files.h"
 #include "app/scanner_keys.h"
 #include "desk/desk.h"
+#include "robot/open_choice.h"
 #include "robot/setting_values.h"
 
 namespace karvel {
@@ -34,6 +36,25 @@ Json ParseRequest(const std::string& line) {
 }
 
 const Json kDone = Json::object();
+
+// Under a finger there lies what is painted on top, which may be something else than what was meant.
+void ExpectUncovered(const QWidget& widget, const QPoint& point, const std::string& name) {
+  const QWidget* const window = widget.window();
+  const QPoint at = widget.mapTo(window, point);
+  if (!window->rect().contains(at)) throw RequestError(fmt::format("{} lies outside the window", name));
+  const QWidget* const top = window->childAt(at);
+  const bool itself = !top || top == &widget || widget.isAncestorOf(top) || top->isAncestorOf(&widget);
+  if (!itself) throw RequestError(fmt::format("{} is covered", name));
+}
+
+// All that a person sees of the desk: the window, and the menus and boxes that are open over it.
+QPixmap PictureOf(QWidget& window) {
+  QPixmap picture = window.grab();
+  QPainter painter(&picture);
+  for (QWidget* over : QApplication::topLevelWidgets())
+    if (over != &window && over->isVisible()) painter.drawPixmap(over->pos() - window.mapToGlobal(QPoint(0, 0)), over->grab());
+  return picture;
+}
 
 // What the work answers, or why it could not be done.
 template <typename Work>
@@ -60,6 +81,14 @@ Requests::Requests(App& app, RobotWorld& world)
                 .elements = [this] { return &desk_.screen.elements; },
                 .widgetOf = [this](const Element& element) { return window_.WidgetOf(element); },
                 .actionOf = [this](const Element& element) { return window_.ActionOf(element); }});
+  const auto small = [this](const std::string& name, const ElementTable& table) {
+    targets_.Add({.name = name,
+                  .elements = [&table] { return &table.elements; },
+                  .widgetOf = [this](const Element& element) { return window_.WidgetOf(element); },
+                  .actionOf = [this](const Element& element) { return window_.ActionOf(element); }});
+  };
+  small("Form2", desk_.screen.Form2);
+  small("Form3", desk_.screen.Form3);
   AddHandHandlers();
   AddWorldHandlers();
 }
@@ -70,6 +99,7 @@ void Requests::AddHandHandlers() {
   handlers_["rightclick"] = [this](const Json& request) { return DoTap(request, Tap::Right); };
   handlers_["press"] = [this](const Json& request) { return DoTap(request, Tap::Press); };
   handlers_["release"] = [this](const Json& request) { return DoTap(request, Tap::Release); };
+  handlers_["drag"] = [this](const Json& request) { return DoDrag(request); };
   handlers_["type"] = [this](const Json& request) { return DoType(request); };
   handlers_["key"] = [this](const Json& request) { return DoKey(request); };
   handlers_["row"] = [this](const Json& request) { return DoRow(request); };
@@ -167,11 +197,20 @@ Json Requests::DoTap(const Json& request, Tap tap) {
   // In a list the finger comes down on the row in front, so that a tap on the list itself chooses no other.
   auto* const grid = qobject_cast<DeskGrid*>(target.widget);
   const auto row = grid ? grid->RowInFront() : std::nullopt;
-  if (row) {
-    TapAt(*grid, *row, tap);
-  } else {
-    TapCenter(*target.widget, tap);
-  }
+  const QPoint point = row ? *row : target.widget->rect().center();
+  if (tap != Tap::Release) ExpectUncovered(*target.widget, point, name);
+  TapAt(*target.widget, point, tap);
+  return kDone;
+}
+
+Json Requests::DoDrag(const Json& request) {
+  const std::string name = TextOf(request, "at");
+  const Target target = targets_.FindReachable(name);
+  if (!target.widget) throw RequestError(fmt::format("{} has no place on the window", name));
+  ClosePopUps();
+  const QPoint grip = GripOf(*target.widget);
+  ExpectUncovered(*target.widget, grip, name);
+  DragBy(*target.widget, grip, QPoint(NumberOf(request, "dx", 0), NumberOf(request, "dy", 0)));
   return kDone;
 }
 
@@ -202,13 +241,27 @@ Json Requests::DoKey(const Json& request) {
 
 Json Requests::DoRow(const Json& request) {
   const Target target = targets_.FindReachable(TextOf(request, "at"));
+  if (OpensChoice(target.widget)) return DoPick(request, target);
   DeskGrid& grid = GridOf(target);
   const int row = NumberOf(request, "row"), column = NumberOf(request, "column", 0);
   const bool isDouble = BooleanOf(request, "dblclick", false);
   const QRect cell = row < 0 || column < 0 ? QRect() : grid.CellRect(row, column);
   if (cell.isEmpty()) throw RequestError(fmt::format("{} has no cell in row {}, column {}", target.element->Name(), row, column));
   ClosePopUps();
+  ExpectUncovered(*grid.viewport(), cell.center(), target.element->Name());
   TapAt(*grid.viewport(), cell.center(), isDouble ? Tap::Double : Tap::Click);
+  return kDone;
+}
+
+// A tap opens the list or the calendar, another one takes what is meant there.
+Json Requests::DoPick(const Json& request, const Target& target) {
+  const std::string name = TextOf(request, "at");
+  ClosePopUps();
+  ExpectUncovered(*target.widget, target.widget->rect().center(), name);
+  TapCenter(*target.widget, Tap::Click);
+  Settle();
+  const int row = NumberOf(request, "row"), column = NumberOf(request, "column", 0);
+  if (!TapInOpenList(row, column)) throw RequestError(fmt::format("{} has no entry in row {}, column {}", name, row, column));
   return kDone;
 }
 
@@ -219,6 +272,7 @@ Json Requests::DoHead(const Json& request) {
   const QRect head = column < 0 ? QRect() : grid.HeadRect(column);
   if (head.isEmpty()) throw RequestError(fmt::format("{} has no column {}", target.element->Name(), column));
   ClosePopUps();
+  ExpectUncovered(*grid.viewport(), head.center(), target.element->Name());
   TapAt(*grid.viewport(), head.center(), Tap::Click);
   return kDone;
 }
@@ -243,7 +297,7 @@ Json Requests::DoClock(const Json& request) {
 
 Json Requests::DoShot(const Json& request) {
   const std::string file = TextOf(request, "file");
-  if (!window_.grab().save(QString::fromStdString(file), "PNG")) throw RequestError(fmt::format("can't write {}", file));
+  if (!PictureOf(window_).save(QString::fromStdString(file), "PNG")) throw RequestError(fmt::format("can't write {}", file));
   return kDone;
 }
 

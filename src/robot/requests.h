@@ -40,9 +40,11 @@ class Requests {
   void AddHandHandlers();
   void AddWorldHandlers();
   Json DoTap(const Json& request, Tap tap);
+  Json DoDrag(const Json& request);
   Json DoType(const Json& request);
   Json DoKey(const Json& request);
   Json DoRow(const Json& request);
+  Json DoPick(const Json& request, const Target& target);
   Json DoHead(const Json& request);
   Json DoScan(const Json& request);
   Json DoClock(const Json& request);

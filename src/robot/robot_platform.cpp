@@ -20,6 +20,7 @@ RobotPlatform::RobotPlatform() : size_(SizeFromEnvironment()), screens_(QDir::te
   const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
   const bool unattended = platform.isEmpty() && !qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
   if (!unattended && platform != "offscreen") return;
+  ownScreen_ = true;
   // The offscreen screen is 800×800 unless a file says otherwise, and a window is kept within its screen.
   const Json screen{{"name", "desk"},       {"x", 0},  {"y", 0}, {"width", size_.width()}, {"height", size_.height()}, {"logicalDpi", 96},
                     {"logicalBaseDpi", 96}, {"dpr", 1}};

@@ -9,6 +9,7 @@ namespace karvel {
 
 class RobotConnection : public Connection {
  public:
+  void WatchServer(const std::string&, int) override {}
   [[nodiscard]] bool Up() const override { return up_; }
   void Set(bool up) { up_ = up; }
 

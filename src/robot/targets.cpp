@@ -13,9 +13,10 @@ Target Targets::Find(const std::string& name) const {
   const TargetWindow* window = &windows_.front();
   std::string local = name;
   for (const TargetWindow& candidate : windows_) {
-    if (!name.starts_with(candidate.name + ".")) continue;
+    const bool inside = name.starts_with(candidate.name + ".");
+    if (!inside && name != candidate.name) continue;
     window = &candidate;
-    local = name.substr(candidate.name.size() + 1);
+    local = inside ? name.substr(candidate.name.size() + 1) : name;
   }
   const Elements* const elements = window->elements();
   if (!elements) throw RequestError(fmt::format("{} is not open", window->name));

@@ -1,4 +1,4 @@
-// Finds what a request means by an element's name: "Label1(0)" on the desk's window, "Form3.cmd(7)" on a small window beside it.
+// Finds what a request means by an element's name: "Label1(0)" on the desk's window, "Form3.cmd(7)" on a small window over it.
 #pragma once
 
 #include <functional>

@@ -62,6 +62,8 @@ constexpr std::array<SettingEntry, kSettingCount> kTable = {{
     {S::LogoPath,         Title, "Logo",        "Logom",       "", "path of the chosen picture"},
     {S::BackupDrive,      Title, "Yedek",       "Yedek",       "", "backup drive"},
     {S::KeyboardCaps,     Title, "SizeKlv",     "Caps",        "0", "on-screen keyboard caps"},
+    {S::ScreenKeyboard,   Title, "SizeKlv",     "Klavye",      "0", "index of the checked Klv entry: when a tap opens the on-screen keyboard"},
+    {S::FtpCertificate,   Title, "Karvel",      "FtpSertifika", "", "file with the certificates that FTP servers are checked by; empty: the system's"},
 
     {S::TerminalNumber, Terminal,      "Trm",          "No",    "", "terminal number as a plain number, written on start"},
     {S::DataPlace,      Karvel,        "KarvelProper", "Yer",   "", "data folder, written when the company file is first made"},

@@ -63,6 +63,8 @@ enum class Setting {
   LogoPath,
   BackupDrive,
   KeyboardCaps,
+  ScreenKeyboard,
+  FtpCertificate,
   TerminalNumber,
   DataPlace,
   TransferShare,

@@ -9,6 +9,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <span>
 #include <string>
 #include <vector>
@@ -18,6 +20,7 @@
 #include "store/catalogue.h"
 #include "store/dialect/dialect.h"
 #include "store/row.h"
+#include "store/stores_copy.h"
 
 namespace karvel {
 
@@ -87,6 +90,10 @@ class Engine {
 
   // Adds a whole row, its values in catalogue order, and gives its key, which is greater than those of all rows that are there.
   virtual Status Insert(const DatabaseFile& file, const Table& table, const Row& values, RowKey& key) = 0;
+  // Adds `count` whole rows in their order; `fill` is given each one's number from 0 and a row of defaults. Costs far less a row than
+  // Insert where they are more than there are already. NotOpen without a transaction; a failure undoes the whole of it.
+  virtual Status InsertMany(const DatabaseFile& file, const Table& table, std::int64_t count,
+                            const std::function<void(std::int64_t, Row&)>& fill) = 0;
   // Writes these fields only. NoRecord when the row is gone; so for Delete.
   virtual Status Change(const DatabaseFile& file, const Table& table, RowKey key, std::span<const FieldValue> fields) = 0;
   virtual Status Delete(const DatabaseFile& file, const Table& table, RowKey key) = 0;
@@ -107,6 +114,10 @@ class Engine {
   [[nodiscard]] virtual bool InTransaction() const = 0;
   // Whether every row read inside a transaction is safe from other writers until its end, not only those read for an edit.
   [[nodiscard]] virtual bool ReadsHold() const = 0;
+
+  // Begins a copy of all files into a folder of this machine, which exists and is empty. They become SQLite files under their names,
+  // whatever the engine. Nobody's transaction waits for it longer than a fifth of a second. Busy while another terminal makes one.
+  virtual Status Copy(const std::string& folder, std::unique_ptr<StoresCopy>& copy) = 0;
 };
 
 }  // namespace karvel

@@ -190,6 +190,11 @@ Status Stores::QuerySumsBy(const std::string& databaseName, const std::string& q
   return Read([&](Engine& engine) { return engine.SumBy(rows, parsed.sumPosition, column, sums); });
 }
 
+Status Stores::Copy(const std::string& folder, std::unique_ptr<StoresCopy>& copy) {
+  if (InAction()) return {ErrorKind::Other, "no copy is begun inside an action"};
+  return engine_->Copy(folder, copy);
+}
+
 std::uint64_t Stores::WriteCount(const Table& table) const {
   const auto found = writes_.find(&table);
   return undoings_ + (found == writes_.end() ? 0 : found->second);

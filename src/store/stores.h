@@ -76,6 +76,9 @@ class Stores {
   // The same sum for each text that stands in the column `by`, in one walk over the rows.
   Status QuerySumsBy(const std::string& databaseName, const std::string& query, const std::string& by, std::vector<TextSum>& sums);
 
+  // Begins a copy of all files as they are at one moment, into an empty folder of this machine. Not inside an action.
+  Status Copy(const std::string& folder, std::unique_ptr<StoresCopy>& copy);
+
   // Grows with every Open and Close.
   [[nodiscard]] std::uint64_t Openings() const { return openings_; }
   // Grows with every write to the table through this object, and with every action that is undone: what was read under another count may
@@ -86,6 +89,7 @@ class Stores {
   friend class Cursor;
   friend class Position;
   friend class Glance;
+  friend class TableRows;
 
   // For the cursors: an engine's write, counted; inside an action it is refused when the action has failed already.
   Status Write(const Table& table, const std::function<Status(Engine&)>& write);

@@ -190,6 +190,10 @@ std::string ReplaceAll(std::string_view text, std::string_view what, std::string
   }
 }
 
+char32_t FirstLetter(std::string_view text) {
+  return text.empty() ? 0 : LetterAt(text, 0).code;
+}
+
 std::string LetterToUtf8(char32_t letter) {
   std::string text;
   // What is no letter at all shows as the replacement sign.

@@ -42,6 +42,7 @@ std::string MidLetters(std::string_view text, std::size_t from, std::size_t coun
 std::string Trim(std::string_view text);                                                                      // blanks at both ends
 std::string ReplaceAll(std::string_view text, std::string_view what, std::string_view with);
 std::string LetterToUtf8(char32_t letter);
+char32_t FirstLetter(std::string_view text);  // 0 for an empty text
 
 // Windows code page 1254, the files outside the stores. Letters that it lacks become "?".
 std::string ToCp1254(std::string_view utf8);

@@ -1,6 +1,9 @@
+#include <QCalendarWidget>
 #include <QComboBox>
 #include <QDateEdit>
+#include <QLineEdit>
 #include <QListWidget>
+#include <QTableView>
 
 #include "window_fixture.h"
 
@@ -31,6 +34,20 @@ TEST_F(ChoiceFieldsTest, a_date_goes_both_ways_and_writes_day_first) {
   EXPECT_EQ(picker->text(), "01.03.2026");
   picker->setDate(QDate(2026, 12, 31));
   EXPECT_EQ(screen.DTPicker1.Date(), (DateTime{2026, 12, 31}));
+}
+
+TEST_F(ChoiceFieldsTest, a_date_opens_its_calendar_wherever_the_finger_comes_down) {
+  screen.Frame3.SetVisible(true);
+  screen.DTPicker1.SetDate({2026, 3, 1});
+  QTest::qWait(20);
+  auto* const picker = qobject_cast<QDateEdit*>(Of(screen.DTPicker1));
+  auto* const text = picker->findChild<QLineEdit*>();
+  QTest::mouseClick(text, Qt::LeftButton, {}, QPoint(4, text->height() / 2));
+  ASSERT_TRUE(picker->calendarWidget()->isVisible());
+  auto* const days = picker->calendarWidget()->findChild<QTableView*>();
+  QTest::mouseClick(days->viewport(), Qt::LeftButton, {}, days->visualRect(days->model()->index(3, 2)).center());
+  EXPECT_FALSE(picker->calendarWidget()->isVisible());
+  EXPECT_EQ(screen.DTPicker1.Date(), (DateTime{2026, 3, 11}));
 }
 
 TEST_F(ChoiceFieldsTest, a_list_tells_its_entry_also_when_tapped_again) {

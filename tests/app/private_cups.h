@@ -65,6 +65,10 @@ class PrivateCups {
     process_ = 0;
   }
 
+  // It takes connections and answers nobody, until it goes on.
+  void Hang() const { kill(process_, SIGSTOP); }
+  void GoOn() const { kill(process_, SIGCONT); }
+
   // The PDF that the printer received; "" when nothing came in the time.
   std::string Received(int milliseconds = 20000) {
     if (!printer_.waitForNewConnection(milliseconds)) return "";

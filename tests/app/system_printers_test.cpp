@@ -108,6 +108,30 @@ TEST_F(SystemPrintersTest, a_printing_system_that_goes_away_in_the_middle_prints
   EXPECT_EQ(testing::TextsOf(cups.Received()), (std::vector<std::string>{"Tam"}));
 }
 
+TEST_F(SystemPrintersTest, a_printing_system_that_hangs_is_given_up_and_what_it_got_does_not_come_out_later) {
+  using namespace std::chrono_literals;
+  SystemPrinters hasty(3s);
+  QtPrinter hanging(files, clock, hasty);
+  const auto print = [&](const std::string& text) {
+    hanging.SetFont({"MS Sans Serif", 10});
+    const Status drawn = hanging.PrintText(40, 40, text);
+    return drawn.Ok() ? hanging.EndDoc() : (hanging.KillDoc(), drawn);
+  };
+  ASSERT_TRUE(hanging.MakeCurrent("Kasa"));
+  ASSERT_TRUE(hanging.PrintText(0, 0, "yarım").Ok());
+  cups.Hang();
+  const auto begun = std::chrono::steady_clock::now();
+  EXPECT_EQ(hanging.EndDoc().Kind(), ErrorKind::Other);
+  EXPECT_EQ(print("hemen sonra").Kind(), ErrorKind::Other);
+  EXPECT_TRUE(hanging.MakeCurrent("Kasa"));  // its papers are known
+  EXPECT_LT(std::chrono::steady_clock::now() - begun, 8s);
+  cups.GoOn();
+  std::this_thread::sleep_for(2500ms);
+  EXPECT_EQ(cups.Received(1000), "");
+  EXPECT_TRUE(print("Tam").Ok());
+  EXPECT_EQ(testing::TextsOf(cups.Received()), (std::vector<std::string>{"Tam"}));
+}
+
 TEST_F(SystemPrintersTest, a_user_without_rights_is_refused) {
   cups.Run("lpadmin -p Kasa -u deny:root");
   EXPECT_EQ(PrintOne("x").Kind(), ErrorKind::NoRights);

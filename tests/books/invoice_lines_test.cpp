@@ -104,5 +104,13 @@ TEST_F(InvoiceLinesBook, a_fault_of_the_stores_turns_all_ticks_or_none) {
   FailsWholeOrWorks([&] { return TurnAllTicks(shop, Today()); });
 }
 
+TEST_F(InvoiceLinesBook, ticks_that_cannot_be_read_are_not_none) {
+  PutThree();
+  EXPECT_EQ(CountTicked(shop, Today()).value_or(-1), 1);
+  engine.readFault = {ErrorKind::Busy, "kept"};
+  EXPECT_EQ(CountTicked(shop, Today()).value_or(-1), -1);
+  engine.readFault = {};
+}
+
 }  // namespace
 }  // namespace karvel

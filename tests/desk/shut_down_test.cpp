@@ -26,5 +26,11 @@ TEST_F(ShutDownTest, the_exit_button_asks_the_window_to_close) {
   EXPECT_EQ(window.closes, 1);
 }
 
+TEST_F(ShutDownTest, the_exit_button_keeps_the_frame) {
+  ASSERT_TRUE(Start());
+  Click("Command3");
+  EXPECT_EQ(window.savedFitting, "VelmoraKrv");
+}
+
 }  // namespace
 }  // namespace karvel

@@ -102,6 +102,23 @@ TEST_F(CollectionSlipPrintingTest, two_collections_of_a_day_stand_together_and_c
   EXPECT_EQ(desk->cursors.HareketData.RecordSource(), "Select * From Datam Where CariKod='C001' Order By Tarih Desc");
 }
 
+TEST_F(CollectionSlipPrintingTest, a_balance_that_cannot_be_read_stands_on_no_paper) {
+  Pay("Ayşe Yılmaz", "10");
+  Front("C001");
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Bakiye=77 WHERE CariKod='C001'");
+  for (int reads = 0; reads < 40; ++reads) {
+    engine.readsBeforeFault = reads;
+    engine.readFault = {ErrorKind::Busy, "kept"};
+    Click("TahsilatCmd");
+    engine.readFault = {};
+  }
+  ASSERT_FALSE(printer.jobs.empty());
+  for (const auto& job : printer.jobs) {
+    const auto lines = job.Lines();
+    EXPECT_EQ(lines.back(), "77,00");
+  }
+}
+
 TEST_F(CollectionSlipPrintingTest, a_refused_one_is_thrown_away) {
   Front("C001");
   printer.fault = {ErrorKind::Other, "off"};

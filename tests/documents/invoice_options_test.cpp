@@ -52,6 +52,19 @@ TEST_F(InvoiceOptionsTest, a_cancelled_or_senseless_number_of_lines_changes_noth
   EXPECT_EQ(At("Durum").Caption(), "çok satır sayısı değil, eskisi kaldı");
 }
 
+TEST_F(InvoiceOptionsTest, only_whole_lines_above_none_are_a_number_of_lines) {
+  for (const char* const typed : {"2,5", "0", "-3", "0,5", "1000", "1e9"}) {
+    messages.answers = {typed};
+    Click("MnPop(11)");
+    EXPECT_EQ(Kept().Get(Setting::InvoiceLines), "15") << typed;
+    EXPECT_EQ(At("Durum").Caption(), std::string(typed) + " satır sayısı değil, eskisi kaldı");
+  }
+  messages.answers = {" "};
+  Click("MnPop(11)");
+  EXPECT_EQ(Kept().Get(Setting::InvoiceLines), "15");
+  EXPECT_EQ(At("Durum").Caption(), "Satır sayısı yazılmadı, eskisi kaldı");
+}
+
 TEST_F(InvoiceOptionsTest, the_font_is_chosen_from_the_one_in_use) {
   messages.chosenFont = FontChoice{"Tahoma", 9.5};
   Click("MnPop(12)");

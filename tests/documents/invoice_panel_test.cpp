@@ -41,6 +41,26 @@ TEST_F(InvoicePanelTest, without_lines_there_is_nothing_to_print) {
   Open();
   EXPECT_TRUE(At("FatFrame").Visible());
   EXPECT_FALSE(At("FatCmd(1)").Visible());
+  EXPECT_EQ(Told(), "Fatura S000001: bu günde faturalanacak satır yok");
+}
+
+TEST_F(InvoicePanelTest, the_quiet_line_says_what_can_be_done_now) {
+  const std::string ready = "Fatura S000001: satırları denetleyip Yazdır'a dokunun";
+  Save(Setting::InvoiceLines, "1");
+  PutMany(2);
+  Open();
+  EXPECT_EQ(Told(), ready);
+  At("FatDTPicker").SetDate({2026, 2, 27});
+  EXPECT_EQ(Told(), "Fatura S000001: bu günde faturalanacak satır yok");
+  At("FatDTPicker").SetDate({2026, 3, 1});
+  EXPECT_EQ(Told(), ready);
+  TapRow("L01");
+  TapRow("L02");
+  EXPECT_EQ(Told(), "1 Satır Fazla: faturaya sığmaz");
+  TapRow("L02");
+  EXPECT_EQ(Told(), ready);
+  Click("FatCmd(0)");
+  EXPECT_EQ(Told(), "Fatura ekranı kapatıldı");
 }
 
 TEST_F(InvoicePanelTest, the_button_is_there_at_rest_and_not_in_a_sale) {
@@ -68,6 +88,19 @@ TEST_F(InvoicePanelTest, only_as_many_lines_are_ticked_as_fit_and_one_more_is_re
   EXPECT_EQ(messages.shown.size(), 1U);
 }
 
+TEST_F(InvoicePanelTest, of_a_number_of_lines_with_a_fraction_the_whole_lines_count) {
+  Save(Setting::InvoiceLines, "2,5");
+  PutMany(3);
+  Open();
+  EXPECT_EQ(Ticked(), (Texts{"L01", "L02"}));
+  TapRow("L03");
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].text, "1 Satır Fazla\nFaturaya Sığmaz..!");
+  TapRow("L03");
+  Click("FatCmd(1)");
+  EXPECT_EQ(printer.jobs.size(), 1U);
+}
+
 TEST_F(InvoicePanelTest, a_tap_turns_the_row_in_front_too_and_moving_turns_nothing) {
   PutMany(2);
   Open();
@@ -76,6 +109,22 @@ TEST_F(InvoicePanelTest, a_tap_turns_the_row_in_front_too_and_moving_turns_nothi
   EXPECT_EQ(Ticked(), Texts{"L02"});
   EXPECT_TRUE(Lines().MoveNext().Ok());
   EXPECT_TRUE(Lines().MovePrevious().Ok());
+  EXPECT_EQ(Ticked(), Texts{"L02"});
+}
+
+TEST_F(InvoicePanelTest, two_quick_taps_are_two_ticks_and_enter_is_one) {
+  PutMany(2);
+  Open();
+  GridElement& grid = desk->screen.FatGrid;
+  grid.mouseDown(MouseEvent{});
+  grid.TapCell(0);
+  EXPECT_EQ(Ticked(), Texts{"L02"});
+  grid.DoubleTapCell(0);
+  EXPECT_EQ(Ticked(), (Texts{"L01", "L02"}));
+  KeyEvent enter{key::kEnter};
+  grid.keyDown(enter);
+  grid.TapCell(0);
+  grid.DoubleTapCell(0);
   EXPECT_EQ(Ticked(), Texts{"L02"});
 }
 
@@ -247,6 +296,50 @@ TEST_F(InvoicePanelTest, a_typed_number_that_is_borne_already_is_counted_on) {
   EXPECT_EQ(Saved(Setting::InvoiceNo), "000151");
 }
 
+TEST_F(InvoicePanelTest, what_is_no_number_is_refused_with_nothing_written_and_the_panel_stays) {
+  Put("L1");
+  Open();
+  for (const char* const typed : {"", "  ", "A-17", "Fatura", "S 2", "S"}) {
+    At("Fat(0)").SetText(typed);
+    messages.shown.clear();
+    Click("FatCmd(1)");
+    ASSERT_EQ(messages.shown.size(), 1U) << typed;
+    EXPECT_EQ(messages.shown[0].text, Told());
+    EXPECT_EQ(messages.shown[0].icon, MessageIcon::Stop);
+    EXPECT_TRUE(At("FatFrame").Visible());
+    EXPECT_TRUE(At("FatCmd(1)").Visible());
+    EXPECT_EQ(At("Fat(0)").Text(), typed);
+  }
+  EXPECT_EQ(Told(), "S fatura numarası değil: S ve rakamlarla yazın, S000041 gibi");
+  At("Fat(0)").SetText(" ");
+  Click("FatCmd(1)");
+  EXPECT_EQ(Told(), "Fatura numarası boş: S ve rakamlarla yazın, S000041 gibi");
+  At("FatDüzChk").SetChecked(true);
+  Click("FatCmd(1)");
+  EXPECT_TRUE(At("FatFrame").Visible());
+  EXPECT_TRUE(printer.jobs.empty());
+  EXPECT_EQ(Count("Fatura.mdb", "Faturalar"), "0");
+  EXPECT_EQ(Saved(Setting::InvoiceNo), "000000");
+}
+
+TEST_F(InvoicePanelTest, a_carelessly_typed_number_is_made_good_before_it_is_compared_and_kept) {
+  Sql("Fatura.mdb", "INSERT INTO Faturalar(FaturaNo) VALUES('S000041')");
+  PutMany(2);
+  Open();
+  TapRow("L02");
+  Set("Fat(0)", " s000041 ");
+  Click("FatCmd(1)");
+  EXPECT_EQ(Rows("Fatura.mdb", "SELECT FaturaNo FROM Faturalar"), (Texts{"S000041", "S000042"}));
+  EXPECT_EQ(Saved(Setting::InvoiceNo), "000042");
+  Open();
+  TapRow("L02");
+  At("FatDüzChk").SetChecked(true);
+  Set("Fat(0)", "57 ");
+  Click("FatCmd(1)");
+  EXPECT_EQ(Told(), "Fatura S000057 yazdırıldı: Fatura Yazıcısı");
+  EXPECT_EQ(Saved(Setting::InvoiceNo), "000057");
+}
+
 TEST_F(InvoicePanelTest, a_number_that_no_longer_fits_grows_by_a_digit) {
   Save(Setting::InvoiceNo, "999999");
   Open();
@@ -266,6 +359,48 @@ TEST_F(InvoicePanelTest, the_address_goes_to_the_card_of_the_customer_and_untouc
   EXPECT_EQ(Customer("C001")["Adres2"], "Ankara");
   EXPECT_EQ(Customer("C001")["Email"], "yeni@ornek.tr");
   EXPECT_EQ(Customer("C002")["Adres1"], "");
+}
+
+TEST_F(InvoicePanelTest, an_address_that_could_not_be_kept_stays_in_the_panel_for_another_try) {
+  Open();
+  Set("Fat(2)", "Gül Sokak 7");
+  engine.commitFault = {ErrorKind::Busy, "kept"};
+  Click("FatCmd(0)");
+  engine.commitFault = {};
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_TRUE(At("FatFrame").Visible());
+  EXPECT_EQ(At("Fat(2)").Text(), "Gül Sokak 7");
+  EXPECT_EQ(Customer("C001")["Adres1"], "Çınar Sokak 5");
+  Click("FatCmd(0)");
+  EXPECT_EQ(messages.shown.size(), 1U);
+  EXPECT_FALSE(At("FatFrame").Visible());
+  EXPECT_EQ(Customer("C001")["Adres1"], "Gül Sokak 7");
+}
+
+TEST_F(InvoicePanelTest, a_card_that_takes_no_address_keeps_the_panel_open_only_as_long_as_the_clerk_wants) {
+  Open();
+  Set("Fat(2)", "Gül Sokak 7");
+  engine.commitFault = {ErrorKind::NoRights, "read-only"};
+  Click("FatCmd(0)");
+  EXPECT_EQ(messages.shown.size(), 1U);
+  messages.answers = {"", "No"};
+  Click("FatCmd(0)");
+  ASSERT_EQ(messages.shown.size(), 3U);
+  EXPECT_EQ(messages.shown[2].text, "Adres yine kaydedilemedi. Kaydetmeden kapatılsın mı?");
+  EXPECT_TRUE(At("FatFrame").Visible());
+  messages.answers = {"", "Yes"};
+  Click("FatCmd(0)");
+  engine.commitFault = {};
+  EXPECT_FALSE(At("FatFrame").Visible());
+}
+
+TEST_F(InvoicePanelTest, the_card_of_a_customer_deleted_meanwhile_keeps_no_panel_open) {
+  Open();
+  Sql("Cari.mdb", "DELETE FROM CariKartlar WHERE CariKod='C001'");
+  Set("Fat(2)", "Gül Sokak 7");
+  Click("FatCmd(0)");
+  EXPECT_FALSE(At("FatFrame").Visible());
+  EXPECT_EQ(Told(), "Müşterinin kartı başka bir terminalde silinmiş");
 }
 
 TEST_F(InvoicePanelTest, nobody_else_can_be_chosen_while_it_is_open) {
@@ -396,23 +531,77 @@ TEST_F(InvoicePanelTest, a_refused_print_keeps_the_posting_takes_no_number_and_c
             "yazdırılabilir");
   printer.fault = {};
   Open();
+  EXPECT_EQ(At("Fat(0)").Text(), "S000002");
   At("FatDüzChk").SetChecked(true);
-  Set("Fat(0)", "S000001");
+  EXPECT_EQ(At("Fat(0)").Text(), "S000001");
+  At("FatDüzChk").SetChecked(false);
+  EXPECT_EQ(At("Fat(0)").Text(), "S000002");
+  At("FatDüzChk").SetChecked(true);
   Click("FatCmd(1)");
   EXPECT_EQ(printer.jobs.back().end, "EndDoc");
   EXPECT_EQ(Saved(Setting::InvoiceNo), "000001");
   EXPECT_EQ(Count("Fatura.mdb", "Faturalar"), "1");
 }
 
-TEST_F(InvoicePanelTest, a_total_too_great_for_words_is_told) {
+TEST_F(InvoicePanelTest, the_number_of_an_unprinted_invoice_comes_back_for_its_customer_until_it_is_printed) {
+  printer.fault = {ErrorKind::Other, "paper jam"};
+  Put("L1");
+  Put("L2", "1001", "2026-03-01 09:00:00", "C002|");
+  Open();
+  Click("FatCmd(1)");
+  printer.fault = {};
+  Open("C002");
+  At("FatDüzChk").SetChecked(true);
+  EXPECT_EQ(At("Fat(0)").Text(), "S000002");
+  Click("FatCmd(0)");
+  Open();
+  Set("Fat(0)", "S000077");
+  At("FatDüzChk").SetChecked(true);
+  EXPECT_EQ(At("Fat(0)").Text(), "S000077");
+  Click("FatCmd(0)");
+  Open();
+  At("FatDüzChk").SetChecked(true);
+  Click("FatCmd(1)");
+  EXPECT_EQ(Told(), "Fatura S000001 yazdırıldı: Fatura Yazıcısı");
+  Open();
+  At("FatDüzChk").SetChecked(true);
+  EXPECT_EQ(At("Fat(0)").Text(), "S000002");
+}
+
+TEST_F(InvoicePanelTest, a_total_too_great_for_words_is_refused_before_it_is_booked) {
   Put("L1");
   Sql("Karvel.mdb", "UPDATE Datam SET Tutar=1e9");
   At("MnPop(6)").SetChecked(true);
   Open();
   Click("FatCmd(1)");
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].text, "Fatura tutarı yazıyla yazılamayacak kadar büyük: satırları birkaç faturaya bölün");
+  EXPECT_EQ(Told(), messages.shown[0].text);
   EXPECT_TRUE(printer.jobs.empty());
-  EXPECT_TRUE(Told().starts_with("Fatura S000001 yazdırılmadı: tutar yazıyla yazılamayacak kadar büyük"));
+  EXPECT_EQ(Count("Fatura.mdb", "Faturalar"), "0");
   EXPECT_EQ(Saved(Setting::InvoiceNo), "000000");
+  EXPECT_TRUE(At("FatFrame").Visible());
+  At("FatDüzChk").SetChecked(true);
+  Click("FatCmd(1)");
+  EXPECT_TRUE(printer.jobs.empty());
+  EXPECT_TRUE(At("FatFrame").Visible());
+}
+
+TEST_F(InvoicePanelTest, the_greatest_total_that_words_hold_is_booked_and_any_where_no_words_are_wanted) {
+  Put("L1");
+  Sql("Karvel.mdb", "UPDATE Datam SET Tutar=999999999.99");
+  At("MnPop(13)").SetCaption("Kdv Dahil");
+  At("MnPop(6)").SetChecked(true);
+  Open();
+  Click("FatCmd(1)");
+  EXPECT_EQ(printer.jobs.size(), 1U);
+  Put("L2");
+  Sql("Karvel.mdb", "UPDATE Datam SET Tutar=1e9 WHERE DigerId='L2'");
+  At("MnPop(6)").SetChecked(false);
+  Open();
+  Click("FatCmd(1)");
+  EXPECT_EQ(printer.jobs.size(), 2U);
+  EXPECT_TRUE(messages.shown.empty());
 }
 
 TEST_F(InvoicePanelTest, a_seventh_rate_of_tax_is_refused_in_plain_words_and_the_panel_stays) {
@@ -428,6 +617,29 @@ TEST_F(InvoicePanelTest, a_seventh_rate_of_tax_is_refused_in_plain_words_and_the
   EXPECT_EQ(Count("Fatura.mdb", "FatHareket"), "0");
   EXPECT_TRUE(At("FatFrame").Visible());
   EXPECT_TRUE(printer.jobs.empty());
+}
+
+TEST_F(InvoicePanelTest, ticks_that_cannot_be_counted_are_told_and_print_nothing) {
+  Put("L1");
+  Open();
+  engine.readFault = {ErrorKind::Busy, "kept"};
+  Click("FatCmd(1)");
+  engine.readFault = {};
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].title, "Kayıt Yapılamadı");
+  EXPECT_TRUE(At("FatFrame").Visible());
+  EXPECT_TRUE(At("FatCmd(1)").Visible());
+  Click("FatCmd(1)");
+  EXPECT_EQ(printer.jobs.size(), 1U);
+}
+
+TEST_F(InvoicePanelTest, lines_that_cannot_be_read_are_not_told_as_none) {
+  Put("L1");
+  Open();
+  engine.readFault = {ErrorKind::Busy, "kept"};
+  At("FatDüzChk").SetChecked(true);
+  engine.readFault = {};
+  EXPECT_EQ(Told(), "Veri dosyası okunamadı, listeler eksik olabilir. Yeniden deneyin; yinelenirse destek isteyin.");
 }
 
 TEST_F(InvoicePanelTest, refused_by_the_stores_the_invoice_is_not_booked_and_the_panel_stays) {

@@ -211,6 +211,19 @@ TEST_F(ReportsTest, rows_that_cannot_be_read_print_nothing) {
   EXPECT_TRUE(printer.jobs.empty());
 }
 
+TEST_F(ReportsTest, a_day_book_kept_by_another_program_makes_no_turnover_without_items) {
+  At("CiroChk").SetChecked(true);
+  // The first look is for the day of the first line.
+  for (const int reads : {0, 1, 2}) {
+    engine.readsBeforeFault = reads;
+    engine.readFault = {ErrorKind::Busy, "kept"};
+    Click("Command1");
+    engine.readFault = {};
+    EXPECT_TRUE(printer.jobs.empty()) << reads;
+    EXPECT_EQ(At("Durum").Caption(), "Veri dosyası okunamadı, listeler eksik olabilir. Yeniden deneyin; yinelenirse destek isteyin.");
+  }
+}
+
 TEST_F(ReportsTest, a_refused_report_is_thrown_away) {
   printer.fault = {ErrorKind::Other, "off"};
   At("StokChk").SetChecked(true);

@@ -231,6 +231,39 @@ TEST_F(StatementPrintingTest, lines_that_cannot_be_read_print_nothing) {
   EXPECT_TRUE(At("DökNoYaz").Visible());
 }
 
+TEST_F(StatementPrintingTest, a_day_book_that_another_program_keeps_is_not_told_as_empty) {
+  AddLine("C001", "Pirinç", "100", "2026-03-01 09:00:00");
+  Front("C001");
+  // Wherever the reads begin to fail.
+  for (int reads = 0; reads < 60; ++reads) {
+    engine.readsBeforeFault = reads;
+    engine.readFault = {ErrorKind::Busy, "kept"};
+    PrintDay();
+    engine.readFault = {};
+    EXPECT_EQ(Message().find("satır yok"), std::string::npos) << reads;
+  }
+  EXPECT_FALSE(printer.jobs.empty());
+}
+
+TEST_F(StatementPrintingTest, a_balance_that_cannot_be_read_stands_on_no_paper) {
+  AddLine("C001", "Pirinç", "100", "2026-03-01 09:00:00");
+  Front("C001");
+  // Wherever the reads begin to fail, there is a whole slip or none.
+  for (int reads = 0; reads < 60; ++reads) {
+    printer.jobs.clear();
+    Sql("Cari.mdb", "UPDATE CariKartlar SET Borc=" + std::to_string(70 + reads) + ", Hesap='Borç' WHERE CariKod='C001'");
+    Sql("Cari.mdb", "UPDATE CariKartlar SET Bakiye=Borc WHERE CariKod='C001'");
+    engine.readsBeforeFault = reads;
+    engine.readFault = {ErrorKind::Busy, "kept"};
+    PrintDay();
+    engine.readFault = {};
+    if (!printer.jobs.empty()) {
+      EXPECT_TRUE(Prints(std::to_string(70 + reads) + ",00")) << reads;
+    }
+  }
+  EXPECT_EQ(printer.jobs.size(), 1U);
+}
+
 TEST_F(StatementPrintingTest, a_font_size_that_is_no_number_prints_nothing) {
   AddLine("C001", "Pirinç", "100", "2026-03-01 09:00:00");
   Front("C001");

@@ -85,6 +85,23 @@ TEST_F(TurnoverPanelTest, a_kind_without_a_line_is_blank) {
   EXPECT_EQ(Figure(2), "100,00");
 }
 
+TEST_F(TurnoverPanelTest, a_figure_that_cannot_be_read_is_not_blank_and_goes_on_no_paper) {
+  AddLine("Satış", "100", "0");
+  engine.readFault = {ErrorKind::Busy, "kept"};
+  Tick(true);
+  engine.readFault = {};
+  EXPECT_EQ(Figure(2), "?");
+  Click("ZRaporu");
+  EXPECT_EQ(At("Durum").Caption(), "Z raporu yazdırılmadı: ciro toplamları okunamadı, tarihi yeniden seçin");
+  Click("Command1");
+  EXPECT_EQ(At("Durum").Caption(), "Ciro yazdırılmadı: toplamları okunamadı, tarihi yeniden seçin");
+  EXPECT_TRUE(printer.jobs.empty());
+  At("DTPicker2(0)").SetDate({2026, 2, 28});
+  EXPECT_EQ(Figure(2), "100,00");
+  Click("ZRaporu");
+  EXPECT_EQ(printer.jobs.size(), 1U);
+}
+
 TEST_F(TurnoverPanelTest, wholesale_is_in_no_figure_though_its_list_can_be_seen) {
   AddLine("Satış", "100", "0", "Toptan");
   ASSERT_TRUE(At("GurupCombo").ChooseText("Toptan"));

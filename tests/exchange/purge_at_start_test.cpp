@@ -1,6 +1,10 @@
+#include <gmock/gmock.h>
+
+#include <filesystem>
 #include <string>
 #include <vector>
 
+#include "tests/support/copied_stores.h"
 #include "tests/support/desk_fixture.h"
 
 namespace karvel {
@@ -113,6 +117,47 @@ TEST_F(PurgeAtStartTest, the_lists_show_what_is_left) {
   ASSERT_TRUE(desk->cursors.CariData.FindFirst("CariKod='C001'").Ok());
   EXPECT_EQ(desk->cursors.HareketData.RecordCount(), 1);
   EXPECT_EQ(desk->cursors.CariHarData.RecordCount(), 1);
+}
+
+TEST_F(PurgeAtStartTest, a_backup_with_the_old_rows_is_made_first) {
+  StartOn(kSixtiethDay);
+  const std::string archive = folder.Path() + "/C/KarvelYedek/20260302/0800Data.ZIP", unpacked = folder.Path() + "/unpacked";
+  Texts names;
+  std::filesystem::create_directory(unpacked);
+  ASSERT_TRUE(archives.Unpack(archive, unpacked, names).Ok());
+  EXPECT_EQ(testing::PlainRows(unpacked + "/Karvel.mdb", "SELECT count(*) FROM Datam WHERE Tarih<>''"), Texts{"4"});
+}
+
+TEST_F(PurgeAtStartTest, without_its_backup_nothing_goes_and_the_clerk_is_told) {
+  files.room = {{"C:", 1000}};
+  StartOn(kSixtiethDay);
+  EXPECT_EQ(Days("Karvel.mdb", "Datam").size(), 4U);
+  ASSERT_FALSE(messages.shown.empty());
+  EXPECT_THAT(messages.shown.back().text, ::testing::HasSubstr("Eski hareketler bu yüzden silinmedi."));
+}
+
+TEST_F(PurgeAtStartTest, the_days_before_tell_what_will_go_and_when) {
+  const std::string told =
+      "02.03.2026 günü program açılırken yedek alınacak, sonra 31.01.2026 ve öncesinin cari, stok ve gün hareketleri silinecek";
+  StartOn({2026, 2, 26, 8, 0, 0});
+  EXPECT_NE(At("Durum").Caption(), told);
+  StartOn({2026, 2, 27, 8, 0, 0});
+  EXPECT_EQ(At("Durum").Caption(), told);
+  StartOn({2026, 3, 1, 23, 0, 0});
+  EXPECT_EQ(At("Durum").Caption(), told);
+}
+
+TEST_F(PurgeAtStartTest, who_checks_it_reads_at_once_what_will_go_and_when) {
+  settings.Save("Velmora Karvel1", "AySil", "AySil", "False").Ignore();
+  StartOn({2026, 3, 2, 9, 0, 0});
+  Click("AySil");
+  EXPECT_THAT(At("Durum").Caption(), ::testing::StartsWith("01.04.2026 günü"));
+  EXPECT_THAT(At("Durum").Caption(), ::testing::HasSubstr("02.03.2026 ve öncesinin"));
+}
+
+TEST_F(PurgeAtStartTest, after_it_the_quiet_line_tells_what_went) {
+  StartOn(kSixtiethDay);
+  EXPECT_EQ(At("Durum").Caption(), "Yedek alındı, 31.01.2026 ve öncesinin hareketleri silindi");
 }
 
 }  // namespace

@@ -285,6 +285,11 @@ RobotProcess& Scenario::Robot() {
   return *robot_;
 }
 
+testing::PythonFtp& Scenario::FtpServer() {
+  if (!ftp_) ftp_ = std::make_unique<testing::PythonFtp>("plain", Place("served").string());
+  return *ftp_;
+}
+
 PseudoTerminal& Scenario::Serial() {
   if (!serial_) serial_ = std::make_unique<PseudoTerminal>();
   return *serial_;
@@ -319,6 +324,7 @@ void Scenario::WriteSetting(const std::string& rest) {
   auto [address, value] = SplitAt(rest, "=");
   address = address.find(':') != std::string::npos ? ReplaceAll(address, ":", "/") : environment_["KARVEL_TITLE"] + "/" + address;
   if (value == "{serial}") value = Serial().Path();
+  if (value == "{ftp}") value = FtpServer().Address();
   QSettings settings(QString::fromStdString((folder_ / "home/settings.ini").string()), QSettings::IniFormat);
   settings.setValue(QString::fromStdString(address), QString::fromStdString(value));
 }

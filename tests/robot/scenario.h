@@ -4,7 +4,8 @@
 //   play SCRIPT                    the lines of another script, named from this one's folder; a shop that several begin with
 //   env NAME=VALUE                 for the robot's starts from here on
 //   setting SECTION/KEY=VALUE      writes a setting of the terminal; of another application as APPLICATION:SECTION/KEY=VALUE
-//                                  the value {serial} is the port of the serial line
+//                                  the value {serial} is the port of the serial line, {ftp} the address of an FTP server
+//                                  whose folder is "served" of the home, with the user "ali" and the password "gizli"
 //   serial BYTES                   what a scanner on the serial line sends; \r and \n are the end marks. The desk hears it when the
 //                                  machine delivers it: look with "soon"
 //   put PATH: LINE                 adds a line to a CP1254 file of the home ("C/…", "net/…") or of the program folder ("program/…")
@@ -42,6 +43,7 @@
 #include <vector>
 
 #include "robot_process.h"
+#include "tests/support/ftp_server.h"
 #include "tests/support/pseudo_terminal.h"
 
 namespace karvel::test {
@@ -71,6 +73,7 @@ class Scenario {
   RobotProcess& Robot();
   void AddLine(const std::filesystem::path& file, const std::string& line) const;
   PseudoTerminal& Serial();
+  testing::PythonFtp& FtpServer();
   [[nodiscard]] std::filesystem::path Place(const std::string& path) const;
   [[nodiscard]] std::filesystem::path Store(const std::string& name, bool make) const;
   void Lock(const std::filesystem::path& file);
@@ -82,6 +85,7 @@ class Scenario {
   const std::filesystem::path pictures_;
   std::map<std::string, std::string> environment_;
   std::unique_ptr<PseudoTerminal> serial_;
+  std::unique_ptr<testing::PythonFtp> ftp_;
   std::unique_ptr<RobotProcess> robot_;
   std::vector<std::shared_ptr<void>> kept_;  // what others keep
   int begun_ = 0;                            // requests whose answer wasn't read yet

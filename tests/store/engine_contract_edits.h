@@ -1,6 +1,7 @@
 // The suite's part on adding, editing and deleting.
 #pragma once
 
+#include "store/table_rows.h"
 #include "tests/store/engine_contract.h"
 
 namespace karvel::testing {
@@ -222,6 +223,72 @@ TEST_P(EngineContract, an_edit_whose_action_has_ended_refuses_to_write_over_anot
   cursor->CancelUpdate();
   ASSERT_TRUE(cursor->Refresh().Ok());
   EXPECT_DOUBLE_EQ(cursor->Number("Borc"), 15);
+}
+
+inline Status AddMany(Stores& stores, const std::vector<std::string>& codes) {
+  TableRows rows(stores, "Cari.mdb", "CariKartlar");
+  return rows.Add(static_cast<std::int64_t>(codes.size()), [&](std::int64_t i, Row& row) { row[0] = codes[static_cast<std::size_t>(i)]; });
+}
+
+TEST_P(EngineContract, rows_added_by_the_thousand_stand_in_their_order_and_are_found_like_any_other) {
+  AddCustomers(stores_, {"önce"});
+  std::vector<std::string> codes;
+  for (int i = 0; i < 3000; ++i) codes.push_back("K" + std::to_string(i));
+  for (int round = 0; round < 2; ++round) {
+    Action action(stores_, "many");
+    ASSERT_TRUE(AddMany(stores_, codes).Ok());
+    ASSERT_TRUE(AddMany(stores_, {"son"}).Ok());
+    ASSERT_TRUE(action.Finish().Ok());
+  }
+  auto other = OtherTerminal();
+  std::vector<std::string> read;
+  ASSERT_TRUE(
+      TableRows(*other, "Cari.mdb", "CariKartlar").ForEach([&](const GridRow& row) { read.push_back(AsText(row.values[0])); }).Ok());
+  ASSERT_EQ(read.size(), 6003U);
+  EXPECT_EQ(read[0], "önce");
+  EXPECT_EQ(read[1], "K0");
+  EXPECT_EQ(read[3001], "son");
+  EXPECT_EQ(read[6001], "K2999");
+  auto cursor = Customers(*other);
+  ASSERT_TRUE(cursor->FindFirst("CariKod='k2999'").Ok());
+  EXPECT_EQ(cursor->Get("Borc"), Value(0.0));
+  EXPECT_EQ(cursor->Get("HesKullan"), Value(false));
+}
+
+TEST_P(EngineContract, rows_added_by_the_thousand_go_with_an_action_that_is_left_and_need_one) {
+  const std::vector<std::string> codes(2000, "K");
+  EXPECT_EQ(AddMany(stores_, codes).Kind(), ErrorKind::NotOpen);
+  AddCustomers(stores_, {"A"});
+  {
+    const Action left(stores_, "left");
+    EXPECT_TRUE(AddMany(stores_, codes).Ok());
+  }
+  AddCustomers(stores_, {"B"});
+  EXPECT_EQ(Customers(*OtherTerminal())->RecordCount(), 2);
+  EXPECT_TRUE(Customers(stores_)->FindFirst("Unvan='B'").Ok());
+}
+
+TEST_P(EngineContract, a_failure_among_rows_added_by_the_thousand_undoes_the_action) {
+  AddCustomers(stores_, {"A"});
+  Action action(stores_, "many");
+  AddCustomer(stores_, "B", "B");
+  watch_.writeFault = {ErrorKind::DiskFull, "full"};
+  EXPECT_EQ(AddMany(stores_, {"C"}).Kind(), ErrorKind::DiskFull);
+  watch_.writeFault = {};
+  EXPECT_EQ(action.Finish().Kind(), ErrorKind::DiskFull);
+  EXPECT_EQ(Customers(stores_)->RecordCount(), 1);
+}
+
+TEST_P(EngineContract, fields_are_changed_by_the_key_of_a_row_that_was_read) {
+  AddCustomers(stores_, {"A", "B"});
+  Action action(stores_, "change");
+  TableRows rows(stores_, "Cari.mdb", "CariKartlar");
+  RowKey key = 0;
+  ASSERT_TRUE(rows.ForEach([&](const GridRow& row) { key = row.key; }).Ok());
+  ASSERT_TRUE(rows.Change(key, std::vector<FieldValue>{{1, Value(std::string("Bilge"))}}).Ok());
+  EXPECT_EQ(rows.Change(key + 1, std::vector<FieldValue>{{1, Value(std::string("Bilge"))}}).Kind(), ErrorKind::NoRecord);
+  ASSERT_TRUE(action.Finish().Ok());
+  EXPECT_EQ(Walk(*Customers(*OtherTerminal()), "Unvan"), (std::vector<std::string>{"A", "Bilge"}));
 }
 
 TEST_P(EngineContract, every_table_takes_a_row_and_gives_it_back) {

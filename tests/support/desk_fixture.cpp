@@ -28,8 +28,9 @@ bool DeskFixture::Start(const std::string& title) {
   Stop();
   stores = std::make_unique<Stores>(
       std::make_unique<testing::WatchedEngine>(MakeSqliteEngine({.programFolder = files.ProgramFolder(), .vfs = vfs}), engine));
-  desk = std::make_unique<Desk>(
-      World{clock, loop, files, messages, settings, shell, keyboard, window, scanner, connection, printer, barcodes, *stores}, title);
+  desk = std::make_unique<Desk>(World{clock, loop, files, messages, settings, shell, keyboard, window, scanner, connection, ftp, printer,
+                                      barcodes, archives, *stores},
+                                title);
   accounts = std::make_unique<Accounts>(*desk);
   exchange = std::make_unique<Exchange>(*desk);
   documents = std::make_unique<Documents>(*desk, *exchange);

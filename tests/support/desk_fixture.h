@@ -12,6 +12,7 @@
 #include "desk/desk.h"
 #include "documents/documents.h"
 #include "exchange/exchange.h"
+#include "exchange/zip/zip_archives.h"
 #include "store/stores.h"
 #include "tests/support/folder_files.h"
 #include "tests/support/memory_settings.h"
@@ -60,8 +61,10 @@ class DeskFixture : public ::testing::Test, protected ShopRows {
   QuietWindow window;
   TestScanner scanner;
   TestConnection connection;
+  TestFtp ftp;
   RecordingPrinter printer;
   PlainBarcodes barcodes;
+  ZipArchives archives;
   testing::EngineWatch engine;  // counts what the stores do, and lets them fail
   std::unique_ptr<Stores> stores;
   std::unique_ptr<Desk> desk;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -23,7 +24,10 @@ class FolderFiles final : public Files {
     std::string real = ReplaceAll(path, "\\", "/");
     if (real.starts_with(root_)) return real;
     if (real.starts_with("//")) return root_ + "/net/" + real.substr(2);
-    if (real.size() >= 2 && real[1] == ':') return root_ + "/C" + real.substr(2);
+    if (real.size() >= 2 && real[1] == ':') {
+      const std::string drive = root_ + "/" + TurkishUpper(real.substr(0, 1));
+      return std::filesystem::is_directory(drive) ? drive + real.substr(2) : "";
+    }
     return real;
   }
   [[nodiscard]] std::string ProgramFolder() const override { return root_ + "/program"; }
@@ -71,6 +75,19 @@ class FolderFiles final : public Files {
     std::sort(names.begin(), names.end());
     return names;
   }
+
+  [[nodiscard]] std::vector<std::string> Drives() const override {
+    std::vector<std::string> drives;
+    for (char letter = 'C'; letter <= 'Z'; ++letter)
+      if (std::filesystem::is_directory(root_ + "/" + letter)) drives.push_back(std::string(1, letter) + (letter > 'C' ? ": DISK" : ":"));
+    return drives;
+  }
+  [[nodiscard]] std::optional<std::uint64_t> Room(const std::string& path) const override {
+    const auto drive = room.find(path.substr(0, 2));
+    return drive == room.end() ? std::nullopt : std::optional<std::uint64_t>(drive->second);
+  }
+
+  std::map<std::string, std::uint64_t> room;  // by drive; of another it can't be told
 
  private:
   static Status Outcome(const std::error_code& error, const std::string& path) {

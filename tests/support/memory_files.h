@@ -116,6 +116,9 @@ class MemoryFiles final : public Files {
     return names;
   }
 
+  [[nodiscard]] std::vector<std::string> Drives() const override { return {"C:"}; }
+  [[nodiscard]] std::optional<std::uint64_t> Room(const std::string&) const override { return std::nullopt; }
+
  private:
   struct Entry {
     std::string path;

@@ -1,10 +1,12 @@
 // The settings store in memory.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <string>
 #include <tuple>
+#include <vector>
 
 #include "platform/settings_store.h"
 
@@ -34,6 +36,15 @@ class MemorySettings final : public SettingsStore {
     const std::string value = change(Get(application, section, key, preset));
     values_[{application, section, key}] = value;
     return value;
+  }
+
+  [[nodiscard]] std::string TextWithout(const std::vector<std::string>& keys) const override {
+    std::string text;
+    for (const auto& [address, value] : values_) {
+      const auto& [application, section, key] = address;
+      if (std::ranges::find(keys, key) == keys.end()) text += application + "/" + section + "/" + key + "=" + value + "\n";
+    }
+    return text;
   }
 
   [[nodiscard]] std::size_t Count() const { return values_.size(); }

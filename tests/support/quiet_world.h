@@ -3,6 +3,7 @@
 
 #include <deque>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <utility>
@@ -11,6 +12,7 @@
 #include "desk/elements.h"
 #include "platform/connection.h"
 #include "platform/event_loop.h"
+#include "platform/ftp.h"
 #include "platform/keyboard.h"
 #include "platform/messages.h"
 #include "platform/scanner.h"
@@ -174,9 +176,38 @@ class TestScanner final : public Scanner {
 
 class TestConnection final : public Connection {
  public:
+  void WatchServer(const std::string& host, int port) override { watched = host.empty() ? "" : host + ":" + std::to_string(port); }
   [[nodiscard]] bool Up() const override { return ++asked > downFor; }
   int downFor = 0;
+  std::string watched;  // "host:port"
   mutable int asked = 0;
+};
+
+// Notes what it is told, and answers as the test says: at once, or when `Answer` is called.
+class TestFtp final : public Ftp {
+ public:
+  void SetAccount(const FtpAccount& given) override { account = given; }
+  [[nodiscard]] const FtpAccount& Account() const override { return account; }
+  void Execute(const std::string& command) override {
+    commands.push_back(command);
+    executing = true;
+    if (!held) Answer();
+  }
+  [[nodiscard]] bool StillExecuting() const override { return executing; }
+  [[nodiscard]] const FtpFailure& Failure() const override { return failure; }
+  // The command that runs ends now: badly where it begins as a fault says.
+  void Answer() {
+    executing = false;
+    failure = {};
+    for (const auto& [beginning, fault] : faults)
+      if (commands.back().starts_with(beginning)) failure = fault;
+    stateChanged(failure.fault == FtpFault::None ? FtpState::Completed : FtpState::Error);
+  }
+  FtpAccount account;
+  FtpFailure failure;
+  std::map<std::string, FtpFailure> faults;
+  std::vector<std::string> commands;
+  bool held = false, executing = false;
 };
 
 }  // namespace karvel

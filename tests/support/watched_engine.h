@@ -69,6 +69,11 @@ class WatchedEngine final : public Engine {
     const Status fault = WriteFault(table);
     return fault.Ok() ? inner_->Insert(file, table, values, key) : fault;
   }
+  Status InsertMany(const DatabaseFile& file, const Table& table, std::int64_t count,
+                    const std::function<void(std::int64_t, Row&)>& fill) override {
+    const Status fault = WriteFault(table);
+    return fault.Ok() ? inner_->InsertMany(file, table, count, fill) : fault;
+  }
   Status Change(const DatabaseFile& file, const Table& table, RowKey key, std::span<const FieldValue> fields) override {
     const Status fault = WriteFault(table);
     return fault.Ok() ? inner_->Change(file, table, key, fields) : fault;
@@ -92,6 +97,7 @@ class WatchedEngine final : public Engine {
   void Rollback() override { inner_->Rollback(); }
   [[nodiscard]] bool InTransaction() const override { return inner_->InTransaction(); }
   [[nodiscard]] bool ReadsHold() const override { return inner_->ReadsHold(); }
+  Status Copy(const std::string& folder, std::unique_ptr<StoresCopy>& copy) override { return inner_->Copy(folder, copy); }
 
  private:
   Status ReadFault() { return FaultNow(watch_.readFault, watch_.readsBeforeFault); }

@@ -6,6 +6,7 @@ from texts import plain
 from witness import Witness
 
 BUTTONS = ("Command", "ComboCmd", "StokAlCmd", "CariNewCmd")  # they take the focus; labels and menus don't
+ROW_HEIGHT = 46  # pixels, rather more than less
 INVOICE_LINES = 15  # that fit on the paper
 GROUPS = (ALL_GROUPS, "Müşteri", "Toptan", "Bayi", "Fatura", "Boş")
 
@@ -75,6 +76,13 @@ class Hands:
             self.ask({"do": "grid", "at": grid, "limit": 1})  # the list is told to show what the other terminal wrote meanwhile
         self.ask({"do": "row", "at": grid, "row": number, "column": 1, "dblclick": twice})
 
+    def covered(self, grid, number):
+        """Whether a row lies under the notice of what is overdue, where no finger reaches it."""
+        if "Vadefrm" not in self.desk.shown:
+            return False
+        row, notice = (self.ask({"do": "get", "at": at}) for at in (grid, "Vadefrm"))
+        return row["top"] + ROW_HEIGHT * (number + 3) > notice["top"]
+
     def head(self, grid, column):
         self.leave_for(grid)
         self.ask({"do": "head", "at": grid, "column": column})
@@ -124,6 +132,8 @@ class Hands:
         if not people:
             return None
         number = self.chance.choice(people)
+        if self.covered("CariGrid", number):
+            return None
         self.row("CariGrid", number)
         self.desk.tap_customer(rows[number])
         return "a customer is tapped"

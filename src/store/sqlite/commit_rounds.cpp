@@ -94,9 +94,14 @@ const sqlite3_io_methods& CommitRounds::Methods() {
     m.xTruncate = [](sqlite3_file* f, sqlite3_int64 size) { return RoundsOf(f).Resize(FileOf(f), size); };
     m.xSync = [](sqlite3_file* f, int flags) { return RoundsOf(f).Sync(FileOf(f), flags); };
     m.xFileSize = [](sqlite3_file* f, sqlite3_int64* size) { return FileOf(f).Size(size); };
-    m.xLock = [](sqlite3_file* f, int how) { return Below(f)->pMethods->xLock(Below(f), how); };
+    m.xLock = [](sqlite3_file* f, int how) {
+      const int locked = Below(f)->pMethods->xLock(Below(f), how);
+      if (locked == SQLITE_OK && how >= SQLITE_LOCK_RESERVED) FileOf(f).LockedForWriting();
+      return locked;
+    };
     m.xUnlock = [](sqlite3_file* f, int how) {
       RoundsOf(f).HeedTakingBack();
+      FileOf(f).NoLongerWritten();
       return Below(f)->pMethods->xUnlock(Below(f), how);
     };
     m.xCheckReservedLock = [](sqlite3_file* f, int* out) { return Below(f)->pMethods->xCheckReservedLock(Below(f), out); };
@@ -192,6 +197,7 @@ int CommitRounds::Read(HeldFile& file, void* to, int count, sqlite3_int64 at) {
 
 int CommitRounds::Write(HeldFile& file, const void* bytes, int count, sqlite3_int64 at) {
   HeedTakingBack();
+  file.NoteChange(bytes, count, at);
   if (IsToHold(file)) return file.Hold(bytes, count, at);
   return file.Below()->pMethods->xWrite(file.Below(), bytes, count, at);
 }

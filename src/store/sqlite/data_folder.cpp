@@ -1,9 +1,12 @@
 #include "store/sqlite/data_folder.h"
 
 #include <SQLiteCpp/Column.h>
+#include <fcntl.h>
 #include <fmt/format.h>
 #include <sqlite3.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -12,6 +15,7 @@
 
 #include "platform/log.h"
 #include "platform/system_error.h"
+#include "store/folder_preparation.h"
 #include "store/sqlite/errors.h"
 #include "store/table_sql.h"
 #include "text/turkish.h"
@@ -173,6 +177,15 @@ Status OpenAll(const std::string& asked, const SqliteOptions& options, Patience&
   return {};
 }
 
+// While no terminal that stands in line writes.
+Status Prepare(const std::string& folder, FolderPreparation* preparation, Patience& patience, Gate& gate) {
+  if (preparation == nullptr || !preparation->IsNeeded(folder)) return {};
+  if (Status taken = gate.Take(patience); !taken.Ok()) return taken;
+  Status prepared = preparation->Prepare(folder);
+  gate.Leave();
+  return prepared;
+}
+
 }  // namespace
 
 std::string FindFile(const std::string& folder, std::string_view name) {
@@ -202,7 +215,8 @@ Status OpenDataFolder(const std::string& folder, const SqliteOptions& options, P
   if (!there) return Status(ErrorKind::Missing, folder + ": no such folder").At(folder);
   // A folder that can't be written has no gate and no writers; its rows can be read all the same.
   const bool gated = gate.Open(folder).Ok();
-  Status opened = OpenAll(folder, options, patience, connection);
+  Status opened = Prepare(folder, options.preparation, patience, gate);
+  if (opened.Ok()) opened = OpenAll(folder, options, patience, connection);
   if (!opened.Ok()) {
     connection.reset();
   } else if (gated) {
@@ -215,6 +229,15 @@ Status OpenAnew(const std::string& folder, const SqliteOptions& options, Patienc
   Status opened = OpenAll(folder, options, patience, connection);
   if (!opened.Ok()) connection.reset();
   return opened;
+}
+
+bool MayBeWrittenByNow(Connection& connection) {
+  return std::ranges::any_of(Catalogue::Files(), [&](const DatabaseFile& file) {
+    if (!InDataFolder(file)) return false;
+    const std::string schema = SchemaOf(file);
+    const bool readOnly = sqlite3_db_readonly(connection.Database().getHandle(), schema.c_str()) == 1;
+    return readOnly && faccessat(AT_FDCWD, connection.PathOf(schema).c_str(), W_OK, AT_EACCESS) == 0;
+  });
 }
 
 Status OpenScratch(const DatabaseFile& file, const SqliteOptions& options, Patience& patience, std::unique_ptr<Connection>& connection) {

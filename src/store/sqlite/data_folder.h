@@ -27,6 +27,8 @@ Status OpenDataFolder(const std::string& folder, const SqliteOptions& options, P
                       std::unique_ptr<Connection>& connection);
 // Opens all eight once more, beside a connection that is open already, and recovers them where a commit was left half done.
 Status OpenAnew(const std::string& folder, const SqliteOptions& options, Patience& patience, std::unique_ptr<Connection>& connection);
+// Whether a file that could only be read when it was opened may be written by now: on its connection it stays read-only.
+bool MayBeWrittenByNow(Connection& connection);
 // Opens the scratch file under the schema name "main".
 Status OpenScratch(const DatabaseFile& file, const SqliteOptions& options, Patience& patience, std::unique_ptr<Connection>& connection);
 

@@ -53,7 +53,7 @@ int HeldFile::HoldSize(sqlite3_int64 size) {
 
 int HeldFile::Read(void* to, int count, sqlite3_int64 at) {
   const int read = below_->pMethods->xRead(below_, to, count, at);
-  for (const Change& change : held_) {
+  for (const HeldChange& change : held_) {
     const sqlite3_int64 begin = std::max(at, change.at);
     const sqlite3_int64 end = std::min(at + count, change.at + static_cast<sqlite3_int64>(change.bytes.size()));
     if (begin < end) std::copy_n(change.bytes.data() + (begin - change.at), end - begin, static_cast<char*>(to) + (begin - at));
@@ -63,25 +63,42 @@ int HeldFile::Read(void* to, int count, sqlite3_int64 at) {
 
 int HeldFile::Size(sqlite3_int64* size) {
   const int asked = below_->pMethods->xFileSize(below_, size);
-  for (const Change& change : held_) {
+  for (const HeldChange& change : held_) {
     *size = change.bytes.empty() ? change.at : std::max(*size, change.at + static_cast<sqlite3_int64>(change.bytes.size()));
   }
   return asked;
 }
 
 int HeldFile::Release() {
-  for (const Change& change : held_) {
+  for (const HeldChange& change : held_) {
     const int done = change.bytes.empty()
                          ? below_->pMethods->xTruncate(below_, change.at)
                          : below_->pMethods->xWrite(below_, change.bytes.data(), static_cast<int>(change.bytes.size()), change.at);
     if (done != SQLITE_OK) return done;
   }
-  Drop();
+  held_.clear();
   return SQLITE_OK;
+}
+
+void HeldFile::Drop() {
+  if (Holds() && IsStore()) notes_.NoteTakenBack();
+  held_.clear();
 }
 
 int HeldFile::Sync(int flags) {
   return below_->pMethods->xSync(below_, flags);
+}
+
+void HeldFile::LockedForWriting() {
+  if (!IsStore() || mayWrite_) return;
+  mayWrite_ = true;
+  notes_.Open(path_);
+}
+
+void HeldFile::NoLongerWritten() {
+  if (!mayWrite_) return;
+  mayWrite_ = false;
+  notes_.Close();
 }
 
 }  // namespace karvel::sqlite

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "store/sqlite/change_log.h"
+
 namespace karvel::sqlite {
 
 class HeldFile {
@@ -40,12 +42,17 @@ class HeldFile {
   int Size(sqlite3_int64* size);
   // Writes what is held, in its order. What fails stays held.
   int Release();
-  void Drop() { held_.clear(); }
+  void Drop();
   // Syncs what was written.
   int Sync(int flags);
 
+  // The write lock on the store was got, or is let go. In between, changes are noted for whoever copies it.
+  void LockedForWriting();
+  void NoLongerWritten();
+  void NoteChange(const void* bytes, int count, sqlite3_int64 at) { notes_.Note(static_cast<const char*>(bytes), count, at); }
+
  private:
-  struct Change {
+  struct HeldChange {
     sqlite3_int64 at;         // or the new size
     std::vector<char> bytes;  // none for a change of the size
   };
@@ -54,7 +61,9 @@ class HeldFile {
   sqlite3_file* below_;
   std::string path_;
   int flags_ = 0;
-  std::vector<Change> held_;
+  std::vector<HeldChange> held_;
+  ChangeNotes notes_;
+  bool mayWrite_ = false;
 };
 
 }  // namespace karvel::sqlite

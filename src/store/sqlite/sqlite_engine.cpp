@@ -3,16 +3,19 @@
 #include <fmt/format.h>
 
 #include <map>
+#include <optional>
 #include <utility>
 
 #include "platform/log.h"
 #include "store/key_spans.h"
+#include "store/open_copy.h"
 #include "store/row_reads.h"
 #include "store/sqlite/commit_rounds.h"
 #include "store/sqlite/commit_trace.h"
 #include "store/sqlite/connection.h"
 #include "store/sqlite/data_folder.h"
 #include "store/sqlite/errors.h"
+#include "store/sqlite/folder_copy.h"
 #include "store/sqlite/gate.h"
 #include "store/sqlite/sqlite_sql.h"
 #include "store/table_sql.h"
@@ -43,6 +46,44 @@ class ConnectionRunner final : public StatementRunner {
  private:
   Connection& connection_;
 };
+
+// The indexes of a table that are built anew behind its rows: one by one each row would be sorted into all of them.
+class IndexesLaidAside {
+ public:
+  IndexesLaidAside(Connection& connection, const Table& table, const std::string& schema)
+      : connection_(connection), table_(table), schema_(schema) {
+    for (const Index& index : table_.indexes)
+      connection_.Database().exec(fmt::format("DROP INDEX IF EXISTS {}.{}", schema_, IndexName(table_, index)));
+  }
+  void Build() {
+    for (const Index& index : table_.indexes) connection_.Database().exec(CreateIndexSql(table_, index, schema_));
+  }
+
+ private:
+  Connection& connection_;
+  const Table& table_;
+  const std::string& schema_;
+};
+
+// Gives the key of the last row.
+RowKey AddRows(Connection& connection, const Table& table, const std::string& insert, const std::string& schema, std::int64_t count,
+               const std::function<void(std::int64_t, Row&)>& fill) {
+  constexpr std::int64_t kWorthIt = 1000;
+  // The rows that are there are no more than the greatest key tells.
+  const std::string greatest = connection.AskText("SELECT max(_rowid_) FROM " + NamesOf(table, schema).table);
+  const bool most = count >= kWorthIt && (greatest.empty() || count >= std::stoll(greatest));
+  std::optional<IndexesLaidAside> indexes;
+  if (most) indexes.emplace(connection, table, schema);
+  Row defaults;
+  for (const Column& column : table.columns) defaults.push_back(DefaultOf(column.type));
+  for (std::int64_t i = 0; i < count; ++i) {
+    Row row = defaults;
+    fill(i, row);
+    connection.Prepare(insert, row).Execute();
+  }
+  if (indexes) indexes->Build();
+  return connection.Database().getLastInsertRowid();
+}
 
 class SqliteEngine final : public Engine {
  public:
@@ -137,6 +178,20 @@ class SqliteEngine final : public Engine {
     });
   }
 
+  Status InsertMany(const DatabaseFile& file, const Table& table, std::int64_t count,
+                    const std::function<void(std::int64_t, Row&)>& fill) override {
+    if (!open_) return {ErrorKind::NotOpen, "many rows are added within a transaction only"};
+    Status added = WithWriting(file, table.name, [&](Connection& connection) -> Status {
+      const std::string schema = InDataFolder(file) ? SchemaOf(file) : "main";
+      RowKey last = AddRows(connection, table, tables_.at(&table).Insert(), schema, count, fill);
+      if (count > 0 && &connection == data_.get()) trace_.Added(table, last);
+      return {};
+    });
+    // An index may be missing.
+    if (!added.Ok()) UndoRest();
+    return added;
+  }
+
   Status Change(const DatabaseFile& file, const Table& table, RowKey key, std::span<const FieldValue> fields) override {
     const SqlText sql = tables_.at(&table).Change(key, fields);
     return WithWriting(file, table.name, [&](Connection& connection) -> Status {
@@ -171,6 +226,7 @@ class SqliteEngine final : public Engine {
     if (!unknown_.Ok()) return {ErrorKind::Other, "of the commit before it isn't known whether it stands: " + unknown_.Message()};
     patience_.Renew();
     if (Status taken = gate_.Take(patience_); !taken.Ok()) return taken;
+    ReopenWritable();
     Status begun = Patiently(patience_, [&] { return Run(&data_->Database(), "begin", [&] { data_->Execute("BEGIN IMMEDIATE"); }); });
     if (!begun.Ok()) {
       gate_.Leave();
@@ -230,7 +286,24 @@ class SqliteEngine final : public Engine {
   [[nodiscard]] bool InTransaction() const override { return open_ && data_->InTransaction(); }
   [[nodiscard]] bool ReadsHold() const override { return true; }
 
+  Status Copy(const std::string& folder, std::unique_ptr<StoresCopy>& copy) override {
+    if (!data_) return {ErrorKind::NotOpen, "no data folder is open"};
+    return BeginFolderCopy(*this, *data_, patience_, folder, copy);
+  }
+
  private:
+  // The right to write may have been given back since the files were opened: nobody has to start the desk anew for that.
+  void ReopenWritable() {
+    // Whoever waits does so on the connection that would be replaced.
+    if (patience_.IsWaiting() || !MayBeWrittenByNow(*data_)) return;
+    std::unique_ptr<Connection> fresh;
+    const Status opened = OpenAnew(folder_, options_, patience_, fresh);
+    if (opened.Ok()) {
+      data_ = std::move(fresh);
+    } else {
+      Log(opened.Message());
+    }
+  }
   static SqliteOptions Over(const CommitRounds& rounds, SqliteOptions options) {
     options.vfs = rounds.Name();
     return options;

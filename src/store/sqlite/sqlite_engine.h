@@ -9,11 +9,15 @@
 
 namespace karvel {
 
+class FolderPreparation;
+
 struct SqliteOptions {
   std::string programFolder;  // where DataTemp.Mdb lies; this machine's own path
   std::string scratchFile{};  // the terminal's own copy of it, made where it is missing; "": DataTemp.Mdb itself
   int patienceMs = 10000;     // how long an action, or a read beside one, waits for other terminals and programs in all
   std::string vfs;            // the SQLite file layer by name; empty for the usual one
+  // What is done to a data folder before it is opened; null for nothing. Lives as long as the engine.
+  FolderPreparation* preparation = nullptr;
 };
 
 // An engine with no folder open yet. DataTemp.Mdb is opened at its first use.

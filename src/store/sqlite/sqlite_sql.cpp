@@ -55,16 +55,20 @@ std::string CreateTableSql(const Table& table) {
   return fmt::format("CREATE TABLE {} ({})", QuotedName(table.name), columns);
 }
 
-std::string CreateIndexSql(const Table& table, const Index& index) {
+std::string IndexName(const Table& table, const Index& index) {
   std::string name = "ix_" + std::string(table.name);
+  for (const std::string_view column : index.columns) name += "_" + std::string(column);
+  return QuotedName(name);
+}
+
+std::string CreateIndexSql(const Table& table, const Index& index, std::string_view schema) {
   std::string keys;
   for (const std::string_view column : index.columns) {
-    name += "_" + std::string(column);
     if (!keys.empty()) keys += ", ";
     const bool text = table.columns[static_cast<std::size_t>(table.Position(column))].type == ColumnType::Text;
     keys += text ? FoldKeySql(QuotedName(column)) : QuotedName(column);
   }
-  return fmt::format("CREATE INDEX {} ON {} ({})", QuotedName(name), QuotedName(table.name), keys);
+  return fmt::format("CREATE INDEX {}.{} ON {} ({})", schema, IndexName(table, index), QuotedName(table.name), keys);
 }
 
 }  // namespace karvel::sqlite

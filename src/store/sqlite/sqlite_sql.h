@@ -25,7 +25,9 @@ class SqliteWords final : public dialect::SqlTarget {
 TableNames NamesOf(const Table& table, std::string_view schema);
 
 std::string CreateTableSql(const Table& table);
-// An index of the catalogue as the files hold it, in built-in functions only.
-std::string CreateIndexSql(const Table& table, const Index& index);
+// The name of an index of the catalogue, in quotes.
+std::string IndexName(const Table& table, const Index& index);
+// An index of the catalogue as the files hold it, in built-in functions only. With a schema for a file that is attached under it.
+std::string CreateIndexSql(const Table& table, const Index& index, std::string_view schema = "main");
 
 }  // namespace karvel::sqlite

@@ -290,6 +290,27 @@ TEST_F(ReadOnly, a_file_is_read_and_an_action_that_writes_to_it_is_undone_whole)
   }));
 }
 
+TEST_F(ReadOnly, a_file_whose_right_is_given_back_is_written_by_the_next_action) {
+  fs::permissions(kind_.Path("Cari.mdb"), fs::perms(0444));
+  EXPECT_TRUE(AsNobody([this](Stores& stores) {
+    auto cursor = Customers(stores);
+    const auto books = [&] {
+      Action action(stores, "posting");
+      const bool begun = cursor->Edit().Ok();
+      cursor->Set("Borc", 5);
+      const bool written = cursor->Update().Ok();
+      cursor->CancelUpdate();
+      return action.Finish().Ok() && begun && written;
+    };
+    if (books() || books()) return false;
+    const uid_t nobody = geteuid();
+    if (seteuid(getuid()) != 0) return false;
+    fs::permissions(kind_.Path("Cari.mdb"), fs::perms(0666));
+    if (seteuid(nobody) != 0) return false;
+    return books() && Customers(stores)->Number("Borc") == 5;
+  }));
+}
+
 TEST(DataFolder, a_file_that_is_a_link_is_not_opened_but_a_folder_behind_one_is) {
   const SqliteKind kind;
   const TempFolder elsewhere;

@@ -1,6 +1,7 @@
 #include "tests/store/engine_contract.h"
 
 #include "tests/store/engine_contract_actions.h"
+#include "tests/store/engine_contract_copies.h"
 #include "tests/store/engine_contract_edits.h"
 #include "tests/store/engine_contract_moves.h"
 #include "tests/store/sqlite/sqlite_kind.h"

@@ -6,12 +6,38 @@
 #include <string>
 #include <vector>
 
+#include "store/sqlite/connection.h"
 #include "store/sqlite/gate.h"
+#include "store/table_rows.h"
 #include "tests/store/sqlite/sqlite_kind.h"
 
 namespace karvel::testing {
 
 using namespace std::chrono_literals;
+
+TEST(Terminals, one_that_is_open_while_another_adds_thousands_of_rows_reads_on_with_the_same_indexes) {
+  const SqliteKind kind;
+  const std::string indexes = "SELECT group_concat(sql, ';') FROM (SELECT sql FROM sqlite_schema WHERE type='index' ORDER BY name)";
+  const auto stored = [&] { return sqlite::Connection(kind.Path("Cari.mdb"), "").AskText(indexes); };
+  const std::string before = stored();
+  Stores reader(MakeSqliteEngine(TestOptions(kind.Folder())));
+  ASSERT_TRUE(reader.Open(kind.Folder()).Ok());
+  AddCustomer(reader, "A", "Ali");
+  auto cards = Customers(reader);
+  ASSERT_TRUE(cards->FindFirst("CariKod='A'").Ok());
+  {
+    Stores writer(MakeSqliteEngine(TestOptions(kind.Folder())));
+    ASSERT_TRUE(writer.Open(kind.Folder()).Ok());
+    Action action(writer, "many");
+    TableRows rows(writer, "Cari.mdb", "CariKartlar");
+    ASSERT_TRUE(rows.Add(2000, [](std::int64_t i, Row& row) { row[0] = "K" + std::to_string(i); }).Ok());
+    ASSERT_TRUE(action.Finish().Ok());
+  }
+  EXPECT_EQ(stored(), before);
+  ASSERT_TRUE(cards->FindFirst("CariKod='K1999'").Ok());
+  AddCustomer(reader, "Z", "Zehra");
+  EXPECT_EQ(cards->RecordCount(), 2002);
+}
 
 TEST(Terminals, four_that_count_at_once_lose_no_update) {
   const SqliteKind kind;

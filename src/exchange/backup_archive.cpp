@@ -1,0 +1,189 @@
+#include "exchange/backup_archive.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <system_error>
+#include <vector>
+
+#include "books/steps.h"
+#include "platform/archive.h"
+#include "platform/files.h"
+#include "platform/settings_store.h"
+#include "platform/system_error.h"
+#include "settings/program_file.h"
+#include "settings/settings_table.h"
+#include "store/catalogue.h"
+#include "store/stores.h"
+#include "text/format.h"
+#include "text/turkish.h"
+
+namespace karvel {
+namespace {
+
+const Steps step("Backup");
+
+// How far it is, in hundredths, when the stores are copied.
+constexpr int kCopied = 30;
+// Stores deflate to a quarter or less; where one doesn't, the archive fails and says why.
+constexpr std::uint64_t kDeflatesTo = 3;
+constexpr std::uint64_t kBeside = 4 * 1024 * 1024;  // for all that is no store
+constexpr std::string_view kSettingsFolder = "Ayarlar/";
+
+// A folder of this machine for what is packed, empty at first, and gone with this.
+class Workplace {
+ public:
+  Workplace(Files& files, const std::string& terminal) : files_(files), folder_(FolderFor(files, terminal)) {
+    Empty();
+    made_ = files_.MakeFolder(folder_);
+  }
+  ~Workplace() { Empty(); }
+  Workplace(const Workplace&) = delete;
+  Workplace& operator=(const Workplace&) = delete;
+
+  static std::string FolderFor(const Files& files, const std::string& terminal) { return files.HomeFolder() + "/yedeklenen" + terminal; }
+  [[nodiscard]] const Status& Made() const { return made_; }
+  [[nodiscard]] const std::string& Folder() const { return folder_; }
+  [[nodiscard]] std::string At(const std::string& name) const { return folder_ + "/" + name; }
+
+ private:
+  // With the files that a desk which died in the middle of writing them has left hidden.
+  void Empty() {
+    std::error_code failed;
+    std::filesystem::remove_all(files_.RealPath(folder_), failed);
+    step("empty the workplace", StatusOfSystemError(failed.value(), folder_));
+  }
+
+  Files& files_;
+  const std::string folder_;
+  Status made_;
+};
+
+bool IsStore(const std::string& name) {
+  return std::ranges::any_of(Catalogue::Files(), [&](const DatabaseFile& file) { return EqualText(file.name, name); });
+}
+
+// What the stores need while they are written, and what nobody needs in a backup.
+bool BelongsToStores(const std::string& name) {
+  return EqualText(name, "karvel.lock") || name.ends_with("-journal") || name.ends_with("-changes") || name.ends_with("-wal") ||
+         name.ends_with("-shm") || name.find(".mdb-mj") != std::string::npos;
+}
+
+std::string Megabytes(std::uint64_t bytes) {
+  return fmt::format("{} MB", bytes / 1'000'000 + 1);
+}
+
+class BackupInWork {
+ public:
+  BackupInWork(const World& world, const BackupOrder& order, const std::function<void(int)>& progress)
+      : world_(world), order_(order), progress_(progress), place_(world.files, order.terminal) {}
+
+  Status Make() {
+    Status done = place_.Made();
+    if (done.Ok()) done = FindDrive();
+    if (done.Ok()) done = CopyStores();
+    if (done.Ok()) done = CopyOtherFiles();
+    if (done.Ok()) done = WriteSettings();
+    if (done.Ok()) done = Pack();
+    return done;
+  }
+
+ private:
+  Status FindDrive() {
+    const std::string drive = order_.drive + "\\";
+    if (!world_.files.RealPath(drive).empty() && (world_.files.IsFolder(drive) || EqualText(order_.drive, "C:"))) return {};
+    return Status(ErrorKind::Missing, order_.drive + ": no such drive").At(order_.drive);
+  }
+
+  // Told before anything is written: a till's disk that runs full can't sell either.
+  Status AskRoom(std::uint64_t stores) {
+    const std::uint64_t archive = stores / kDeflatesTo + kBeside;
+    const bool sameDisk = EqualText(order_.drive, "C:");
+    if (Status status = AskRoomOn("C:", stores + kBeside + (sameDisk ? archive : 0)); !status.Ok()) return status;
+    return AskRoomOn(order_.drive, archive);
+  }
+
+  Status AskRoomOn(const std::string& drive, std::uint64_t wanted) {
+    const auto room = world_.files.Room(drive + "\\");
+    if (!room || *room >= wanted) return {};
+    const std::string short_of = fmt::format("{} ({} gerekli, {} boş)", drive, Megabytes(wanted), Megabytes(*room));
+    return Status(ErrorKind::DiskFull, "no room for a backup on " + short_of).At(short_of);
+  }
+
+  Status CopyStores() {
+    std::unique_ptr<StoresCopy> copy;
+    if (Status begun = world_.stores.Copy(place_.Folder(), copy); !begun.Ok()) return begun;
+    if (Status room = AskRoom(static_cast<std::uint64_t>(copy->Size())); !room.Ok()) return room;
+    while (!copy->IsDone()) {
+      progress_(static_cast<int>(kCopied * copy->Copied() / std::max<std::int64_t>(1, copy->Size())));
+      if (Status advanced = copy->Advance(); !advanced.Ok()) return advanced;
+    }
+    for (const std::string& name : world_.files.List(place_.Folder())) items_.push_back({name, place_.At(name)});
+    return {};
+  }
+
+  // Copied as well, for the desks replace them at any time.
+  Status CopyOtherFiles() {
+    for (const std::string& name : world_.files.List(order_.dataFolder)) {
+      const std::string path = PathIn(order_.dataFolder, name);
+      if (IsStore(name) || BelongsToStores(name) || world_.files.IsFolder(path)) continue;
+      if (Status copied = Take(path, name); !copied.Ok()) return copied;
+    }
+    for (const char* const name : {"Firmam.txt", "SeriNo.txt"}) {
+      if (Status copied = Take(ProgramFilePath(world_.files, name), std::string(kSettingsFolder) + name); !copied.Ok()) return copied;
+    }
+    return {};
+  }
+
+  // One that has gone since is none of the shop's any more.
+  Status Take(const std::string& from, const std::string& name) {
+    const std::string at = place_.At(fmt::format("{}.beside", items_.size()));
+    Status copied = world_.files.Copy(from, at);
+    if (copied.Kind() == ErrorKind::Missing) return {};
+    if (copied.Ok()) items_.push_back({name, at});
+    return copied;
+  }
+
+  Status WriteSettings() {
+    std::vector<std::string> secrets;
+    for (const Setting secret : {Setting::FtpPassword, Setting::UsePassword, Setting::DeletedLinesPassword})
+      secrets.emplace_back(EntryOf(secret).key);
+    const std::string at = place_.At("settings");
+    Status written = world_.files.Write(at, world_.settings.TextWithout(secrets));
+    if (written.Ok()) items_.push_back({std::string(kSettingsFolder) + "settings.ini", at});
+    return written;
+  }
+
+  Status Pack() {
+    const std::string path = BackupPath(order_);
+    const std::string folder = path.substr(0, path.rfind('\\'));
+    if (Status made = world_.files.MakeFolder(folder); !made.Ok()) return made;
+    return world_.archives.Pack(world_.files.RealPath(path), items_,
+                                [&](int percent) { progress_(kCopied + percent * (100 - kCopied) / 100); });
+  }
+
+  const World& world_;
+  const BackupOrder& order_;
+  const std::function<void(int)>& progress_;
+  const Workplace place_;
+  std::vector<Archives::Item> items_;
+};
+
+}  // namespace
+
+std::string BackupPath(const BackupOrder& order) {
+  return order.drive + "\\KarvelYedek\\" + Format(order.now, "yyyymmdd") + "\\" + Format(order.now, "hhnn") + "Data.ZIP";
+}
+
+Status MakeBackup(const World& world, const BackupOrder& order, const std::function<void(int)>& progress) {
+  return BackupInWork(world, order, progress).Make();
+}
+
+void SweepBackup(Files& files, const std::string& terminal) {
+  if (files.IsFolder(Workplace::FolderFor(files, terminal))) const Workplace left(files, terminal);
+}
+
+}  // namespace karvel

@@ -1,0 +1,188 @@
+#include "exchange/day_file.h"
+
+#include <fmt/format.h>
+
+#include <charconv>
+#include <optional>
+#include <type_traits>
+#include <variant>
+#include <vector>
+
+#include "books/steps.h"
+#include "platform/log.h"
+#include "store/cursor.h"
+#include "text/format.h"
+#include "text/turkish.h"
+
+namespace karvel {
+namespace {
+
+const Steps step("DayFile");
+
+constexpr const char* kRoot = "C:\\";
+constexpr const char* kSent = "x";
+constexpr std::string_view kWaiting = ".bekliyor";
+
+// By position, for the file is read by position.
+constexpr int kItemCode = 1, kPrice = 4, kQuantity = 5, kAmount = 6;
+
+std::string ItemText(const Value& value) {
+  return std::visit(
+      [](const auto& item) -> std::string {
+        using Item = std::decay_t<decltype(item)>;
+        if constexpr (std::is_same_v<Item, std::string>) {
+          return '"' + ReplaceAll(item, "\"", "\"\"") + '"';
+        } else if constexpr (std::is_same_v<Item, DateTime>) {
+          return item.IsEmpty() ? "#NULL#" : '#' + item.ToIso() + '#';
+        } else if constexpr (std::is_same_v<Item, double>) {
+          return CriteriaNumber(item);
+        } else if constexpr (std::is_same_v<Item, bool>) {
+          return item ? "#TRUE#" : "#FALSE#";
+        } else {
+          return "#NULL#";
+        }
+      },
+      value);
+}
+
+std::string LineRecord(const Cursor& line) {
+  return DelimitedRecord(std::vector<Value>{line.Get(kItemCode), line.Text(kQuantity), line.Text(kPrice), line.Text(kAmount)});
+}
+
+// A file beside its place, "01000123.csv.45.bekliyor": it is due when the line of the day book with this key is marked.
+struct WaitingFile {
+  std::string name;
+  RowKey line = 0;
+};
+
+std::string WaitingName(const WaitingFile& file) {
+  return fmt::format("{}.{}{}", file.name, file.line, kWaiting);
+}
+
+std::optional<WaitingFile> ReadWaitingName(std::string_view text) {
+  if (!text.ends_with(kWaiting)) return std::nullopt;
+  text.remove_suffix(kWaiting.size());
+  const std::size_t dot = text.rfind('.');
+  if (dot == std::string_view::npos || dot == 0) return std::nullopt;
+  WaitingFile file{std::string(text.substr(0, dot))};
+  const std::string_view key = text.substr(dot + 1);
+  const auto [end, error] = std::from_chars(key.data(), key.data() + key.size(), file.line);
+  if (error != std::errc() || end != key.data() + key.size()) return std::nullopt;
+  return file;
+}
+
+Status Place(Files& files, const WaitingFile& file) {
+  const std::string target = kRoot + file.name;
+  Status moved = files.Move(kRoot + WaitingName(file), target);
+  // Another terminal may have found it waiting, and finished it.
+  if (moved.Kind() == ErrorKind::Missing && files.Exists(target)) return {};
+  return moved;
+}
+
+Status Settle(Stores& stores, Files& files, const WaitingFile& file) {
+  Cursor lines(stores, "line of a day file");
+  lines.SetDatabaseName("Karvel.Mdb");
+  if (Status opened = lines.Open("Datam"); !opened.Ok()) return opened;
+  const Status found = lines.MoveTo(file.line);
+  if (!found.Ok() && found.Kind() != ErrorKind::NoRecord) return found;
+  if (found.Ok() && lines.Text("Sube").empty()) {
+    Log("day file: " + file.name + ": its lines were not marked, swept");
+    return files.Delete(kRoot + WaitingName(file));
+  }
+  // A line that is gone since tells nothing; a file too many is seen, one too few is not.
+  Log("day file: " + file.name + ": finished");
+  return Place(files, file);
+}
+
+// Within the turn of the shop: nobody is in the middle of a day file.
+Status SettleWaiting(Stores& stores, Files& files) {
+  Status outcome;
+  for (const std::string& name : files.List(kRoot)) {
+    const auto file = ReadWaitingName(name);
+    if (!file) continue;
+    const Status settled = Settle(stores, files, *file);
+    if (outcome.Ok()) outcome = settled;
+  }
+  return outcome;
+}
+
+// The text of the lines, each of which is marked on the way.
+struct MarkedLines {
+  std::string text;
+  RowKey last = 0;  // 0 without lines
+  bool lastWasSent = false;
+};
+
+std::expected<MarkedLines, Status> MarkLines(Stores& stores, const std::string& source) {
+  Cursor lines(stores, "day file");
+  lines.SetDatabaseName("Karvel.Mdb");
+  if (Status opened = lines.Open(source); !opened.Ok()) return std::unexpected(opened);
+  MarkedLines marked;
+  while (lines.HasCurrent()) {
+    marked.text += LineRecord(lines);
+    marked.last = lines.CurrentKey();
+    marked.lastWasSent = !lines.Text("Sube").empty();
+    if (Status begun = lines.Edit(); !begun.Ok()) return std::unexpected(begun);
+    lines.Set("Sube", kSent);
+    if (Status written = lines.Update(); !written.Ok()) return std::unexpected(written);
+    if (Status moved = lines.MoveNext(); !moved.Ok()) return std::unexpected(moved);
+  }
+  return marked;
+}
+
+}  // namespace
+
+std::string DayFileName(std::string_view title, std::string_view slipNo) {
+  const std::string rest = TurkishLower(ReplaceAll(title, "Velmora Karvel", ""));
+  return (rest.empty() ? "00" : Format(std::string_view(rest), "00")) + std::string(slipNo) + ".csv";
+}
+
+std::string DelimitedRecord(std::span<const Value> items) {
+  std::string record;
+  for (const Value& item : items) {
+    if (!record.empty()) record += ',';
+    record += ItemText(item);
+  }
+  return record + "\r\n";
+}
+
+Outcome<std::string> LayDayFile(const Shop& shop, Files& files, const DayToSend& day) {
+  const auto refuse = [](Status why) { return std::unexpected(Failure<std::string>(std::move(why))); };
+  if (!IsPlainName(day.name)) return refuse({ErrorKind::BadText, "no name for a file: " + day.name});
+  Action action(shop.stores, "day file");
+  if (!action.Begun().Ok()) return refuse(action.Begun());
+  // What was left is settled before any of its lines can be marked for another file.
+  if (Status settled = SettleWaiting(shop.stores, files); !settled.Ok()) return refuse(settled);
+  const auto lines = MarkLines(shop.stores, day.source);
+  if (!lines) return refuse(lines.error());
+  const Status nothing(ErrorKind::NoRecord, "nothing to send: " + day.name);
+  if (lines->lastWasSent) return refuse(nothing);
+  if (lines->last == 0) {
+    // Lines that could not be read look like none, but fail the action.
+    const Status read = action.Finish();
+    return refuse(read.Ok() ? nothing : read);
+  }
+  const WaitingFile file{day.name, lines->last};
+  const std::string head = DelimitedRecord(std::vector<Value>{day.customerCode, shop.clock.Now()});
+  if (Status written = files.Write(kRoot + WaitingName(file), ToCp1254(head + lines->text)); !written.Ok()) return refuse(written);
+  auto outcome = Answer(action, day.name);
+  if (outcome) {
+    if (Status placed = Place(files, file); !placed.Ok()) return refuse(placed);
+  } else if (outcome.error().Kind() != ErrorKind::Unknown) {
+    step("sweep", files.Delete(kRoot + WaitingName(file)));
+  }
+  return outcome;
+}
+
+Status PlaceDayFiles(const Shop& shop, Files& files) {
+  bool waits = false;
+  for (const std::string& name : files.List(kRoot)) waits = waits || ReadWaitingName(name).has_value();
+  if (!waits) return {};
+  Action action(shop.stores, "left day files");
+  if (!action.Begun().Ok()) return action.Begun();
+  const Status settled = SettleWaiting(shop.stores, files);
+  const Status ended = action.Finish();
+  return settled.Ok() ? ended : settled;
+}
+
+}  // namespace karvel

@@ -1,0 +1,550 @@
+#include "tests/desk/sale_fixture.h"
+
+namespace karvel {
+namespace {
+
+// A sale to a customer with an item in front.
+class PadTest : public SaleFixture {
+ protected:
+  void SetUp() override {
+    SaleFixture::SetUp();
+    Sql("Stok.mdb", "UPDATE StokKartlar SET KalanB=4, GirenMik=4 WHERE StokKod='1001'");
+    EnterSale("Ayşe Yılmaz");
+    PickItem("1001");
+  }
+  PadScreen& Pad() { return desk->screen.Form3; }
+  bool IsUp() { return Pad().Form3.Visible(); }
+  std::string Number() { return Pad().Text1.Text(); }
+  // Taps on the pad's keys: digits, "," and "z" for "00".
+  void Strike(const std::string& keys) {
+    for (const char sign : keys) {
+      if (sign == ',') {
+        Pad().cmdpoint.click();
+      } else if (sign == 'z') {
+        Pad().Comonlu(0).click();
+      } else {
+        Pad().cmd(sign - '0').click();
+      }
+    }
+  }
+  // A key as the window gives it: the form sees it before the element. True when it went no further.
+  bool FormTakes(int code) {
+    KeyEvent event{code};
+    desk->screen.Form1.keyDown(event);
+    return event.dropped;
+  }
+  // A letter over the stock list.
+  char32_t OverStock(char32_t letter) {
+    At("StokGrid").SetFocus();
+    CharacterEvent event{letter};
+    At("StokGrid").character(event);
+    return event.character;
+  }
+};
+
+// How it opens.
+
+TEST_F(PadTest, a_tap_on_a_field_of_the_sale_opens_it_there_empty) {
+  for (int i = 0; i < 4; ++i) {
+    const std::string field = "Text2(" + std::to_string(i) + ")";
+    Tap(field);
+    EXPECT_TRUE(IsUp()) << field;
+    EXPECT_TRUE(desk->form.PadOpen);
+    EXPECT_EQ(desk->form.PadField, &At(field));
+    EXPECT_EQ(Pad().frame.Served(), &At(field));
+    EXPECT_EQ(Number(), "");
+    Pad().Command1.click();
+    EXPECT_FALSE(IsUp());
+    EXPECT_FALSE(desk->form.PadOpen);
+    EXPECT_EQ(Pad().frame.Served(), nullptr);
+  }
+}
+
+TEST_F(PadTest, it_says_which_field_the_number_is_for) {
+  Tap("Text2(1)");
+  EXPECT_EQ(Pad().Label2.Caption(), "Ad/Kg");
+  EXPECT_EQ(Pad().Form3.Caption(), "Ad/Kg");
+  Tap("Text2(2)");
+  EXPECT_EQ(Pad().Label2.Caption(), "Tahsilat");
+}
+
+TEST_F(PadTest, it_takes_no_focus) {
+  Tap("Text2(1)");
+  EXPECT_TRUE(At("Text2(1)").HasFocus());
+  Strike("5");
+  EXPECT_TRUE(At("Text2(1)").HasFocus());
+}
+
+TEST_F(PadTest, a_tap_on_another_field_brings_it_there_empty) {
+  Tap("Text2(1)");
+  Strike("12");
+  Tap("Text2(0)");
+  EXPECT_EQ(desk->form.PadField, &At("Text2(0)"));
+  EXPECT_EQ(Number(), "");
+  EXPECT_NE(At("Text2(1)").Text(), "12");
+}
+
+TEST_F(PadTest, a_second_tap_on_its_field_leaves_the_number) {
+  Tap("Text2(1)");
+  Strike("12");
+  Tap("Text2(1)");
+  EXPECT_EQ(Number(), "12");
+}
+
+TEST_F(PadTest, with_neither_customer_nor_item_there_is_nothing_to_enter) {
+  Sql("Cari.mdb", "DELETE FROM CariKartlar");
+  Sql("Stok.mdb", "DELETE FROM StokKartlar");
+  (void)desk->cursors.CariData.Refresh();
+  (void)desk->cursors.StokData.Refresh();
+  Tap("Text2(2)");
+  EXPECT_FALSE(IsUp());
+}
+
+TEST_F(PadTest, it_keeps_its_field_wherever_the_focus_goes) {
+  Tap("Text2(1)");
+  At("Text2(0)").SetFocus();
+  Strike("3");
+  Pad().Tamam.click();
+  EXPECT_EQ(At("Text2(1)").Text(), "3");
+  EXPECT_TRUE(At("Text2(1)").HasFocus());
+}
+
+// Its keys.
+
+TEST_F(PadTest, keys_build_a_number_and_tamam_gives_it_to_the_field) {
+  Tap("Text2(2)");
+  Strike("1234,56");
+  EXPECT_EQ(Number(), "1234,56");
+  Pad().Tamam.click();
+  EXPECT_EQ(At("Text2(2)").Text(), "1.234,56");
+  EXPECT_FALSE(IsUp());
+}
+
+TEST_F(PadTest, several_zeros_come_with_one_key) {
+  Tap("Text2(2)");
+  Strike("15z");
+  EXPECT_EQ(Number(), "1500");
+  Pad().Comonlu(1).click();
+  EXPECT_EQ(Number(), "1500000");
+}
+
+TEST_F(PadTest, two_zeros_at_the_empty_pad_are_zero) {
+  Tap("Text2(1)");
+  Strike("z");
+  EXPECT_EQ(Number(), "0");
+}
+
+TEST_F(PadTest, the_comma_begins_with_a_zero) {
+  Tap("Text2(1)");
+  Strike(",5");
+  EXPECT_EQ(Number(), "0,5");
+}
+
+TEST_F(PadTest, tamam_is_there_while_there_is_an_answer) {
+  Tap("Text2(1)");
+  EXPECT_FALSE(Pad().Tamam.Visible());
+  Strike("0");
+  EXPECT_FALSE(Pad().Tamam.Visible());
+  Strike("5");
+  EXPECT_TRUE(Pad().Tamam.Visible());
+  Pad().Label1.click();
+  EXPECT_EQ(Number(), "");
+  EXPECT_FALSE(Pad().Tamam.Visible());
+}
+
+TEST_F(PadTest, the_clear_key_empties_the_box_and_zeroes_the_field) {
+  At("Text2(1)").SetText("7");
+  Tap("Text2(1)");
+  Strike("5");
+  Pad().Cmdc.click();
+  EXPECT_EQ(Number(), "");
+  EXPECT_EQ(At("Text2(1)").Text(), "0");
+  EXPECT_TRUE(IsUp());
+  Strike("2");
+  EXPECT_EQ(Number(), "2");
+}
+
+TEST_F(PadTest, entering_its_box_empties_it) {
+  Tap("Text2(1)");
+  Strike("5");
+  Pad().Text1.gotFocus();
+  EXPECT_EQ(Number(), "");
+  EXPECT_TRUE(IsUp());
+}
+
+TEST_F(PadTest, its_box_takes_figures_alone) {
+  Tap("Text2(1)");
+  const auto typed = [this](char32_t letter) {
+    CharacterEvent event{letter};
+    Pad().Text1.character(event);
+    return event.character;
+  };
+  EXPECT_EQ(typed(U'7'), U'7');
+  EXPECT_EQ(typed(U'a'), 0U);
+  EXPECT_EQ(typed(U'-'), 0U);
+  EXPECT_EQ(typed(U'.'), 0U);
+  EXPECT_EQ(Number(), "0,");
+}
+
+TEST_F(PadTest, its_name_leads_back_to_the_field) {
+  Tap("Text2(1)");
+  At("StokGrid").SetFocus();
+  Pad().Label2.click();
+  EXPECT_TRUE(At("Text2(1)").HasFocus());
+  EXPECT_TRUE(IsUp());
+}
+
+TEST_F(PadTest, a_number_without_a_field_s_name_goes_nowhere) {
+  Tap("Text2(1)");
+  const std::string before = At("Text2(1)").Text();
+  Pad().Label2.SetCaption("");
+  Strike("9");
+  Pad().Tamam.click();
+  EXPECT_EQ(At("Text2(1)").Text(), before);
+  EXPECT_FALSE(IsUp());
+}
+
+TEST_F(PadTest, the_word_exit_in_its_box_closes_it) {
+  Tap("Text2(1)");
+  Pad().Text1.SetText("Exit");
+  EXPECT_FALSE(IsUp());
+  EXPECT_FALSE(desk->form.PadOpen);
+}
+
+TEST_F(PadTest, a_right_press_or_a_long_hold_opens_its_menu) {
+  Tap("Text2(1)");
+  std::vector<std::string> opened;
+  connections += desk->screen.popUp.Connect([&](Element& menu) { opened.push_back(menu.Name()); });
+  Pad().cmd(3).mouseDown(MouseEvent{.button = 1});
+  EXPECT_TRUE(opened.empty());
+  Pad().cmd(3).mouseDown(MouseEvent{.button = 2});
+  EXPECT_EQ(opened, std::vector<std::string>{"PopMik"});
+  EXPECT_EQ(Number(), "");
+}
+
+TEST_F(PadTest, the_menu_takes_the_last_figure_back) {
+  Tap("Text2(1)");
+  Strike("12,");
+  Click("MikMenu(0)");
+  EXPECT_EQ(Number(), "12");
+}
+
+TEST_F(PadTest, the_menu_goes_to_the_price_and_back) {
+  Tap("Text2(1)");
+  Click("MikMenu(1)");
+  EXPECT_EQ(desk->form.PadField, &At("Text2(0)"));
+  Click("MikMenu(1)");
+  EXPECT_EQ(desk->form.PadField, &At("Text2(1)"));
+}
+
+TEST_F(PadTest, the_menu_closes_it) {
+  Tap("Text2(1)");
+  Click("MikMenu(2)");
+  EXPECT_FALSE(IsUp());
+}
+
+// The main button.
+
+TEST_F(PadTest, the_main_button_takes_the_number_and_posts_nothing) {
+  Tap("Text2(1)");
+  Strike("3");
+  Click("Command2");
+  EXPECT_EQ(At("Text2(1)").Text(), "3");
+  EXPECT_FALSE(IsUp());
+  EXPECT_EQ(Rows("Karvel.mdb", "SELECT COUNT(*) FROM Datam"), std::vector<std::string>{"0"});
+  Click("Command2");
+  EXPECT_EQ(Rows("Karvel.mdb", "SELECT StokKod, Miktar FROM Datam"), std::vector<std::string>{"1001|3.0"});
+}
+
+TEST_F(PadTest, the_main_button_takes_a_nought_and_posts_nothing_of_what_was_there) {
+  At("Text2(1)").SetText("2");
+  Tap("Text2(1)");
+  Strike("0");
+  Click("Command2");
+  EXPECT_EQ(At("Text2(1)").Text(), "0");
+  EXPECT_FALSE(IsUp());
+  EXPECT_EQ(Rows("Karvel.mdb", "SELECT COUNT(*) FROM Datam"), std::vector<std::string>{"0"});
+}
+
+TEST_F(PadTest, the_main_button_posts_while_the_pad_is_empty_and_the_pad_goes) {
+  At("Text2(1)").SetText("2");
+  Tap("Text2(0)");
+  Click("Command2");
+  EXPECT_EQ(Rows("Karvel.mdb", "SELECT StokKod, Miktar FROM Datam"), std::vector<std::string>{"1001|2.0"});
+  EXPECT_FALSE(IsUp());
+}
+
+TEST_F(PadTest, a_number_on_the_pad_can_be_taken_by_the_main_button_before_there_is_anything_to_post) {
+  At("Text2(1)").SetText("0");
+  ASSERT_FALSE(At("Command2").Enabled());
+  Tap("Text2(1)");
+  Strike("3");
+  EXPECT_TRUE(At("Command2").Enabled());
+  Pad().Label1.click();
+  EXPECT_FALSE(At("Command2").Enabled());
+}
+
+// The stock on hand.
+
+TEST_F(PadTest, a_sale_by_stock_sells_no_more_than_is_on_hand) {
+  Click("Stoklu");
+  Tap("Text2(1)");
+  Strike("9");
+  Pad().Tamam.click();
+  EXPECT_EQ(At("Text2(1)").Text(), "4");
+  EXPECT_EQ(At("Durum").Caption(), "Stokta 4 var");
+}
+
+TEST_F(PadTest, without_sales_by_stock_any_quantity_goes) {
+  Tap("Text2(1)");
+  Strike("9");
+  Pad().Tamam.click();
+  EXPECT_EQ(At("Text2(1)").Text(), "9");
+}
+
+TEST_F(PadTest, prices_and_payments_are_not_bound_by_the_stock) {
+  Click("Stoklu");
+  for (const std::string field : {"Text2(0)", "Text2(2)"}) {
+    Tap(field);
+    Strike("90");
+    Pad().Tamam.click();
+    EXPECT_EQ(At(field).Text(), "90") << field;
+  }
+}
+
+TEST_F(PadTest, goods_that_come_back_or_in_are_not_bound_by_the_stock) {
+  Click("Stoklu");
+  for (const std::string mode : {"İade", "Alış"}) {
+    DoubleTap("Label4");
+    ASSERT_EQ(At("Label4").Caption(), mode);
+    Tap("Text2(1)");
+    Strike("9");
+    Pad().Tamam.click();
+    EXPECT_EQ(At("Text2(1)").Text(), "9") << mode;
+  }
+}
+
+// Over the stock list.
+
+TEST_F(PadTest, a_digit_over_the_stock_list_opens_it_on_the_quantity_as_its_first_digit) {
+  EXPECT_EQ(OverStock(U'3'), 0U);
+  EXPECT_EQ(desk->form.PadField, &At("Text2(1)"));
+  EXPECT_EQ(Number(), "3");
+  EXPECT_TRUE(At("StokGrid").HasFocus());
+}
+
+TEST_F(PadTest, further_digits_over_the_list_go_on) {
+  OverStock(U'3');
+  OverStock(U'5');
+  OverStock(U',');
+  OverStock(U'2');
+  EXPECT_EQ(Number(), "35,2");
+}
+
+TEST_F(PadTest, a_comma_over_the_list_opens_it_too) {
+  OverStock(U',');
+  EXPECT_EQ(Number(), "0,");
+}
+
+TEST_F(PadTest, letters_over_the_list_open_nothing) {
+  for (const char32_t letter : {U'a', U'-', U'ş', U' '}) EXPECT_EQ(OverStock(letter), letter);
+  EXPECT_FALSE(IsUp());
+}
+
+TEST_F(PadTest, a_digit_over_the_list_leaves_the_price_and_goes_to_the_quantity) {
+  Tap("Text2(0)");
+  OverStock(U'3');
+  EXPECT_EQ(desk->form.PadField, &At("Text2(1)"));
+  EXPECT_EQ(Number(), "3");
+}
+
+TEST_F(PadTest, enter_is_tamam) {
+  OverStock(U'3');
+  EXPECT_TRUE(FormTakes(key::kEnter));
+  EXPECT_EQ(At("Text2(1)").Text(), "3");
+  EXPECT_FALSE(IsUp());
+}
+
+TEST_F(PadTest, enter_on_an_empty_pad_is_the_field_s) {
+  Tap("Text2(1)");
+  EXPECT_FALSE(FormTakes(key::kEnter));
+  EXPECT_FALSE(IsUp());
+}
+
+TEST_F(PadTest, escape_closes_it_and_leaves_the_field) {
+  const std::string before = At("Text2(1)").Text();
+  OverStock(U'3');
+  EXPECT_TRUE(FormTakes(key::kEscape));
+  EXPECT_FALSE(IsUp());
+  EXPECT_EQ(At("Text2(1)").Text(), before);
+}
+
+TEST_F(PadTest, escape_leaves_the_panel_behind_it_open) {
+  At("StokAl").SetVisible(true);
+  Tap("Text6(3)");
+  EXPECT_TRUE(FormTakes(key::kEscape));
+  EXPECT_FALSE(IsUp());
+  EXPECT_TRUE(At("StokAl").Visible());
+}
+
+TEST_F(PadTest, backspace_over_the_list_takes_the_last_figure_back) {
+  OverStock(U'3');
+  OverStock(U'5');
+  EXPECT_TRUE(FormTakes(key::kBackspace));
+  EXPECT_EQ(Number(), "3");
+}
+
+TEST_F(PadTest, backspace_in_a_field_is_the_field_s) {
+  Tap("Text2(1)");
+  Strike("35");
+  EXPECT_FALSE(FormTakes(key::kBackspace));
+  EXPECT_EQ(Number(), "35");
+}
+
+TEST_F(PadTest, without_the_pad_its_keys_are_the_desk_s) {
+  for (const int code : {key::kEnter, key::kF8, key::kBackspace}) EXPECT_FALSE(FormTakes(code)) << code;
+}
+
+TEST_F(PadTest, with_ctrl_or_alt_a_key_is_not_the_pad_s) {
+  OverStock(U'3');
+  KeyEvent save{.code = key::kEnter, .ctrl = true};
+  desk->screen.Form1.keyDown(save);
+  EXPECT_FALSE(save.dropped);
+  EXPECT_TRUE(IsUp());
+}
+
+// Quantity or price.
+
+TEST_F(PadTest, f8_changes_between_quantity_and_price) {
+  Tap("Text2(1)");
+  Strike("3");
+  EXPECT_TRUE(FormTakes(key::kF8));
+  EXPECT_EQ(desk->form.PadField, &At("Text2(0)"));
+  EXPECT_EQ(Number(), "");
+  EXPECT_TRUE(At("Text2(0)").HasFocus());
+  EXPECT_TRUE(FormTakes(key::kF8));
+  EXPECT_EQ(desk->form.PadField, &At("Text2(1)"));
+}
+
+TEST_F(PadTest, f8_on_another_field_changes_nothing) {
+  Tap("Text2(2)");
+  EXPECT_FALSE(FormTakes(key::kF8));
+  EXPECT_EQ(desk->form.PadField, &At("Text2(2)"));
+}
+
+TEST_F(PadTest, a_fixed_price_can_t_be_entered) {
+  Click("FiyatSabit");
+  Tap("Text2(1)");
+  EXPECT_TRUE(FormTakes(key::kF8));
+  EXPECT_EQ(desk->form.PadField, &At("Text2(1)"));
+  EXPECT_EQ(At("Durum").Caption(), "Fiyat sabit, değiştirilemez");
+}
+
+// How it goes.
+
+TEST_F(PadTest, leaving_the_customer_s_or_the_product_s_field_closes_it) {
+  Tap("Text2(1)");
+  At("Text1(1)").SetFocus();
+  At("Text2(0)").SetFocus();
+  EXPECT_FALSE(IsUp());
+}
+
+TEST_F(PadTest, it_goes_with_the_sale) {
+  Tap("Text2(1)");
+  DoubleTap("Label1(0)");
+  EXPECT_FALSE(IsUp());
+}
+
+TEST_F(PadTest, it_goes_with_the_desk) {
+  Tap("Text2(1)");
+  EXPECT_TRUE(desk->CloseRequested(false));
+  EXPECT_FALSE(IsUp());
+}
+
+TEST_F(PadTest, it_goes_where_the_keyboard_comes) {
+  Tap("Text2(1)");
+  desk->screen.Form2.Form2.SetVisible(true);
+  EXPECT_FALSE(IsUp());
+}
+
+TEST_F(PadTest, it_goes_with_the_panel_of_its_field) {
+  At("StokAl").SetVisible(true);
+  Tap("Text6(3)");
+  ASSERT_TRUE(IsUp());
+  At("StokAl").SetVisible(false);
+  EXPECT_FALSE(IsUp());
+}
+
+// Its other fields.
+
+TEST_F(PadTest, the_figures_of_a_delivery_are_entered_on_it) {
+  At("StokAl").SetVisible(true);
+  for (int i = 1; i <= 4; ++i) {
+    const std::string field = "Text6(" + std::to_string(i) + ")";
+    Tap(field);
+    EXPECT_EQ(desk->form.PadField, &At(field));
+    Strike("12,5");
+    Pad().Tamam.click();
+    EXPECT_EQ(At(field).Text(), "12,5");
+  }
+  EXPECT_EQ(At("Label12(5)").Caption(), "156,25");
+}
+
+TEST_F(PadTest, names_and_barcodes_of_a_delivery_are_not) {
+  At("StokAl").SetVisible(true);
+  for (const std::string field : {"Text6(0)", "Text6(5)"}) {
+    Tap(field);
+    EXPECT_FALSE(IsUp()) << field;
+  }
+}
+
+TEST_F(PadTest, the_figures_of_a_new_item_are_entered_on_it) {
+  At("StokGiris").SetVisible(true);
+  for (int i = 3; i < 8; ++i) {
+    const std::string field = "StokNew(" + std::to_string(i) + ")";
+    Tap(field);
+    Strike("7");
+    Pad().Tamam.click();
+    EXPECT_EQ(At(field).Text(), "7");
+  }
+}
+
+TEST_F(PadTest, the_figures_of_an_invoice_are_entered_on_it) {
+  At("FatFrame").SetVisible(true);
+  for (int i = 6; i <= 8; ++i) {
+    const std::string field = "Fat(" + std::to_string(i) + ")";
+    Tap(field);
+    Strike("7");
+    EXPECT_EQ(Number(), "7") << field;
+    Pad().Tamam.click();
+    EXPECT_FALSE(IsUp());
+  }
+}
+
+// Its place.
+
+TEST_F(PadTest, a_place_that_the_clerk_chose_is_kept_when_it_closes) {
+  Tap("Text2(1)");
+  Pad().frame.LayAmong({{1024, 768}, {}, {}, 1});
+  Pad().Command1.click();
+  EXPECT_EQ(window.savedFitting, "");
+  Tap("Text2(1)");
+  Pad().frame.MoveBy(10, 20);
+  Pad().Command1.click();
+  EXPECT_EQ(window.savedFitting, "VelmoraMik");
+}
+
+TEST_F(PadTest, a_double_tap_on_its_ground_stands_it_at_the_upper_right_in_its_own_size) {
+  Tap("Text2(1)");
+  Pad().frame.LayAmong({{1024, 768}, {}, {}, 1});
+  Pad().frame.Put({100, 100, 400, 500});
+  Pad().Form3.dblClick();
+  const WindowBox box = Pad().frame.Box();
+  EXPECT_EQ(box.top, 0);
+  EXPECT_EQ(box.Right(), 1024);
+  EXPECT_EQ(box.width, 262);
+  EXPECT_EQ(box.height, 402);
+}
+
+}  // namespace
+}  // namespace karvel

@@ -1,0 +1,105 @@
+// karvel-cards and karvel-import as a shopkeeper runs them: as programs, on a home of their own.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "tests/support/access_file.h"
+#include "tests/support/temp_folder.h"
+
+namespace karvel::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+class CardsProgram : public ::testing::Test {
+ protected:
+  struct Ended {
+    int code = -1;
+    std::string said;
+  };
+  // Runs one of the programs; `words` as a shell reads them.
+  [[nodiscard]] Ended Run(const std::string& words) const {
+    const std::string command = "KARVEL_HOME='" + Path("home") + "' '" KARVEL_PROGRAMS "/'" + words + " 2>&1";
+    Ended ended;
+    FILE* const pipe = popen(command.c_str(), "r");
+    for (char piece[4096]; fgets(piece, sizeof piece, pipe) != nullptr;) ended.said += piece;
+    const int status = pclose(pipe);
+    if (WIFEXITED(status)) ended.code = WEXITSTATUS(status);
+    return ended;
+  }
+  [[nodiscard]] std::string Path(const std::string& name) const { return folder.Path() + "/" + name; }
+  std::string Lay(const std::string& name, const std::string& bytes) const {
+    std::ofstream(Path(name), std::ios::binary) << bytes;
+    return Path(name);
+  }
+  [[nodiscard]] std::string BytesOf(const std::string& name) const {
+    std::ifstream file(Path(name), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+
+  TempFolder folder;
+};
+
+TEST_F(CardsProgram, a_new_shop_gets_its_cards_and_what_goes_out_as_a_spreadsheet_comes_in_without_a_change) {
+  const std::string file =
+      Lay("stok.csv", "Stok Kodu;Stok Adı;Barkod;1.Fiyat;Kalan\n0001;Çay;8690000000012;12,50;3\n0002;Şeker;8690000000029;1.250,75;\n");
+  const Ended tried = Run("karvel-cards import " + file);
+  EXPECT_EQ(tried.code, 0) << tried.said;
+  EXPECT_NE(tried.said.find("2 yeni stok kartı yazılacak"), std::string::npos) << tried.said;
+  const Ended written = Run("karvel-cards import " + file + " --write");
+  EXPECT_EQ(written.code, 0) << written.said;
+  EXPECT_NE(written.said.find("2 yeni stok kartı yazıldı"), std::string::npos) << written.said;
+  for (const char* const name : {"out.xlsx", "out.csv"}) {
+    const Ended out = Run("karvel-cards export stok " + Path(name));
+    EXPECT_EQ(out.code, 0) << out.said;
+    const Ended again = Run("karvel-cards import " + Path(name) + " --write");
+    EXPECT_EQ(again.said, "0 yeni stok kartı yazıldı, 0 kart değişti, 2 kart aynı.\n");
+    EXPECT_EQ(Run("karvel-cards export stok " + Path(name)).code, 1) << "a file that is there stays";
+  }
+}
+
+TEST_F(CardsProgram, every_fault_is_told_and_nothing_is_written) {
+  const Ended faulty = Run("karvel-cards import --write " + Lay("cari.csv", "Cari Kodu;Ünvan;Bakiye\nC1;Ali;12.50\nC1;Veli;beş\n"));
+  EXPECT_EQ(faulty.code, 1);
+  EXPECT_NE(faulty.said.find("Satır 2, sütun C (Bakiye)"), std::string::npos) << faulty.said;
+  EXPECT_NE(faulty.said.find("Satır 3, sütun A (Cari Kodu)"), std::string::npos) << faulty.said;
+  EXPECT_NE(faulty.said.find("3 hata bulundu; hiçbir kart yazılmadı."), std::string::npos) << faulty.said;
+  EXPECT_EQ(Run("karvel-cards export cari " + Path("out.csv")).code, 0);
+  EXPECT_EQ(BytesOf("out.csv").find("Ali"), std::string::npos);
+}
+
+TEST_F(CardsProgram, what_it_cant_read_and_words_it_does_not_know_are_told) {
+  EXPECT_EQ(Run("karvel-cards import " + Path("none.csv")).code, 1);
+  EXPECT_EQ(Run("karvel-cards import " + Lay("broken.xlsx", "PK\x03\x04 broken")).code, 1);
+  for (const char* const words :
+       {"karvel-cards", "karvel-cards import", "karvel-cards import a b", "karvel-cards export kasa x", "karvel-import"}) {
+    const Ended misused = Run(words);
+    EXPECT_EQ(misused.code, 2) << words;
+    EXPECT_NE(misused.said.find("Kullanım:"), std::string::npos) << words;
+  }
+  EXPECT_FALSE(fs::exists(Path("home/C/KarvelData"))) << "nothing was opened for any of it";
+}
+
+TEST_F(CardsProgram, an_old_file_goes_into_a_folder_that_has_none_of_its_name) {
+  const std::string old = Lay(
+      "CARI.MDB",
+      AccessFile(
+          {{"CariKartlar", {{"CariKod", AccessType::Text}, {"Unvan", AccessType::Text}}, {{std::string("C1"), std::string("Ayşe Öz")}}}}));
+  const Ended taken = Run("karvel-import " + old);
+  EXPECT_EQ(taken.code, 0) << taken.said;
+  EXPECT_NE(taken.said.find("Cari.mdb: 1 kayıt alındı."), std::string::npos) << taken.said;
+  EXPECT_EQ(Run("karvel-import " + old).code, 1) << "never over a file that is there";
+  const Ended out = Run("karvel-cards export cari " + Path("out.csv"));
+  EXPECT_EQ(out.code, 0) << out.said;
+  EXPECT_NE(BytesOf("out.csv").find("C1;Ayşe Öz;"), std::string::npos) << BytesOf("out.csv");
+  EXPECT_EQ(Run("karvel-import " + Lay("Stok.mdb", "no database")).code, 1);
+}
+
+}  // namespace
+}  // namespace karvel::testing
