@@ -3,7 +3,6 @@
 #include "desk/screen_pad.h"
 #include "text/format.h"
 #include "text/turkish.h"
-#include "touch/number_pad.h"
 
 namespace karvel {
 namespace {
