@@ -7,8 +7,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 preset=${1:-release}
 case $preset in release | asan) ;; *) Fail "what is \"$preset\"? Without a word, or asan" ;; esac
 
-# Read what was printed, and a printing system and FTP servers of the tests' own.
-InstallPackages unzip poppler-utils zbar-tools cups cups-client cups-filters python3-pyftpdlib vsftpd openssl mdbtools
+# Read what was printed, and a printing system, FTP servers and a database server of the tests' own.
+InstallPackages unzip poppler-utils zbar-tools cups cups-client cups-filters python3-pyftpdlib vsftpd openssl mdbtools postgresql-15
 Build "$preset"
 # Leaks of the toolkit and its plug-ins are not ours to mend.
 export ASAN_OPTIONS=${ASAN_OPTIONS:-detect_leaks=0} UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1}

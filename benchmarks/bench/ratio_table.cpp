@@ -44,15 +44,16 @@ double RatioTable::Median(const std::string& name) const {
 bool RatioTable::Print() const {
   bool good = true;
   fmt::print(kLine, "", "ours", "rival", "ratio", "limit", "");
-  for (const Pair& pair : pairs_) {
-    const double ours = Median(pair.ours), rival = Median(pair.rival);
+  const auto printRatio = [&good](const std::string& name, double ours, double rival, double limit) {
     const bool measured = ours > 0 && rival > 0;
     const double ratio = measured ? ours / rival : 0;
-    const bool ok = measured && ratio <= pair.limit;
+    const bool ok = measured && ratio <= limit;
     good = good && ok;
-    fmt::print(kLine, pair.name, Time(ours), Time(rival), measured ? fmt::format("{:.2f}", ratio) : "-", fmt::format("{:.2f}", pair.limit),
+    fmt::print(kLine, name, Time(ours), Time(rival), measured ? fmt::format("{:.2f}", ratio) : "-", fmt::format("{:.2f}", limit),
                ok ? "ok" : (measured ? "OVER" : "NOT MEASURED"));
-  }
+  };
+  for (const Pair& pair : pairs_) printRatio(pair.name, Median(pair.ours), Median(pair.rival), pair.limit);
+  for (const Measured& measured : measured_) printRatio(measured.name, measured.ours, measured.rival, measured.limit);
   for (const Counts& counts : counts_) {
     const double ratio = static_cast<double>(counts.ours) / static_cast<double>(counts.rival);
     const bool ok = counts.rival > 0 && ratio <= counts.limit;

@@ -25,6 +25,13 @@ struct Figure {
   std::string unit;
 };
 
+// A line of two medians that were measured in turn, in seconds.
+struct Measured {
+  std::string name;
+  double ours = 0, rival = 0;
+  double limit = 0;
+};
+
 // A line of two counts, and how many times the second the first may be.
 struct Counts {
   std::string name;
@@ -38,6 +45,7 @@ class RatioTable : public benchmark::BenchmarkReporter {
   void ReportRuns(const std::vector<Run>& runs) override;
 
   void Add(Pair pair) { pairs_.push_back(std::move(pair)); }
+  void Add(Measured measured) { measured_.push_back(std::move(measured)); }
   void Add(Figure figure) { figures_.push_back(std::move(figure)); }
   void Add(Counts counts) { counts_.push_back(std::move(counts)); }
   // The whole table; false when a line is over its limit or was not measured.
@@ -47,6 +55,7 @@ class RatioTable : public benchmark::BenchmarkReporter {
   [[nodiscard]] double Median(const std::string& name) const;  // seconds; below 0 when it never ran
   std::map<std::string, std::vector<double>> seconds_;
   std::vector<Pair> pairs_;
+  std::vector<Measured> measured_;
   std::vector<Figure> figures_;
   std::vector<Counts> counts_;
 };

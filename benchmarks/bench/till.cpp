@@ -9,12 +9,13 @@
 
 namespace karvel::bench {
 
-Till::Till(const std::string& home) : files_(home) {
+Till::Till(const std::string& home, std::unique_ptr<Engine> engine) : files_(home) {
   for (const DatabaseFile& file : Catalogue::Files()) {
     const Status made = WriteTemplate(file, fmt::format("{}/{}", files_.ProgramFolder(), file.name));
     if (!made.Ok()) throw std::runtime_error(made.Message());
   }
-  stores_ = std::make_unique<Stores>(MakeSqliteEngine({.programFolder = files_.ProgramFolder(), .vfs = {}}));
+  if (!engine) engine = MakeSqliteEngine({.programFolder = files_.ProgramFolder(), .vfs = {}});
+  stores_ = std::make_unique<Stores>(std::move(engine));
   desk_ = std::make_unique<Desk>(World{clock_, loop_, files_, messages_, settings_, shell_, keyboard_, window_, scanner_, connection_, ftp_,
                                        printer_, barcodes_, archives_, *stores_},
                                  "Velmora Karvel1");

@@ -19,8 +19,8 @@ namespace karvel::bench {
 
 class Till {
  public:
-  // Starts the desk in a home folder. Throws std::runtime_error where it doesn't start.
-  explicit Till(const std::string& home);
+  // Starts the desk in a home folder, on its files where no engine is given. Throws std::runtime_error where it doesn't start.
+  explicit Till(const std::string& home, std::unique_ptr<Engine> engine = nullptr);
   ~Till();
 
   [[nodiscard]] Cursors& TheCursors() { return desk_->cursors; }

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <algorithm>
 #include <chrono>
 #include <cstring>
@@ -19,6 +20,7 @@
 #include "app/qt_text.h"
 #include "store/cursor.h"
 #include "tests/support/quiet_world.h"
+#include "text/turkish.h"
 
 namespace karvel::bench {
 namespace {
@@ -90,6 +92,41 @@ class WindowBench {
     Print(name + ", key press to painted grid", painted);
   }
 
+  void Press(const Element& key) {
+    QWidget* const widget = window_.WidgetOf(key);
+    const QPointF point = widget->rect().center();
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+      const bool press = type == QEvent::MouseButtonPress;
+      QMouseEvent event(type, point, widget->mapToGlobal(point), Qt::LeftButton, press ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+      QCoreApplication::sendEvent(widget, &event);
+    }
+  }
+
+  [[nodiscard]] const Element* KeyOf(const std::string& letter) const {
+    const ElementArray& keys = screen_.Form2.Label1;
+    if (letter == " ") return &keys(KeyboardScreen::kSpace);
+    for (int i = 0; i < keys.Count(); ++i)
+      if (EqualText(keys(i).Caption(), letter)) return &keys(i);
+    return nullptr;
+  }
+
+  // The same names on the on-screen keyboard, where the list follows each key too.
+  void TapNames(const std::string& name, Element& field, const std::vector<std::string>& names, std::size_t letters) {
+    std::vector<double> painted;
+    for (const std::string& text : names) {
+      field.SetFocus();
+      field.click();
+      QCoreApplication::processEvents();
+      if (!screen_.Form2.Form2.Visible()) throw std::runtime_error(name + ": the keyboard doesn't open");
+      for (std::size_t i = 0; i < std::min(letters, LetterCount(text)); ++i)
+        if (const Element* const key = KeyOf(MidLetters(text, i, 1))) painted.push_back(Milliseconds([&] { Press(*key); }));
+      if (field.Text().empty()) throw std::runtime_error(name + ": nothing was written");
+      screen_.Form2.Command1.click();
+      QCoreApplication::processEvents();
+    }
+    Print(name + ", key press to painted grid", painted);
+  }
+
   void Each(const std::string& name, const std::vector<std::function<void()>>& actions, int times = 1) {
     std::vector<double> painted;
     rests_.clear();
@@ -130,6 +167,7 @@ class WindowBench {
 
 void WindowBench::Wide() {
   Screen& screen = screen_;
+  TapNames("customer's name on the screen's keys", screen.Text1(0), Names(desk_.cursors.CariData, "Unvan", 3), 8);
   TypeNames("customer's name", screen.Text1(0), Names(desk_.cursors.CariData, "Unvan", 3), 8);
   const auto filter = [&screen](const char* text) { return [&screen, text] { screen.Text5.SetText(text); }; };
   Each("list by Text5, Unvan Like",
@@ -143,6 +181,7 @@ void WindowBench::Wide() {
   groups.push_back([&screen] { screen.GurupCombo.Choose(0); });
   Each("list by GurupCombo", groups);
   Enter();
+  TapNames("product's name on the screen's keys", screen.Text1(1), Names(desk_.cursors.StokData, "StokAdi", 3), 8);
   TypeNames("product's name", screen.Text1(1), Names(desk_.cursors.StokData, "StokAdi", 3), 8);
   screen.ComboCmd.Press();
   groups.clear();

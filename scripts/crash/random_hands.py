@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Hands that know nothing of the desk: taps, keys, texts, codes and answers at random, wherever the desk lets them. It must go on answering, say
 nothing on its error output, close when it is asked to, and leave sound files with whole postings in them. At every other seed the hands also
-delete customers and rows, which leaves what belongs to them alone.
+delete customers and rows, which leaves what belongs to them alone. The screen has another size at each seed.
 
     random_hands.py <folder of the programs> [seeds=4] [requests=1500] [first seed=1]
 
@@ -31,10 +31,13 @@ TAPPED = ["Command1", "Command2", "Command3", "Command4", "Label3", "Label4", "L
     f"{name}({i})" for name, count in (("Label1", 8), ("StokNewCmd", 2), ("CariNewCmd", 2), ("StokAlCmd", 2), ("Command8", 2), ("Command7", 2),
                                        ("Command5", 3), ("FatCmd", 2), ("Command10", 2), ("Label12", 6)) for i in range(count)]
 PAD = ["Form3", "Form3.Text1", "Form3.Label1", "Form3.Label2", "Form3.Command1", "Form3.Tamam", "Form3.Tamam", "Form3.Cmdc", "Form3.cmdpoint", "Form3.Comonlu(0)",
-       "Form3.Comonlu(1)", "MikMenu(0)", "MikMenu(1)", "MikMenu(2)"] + [f"Form3.cmd({i})" for i in range(10)]
+       "Form3.Comonlu(1)", "Form3.MikMenu(0)", "Form3.MikMenu(1)", "Form3.MikMenu(2)"] + [f"Form3.cmd({i})" for i in range(10)]
+KEYBOARD = ["Form2", "Form2.Text1", "Form2.Command1"] + [f"Form2.Label1({i})" for i in range(50)]
+SMALL = PAD + KEYBOARD
+SIZES = ["1024x768", "1366x768", "1920x1080", "960x640"]
 MENUS = ["PencereSabit", "Yuzde", "BarkodOku", "SecimTamam", "AySil", "Stoklu", "FiyatSabit", "Fiyat2", "AraVer", "A5", "Efatura80cm"]
 KEYS = ["Enter", "Tab", "Shift+Tab", "Escape", "Delete", "Backspace", "Left", "Right", "Up", "Down", "Home", "End", "PageUp", "PageDown", "Ctrl+A", "Space", "F1", "F8",
-        "Ctrl+Left", "Insert", "Ctrl+V", "Ctrl+X", "Ctrl+Z"]
+        "Ctrl+Left", "Ctrl+Down", "Alt+Up", "Alt+Right", "Menu", "F2", "F3", "F4", "F6", "F7", "F10", "Insert", "Ctrl+V", "Ctrl+X", "Ctrl+Z"]
 TEXTS = ["", " ", "1", "2", "12", "0", "-5", "1,5", "1.234,56", "999999999", "0,01", "abc", "Ayşe", "İ", "ı", "I", "i", "Müşteri", "a*", "?a", "[", "[a-", "#", "'",
          '"', "' Or ''='", "*", "!", "%", "_", "\t", "x" * 300, "=100", "8690001", "Muhtelif Müşteri", "Tüm Guruplar", "Toptan", "sifre", "\u20ac\u011f", "1e9", "nan"]
 CLOCKS = ["2026-03-01T10:15:00", "2026-03-01T23:59:59", "2026-03-02T00:00:00", "2026-12-31T23:59:00", "2027-01-01T00:00:10", "2024-02-29T12:00:00"]
@@ -64,6 +67,12 @@ class Hands:
             4: lambda: {"do": "click", "at": pick(self.tapped_menus + CHECKS)},
             4.5: lambda: {"do": "click", "at": pick(TEXT_BOXES)},
             15: lambda: {"do": "click", "at": pick(PAD)},
+            14.5: lambda: {"do": "click", "at": pick(KEYBOARD)},
+            1.2: lambda: {"do": pick(("dblclick", "rightclick", "press", "release")), "at": pick(SMALL)},
+            1.1: lambda: {"do": "drag", "at": pick(("Form2", "Form3", "TahsilatFrame", "StokAl")), "dx": self.chance.randint(-300, 300),
+                          "dy": self.chance.randint(-300, 300)},
+            0.9: lambda: {"do": "type", "at": pick(("Form2.Text1", "Form3.Text1")), "text": self.text() + pick(("", "", "\n"))},
+            0.8: lambda: {"do": "click", "at": pick(("Klv(0)", "Klv(1)", "Klv(2)", "Form2.Label1(47)", "Form2.Label1(49)"))},
             14: lambda: {"do": "row", "at": pick(GRIDS), "row": self.chance.randint(0, 8), "column": self.chance.randint(0, 6), "dblclick": self.chance.random() < 0.2},
             1: lambda: {"do": "head", "at": pick(GRIDS), "column": self.chance.randint(0, 8)},
             16: lambda: {"do": "set", "at": pick(TEXT_BOXES), "value": self.text()},
@@ -141,6 +150,7 @@ def run(programs, seeds, requests, first):
     for seed in range(first, first + seeds):
         home = tempfile.mkdtemp(prefix="karvel-hands-")
         subprocess.run([os.path.join(programs, "karvel-sample-shop"), home, "--cards", "60", "--customers", "40", "--rows", "400"], check=True)
+        os.environ["KARVEL_SIZE"] = SIZES[seed % len(SIZES)]
         fault, told = play(program, home, seed, requests)
         if fault:
             print(f"seed {seed}: {fault}\nThe shop lies in {home}")

@@ -9,7 +9,6 @@
 #include <QTranslator>
 
 #include "accounts/accounts.h"
-#include "app/atomic_file.h"
 #include "app/curl_ftp.h"
 #include "app/desk_window.h"
 #include "app/disk_files.h"
@@ -32,20 +31,22 @@
 #include "desk/desk.h"
 #include "documents/documents.h"
 #include "exchange/access/access_databases.h"
+#include "exchange/backup_archive.h"
 #include "exchange/exchange.h"
 #include "exchange/old_files.h"
 #include "exchange/zip/zip_archives.h"
 #include "platform/messages.h"
+#include "platform/unfinished_files.h"
 #include "settings/settings.h"
 #include "settings/terminal.h"
+#include "store/engine_of_place.h"
+#include "store/postgres/postgres_engine.h"
 #include "store/sqlite/new_store_file.h"
 #include "store/sqlite/sqlite_engine.h"
 #include "store/stores.h"
 
 namespace karvel {
 namespace {
-
-constexpr const char* kBackups = "C:\\KarvelYedek";
 
 std::string DesktopFolder(const DiskFiles& files, bool unattended) {
   if (unattended) return files.HomeFolder() + "/Desktop";
@@ -66,6 +67,16 @@ SqliteOptions EngineOptions(const DiskFiles& files, const std::string& title, Ol
   options.programFolder = files.ProgramFolder();
   options.scratchFile = ScratchFile(files, title);
   return options;
+}
+
+// The terminal's own files, the main machine's stores, and the scratch file beside these.
+std::unique_ptr<Engine> EngineOfTerminal(const DiskFiles& files, const std::string& title, OldFiles& oldFiles) {
+  const SqliteOptions options = EngineOptions(files, title, oldFiles);
+  SqliteOptions scratch = options;
+  scratch.scratchAlone = true;
+  PostgresOptions server;
+  server.makeFile = MakeSqliteStoreFile;
+  return MakeEngineOfPlace(MakeSqliteEngine(options), MakePostgresEngine(server), MakeSqliteEngine(scratch));
 }
 
 int DotsPerInch(const Settings& options) {
@@ -97,7 +108,7 @@ struct App::Composition {
         shell(files, DesktopFolder(files, parts.unattended), parts.unattended),
         window(files.HomeFolder()),
         scanner(options, parts.unattended ? SerialScanner::Device::IfNamed : SerialScanner::Device::Expected),
-        stores(MakeSqliteEngine(EngineOptions(files, title, oldFiles))),
+        stores(EngineOfTerminal(files, title, oldFiles)),
         desk({.clock = Either<Clock>(parts.clock, clock),
               .loop = Either<EventLoop>(parts.loop, loop),
               .files = files,
@@ -118,8 +129,9 @@ struct App::Composition {
     window.Attach(&deskWindow);
     // What a desk that was killed has left of a file half written.
     for (const std::string& folder : {files.HomeFolder(), files.RealPath("C:\\KarvelData"), files.RealPath(QtPrinter::kPdfFolder)})
-      AtomicFile::SweepLeftovers(folder);
-    for (const std::string& day : files.List(kBackups)) AtomicFile::SweepLeftovers(files.RealPath(PathIn(kBackups, day)));
+      SweepUnfinished(folder);
+    const std::string backups = BackupsOn("C:");
+    for (const std::string& day : files.List(backups)) SweepUnfinished(files.RealPath(PathIn(backups, day)));
   }
 
   DiskFiles files{FilePlaces::OfThisMachine(QCoreApplication::applicationDirPath().toStdString())};

@@ -24,11 +24,6 @@ class AtomicFile {
   // Without `replace`, a target that has come to exist meanwhile stays as it is, and all is well.
   Status Finish(bool replace = true);
 
-  // True for the name of a neighbour that a crash left behind.
-  static bool IsLeftover(std::string_view name);
-  // Deletes those neighbours in a folder of this machine whose writers no longer live. For a start, before anything is written.
-  static void SweepLeftovers(const std::string& folder);
-
  private:
   void Fail(int error);
 

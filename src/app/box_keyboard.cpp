@@ -22,6 +22,7 @@ BoxKeyboard::BoxKeyboard(QDialog& box, QLineEdit& line, Settings& settings)
   });
   connections_ += Keys().Command1.click.Connect([this] {
     card_->hide();
+    Keys().Form2.SetVisible(false);
     line_.setFocus();
     box_.adjustSize();
   });
@@ -46,10 +47,10 @@ void BoxKeyboard::Open() {
     FillKeyboard(ui_, *card_, Keys());
     card_->setMinimumSize(Keys().frame.Sizes().least.width, Keys().frame.Sizes().least.height);
     box_.layout()->addWidget(card_);
-    Keys().Form2.SetVisible(true);
     keys_.ReadCase();
-    card_->Refresh();
   }
+  Keys().Form2.SetVisible(true);
+  card_->Refresh();
   Keys().Text1.SetText(ToUtf8(line_.text()));
   Keys().Text1.CaretToEnd();
   card_->show();

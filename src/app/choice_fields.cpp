@@ -8,6 +8,8 @@
 #include <QPointer>
 #include <QStyleOption>
 #include <QStyledItemDelegate>
+#include <QToolButton>
+#include <tuple>
 #include <utility>
 
 #include "app/qt_text.h"
@@ -16,6 +18,21 @@ namespace karvel {
 namespace {
 
 constexpr int kSecondColumn = 120;  // pixels, of a list entry with a tab
+
+// The arrows of a calendar's months, in the theme's colours.
+QIcon MonthArrow(bool next) {
+  const int side = BoxPx(24);
+  const qreal middle = side / 2.0, back = side * 0.3, point = side * 0.7;
+  QPixmap picture(side, side);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(palette::kText);
+  painter.drawPolygon(
+      QPolygonF{QPointF(next ? back : point, side * 0.2), QPointF(next ? point : back, middle), QPointF(next ? back : point, side * 0.8)});
+  return picture;
+}
 
 class TabbedEntry : public QStyledItemDelegate {
  public:
@@ -95,6 +112,13 @@ DateField::DateField(const DeskUi& ui, Element& element, QWidget* parent) : QDat
   calendarWidget()->setGridVisible(false);
   calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
   calendarWidget()->setMinimumSize(BoxPx(380), BoxPx(340));
+  for (const auto& [name, next, says] :
+       {std::tuple("qt_calendar_prevmonth", false, "Önceki ay"), {"qt_calendar_nextmonth", true, "Sonraki ay"}}) {
+    auto* const arrow = calendarWidget()->findChild<QToolButton*>(name);
+    if (!arrow) continue;
+    arrow->setIcon(MonthArrow(next));
+    arrow->setAccessibleName(says);
+  }
   lineEdit()->installEventFilter(this);
   connect(this, &QDateEdit::dateChanged, this, [this](QDate date) {
     if (syncing_) return;
@@ -116,11 +140,22 @@ QPoint DateField::Arrow() const {
 
 bool DateField::eventFilter(QObject* object, QEvent* event) {
   if (object != lineEdit() || event->type() != QEvent::MouseButtonPress) return QDateEdit::eventFilter(object, event);
-  const auto& press = *static_cast<QMouseEvent*>(event);
-  const QPointF arrow = Arrow();
-  QMouseEvent onArrow(press.type(), arrow, mapToGlobal(arrow), press.button(), press.buttons(), press.modifiers());
-  mousePressEvent(&onArrow);
+  if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) OpenCalendar();
   return true;
+}
+
+void DateField::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Space) {
+    OpenCalendar();
+  } else {
+    QDateEdit::keyPressEvent(event);
+  }
+}
+
+void DateField::OpenCalendar() {
+  const QPointF arrow = Arrow();
+  QMouseEvent onArrow(QEvent::MouseButtonPress, arrow, mapToGlobal(arrow), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+  mousePressEvent(&onArrow);
 }
 
 void DateField::Sync() {

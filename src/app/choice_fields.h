@@ -36,8 +36,11 @@ class DateField : public QDateEdit {
  protected:
   // A finger opens the calendar wherever it comes down: nothing else on a date can be tapped.
   bool eventFilter(QObject* object, QEvent* event) override;
+  // Space opens it too; there the arrows walk, PageUp and PageDown leaf by months, and Enter takes the day.
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void OpenCalendar();
   [[nodiscard]] QPoint Arrow() const;
 
   const DeskUi& ui_;

@@ -18,6 +18,7 @@ constexpr int kMostHeld = 400;        // rows
 constexpr int kModest = 1000;         // rows that are counted in passing
 constexpr int kWideSpan = 1'000'000;  // the scroll bar of a source that is not counted
 constexpr int kMeasured = 40;         // rows looked at for the width of a column
+constexpr int kTouchMilliseconds = 1500;
 
 }  // namespace
 
@@ -109,8 +110,11 @@ void DeskGrid::FetchIfStale() {
     } else {
       const int top = std::clamp(scroll_ / RowHeight(), 0, rows_.Count() - 1);
       const int offset = scroll_ - top * RowHeight();
+      // A list at its top shows what comes in above; under a hand it stands still.
+      const bool staysAtTop = scroll_ == 0 && rows_.AtStart() && !TouchedLately();
       const GridRow anchor = rows_.Rows()[static_cast<std::size_t>(top)];
-      scroll_ = rows_.LoadAround(anchor, kMargin, count) * RowHeight() + offset;
+      const int index = rows_.LoadAround(anchor, kMargin, count);
+      scroll_ = staysAtTop && rows_.AtStart() ? 0 : index * RowHeight() + offset;
     }
     if (!placedWithRows_ && rows_.Count() > 0) placing_ = true;  // the widths of an empty list were its headings'
     if (current.key != 0 && current.key != followed_) BringIntoView(current);
@@ -126,7 +130,8 @@ void DeskGrid::FetchIfStale() {
 }
 
 void DeskGrid::FetchForPaint() {
-  kept_ = false;
+  if (IsPressed()) return;  // the row under the finger is the one that it takes
+  lack_ = Lack::None;
   if (!watched_) return FetchIfStale();
   const Glance glance(*watched_);
   // Looked at before anything that is held is let go.
@@ -135,11 +140,21 @@ void DeskGrid::FetchForPaint() {
     FetchIfStale();
     currentKey_ = watched_->CurrentKey();
   }
-  kept_ = !glance.Complete();
-  if (!kept_) return;
+  if (glance.NothingIsOpen()) lack_ = Lack::Shut;
+  if (!glance.Complete()) lack_ = glance.ServerIsAway() ? Lack::Unreachable : Lack::Kept;
+  if (glance.Complete()) return;
   if (watched_->SourceTable() != table_) rows_.Clear();  // they fit no column of the list that comes
   stale_ = true;
-  again_.start();
+  if (lack_ == Lack::Kept) again_.start();  // whoever finds the server again tells
+}
+
+// A finger lies on a row and hasn't been lifted yet.
+bool DeskGrid::IsPressed() const {
+  return hold_.isActive() && watched_ && watched_->SourceTable() == table_ && watched_->RecordSource() == source_;
+}
+
+bool DeskGrid::TouchedLately() const {
+  return touched_.isValid() && touched_.elapsed() < kTouchMilliseconds;
 }
 
 void DeskGrid::BringIntoView(const GridRow& row) {

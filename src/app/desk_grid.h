@@ -7,6 +7,7 @@
 #pragma once
 
 #include <QAbstractScrollArea>
+#include <QElapsedTimer>
 #include <QRect>
 #include <QStringList>
 #include <QTimer>
@@ -99,9 +100,14 @@ class DeskGrid : public QAbstractScrollArea {
   void MoveByRows(int rows);
   bool TapRow(RowKey key, int column, const MouseEvent& at);
   void TapRowInFront(bool twice);
+  // A visible column's, from 0.
+  void TapHead(int column);
   void Held();
+  [[nodiscard]] bool IsPressed() const;
+  [[nodiscard]] bool TouchedLately() const;
 
   // Paint.
+  [[nodiscard]] QString EmptyText() const;
   void PaintHead(QPainter& painter) const;
   // One letter size a column, small enough for the longest of the rows in sight.
   void FitColumns(const QPainter& painter);
@@ -124,8 +130,11 @@ class DeskGrid : public QAbstractScrollArea {
   std::optional<ValueScale> scale_;  // of a longer one
   int scaleField_ = -1;              // the position of its sorted field
   bool stale_ = true, placing_ = true, placedWithRows_ = false, showingBar_ = false;
-  bool kept_ = false;  // another program keeps the rows
+  // Why an empty list may have rows all the same.
+  enum class Lack { None, Kept, Unreachable, Shut };
+  Lack lack_ = Lack::None;
   QTimer measure_, hold_, again_;
+  QElapsedTimer touched_;  // since a finger or the wheel was last on it
 
   Drag drag_ = Drag::None;
   QPoint pressedAt_, movedTo_;

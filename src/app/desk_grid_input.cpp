@@ -44,6 +44,7 @@ void DeskGrid::mousePressEvent(QMouseEvent* event) {
   event->accept();
   if (!ui_.Reaches(element_)) return;
   FetchIfStale();
+  touched_.start();
   pressedAt_ = movedTo_ = event->position().toPoint();
   tapped_ = 0;
   doubled_ = held_ = false;
@@ -81,6 +82,8 @@ void DeskGrid::mouseMoveEvent(QMouseEvent* event) {
 void DeskGrid::mouseReleaseEvent(QMouseEvent* event) {
   event->accept();
   hold_.stop();
+  touched_.start();
+  if (stale_) viewport()->update();
   element_.released();
   if (drag_ == Drag::None) return;
   const Drag ended = drag_;
@@ -148,6 +151,7 @@ void DeskGrid::mouseDoubleClickEvent(QMouseEvent* event) {
 void DeskGrid::Held() {
   if (drag_ != Drag::Pressed || !ui_.Reaches(element_)) return;
   held_ = true;
+  viewport()->update();
   const QPointer<DeskGrid> self(this);
   if (const int row = RowAt(pressedAt_.y()); !IsCurrent(row)) MoveToRow(row);
   if (!self) return;
@@ -162,6 +166,7 @@ void DeskGrid::Held() {
 void DeskGrid::wheelEvent(QWheelEvent* event) {
   event->accept();
   FetchIfStale();
+  touched_.start();
   const int turned = event->pixelDelta().isNull() ? event->angleDelta().y() * 3 * RowHeight() / 120 : event->pixelDelta().y();
   ScrollBy(-turned);
 }
@@ -208,6 +213,10 @@ void DeskGrid::MoveByRows(int rows) {
 void DeskGrid::keyPressEvent(QKeyEvent* event) {
   event->accept();
   if (!watched_ || !watched_->HasRows() || !ui_.Reaches(element_)) return;
+  if (event->modifiers() == Qt::ControlModifier && event->key() >= Qt::Key_1 && event->key() <= Qt::Key_9) {
+    TapHead(event->key() - Qt::Key_1);
+    return;
+  }
   switch (event->key()) {
     case Qt::Key_Down:
       MoveByRows(1);
@@ -235,6 +244,11 @@ void DeskGrid::keyPressEvent(QKeyEvent* event) {
     default:
       break;
   }
+}
+
+void DeskGrid::TapHead(int column) {
+  FetchIfStale();
+  if (column < static_cast<int>(shown_.size())) element_.headClick(shown_[static_cast<std::size_t>(column)].number);
 }
 
 // What a finger does to the row in front, by its first column. A double tap begins with a tap.

@@ -48,8 +48,7 @@ void DeskGrid::paintEvent(QPaintEvent*) {
   if (rows_.Count() == 0) {
     painter.setFont(ui_.theme.Font(FontRole::Title));
     painter.setPen(palette::kFaint);
-    painter.drawText(whole.adjusted(0, HeadHeight(), 0, 0), Qt::AlignCenter,
-                     kept_ ? QStringLiteral("Bekleniyor…") : QStringLiteral("Kayıt yok"));
+    painter.drawText(whole.adjusted(0, HeadHeight(), 0, 0), Qt::AlignCenter | Qt::TextWordWrap, EmptyText());
   }
   painter.setClipping(false);
   if (hasFocus()) {
@@ -59,6 +58,20 @@ void DeskGrid::paintEvent(QPaintEvent*) {
     painter.setPen(QPen(palette::kLine, 1));
     painter.drawRoundedRect(QRectF(whole).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
   }
+}
+
+QString DeskGrid::EmptyText() const {
+  switch (lack_) {
+    case Lack::Kept:
+      return QStringLiteral("Bekleniyor…");
+    case Lack::Unreachable:
+      return QStringLiteral("Ana makineye ulaşılamıyor");
+    case Lack::Shut:
+      return QStringLiteral("Veri açılamadı");
+    case Lack::None:
+      break;
+  }
+  return QStringLiteral("Kayıt yok");
 }
 
 void DeskGrid::PaintHead(QPainter& painter) const {

@@ -10,8 +10,8 @@ namespace karvel {
 namespace {
 
 // Entries that do something, in contrast to the options with a check mark.
-constexpr std::array<std::string_view, 8> kCommands{"CarSil",    "Yuzde",     "Yedek",     "FontDialog",
-                                                    "MnPop(10)", "MnPop(11)", "MnPop(12)", "MnPop(13)"};
+constexpr std::array<std::string_view, 11> kCommands{"CarSil",    "Yuzde",     "Yedek",      "FontDialog", "MnPop(10)", "MnPop(11)",
+                                                     "MnPop(12)", "MnPop(13)", "MikMenu(0)", "MikMenu(1)", "MikMenu(2)"};
 
 bool IsCommand(const Element& element) {
   return std::ranges::find(kCommands, element.Name()) != kCommands.end();
@@ -20,14 +20,14 @@ bool IsCommand(const Element& element) {
 }  // namespace
 
 DeskMenus::DeskMenus(DeskUi& ui, QWidget* window) : QObject(window), ui_(ui), window_(window) {
-  for (Element* element : ui.screen.elements.All())
-    if (element->Kind() == ElementKind::Menu) AddEntry(*element);
+  for (const Elements* const all : {&ui.screen.elements, &ui.screen.Form3.elements})
+    for (Element* element : all->All())
+      if (element->Kind() == ElementKind::Menu) AddEntry(*element, *all);
   connections_ += ui.screen.popUp.Connect([this](Element& element) { PopUp(element, ui_.lastPress); });
 }
 
-void DeskMenus::AddEntry(Element& element) {
-  const auto& all = ui_.screen.elements.All();
-  const bool holdsOthers = std::ranges::any_of(all, [&](const Element* other) { return other->Panel() == &element; });
+void DeskMenus::AddEntry(Element& element, const Elements& all) {
+  const bool holdsOthers = std::ranges::any_of(all.All(), [&](const Element* other) { return other->Panel() == &element; });
   QMenu* const above = menus_.value(element.Panel());
   if (holdsOthers || !above) {
     QMenu* const menu = above ? above->addMenu(ToQt(element.Caption())) : new QMenu(window_);

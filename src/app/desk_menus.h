@@ -21,7 +21,7 @@ class DeskMenus : public QObject {
   void PopUp(const Element& element, const QPoint& at);
 
  private:
-  void AddEntry(Element& element);
+  void AddEntry(Element& element, const Elements& all);
   void Show(Element& element);
 
   DeskUi& ui_;

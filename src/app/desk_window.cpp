@@ -77,6 +77,9 @@ DeskWindow::DeskWindow(Screen& screen, DeskLife life) : ui_(screen), life_(std::
   FollowPanels();
   FollowFocus();
   FollowPointer();
+  connections_ += screen.Form1.altered.Connect([this] {
+    if (activationAsked_ && focusWidget() == this) SpareNobody();
+  });
   ui_.spareKey = [this](int code) { return SpareKey(code); };
   connections_ += ui_.theme.changed.Connect([this] { ApplyTheme(); });
   ui_.theme.FitTo(width(), height());
@@ -241,11 +244,16 @@ void DeskWindow::closeEvent(QCloseEvent* event) {
   Q_EMIT closed();
 }
 
-// The element that had the keyboard was switched off or went with its panel: the list in front gets it, or no key would be heard.
+// The element that had the keyboard was switched off or went with its panel.
 void DeskWindow::focusInEvent(QFocusEvent* event) {
   QMainWindow::focusInEvent(event);
+  SpareNobody();
+}
+
+void DeskWindow::SpareNobody() {
   QTimer::singleShot(0, this, [this] {
-    if (!activationAsked_ || focusWidget() != this) return;
+    // Who was switched off while the form is closed gets the keyboard back when it opens.
+    if (!activationAsked_ || focusWidget() != this || !ui_.screen.Form1.Enabled()) return;
     for (Element* const list : {static_cast<Element*>(&ui_.screen.CariGrid), static_cast<Element*>(&ui_.screen.StokGrid),
                                 static_cast<Element*>(&ui_.screen.HareketGrid)}) {
       QWidget* const widget = WidgetOf(*list);

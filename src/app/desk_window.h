@@ -1,7 +1,7 @@
 // The desk's window: a widget for every element of the screen, bound both ways, and the window's own life.
 //
 // What stays true:
-// - All of the desk is inside the window, whatever its size; below 1000×720 it is drawn smaller.
+// - All of the desk is inside the window, whatever its size; below 960×640 it is drawn smaller.
 // - The first activation runs once the window stands on the screen, from the event loop.
 // - A close request asks the desk first; while it is being answered, further requests are ignored.
 // - While the desk takes no input (busy pointer, form off), keys and taps on the window end here.
@@ -71,6 +71,8 @@ class DeskWindow : public QMainWindow {
   void FollowPanels();
   void FollowFocus();
   void FollowPointer();
+  // The list in front gets the keyboard where nobody has it once what runs now is done: else no key would be heard.
+  void SpareNobody();
   void ApplyTheme();
   void LayCards();
   bool SpareKey(int code);

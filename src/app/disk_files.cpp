@@ -19,6 +19,7 @@
 #include "app/qt_text.h"
 #include "platform/folders.h"
 #include "platform/system_error.h"
+#include "platform/unfinished_files.h"
 #include "text/turkish.h"
 
 namespace karvel {
@@ -262,7 +263,7 @@ std::vector<std::string> DiskFiles::List(const std::string& folder) const {
   std::error_code error;
   for (fs::directory_iterator entry(real, error), end; !error && entry != end; entry.increment(error)) {
     std::string name = entry->path().filename().string();
-    if (!AtomicFile::IsLeftover(name)) names.push_back(std::move(name));
+    if (!IsUnfinished(name)) names.push_back(std::move(name));
   }
   std::sort(names.begin(), names.end());
   return names;

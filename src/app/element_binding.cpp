@@ -151,6 +151,9 @@ bool ElementBinding::OnKeyPress(const QKeyEvent& event) {
   if (event.key() == Qt::Key_Menu) {
     MouseEvent right;
     right.button = 2;
+    right.shift = down.shift;
+    right.ctrl = down.ctrl;
+    right.alt = down.alt;
     right.x = widget_.width() / 2;
     right.y = widget_.height() / 2;
     ui_.lastPress = widget_.mapToGlobal(QPoint(right.x, right.y));

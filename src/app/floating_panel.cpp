@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/element_binding.h"
+#include "app/panel_card.h"
 #include "app/qt_text.h"
 
 namespace karvel {
@@ -67,8 +68,24 @@ void FloatingPanel::Lay() {
   around.room = {window->width(), window->height()};
   if (frame_.Served()) around.field = PlaceOf(*frame_.Served());
   around.button = Joined(PlaceOf(ui_.screen.Command2), PlaceOf(ui_.screen.Command3));
+  // A keyboard is too wide to stand beside a panel, and would only cover the next field instead.
+  if (const Element* const card = frame_.Sizes().widens ? nullptr : CardInFront()) {
+    around.card = PlaceOf(*card);
+    for (const Element* element : ui_.screen.elements.All())
+      if (element->Panel() == card && element->Kind() == ElementKind::Button) around.keys = Joined(around.keys, PlaceOf(*element));
+  }
   around.scale = ui_.theme.Scale();
   frame_.LayAmong(around);
+}
+
+const Element* FloatingPanel::CardInFront() const {
+  const Element* front = nullptr;
+  for (const Element* button : ui_.screen.elements.All()) {
+    const Element* const panel = button->Panel();
+    if (button->Kind() != ElementKind::Button || !button->IsShown() || panel->Kind() != ElementKind::Panel) continue;
+    if (qobject_cast<const PanelCard*>(ui_.widgets.value(panel)) && (!front || panel->Depth() > front->Depth())) front = panel;
+  }
+  return front;
 }
 
 WindowBox FloatingPanel::PlaceOf(const Element& element) const {

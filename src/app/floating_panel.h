@@ -29,6 +29,8 @@ class FloatingPanel : public KeyCard {
   void GiveBackKeyboard();
   void TakeHold(const MouseEvent& event);
   void Drag(const MouseEvent& event);
+  // The panel in front that has keys of its own; null when none is open.
+  [[nodiscard]] const Element* CardInFront() const;
   [[nodiscard]] WindowBox PlaceOf(const Element& element) const;
 
   Element& form_;

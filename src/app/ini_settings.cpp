@@ -198,13 +198,12 @@ std::expected<std::string, Status> IniSettings::Change(const std::string& applic
   return value;
 }
 
-std::string IniSettings::TextWithout(const std::vector<std::string>& keys) const {
+std::string IniSettings::Text(const Shown& shown) const {
   ReadIfChanged().Ignore();
-  IniValues shown = values_;
-  std::erase_if(shown, [&](const auto& entry) {
-    return std::ranges::any_of(keys, [&](const std::string& key) { return entry.first.ends_with("/" + key); });
-  });
-  return WriteIni(shown);
+  IniValues values;
+  for (const auto& [address, value] : values_)
+    if (auto given = shown(address.substr(address.rfind('/') + 1), value)) values.emplace(address, std::move(*given));
+  return WriteIni(values);
 }
 
 }  // namespace karvel

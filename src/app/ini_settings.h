@@ -28,7 +28,7 @@ class IniSettings : public SettingsStore {
   std::expected<std::string, Status> Change(const std::string& application, const std::string& section, const std::string& key,
                                             const std::string& preset,
                                             const std::function<std::string(const std::string&)>& change) override;
-  [[nodiscard]] std::string TextWithout(const std::vector<std::string>& keys) const override;
+  [[nodiscard]] std::string Text(const Shown& shown) const override;
 
  private:
   // Runs the work while no other terminal writes; calls may nest.

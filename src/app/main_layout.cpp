@@ -160,8 +160,10 @@ void MainLayout::BuildMoney() {
   const auto noteDebt = [balance, &name = screen.Label1(7)] { balance->SetRedNote(Trim(name.Caption()) == "Bakiye" ? "Alacak" : ""); };
   noteDebt();
   connections_ += screen.Label1(7).altered.Connect(noteDebt);
-  money_->addWidget(balanceName);
-  money_->addWidget(balance);
+  balance_ = new QBoxLayout(QBoxLayout::TopToBottom);
+  money_->addLayout(balance_);
+  balance_->addWidget(balanceName);
+  balance_->addWidget(balance, 1);
 
   fields_ = new QGridLayout;
   money_->addLayout(fields_);
@@ -226,21 +228,24 @@ QRect MainLayout::BodyArea() const {
 
 void MainLayout::ApplyTheme(int width) {
   const Theme& theme = ui_.theme;
-  const int gap = theme.Px(8);
-  root_->setContentsMargins(theme.Px(10), theme.Px(8), theme.Px(10), theme.Px(10));
+  const int gap = theme.Tall(8, 4), side = theme.Tall(10, 6);
+  root_->setContentsMargins(theme.Px(10), theme.Tall(8, 4), theme.Px(10), theme.Tall(10, 4));
   root_->setSpacing(gap);
-  for (QBoxLayout* box : std::initializer_list<QBoxLayout*>{top_, body_, filter_, product_, lists_, money_, commands_, mainCommands_})
+  for (QBoxLayout* box :
+       std::initializer_list<QBoxLayout*>{top_, body_, filter_, product_, lists_, money_, balance_, commands_, mainCommands_})
     box->setSpacing(gap);
   body_->setSpacing(theme.Px(10));
   fields_->setSpacing(gap);
-  money_->setContentsMargins(theme.Px(10), theme.Px(10), theme.Px(10), theme.Px(10));
+  money_->setContentsMargins(side, side, side, side);
+  // In a low window the figure stands beside its name.
+  balance_->setDirection(theme.IsLow() ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
   fields_->setColumnMinimumWidth(0, theme.Px(112));
-  moneyColumn_->setFixedWidth(std::clamp(static_cast<int>(width * 0.29), theme.Px(318), theme.Px(430)));
+  moneyColumn_->setFixedWidth(std::clamp(static_cast<int>(width * 0.29), theme.Wide(318, 300), theme.Px(430)));
   menuButton_->setFixedSize(theme.Px(56), theme.Px(52));
   QFont sign = theme.Font(FontRole::Title);
   sign.setPixelSize(theme.Px(24));
   menuButton_->setFont(sign);
-  Of(ui_.screen.Text5)->setMinimumWidth(theme.Px(130));
+  Of(ui_.screen.Text5)->setMinimumWidth(theme.Wide(130, 96));
   Of(ui_.screen.Label1(0))->setFixedWidth(theme.Px(132));
   Of(ui_.screen.Label1(1))->setFixedWidth(theme.Px(112));
   Of(ui_.screen.Label4)->setFixedWidth(theme.Px(104));

@@ -44,6 +44,7 @@ class MainLayout : public QWidget {
   QVBoxLayout* root_;
   QHBoxLayout *top_, *body_, *filter_, *product_;
   QVBoxLayout *lists_, *money_;
+  QBoxLayout* balance_;  // the name of the figure and the figure
   QGridLayout* fields_;
   QHBoxLayout *commands_, *mainCommands_;
   QFrame* moneyColumn_;

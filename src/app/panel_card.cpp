@@ -71,7 +71,7 @@ void PanelCard::Sync() {
 
 void PanelCard::Lay(const QRect& list, const QRect& desk) {
   if (frame_) {
-    frame_->LayAmong({{parentWidget()->width(), parentWidget()->height()}, {}, {}, ui_.theme.Scale()});
+    frame_->LayAmong({.room = {parentWidget()->width(), parentWidget()->height()}, .scale = ui_.theme.Scale()});
     const WindowBox& box = frame_->Box();
     setGeometry(box.left, box.top, box.width, box.height);
     return;

@@ -35,8 +35,9 @@ void ServerProbe::Found(bool reached) {
   socket_.abort();
 }
 
-void SystemConnection::WatchServer(const std::string& host, int port) {
-  server_ = host.empty() ? nullptr : std::make_unique<ServerProbe>(host, port);
+void SystemConnection::WatchServers(const std::vector<ServerPlace>& servers) {
+  servers_.clear();
+  for (const ServerPlace& server : servers) servers_.push_back(std::make_unique<ServerProbe>(server.host, server.port));
 }
 
 bool SystemConnection::Up() const {
@@ -45,7 +46,12 @@ bool SystemConnection::Up() const {
     for (const QNetworkAddressEntry& entry : card.addressEntries()) addresses.push_back(entry.ip());
     return LeadsOut(card.flags(), addresses);
   });
-  return byCard || (server_ && server_->Reached());
+  return byCard || ServerAnswers();
+}
+
+bool SystemConnection::ServerAnswers() const {
+  // Each of them is asked: one that was down may be back by the next look.
+  return std::ranges::count_if(servers_, [](const auto& server) { return server->Reached(); }) > 0;
 }
 
 bool SystemConnection::LeadsOut(QNetworkInterface::InterfaceFlags flags, const QList<QHostAddress>& addresses) {

@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/connection.h"
 
@@ -30,18 +31,19 @@ class ServerProbe {
   QTimer patience_;
 };
 
-// Up while any network card leads out of the machine, looked up anew each time, in less than a millisecond; or while the watched server
+// Up while any network card leads out of the machine, looked up anew each time, in less than a millisecond; or while a watched server
 // answers.
 class SystemConnection : public Connection {
  public:
-  void WatchServer(const std::string& host, int port) override;
+  void WatchServers(const std::vector<ServerPlace>& servers) override;
   [[nodiscard]] bool Up() const override;
+  [[nodiscard]] bool ServerAnswers() const override;
 
   // Whether a card leads out: it is up and running, is not the machine's own loop, and has an address other than the loop's.
   [[nodiscard]] static bool LeadsOut(QNetworkInterface::InterfaceFlags flags, const QList<QHostAddress>& addresses);
 
  private:
-  std::unique_ptr<ServerProbe> server_;  // null: none is watched
+  std::vector<std::unique_ptr<ServerProbe>> servers_;
 };
 
 }  // namespace karvel

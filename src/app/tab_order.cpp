@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "app/touch_label.h"
 #include "desk/booking_panels.h"
 
 namespace karvel {
@@ -20,6 +21,7 @@ std::string ArrayOf(const Element& element) {
 
 std::vector<Element*> InOrder(const std::vector<Element*>& declared) {
   std::vector<Element*> order = declared;
+  std::ranges::stable_partition(order, [](const Element* element) { return element->Kind() == ElementKind::Label; });
   for (std::size_t i = 0; i + 1 < order.size(); ++i) {
     if (!IsWayOut(*order[i])) continue;
     std::size_t last = i;
@@ -36,6 +38,7 @@ bool KeepsTab(Screen& screen, const Element* panel) {
 }
 
 bool TakesTab(const QWidget* widget) {
+  if (const auto* const label = qobject_cast<const TouchLabel*>(widget); label && !label->AnswersTaps()) return false;
   return widget && widget->isVisible() && widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus);
 }
 

@@ -20,7 +20,9 @@ constexpr double kDeskPoints = 11;
 constexpr double kDayBookSmaller = 4;  // points
 constexpr double kSteps[] = {1.0, 1.06, 1.12, 1.2, 1.3};
 // The smallest window in which everything has its own size.
-constexpr double kLeastWidth = 1000, kLeastHeight = 720;
+constexpr double kLeastWidth = 960, kLeastHeight = 640;
+// And in which nothing has to give way.
+constexpr double kRoomyWidth = 1024, kRoomyHeight = 720;
 constexpr double kSmallerStep = 0.02, kSmallest = 0.4;
 constexpr int kLeastFont = 9;  // pixels, at its own size
 
@@ -158,8 +160,11 @@ void Theme::FitTo(int width, int height) {
   double scale = Shrink(width, height);
   for (const double step : kSteps)
     if (room >= step) scale = step;
-  if (scale == scale_) return;
+  const bool low = height < kRoomyHeight * scale, narrow = width < kRoomyWidth * scale;
+  if (scale == scale_ && low == low_ && narrow == narrow_) return;
   scale_ = scale;
+  low_ = low;
+  narrow_ = narrow;
   changed();
 }
 

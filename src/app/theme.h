@@ -43,8 +43,13 @@ class Theme {
   // Pixels of a 1024×768 window in the window at hand.
   [[nodiscard]] int Px(int base) const { return static_cast<int>(base * scale_ + 0.5); }
   [[nodiscard]] double Scale() const { return scale_; }
+  // The same of a height, or of a width, which gives way where there is little room: targets to 48 pixels, the main ones to 64, gaps to
+  // half.
+  [[nodiscard]] int Tall(int base, int least) const { return Px(low_ ? least : base); }
+  [[nodiscard]] int Wide(int base, int least) const { return Px(narrow_ ? least : base); }
+  [[nodiscard]] bool IsLow() const { return low_; }
   // Follows the window's size, in pixels, in a few steps, so that dragging its border does not lay it out anew at every pixel. A window
-  // smaller than 1000×720 shows all of the desk, drawn smaller.
+  // smaller than 960×640 shows all of the desk, drawn smaller; from there to 1024×720 its rows stand closer.
   void FitTo(int width, int height);
 
   // The desk's fonts as the clerk chose them. Empty or unknown name: the theme's own family. Size in points, 0: the theme's own.
@@ -65,6 +70,7 @@ class Theme {
     bool bold = false;
   };
   double scale_ = 1;
+  bool low_ = false, narrow_ = false;
   Choice desk_, grid_;
 };
 

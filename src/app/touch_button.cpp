@@ -48,7 +48,7 @@ QFont TouchButton::TextFont() const {
 
 QSize TouchButton::sizeHint() const {
   const int wide = QFontMetrics(TextFont()).horizontalAdvance(text()) + ui_.theme.Px(32);
-  return {std::max(wide, ui_.theme.Px(96)), ui_.theme.Px(look_ == ButtonLook::Main ? 76 : 52)};
+  return {std::max(wide, ui_.theme.Px(96)), look_ == ButtonLook::Main ? ui_.theme.Tall(76, 64) : ui_.theme.Tall(52, 48)};
 }
 
 QSize TouchButton::minimumSizeHint() const {

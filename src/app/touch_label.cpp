@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QFontMetrics>
 #include <QPainter>
+#include <QPointer>
 #include <algorithm>
 
 #include "app/qt_text.h"
@@ -31,7 +32,8 @@ FontRole RoleOf(LabelLook look) {
 
 }  // namespace
 
-TouchLabel::TouchLabel(const DeskUi& ui, const Element& element, QWidget* parent) : QWidget(parent), ui_(ui), element_(element) {
+TouchLabel::TouchLabel(const DeskUi& ui, Element& element, QWidget* parent) : QWidget(parent), ui_(ui), element_(element) {
+  setFocusPolicy(Qt::TabFocus);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   setAttribute(Qt::WA_OpaquePaintEvent, false);
 }
@@ -45,6 +47,17 @@ void TouchLabel::SetLook(LabelLook look) {
 void TouchLabel::SetRedNote(const QString& note) {
   redNote_ = note;
   update();
+}
+
+bool TouchLabel::AnswersTaps() const {
+  return element_.click.IsHeard() || element_.dblClick.IsHeard() || element_.mouseDown.IsHeard();
+}
+
+void TouchLabel::Type(char32_t letter) {
+  if ((letter != key::kEnter && letter != ' ') || !ui_.Reaches(element_)) return;
+  const QPointer<TouchLabel> self(this);
+  element_.click();
+  if (letter == key::kEnter && self && ui_.Reaches(element_)) element_.dblClick();
 }
 
 void TouchLabel::Sync() {
@@ -73,13 +86,13 @@ QSize TouchLabel::sizeHint() const {
   const int wide = QFontMetrics(TextFont()).horizontalAdvance(text_) + theme.Px(look_ == LabelLook::Plain ? 4 : 32);
   switch (look_) {
     case LabelLook::BigAmount:
-      return {std::max(wide, theme.Px(120)), theme.Px(84)};
+      return {std::max(wide, theme.Px(120)), theme.Tall(84, 56)};
     case LabelLook::Amount:
-      return {std::max(wide, theme.Px(96)), theme.Px(52)};
+      return {std::max(wide, theme.Px(96)), theme.Tall(52, 48)};
     case LabelLook::Plain:
       return {wide, theme.Px(26)};
     default:
-      return {std::max(wide, theme.Px(96)), theme.Px(52)};
+      return {std::max(wide, theme.Px(96)), theme.Tall(52, 48)};
   }
 }
 
@@ -128,6 +141,7 @@ void TouchLabel::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const QRectF box(rect());
   PaintGround(painter, box);
+  if (hasFocus()) DrawFocusRing(painter, box, kRadius);
   const bool named = look_ == LabelLook::FieldName;
   QColor ink = StateInk(state_);
   if (!isEnabled()) ink = palette::kFaint;

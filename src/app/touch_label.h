@@ -1,5 +1,6 @@
 // A label as a touch target: field names that answer a double tap, mode tiles, amounts. Painted here, so that a change of state
-// (all field names yellow, one green, at every move of the focus) costs a repaint and nothing else.
+// (all field names yellow, one green, at every move of the focus) costs a repaint and nothing else. One that answers taps can also have the
+// keyboard: Tab leads to it, a tap leaves the focus where it is.
 #pragma once
 
 #include <QWidget>
@@ -22,12 +23,16 @@ class TouchLabel : public QWidget {
   Q_OBJECT
 
  public:
-  TouchLabel(const DeskUi& ui, const Element& element, QWidget* parent);
+  TouchLabel(const DeskUi& ui, Element& element, QWidget* parent);
 
   void SetLook(LabelLook look);
   [[nodiscard]] LabelLook Look() const { return look_; }
   // A word that stands beside the amount while it is red.
   void SetRedNote(const QString& note);
+  // Whether a finger, and so a key, does anything here.
+  [[nodiscard]] bool AnswersTaps() const;
+  // The default action of a key: Space is a tap, Enter a double tap, which begins with a tap.
+  void Type(char32_t letter);
   // Shows the element's caption and state as they are now.
   void Sync();
   [[nodiscard]] QFont TextFont() const;
@@ -45,7 +50,7 @@ class TouchLabel : public QWidget {
   [[nodiscard]] bool IsAmount() const { return look_ == LabelLook::Amount || look_ == LabelLook::Figure || look_ == LabelLook::BigAmount; }
 
   const DeskUi& ui_;
-  const Element& element_;
+  Element& element_;
   LabelLook look_ = LabelLook::Plain;
   QString text_;
   QString redNote_;

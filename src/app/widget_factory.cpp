@@ -16,7 +16,7 @@ namespace {
 
 QWidget* MakeLabel(DeskUi& ui, Element& element, QWidget* parent) {
   auto* const label = new TouchLabel(ui, element, parent);
-  new ElementBinding(ui, element, *label, {.sync = [label] { label->Sync(); }});
+  new ElementBinding(ui, element, *label, {.sync = [label] { label->Sync(); }, .type = [label](char32_t letter) { label->Type(letter); }});
   return label;
 }
 

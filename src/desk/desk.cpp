@@ -14,6 +14,7 @@
 #include "desk/long_press.h"
 #include "desk/loyalty_card.h"
 #include "desk/main_button.h"
+#include "desk/main_machine.h"
 #include "desk/on_screen_keyboard.h"
 #include "desk/options.h"
 #include "desk/overdue_notice.h"
@@ -85,6 +86,7 @@ struct Desk::Features {
   LongPress longPress{parts};
   DeskFont font{parts};
   StartUp startUp{parts, {customer, balance, button, groups, prices, options, window, font, stockFrame}};
+  MainMachine mainMachine{parts, startUp};
   ShutDown shutDown{parts, longPress};
   Connections connections;
 };

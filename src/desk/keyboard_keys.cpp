@@ -1,5 +1,7 @@
 #include "desk/keyboard_keys.h"
 
+#include <utility>
+
 #include "text/turkish.h"
 #include "touch/key_case.h"
 
@@ -24,6 +26,9 @@ KeyboardKeys::KeyboardKeys(KeyboardScreen& keyboard, Settings& settings) : keybo
     connections_ += keyboard.Label1(i).click.Connect([this, i] { Press(i); });
   }
   highlights(keyboard.Command1);
+  connections_ += keyboard.Form2.altered.Connect([this] {
+    if (!keyboard_.Form2.Visible() && seçiliTuş_) std::exchange(seçiliTuş_, nullptr)->SetColor(color::kCyan);
+  });
   ShowCase();
 }
 

@@ -3,6 +3,7 @@
 #include "desk/screen_pad.h"
 #include "text/format.h"
 #include "text/turkish.h"
+#include "touch/typed_number.h"
 
 namespace karvel {
 namespace {
@@ -23,7 +24,7 @@ PadAnswer::PadAnswer(const DeskParts& parts, MainButton& button) : screen_(parts
 void PadAnswer::Confirm() {
   if (!form_.PadOpen) return;
   Element& field = *form_.PadField;
-  const std::string number = pad_.Text1.Text();
+  const std::string number = FinishedNumber(pad_.Text1.Text());
   if (!pad_.Label2.Caption().empty() && IsNumeric(number)) Give(number);
   ClosePad(form_, screen_);
   field.SetFocus();

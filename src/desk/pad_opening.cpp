@@ -23,6 +23,9 @@ PadOpening::PadOpening(const DeskParts& parts, PadNumber& number)
   Screen& screen = screen_;
   for (Element* const field : screen.elements.All())
     if (HoldsFigures(screen, *field)) connections_ += field->click.Connect([this, field] { Tap(*field); });
+  // A tap among letters ends the number, also where no keyboard comes.
+  for (Element* const field : screen.elements.All())
+    if (HoldsLetters(screen, *field)) connections_ += field->click.Connect([this] { ClosePad(form_, screen_); });
   connections_ += screen.StokGrid.character.Connect([this](CharacterEvent& event) { TypeQuantity(event); });
   connections_ += screen.Form1.keyDown.Connect([this](KeyEvent& event) { Key(event); });
   for (int i = 0; i < screen.Text1.Count(); ++i) {
@@ -35,12 +38,12 @@ PadOpening::PadOpening(const DeskParts& parts, PadNumber& number)
   for (Element* const key : pad.elements.All()) {
     if (key->Kind() != ElementKind::Button) continue;
     connections_ += key->mouseDown.Connect([this](const MouseEvent& event) {
-      if (event.button == 2) screen_.popUp(screen_.PopMik);
+      if (event.button == 2) screen_.popUp(screen_.Form3.PopMik);
     });
   }
-  connections_ += screen.MikMenu(0).click.Connect([this] { number_.TakeBack(); });
-  connections_ += screen.MikMenu(1).click.Connect([this] { SwitchField(); });
-  connections_ += screen.MikMenu(2).click.Connect([&pad] { pad.Command1.Press(); });
+  connections_ += pad.MikMenu(0).click.Connect([this] { number_.TakeBack(); });
+  connections_ += pad.MikMenu(1).click.Connect([this] { SwitchField(); });
+  connections_ += pad.MikMenu(2).click.Connect([&pad] { pad.Command1.Press(); });
 }
 
 // A panel that goes takes the pad of its field along, and so does the keyboard that opens.
@@ -106,9 +109,11 @@ bool PadOpening::SomethingToSell() const {
 
 void PadOpening::TypeQuantity(CharacterEvent& event) {
   const bool digit = event.character >= '0' && event.character <= '9';
-  if (!screen_.Frame2.Visible() || (!digit && event.character != ',' && event.character != '.')) return;
   Element& quantity = screen_.Text2(kQuantity);
-  if (!form_.PadOpen || form_.PadField != &quantity) Open(quantity);
+  const bool goesOn = form_.PadOpen && form_.PadField == &quantity;
+  const bool comma = event.character == ',' || (goesOn && event.character == '.');
+  if (!screen_.Frame2.Visible() || (!digit && !comma)) return;
+  if (!goesOn) Open(quantity);
   if (digit) {
     number_.Digit(LetterToUtf8(event.character));
   } else {

@@ -19,6 +19,8 @@ class PadScreen : public ElementTable {
   Element& Cmdc = One("Cmdc", Kind::Button, "C", &Form3);
   Element& Tamam = One("Tamam", Kind::Button, "Tamam", &Form3);
   Element& Command1 = One("Command1", Kind::Button, "Kapat", &Form3);
+  Element& PopMik = One("PopMik", Kind::Menu, "", &Form3);
+  ElementArray MikMenu = Many("MikMenu", Kind::Menu, {"Geri Al", "Miktar / Fiyat", "Kapat"}, &PopMik);
   // Where it stands inside Form1.
   FloatingFrame frame{kPadSizes};
 };

@@ -181,6 +181,7 @@ bool SaleFields::TakeLetter(int index, CharacterEvent& event) {
 void SaleFields::LeaveField(int index) {
   Element& box = screen_.Text2(index);
   if (box.Text().empty()) box.SetText("0");
+  if (IsNumeric(box.Text())) box.SetText(FinishedNumber(box.Text()));
   if (ModeOnScreen(screen_) == LineMode::Purchase && form_.SerialEntryOn && NumberOrZero(screen_.Text2(kQuantity).Text()) > 0) {
     // There are more serials than pieces now, and only the goods can tell which to leave out.
     if (static_cast<double>(screen_.List1.Items().size()) > NumberOrZero(screen_.Text2(kQuantity).Text())) screen_.List1.ClearItems();

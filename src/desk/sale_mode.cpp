@@ -36,7 +36,7 @@ SaleMode::SaleMode(const DeskParts& parts, PriceSelection& prices, MainButton& b
       dayTotal_(dayTotal),
       groups_(groups) {
   Screen& screen = screen_;
-  for (int i = 0; i < screen.Label1.Count(); ++i) connections_ += screen.Label1(i).dblClick.Connect([this, i] { DoubleTap(i); });
+  for (const int i : {0, 1, 2, 3, 5, 6}) connections_ += screen.Label1(i).dblClick.Connect([this, i] { DoubleTap(i); });
   connections_ += screen.Label4.dblClick.Connect([this] { NextMode(); });
   connections_ += screen.StokGrid.click.Connect([this] { TapStock(); });
 }

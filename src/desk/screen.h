@@ -166,8 +166,6 @@ class Screen : public ElementTable {
   Element& EkranKlv = One("EkranKlv", Kind::Menu, "Ekran Klavyesi", &PopBrk);  // when the on-screen keyboard opens
   ElementArray Klv = Many("Klv", Kind::Menu, {"Otomatik", "Her zaman", "Hiç"}, &EkranKlv);
   Element& PencereSabit = One("PencereSabit", Kind::Menu, "Pencere Sabit", &PopBrk);
-  Element& PopMik = One("PopMik", Kind::Menu, "", &Form1);  // of the number pad
-  ElementArray MikMenu = Many("MikMenu", Kind::Menu, {"Geri Al", "Miktar / Fiyat", "Kapat"}, &PopMik);
   Element& PopSip = One("PopSip", Kind::Menu, "", &Form1);
   ElementArray CiroYaz = Many("CiroYaz", Kind::Menu, {"Ciro Yazdır", "Sipariş Yazdır"}, &PopSip);
 

@@ -10,6 +10,7 @@
 #include "books/walk_in_customer.h"
 #include "desk/captions.h"
 #include "desk/list_columns.h"
+#include "desk/quiet_line.h"
 #include "desk/template_copying.h"
 #include "platform/clerk_message.h"
 #include "platform/clock.h"
@@ -17,6 +18,7 @@
 #include "platform/event_loop.h"
 #include "platform/files.h"
 #include "platform/messages.h"
+#include "platform/share.h"
 #include "platform/shell.h"
 #include "platform/window.h"
 #include "settings/company_file.h"
@@ -56,8 +58,8 @@ bool StartUp::Load() {
 
 bool StartUp::OpenData() {
   FixDataFolder();
-  if (const Status made = world_.files.MakeFolder(form_.DataDir); !made.Ok()) return Refuse("Veri klasörü açılamadı. ", made);
-  if (!CopyTemplates() || !OpenStores()) return false;
+  placeChosen();
+  if (!LayFiles() || !OpenStores()) return false;
   step("terminal group", KeepTerminalGroup(shop_));
   FillStockGroups();
   form_.CustomerGroup = KeptGroup(Setting::CustomerGroup, "Cari.Mdb");
@@ -122,10 +124,15 @@ void StartUp::FixDataFolder() {
   screen_.FtpVar.SetChecked(byFtp);
   screen_.OnLine.SetChecked(!byFtp && !online.empty());
   form_.DataDir = "C:\\KarvelData\\";
-  if (screen_.OnLine.Checked()) {
-    // With a share the terminal works directly on the main machine's files.
-    form_.DataDir = "\\\\" + online + "\\MuhasebeData\\" + settings_.Get(Setting::Company);
-  }
+  // With a share the terminal works directly on the main machine's stores.
+  if (screen_.OnLine.Checked()) form_.DataDir = ShareFolder(online, settings_.Get(Setting::Company));
+  if (!byFtp) world_.connection.WatchServers(MainMachines(online));
+}
+
+// The stores of a share are the server's, which makes what is missing. Its layouts lie here.
+bool StartUp::LayFiles() {
+  if (const Status made = world_.files.MakeFolder(form_.DataDir); !made.Ok()) return Refuse("Veri klasörü açılamadı. ", made);
+  return IsShare(form_.DataDir) || CopyTemplates();
 }
 
 // Nothing of it comes back by itself, so only a plain Yes goes on.
@@ -147,13 +154,25 @@ bool StartUp::CopyTemplates() {
 }
 
 bool StartUp::OpenStores() {
-  const Status opened = world_.stores.Open(world_.files.RealPath(form_.DataDir));
+  const bool onShare = IsShare(form_.DataDir);
+  const Status opened = world_.stores.Open(onShare ? form_.DataDir : world_.files.RealPath(form_.DataDir));
+  if (!opened.Ok() && onShare) {
+    TellShut(opened);
+    return true;
+  }
   if (!opened.Ok()) return Refuse("Veri dosyası açılamadı. ", opened);
   const Status ahead = KeepCounterAhead(shop_);
   if (ahead.Ok()) return true;
   step("line numbers", ahead);
-  // A folder that can't be written gives no numbers either.
-  return ahead.Kind() == ErrorKind::NoRights || Refuse("Satır numaraları denetlenemedi. ", ahead);
+  // A folder that can't be written gives no numbers either. A server that went meanwhile is looked for.
+  return onShare || ahead.Kind() == ErrorKind::NoRights || Refuse("Satır numaraları denetlenemedi. ", ahead);
+}
+
+void StartUp::TellShut(const Status& opened) {
+  step("open", opened);
+  Tell(screen_, OpeningMessage(opened));
+  world_.messages.MessageBox(WithPlace(OpeningMessage(opened), opened.At(form_.DataDir)), "Ana Makine", MessageIcon::Exclamation,
+                             MessageButtons::Ok);
 }
 
 bool StartUp::Refuse(const std::string& what, const Status& status) {

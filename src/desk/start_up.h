@@ -37,8 +37,11 @@ class StartUp {
   bool Load();
   void Activate();
   // Opens the stores anew, where the settings now say that they lie, and fills the lists from them. False where that can't be done: the
-  // clerk was told, and no store is open.
+  // clerk was told, and no store is open. A main machine whose stores can't be opened is told too, but the desk stands without them, for
+  // the machine may come, or the clerk switch network work off.
   bool OpenAnew();
+  // Raised when it is settled where the stores lie, before they are opened.
+  Signal<> placeChosen;
   // Raised once, during the first activation, when the options are read and the lists are not shown yet: the time to clear away what is
   // old.
   Signal<> upkeep;
@@ -53,6 +56,8 @@ class StartUp {
   void ReadCompanyFiles();
   bool OpenData();
   void FixDataFolder();
+  bool LayFiles();
+  void TellShut(const Status& opened);
   bool MayBeginEmpty(const std::string& missing);
   bool CopyTemplates();
   bool OpenStores();

@@ -100,7 +100,7 @@ void TappedSearch::TapProduct() {
   } else if (ChosenKeyboard(screen_) == KeyboardChoice::Never) {
     screen_.Text1(1).SelectAll();
   } else if (!SearchesByBarcode(screen_)) {
-    itemBefore_ = Before{cursors_.StokData.RecordSource(), cursors_.StokData.CurrentKey()};
+    itemBefore_ = Before{cursors_.StokData.RecordSource(), cursors_.StokData.CurrentKey(), screen_.Text2(1).Text()};
     ShowAllStock();
     OpenKeyboard(form_, screen_, screen_.Text1(1));
     screen_.Text1(1).SetText("");
@@ -120,6 +120,8 @@ void TappedSearch::BringItemBack() {
     if (before.row != 0) step("item in front", cursors_.StokData.MoveTo(before.row));
   }
   prices_.ShowUnsoldItem();
+  // The clerk is still at this item: he only closed the keyboard. Who leaves the field empty sells nothing.
+  if (screen_.Text1(1).HasFocus() && cursors_.StokData.CurrentKey() == before.row) screen_.Text2(1).SetText(before.quantity);
 }
 
 void TappedSearch::TakeProduct() {

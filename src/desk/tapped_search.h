@@ -43,6 +43,7 @@ class TappedSearch {
   struct Before {
     std::string source;
     RowKey row = 0;
+    std::string quantity{};  // of the item
   };
   std::optional<Before> customerBefore_, itemBefore_;
   Connections connections_;

@@ -5,11 +5,13 @@
 #include "desk/quiet_line.h"
 #include "platform/clerk_message.h"
 #include "platform/event_loop.h"
+#include "platform/share.h"
 
 namespace karvel {
 namespace {
 constexpr int kLookMilliseconds = 1000;
-constexpr const char* kWarning = "Kayıt yapıldı ama disk hata verdi: diski denetletin";
+constexpr const char* kDiskWarning = "Kayıt yapıldı ama disk hata verdi: diski denetletin";
+constexpr const char* kServerWarning = "Kayıt yapıldı, ama ana makineyle bağlantı kopmuştu";
 }  // namespace
 
 UnknownOutcome::UnknownOutcome(const DeskParts& parts, MainButton& button)
@@ -46,14 +48,18 @@ void UnknownOutcome::Look() {
   button_.FollowAmounts();
 }
 
+const char* UnknownOutcome::Warning() const {
+  return IsShare(form_.DataDir) ? kServerWarning : kDiskWarning;
+}
+
 void UnknownOutcome::Warn() {
-  Tell(screen_, kWarning);
+  Tell(screen_, Warning());
   warns_ = true;
 }
 
 void UnknownOutcome::WarnBeside() {
   if (!std::exchange(warns_, false)) return;
-  Tell(screen_, screen_.Durum.Caption() + "; " + kWarning);
+  Tell(screen_, screen_.Durum.Caption() + "; " + Warning());
 }
 
 }  // namespace karvel

@@ -37,6 +37,7 @@ class UnknownOutcome {
   void Hold();
   void Release();
   void Look();
+  [[nodiscard]] const char* Warning() const;
   void Warn();
   // The next thing that the quiet line says bears the warning too.
   void WarnBeside();

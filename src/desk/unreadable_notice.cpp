@@ -16,8 +16,8 @@ UnreadableNotice::UnreadableNotice(const DeskParts& parts) : screen_(parts.scree
 
 // It may be met in the middle of a painting.
 void UnreadableNotice::Heard(const Status& fault) {
-  if (fault.Kind() == ErrorKind::Busy) {
-    HeardKept();
+  if (fault.Kind() == ErrorKind::Busy || fault.Kind() == ErrorKind::Unreachable) {
+    HeardInVain(fault);
     return;
   }
   if (waiting_ || told_.contains(ReadingMessage(fault) + fault.Place())) return;
@@ -28,12 +28,14 @@ void UnreadableNotice::Heard(const Status& fault) {
 }
 
 // Whoever met it may have told more by then.
-void UnreadableNotice::HeardKept() {
-  if (std::exchange(keptWaits_, true)) return;
-  world_.loop.Later([this, before = screen_.Durum.Caption(), here = std::weak_ptr(here_)] {
+void UnreadableNotice::HeardInVain(const Status& fault) {
+  if (std::exchange(inVainWaits_, true)) return;
+  const std::string text =
+      fault.Kind() == ErrorKind::Busy ? "Veri dosyası başka bir programda açık, okunamadı: yeniden deneyin" : ReadingMessage(fault);
+  world_.loop.Later([this, text, before = screen_.Durum.Caption(), here = std::weak_ptr(here_)] {
     if (here.expired()) return;
-    keptWaits_ = false;
-    if (screen_.Durum.Caption() == before) Tell(screen_, "Veri dosyası başka bir programda açık, okunamadı: yeniden deneyin");
+    inVainWaits_ = false;
+    if (screen_.Durum.Caption() == before) Tell(screen_, text);
   });
 }
 

@@ -1,5 +1,6 @@
 // Rows that can't be read, wherever they are met: a list that lacks some looks as any other, so the clerk is told at once, and once for
-// each file and cause. What another program kept too long is told in the quiet line alone: the tap was for nothing, and the next may do.
+// each file and cause. What another program kept too long, and what no server
+// answered, is told in the quiet line alone: the tap was for nothing, and the next may do.
 #pragma once
 
 #include <memory>
@@ -19,13 +20,13 @@ class UnreadableNotice {
 
  private:
   void Heard(const Status& fault);
-  void HeardKept();
+  void HeardInVain(const Status& fault);
   void Show();
 
   Screen& screen_;
   const World& world_;
   std::set<std::string> told_;
-  bool keptWaits_ = false;
+  bool inVainWaits_ = false;
   std::optional<Status> waiting_;                              // to be told as soon as what met it is done
   std::shared_ptr<bool> here_ = std::make_shared<bool>(true);  // what waits may come up when this is gone
   Connections connections_;

@@ -9,7 +9,6 @@
 #include "books/steps.h"
 #include "desk/quiet_line.h"
 #include "exchange/backup_archive.h"
-#include "platform/clerk_message.h"
 #include "platform/clock.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
@@ -29,6 +28,32 @@ constexpr const char* kOwnDrive = "C:";
 
 std::string DriveOf(const std::string& entry) {
   return LeftLetters(entry, 2);
+}
+
+std::string ReasonOfData(ErrorKind kind) {
+  if (kind == ErrorKind::Damaged) return "Yedek alınamadı: bir veri dosyası bozuk. Yeni kayıt yapmayın; destek isteyin.";
+  return "Yedek alınamadı: bir veri dosyası okunamadı. Yeniden deneyin; yinelenirse destek isteyin.";
+}
+
+std::string ReasonOf(const Status& status) {
+  switch (status.Kind()) {
+    case ErrorKind::DiskFull:
+      return "Yedek alınamadı: sürücüde yeterli yer yok. Yer açın veya başka bir sürücü seçip yeniden deneyin.";
+    case ErrorKind::NoRights:
+      return "Yedek alınamadı: sürücüye yazılamıyor. Yazma korumasını kaldırın veya başka bir sürücü seçip yeniden deneyin.";
+    case ErrorKind::Missing:
+      return "Yedek alınamadı: sürücü veya klasör bulunamadı. Sürücünün takılı olduğuna bakıp yeniden deneyin.";
+    case ErrorKind::DiskFailed:
+      return "Yedek alınamadı: sürücü yanıt vermiyor veya çıkarılmış. Takıp yeniden deneyin; yinelenirse başka bir sürücü seçin.";
+    case ErrorKind::Busy:
+      return "Yedek alınamadı: başka bir terminal yedek alıyor ya da dosyaları kullanıyor. Biraz bekleyip yeniden deneyin.";
+    case ErrorKind::Unreachable:
+      return "Yedek alınamadı: ana makineye ulaşılamıyor. Bağlantı gelince yeniden deneyin.";
+    case ErrorKind::Damaged:
+      return "Yedek alınamadı: yazılan dosya geri okunduğunda bozuk çıktı. Başka bir sürücü seçip yeniden deneyin.";
+    default:
+      return "Yedek alınamadı: beklenmeyen bir hata oldu. Yeniden deneyin; yinelenirse destek isteyin.";
+  }
 }
 
 // The desk as it is while a backup runs: closed to the clerk, who sees why.
@@ -112,8 +137,15 @@ Status Backup::Run(const std::string& drive) {
   const BackupOrder order{drive, form_.DataDir, TerminalNumber(form_.TerminalNo), world_.clock.Now()};
   Status done = MakeBackup(world_, order, [this](int percent) { ShowProgress(percent); });
   step("backup on " + drive, done);
-  if (done.Ok()) Tell(screen_, "Yedek alındı: " + BackupPath(order));
+  Tell(screen_, done.Ok() ? "Yedek alındı: " + BackupPath(order) : "Yedek alınamadı: " + Offered(drive));
   return done;
+}
+
+// A drive with what the disk is called, as the list of drives has it.
+std::string Backup::Offered(const std::string& drive) const {
+  const std::vector<std::string> drives = world_.files.Drives();
+  const auto found = std::ranges::find_if(drives, [&](const std::string& entry) { return EqualText(DriveOf(entry), drive); });
+  return found == drives.end() ? drive : *found;
 }
 
 void Backup::ShowProgress(int percent) {
@@ -121,28 +153,14 @@ void Backup::ShowProgress(int percent) {
   world_.loop.RunPending();
 }
 
-std::string Backup::FailureText(const Status& status) {
-  switch (status.Kind()) {
-    case ErrorKind::DiskFull:
-      return "Yedek alınamadı: sürücüde yeterli yer yok. Yer açın veya başka bir sürücü seçip yeniden deneyin.";
-    case ErrorKind::NoRights:
-      return "Yedek alınamadı: sürücüye yazılamıyor. Yazma korumasını kaldırın veya başka bir sürücü seçip yeniden deneyin.";
-    case ErrorKind::Missing:
-      return "Yedek alınamadı: sürücü veya klasör bulunamadı. Sürücünün takılı olduğuna bakıp yeniden deneyin.";
-    case ErrorKind::DiskFailed:
-      return "Yedek alınamadı: sürücü yanıt vermiyor veya çıkarılmış. Takıp yeniden deneyin; yinelenirse başka bir sürücü seçin.";
-    case ErrorKind::Busy:
-      return "Yedek alınamadı: başka bir terminal yedek alıyor ya da dosyaları kullanıyor. Biraz bekleyip yeniden deneyin.";
-    case ErrorKind::Damaged:
-      return "Yedek alınamadı: yazılan dosya geri okunduğunda bozuk çıktı. Başka bir sürücü seçip yeniden deneyin.";
-    default:
-      return "Yedek alınamadı: beklenmeyen bir hata oldu. Yeniden deneyin; yinelenirse destek isteyin.";
-  }
+std::string Backup::FailureText(const Status& status, const std::string& consequence) const {
+  const bool data = status.Place().starts_with(form_.DataDir) && status.Kind() != ErrorKind::Busy && status.Kind() != ErrorKind::DiskFull;
+  return (data ? ReasonOfData(status.Kind()) : ReasonOf(status)) + " " + consequence +
+         (status.Place().empty() ? "" : "\n\nYer: " + status.Place());
 }
 
 void Backup::TellFailure(const Status& status) {
-  world_.messages.MessageBox(WithPlace(FailureText(status) + " Eski yedekler yerinde duruyor.", status), "Yedekle",
-                             MessageIcon::Exclamation, MessageButtons::Ok);
+  world_.messages.MessageBox(FailureText(status, "Eski yedeklere dokunulmadı."), "Yedekle", MessageIcon::Exclamation, MessageButtons::Ok);
 }
 
 }  // namespace karvel

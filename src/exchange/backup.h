@@ -12,15 +12,16 @@ class Backup {
   // Before the purge, so that what is left of a backup that was killed goes first.
   Backup(const DeskParts& parts, Signal<>& upkeep, Signal<>& closing);
 
-  // A backup on a drive ("C:"), with the desk closed to the clerk meanwhile. Tells nothing at its end.
+  // A backup on a drive ("C:"), with the desk closed to the clerk meanwhile. The quiet line tells how it ended.
   Status Run(const std::string& drive);
-  // What the clerk reads about a backup that failed.
-  [[nodiscard]] static std::string FailureText(const Status& status);
+  // What the clerk reads about a backup that failed: why, what follows from it, and where it was.
+  [[nodiscard]] std::string FailureText(const Status& status, const std::string& consequence) const;
 
  private:
   void Offer();
   void RunByHand();
   void RunAtClosing();
+  [[nodiscard]] std::string Offered(const std::string& drive) const;
   void ShowProgress(int percent);
   void TellFailure(const Status& status);
 

@@ -6,12 +6,17 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
+#include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "books/steps.h"
 #include "platform/archive.h"
 #include "platform/files.h"
+#include "platform/ftp.h"
+#include "platform/phase_times.h"
 #include "platform/settings_store.h"
 #include "platform/system_error.h"
 #include "settings/program_file.h"
@@ -72,6 +77,10 @@ bool BelongsToStores(const std::string& name) {
          name.ends_with("-shm") || name.find(".mdb-mj") != std::string::npos;
 }
 
+bool IsUnder(const std::string& place, const std::string& folder) {
+  return !folder.empty() && place.starts_with(folder + "/");
+}
+
 std::string Megabytes(std::uint64_t bytes) {
   return fmt::format("{} MB", bytes / 1'000'000 + 1);
 }
@@ -82,21 +91,46 @@ class BackupInWork {
       : world_(world), order_(order), progress_(progress), place_(world.files, order.terminal) {}
 
   Status Make() {
+    PhaseTimes times;
     Status done = place_.Made();
     if (done.Ok()) done = FindDrive();
     if (done.Ok()) done = CopyStores();
     if (done.Ok()) done = CopyOtherFiles();
     if (done.Ok()) done = WriteSettings();
+    times.Note("copied");
     if (done.Ok()) done = Pack();
-    return done;
+    times.Note("packed");
+    times.Tell("backup");
+    return done.Ok() ? done : Status(done.Kind(), done.Message()).About(done.What()).At(PlaceForClerk(done.Place()));
   }
 
  private:
-  Status FindDrive() {
-    const std::string drive = order_.drive + "\\";
-    if (!world_.files.RealPath(drive).empty() && (world_.files.IsFolder(drive) || EqualText(order_.drive, "C:"))) return {};
-    return Status(ErrorKind::Missing, order_.drive + ": no such drive").At(order_.drive);
+  // A file or folder of this machine as the clerk knows it: by its drive, and an archive in work by its name to come.
+  [[nodiscard]] std::string PlaceForClerk(const std::string& place) const {
+    if (!place.starts_with('/')) return place;
+    if (IsUnder(place, world_.files.RealPath(place_.Folder()))) return "C:";
+    for (const auto& [folder, called] :
+         {std::pair(world_.files.RealPath(order_.dataFolder), order_.dataFolder), std::pair(driveFolder_, order_.drive + "\\")}) {
+      if (!IsUnder(place, folder)) continue;
+      const bool hidden = place.find("/.", folder.size()) != std::string::npos;
+      return hidden ? BackupPath(order_) : PathIn(called, ReplaceAll(place.substr(folder.size() + 1), "/", "\\"));
+    }
+    return place.substr(place.rfind('/') + 1);
   }
+
+  Status FindDrive() {
+    driveFolder_ = FolderOfDrive();
+    if (!driveFolder_.empty() && (world_.files.IsFolder(driveFolder_) || EqualText(order_.drive, "C:"))) return {};
+    return NoDrive();
+  }
+
+  // "" for one that isn't there.
+  [[nodiscard]] std::string FolderOfDrive() const {
+    std::string folder = world_.files.RealPath(order_.drive + "\\");
+    while (folder.size() > 1 && folder.ends_with('/')) folder.pop_back();
+    return folder;
+  }
+  [[nodiscard]] Status NoDrive() const { return Status(ErrorKind::Missing, order_.drive + ": no such drive").At(order_.drive); }
 
   // Told before anything is written: a till's disk that runs full can't sell either.
   Status AskRoom(std::uint64_t stores) {
@@ -148,16 +182,19 @@ class BackupInWork {
   }
 
   Status WriteSettings() {
-    std::vector<std::string> secrets;
-    for (const Setting secret : {Setting::FtpPassword, Setting::UsePassword, Setting::DeletedLinesPassword})
-      secrets.emplace_back(EntryOf(secret).key);
+    const auto shown = [](std::string_view key, const std::string& value) -> std::optional<std::string> {
+      if (IsSecret(key)) return std::nullopt;
+      return key == EntryOf(Setting::FtpUrl).key ? WithoutPassword(value) : value;
+    };
     const std::string at = place_.At("settings");
-    Status written = world_.files.Write(at, world_.settings.TextWithout(secrets));
+    Status written = world_.files.Write(at, world_.settings.Text(shown));
     if (written.Ok()) items_.push_back({std::string(kSettingsFolder) + "settings.ini", at});
     return written;
   }
 
   Status Pack() {
+    // Where the disk was pulled out meanwhile, another one may bear its letter now.
+    if (FolderOfDrive() != driveFolder_) return NoDrive();
     const std::string path = BackupPath(order_);
     const std::string folder = path.substr(0, path.rfind('\\'));
     if (Status made = world_.files.MakeFolder(folder); !made.Ok()) return made;
@@ -169,13 +206,18 @@ class BackupInWork {
   const BackupOrder& order_;
   const std::function<void(int)>& progress_;
   const Workplace place_;
+  std::string driveFolder_;  // of this machine
   std::vector<Archives::Item> items_;
 };
 
 }  // namespace
 
+std::string BackupsOn(const std::string& drive) {
+  return drive + "\\KarvelYedek";
+}
+
 std::string BackupPath(const BackupOrder& order) {
-  return order.drive + "\\KarvelYedek\\" + Format(order.now, "yyyymmdd") + "\\" + Format(order.now, "hhnn") + "Data.ZIP";
+  return BackupsOn(order.drive) + "\\" + Format(order.now, "yyyymmdd") + "\\" + Format(order.now, "hhnn") + "Data.ZIP";
 }
 
 Status MakeBackup(const World& world, const BackupOrder& order, const std::function<void(int)>& progress) {

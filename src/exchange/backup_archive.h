@@ -25,6 +25,8 @@ struct BackupOrder {
   DateTime now;
 };
 
+// Where all backups on a drive lie, in a folder for each day, in the desk's form.
+std::string BackupsOn(const std::string& drive);
 // Where it will stand, in the desk's form.
 std::string BackupPath(const BackupOrder& order);
 // `progress` hears what is done in hundredths, some dozens of times a second, and may let events run, but nothing that posts at this desk.

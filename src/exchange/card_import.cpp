@@ -311,11 +311,6 @@ class Importer {
   std::vector<std::string> newGroups_;
 };
 
-void SortFaults(std::vector<SheetFault>& faults) {
-  std::ranges::stable_sort(
-      faults, [](const SheetFault& a, const SheetFault& b) { return std::pair(a.line, a.column) < std::pair(b.line, b.column); });
-}
-
 }  // namespace
 
 Status ImportCards(Stores& stores, const CardSheet& sheet, ImportMode mode, CardImport& result) {

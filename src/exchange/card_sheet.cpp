@@ -170,6 +170,10 @@ void ReadCard(const SheetRow& row, const SheetRow& headings, CardSheet& cards) {
 
 }  // namespace
 
+void SortFaults(std::vector<SheetFault>& faults) {
+  std::ranges::stable_sort(faults, {}, [](const SheetFault& fault) { return std::pair(fault.line, fault.column); });
+}
+
 int CardSheet::IndexOf(std::string_view field) const {
   const auto found = std::ranges::find(columns, field, [](const UsedColumn& used) { return used.column->field; });
   return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
@@ -182,18 +186,23 @@ const Table& CardSheet::Columns() const {
 CardSheet ReadCardSheet(const Sheet& sheet) {
   CardSheet cards;
   if (sheet.rows.empty()) {
-    cards.faults.push_back({0, -1, "Dosyada satır yok."});
+    cards.faults = sheet.faults;
+    if (cards.faults.empty()) cards.faults.push_back({0, -1, "Dosyada satır yok."});
     return cards;
   }
   const SheetRow& headings = sheet.rows.front();
+  cards.faults = sheet.faults;
+  // Under a heading that can't be read every cell would be a fault.
+  if (!cards.faults.empty() && cards.faults.front().line <= headings.line) return cards;
   cards.kind = KindOf(headings);
   if (cards.kind == nullptr) {
-    cards.faults.push_back({headings.line, -1, "Başlıklarda \"Stok Kodu\" veya \"Cari Kodu\" yok."});
+    cards.faults.assign(1, {headings.line, -1, "Başlıklarda \"Stok Kodu\" veya \"Cari Kodu\" yok."});
     return cards;
   }
   ReadHeadings(headings, cards);
   cards.cards.reserve(sheet.rows.size() - 1);
   for (std::size_t i = 1; i < sheet.rows.size(); ++i) ReadCard(sheet.rows[i], headings, cards);
+  SortFaults(cards.faults);
   return cards;
 }
 

@@ -33,6 +33,9 @@ struct CardSheet {
   [[nodiscard]] const Table& Columns() const;
 };
 
+// By line, then by column.
+void SortFaults(std::vector<SheetFault>& faults);
+
 // Reads cards of stock where there is a heading "Stok Kodu", of customers where there is "Cari Kodu".
 CardSheet ReadCardSheet(const Sheet& sheet);
 

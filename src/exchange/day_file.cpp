@@ -2,9 +2,11 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 #include <type_traits>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -22,6 +24,7 @@ const Steps step("DayFile");
 constexpr const char* kRoot = "C:\\";
 constexpr const char* kSent = "x";
 constexpr std::string_view kWaiting = ".bekliyor";
+constexpr std::string_view kEnding = ".csv";
 
 // By position, for the file is read by position.
 constexpr int kItemCode = 1, kPrice = 4, kQuantity = 5, kAmount = 6;
@@ -71,8 +74,51 @@ std::optional<WaitingFile> ReadWaitingName(std::string_view text) {
   return file;
 }
 
+// The customer, with which the first record begins, and the records of the lines.
+std::pair<std::string_view, std::string_view> CustomerAndLines(std::string_view text) {
+  const std::size_t end = std::min(text.find("\r\n"), text.size());
+  const std::string_view head = text.substr(0, end);
+  return {head.substr(0, std::min(head.rfind(",#"), head.size())), text.substr(end)};
+}
+
+std::string_view StemOf(std::string_view name) {
+  if (name.ends_with(kEnding)) name.remove_suffix(kEnding.size());
+  return name;
+}
+
+// Whether the name tells one document: the digits of its number stand at the end.
+bool TellsDocument(std::string_view name) {
+  constexpr std::size_t kDigits = 6;
+  const std::string_view stem = StemOf(name);
+  return stem.size() > kDigits &&
+         std::ranges::all_of(stem.substr(stem.size() - kDigits), [](char sign) { return sign >= '0' && sign <= '9'; });
+}
+
+// What lies under the name has not been sent. It goes on beside, unless the new file is the same document or holds all of its lines.
+Status KeepUnsent(Files& files, const WaitingFile& file) {
+  std::string old, made;
+  for (const auto& [name, bytes] : {std::pair(file.name, &old), std::pair(WaitingName(file), &made)}) {
+    const Status read = files.Read(kRoot + name, *bytes);
+    if (!read.Ok()) return read.Kind() == ErrorKind::Missing ? Status() : read;
+  }
+  const auto [customer, lines] = CustomerAndLines(old);
+  const auto [newCustomer, newLines] = CustomerAndLines(made);
+  if (customer == newCustomer && (TellsDocument(file.name) || newLines.starts_with(lines))) return {};
+  for (int number = 2;; ++number) {
+    const std::string aside = fmt::format("{}-{}{}", StemOf(file.name), number, kEnding);
+    std::string kept;
+    const Status there = files.Read(kRoot + aside, kept);
+    if (there.Ok() && kept == old) return {};  // a desk was killed behind this
+    if (there.Ok()) continue;
+    if (there.Kind() != ErrorKind::Missing) return there;
+    Log("day file: an older " + file.name + " was not sent, and stays as " + aside);
+    return files.CopyNew(kRoot + file.name, kRoot + aside);
+  }
+}
+
 Status Place(Files& files, const WaitingFile& file) {
   const std::string target = kRoot + file.name;
+  if (Status kept = KeepUnsent(files, file); !kept.Ok()) return kept;
   Status moved = files.Move(kRoot + WaitingName(file), target);
   // Another terminal may have found it waiting, and finished it.
   if (moved.Kind() == ErrorKind::Missing && files.Exists(target)) return {};
@@ -134,7 +180,7 @@ std::expected<MarkedLines, Status> MarkLines(Stores& stores, const std::string& 
 
 std::string DayFileName(std::string_view title, std::string_view slipNo) {
   const std::string rest = TurkishLower(ReplaceAll(title, "Velmora Karvel", ""));
-  return (rest.empty() ? "00" : Format(std::string_view(rest), "00")) + std::string(slipNo) + ".csv";
+  return (rest.empty() ? "00" : Format(std::string_view(rest), "00")) + std::string(slipNo) + std::string(kEnding);
 }
 
 std::string DelimitedRecord(std::span<const Value> items) {

@@ -34,7 +34,8 @@ struct DayToSend {
 };
 
 // Lays the file of all lines that the source has now, whatever their state, over one of that name, and marks them as sent. Answers its
-// name. NoRecord, and nothing is written, where there are no lines or the last of them has gone out meanwhile.
+// name. One of that name that was not sent yet and is of another document is kept beside ("01-2.csv"). NoRecord, and nothing is written,
+// where there are no lines or the last of them has gone out meanwhile.
 Outcome<std::string> LayDayFile(const Shop& shop, Files& files, const DayToSend& day);
 
 // Puts a file whose marks stand under its name: for an outcome that was unknown at first.

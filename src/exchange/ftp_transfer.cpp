@@ -9,6 +9,7 @@
 #include "platform/files.h"
 #include "platform/log.h"
 #include "platform/messages.h"
+#include "platform/share.h"
 #include "text/turkish.h"
 
 namespace karvel {
@@ -84,8 +85,10 @@ void FtpTransfer::TakeSettings() {
     form_.FtpKlasör = settings_.Get(Setting::FtpFolder);
   }
   world_.ftp.SetAccount(account);
-  const auto address = ReadFtpAddress(account.url);
-  world_.connection.WatchServer(address ? address->host : "", address ? address->PortToReach() : 0);
+  if (IsShare(form_.DataDir)) return;  // the main machine is watched
+  std::vector<ServerPlace> servers;
+  if (const auto address = ReadFtpAddress(account.url)) servers.push_back({address->host, address->PortToReach()});
+  world_.connection.WatchServers(servers);
 }
 
 bool FtpTransfer::BağlantıVar() const {

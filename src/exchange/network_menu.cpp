@@ -5,6 +5,8 @@
 #include "desk/quiet_line.h"
 #include "platform/ftp.h"
 #include "platform/messages.h"
+#include "platform/share.h"
+#include "store/stores.h"
 #include "text/turkish.h"
 
 namespace karvel {
@@ -23,30 +25,58 @@ bool NetworkMenu::MaySwitch() {
 
 void NetworkMenu::SwitchNetwork() {
   if (!MaySwitch()) return;
+  screen_.OnLine.SetChecked(!screen_.OnLine.Checked());
+  screen_.FtpVar.SetChecked(false);
+  bool refused = false;
   if (screen_.OnLine.Checked()) {
+    settings_.Save(Setting::FtpUrl, "");
+    refused = !AskForMainMachine();
+    screen_.OnLine.SetChecked(!refused);
+  }
+  if (screen_.OnLine.Checked()) {
+    OpenMainMachine();
+  } else {
     settings_.Save(Setting::Online, "");
     OpenOwnStores();
-  } else {
-    Tell(screen_, "Network çalışma bu sürümde açılamaz: terminal kendi verisiyle çalışır");
   }
+  transfer_.TakeSettings();
+  if (refused) Tell(screen_, "Network çalışma açılmadı: ana makinenin adresi ve firma numarası gerekir");
 }
 
 void NetworkMenu::SwitchFtp() {
   if (!MaySwitch()) return;
-  const bool wasOnNetwork = screen_.OnLine.Checked();
+  const bool wasOnNetwork = IsShare(desk_.form.DataDir);
   screen_.FtpVar.SetChecked(!screen_.FtpVar.Checked());
+  screen_.OnLine.SetChecked(false);
   if (screen_.FtpVar.Checked()) {
     settings_.Save(Setting::Online, "");
     AskForServer();
   } else {
     settings_.Save(Setting::FtpUrl, "");
   }
-  transfer_.TakeSettings();
   if (wasOnNetwork) OpenOwnStores();
+  transfer_.TakeSettings();
 }
 
 void NetworkMenu::OpenOwnStores() {
   if (desk_.OpenStoresAnew()) Tell(screen_, "Terminal kendi verisiyle çalışıyor");
+}
+
+// Where the machine can't be reached the clerk is told on the way, and the desk goes on looking for it.
+void NetworkMenu::OpenMainMachine() {
+  if (!desk_.OpenStoresAnew() || !world_.stores.IsOpen()) return;
+  Tell(screen_, "Network çalışma açıldı: " + settings_.Get(Setting::Online) + ", firma " + settings_.Get(Setting::Company));
+}
+
+bool NetworkMenu::AskForMainMachine() {
+  const std::string address =
+      TidyAddress(world_.messages.InputBox("Lütfen Ana Makina Ip Girin", "Ana Makina Ip'si", "127.0.0.1").value_or(""));
+  settings_.Save(Setting::Online, address);
+  if (MainMachines(address).empty()) return false;
+  const std::string firm = Trim(world_.messages.InputBox("Lütfen Firma No Girin", "Firma Numarası", "01").value_or(""));
+  if (!IsFirmNumber(firm)) return false;
+  settings_.Save(Setting::Company, firm);
+  return true;
 }
 
 std::string NetworkMenu::Ask(const std::string& what, const std::string& title, const std::string& preset) {
@@ -68,7 +98,8 @@ void NetworkMenu::AskForServer() {
   settings_.Save(Setting::FtpUser, user);
   settings_.Save(Setting::FtpPassword, password);
   settings_.Save(Setting::FtpFolder, folder);
-  Tell(screen_, ReadFtpAddress(server) ? "Ftp çalışma açıldı: " + server : "Ftp sunucu adı anlaşılamadı, adı denetleyin: " + server);
+  const std::string shown = WithoutPassword(server);
+  Tell(screen_, ReadFtpAddress(server) ? "Ftp çalışma açıldı: " + shown : "Ftp sunucu adı anlaşılamadı, adı denetleyin: " + shown);
 }
 
 }  // namespace karvel

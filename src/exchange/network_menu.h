@@ -1,5 +1,5 @@
-// The ways to work away from the main machine, in the options menu: alone, by network, or by FTP. At most one is checked; neither can be
-// switched in a sale.
+// The three ways to work, in the options menu: alone, by network on the main machine's stores, or by FTP. At most one is checked; neither
+// can be switched in a sale.
 #pragma once
 
 #include <string>
@@ -20,7 +20,10 @@ class NetworkMenu {
   void SwitchNetwork();
   void SwitchFtp();
   void AskForServer();
+  // False where the answers leave nothing to work on.
+  bool AskForMainMachine();
   void OpenOwnStores();
+  void OpenMainMachine();
   [[nodiscard]] bool MaySwitch();
   [[nodiscard]] std::string Ask(const std::string& what, const std::string& title, const std::string& preset);
 

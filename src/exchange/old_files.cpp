@@ -11,6 +11,7 @@
 #include "platform/folders.h"
 #include "platform/log.h"
 #include "platform/system_error.h"
+#include "platform/unfinished_files.h"
 #include "store/open_copy.h"
 #include "text/format.h"
 #include "text/turkish.h"
@@ -144,6 +145,22 @@ std::string NameIn(const std::string& folder, std::string_view name) {
   return {};
 }
 
+// A second name for a file; on a disk that knows none, a copy of it.
+Status KeepUnder(const std::string& path, const std::string& kept) {
+  std::error_code failed;
+  fs::create_hard_link(path, kept, failed);
+  if (failed == std::errc::operation_not_permitted || failed == std::errc::operation_not_supported || failed == std::errc::too_many_links) {
+    const std::string copy = UnfinishedIn(FolderOf(kept));
+    failed.clear();
+    fs::copy_file(path, copy, failed);
+    int error = failed ? failed.value() : SyncFile(copy);
+    if (error == 0) error = MoveToFreeName(copy, kept);
+    if (error != 0) fs::remove(copy, failed);
+    return StatusOfSystemError(error, kept);
+  }
+  return StatusOfSystemError(failed.value(), kept);
+}
+
 }  // namespace
 
 Status ConvertOldFile(OldDatabases& databases, const StoreFileMaker& make, const std::string& oldPath, const DatabaseFile& file,
@@ -188,9 +205,8 @@ Status OldFiles::Convert(const std::string& folder, const std::string& name, con
   converted.keptAs = KeptName(folder, name);
   const std::string kept = folder + "/" + converted.keptAs;
   // Two names first, so that the old file is there whatever happens between the steps.
+  if (Status twice = KeepUnder(path, kept); !twice.Ok()) return twice;
   std::error_code failed;
-  fs::create_hard_link(path, kept, failed);
-  if (failed) return StatusOfSystemError(failed.value(), kept);
   if (const int error = SyncFolder(folder); error != 0) return StatusOfSystemError(error, folder);
   fs::rename(unfinished, path, failed);
   if (failed) return StatusOfSystemError(failed.value(), path);

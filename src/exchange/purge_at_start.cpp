@@ -23,7 +23,8 @@ std::string ShortDate(const DateTime& day) {
 PurgeAtStart::PurgeAtStart(const DeskParts& parts, Signal<>& upkeep, Signal<>& opening, Backup& backup)
     : shop_(parts.shop), screen_(parts.screen), cursors_(parts.cursors), world_(parts.world), backup_(backup) {
   connections_ += upkeep.Connect([this] {
-    if (screen_.AySil.Checked() && IsPurgeDue(shop_.clock.Now())) Run();
+    const bool reachable = world_.stores.IsOpen() && !world_.stores.IsServerAway();
+    if (screen_.AySil.Checked() && reachable && IsPurgeDue(shop_.clock.Now())) Run();
   });
   connections_ += opening.Connect([this] {
     const DateTime today = shop_.clock.Now().Date();
@@ -38,7 +39,7 @@ void PurgeAtStart::Run() {
   const DateTime last = LastPurgedDay(shop_.clock.Now());
   Tell(screen_, "Yedek alınıyor; sonra " + ShortDate(last) + " ve öncesinin hareketleri silinecek");
   if (const Status kept = backup_.Run("C:"); !kept.Ok()) {
-    world_.messages.MessageBox(WithPlace(Backup::FailureText(kept) + " Eski hareketler bu yüzden silinmedi.", kept), "30 Gün Öncesini Sil",
+    world_.messages.MessageBox(backup_.FailureText(kept, "Eski hareketler bu yüzden silinmedi."), "30 Gün Öncesini Sil",
                                MessageIcon::Exclamation, MessageButtons::Ok);
     return;
   }

@@ -13,11 +13,6 @@ struct SheetRow {
   std::vector<std::string> cells;
 };
 
-// Rows without any text are left out.
-struct Sheet {
-  std::vector<SheetRow> rows;
-};
-
 // What is wrong in a file, for whoever mends it there.
 struct SheetFault {
   int line = 0;      // 0: the file as a whole
@@ -25,6 +20,12 @@ struct SheetFault {
   std::string what;  // a plain Turkish sentence
 
   bool operator==(const SheetFault&) const = default;
+};
+
+// Rows without any text are left out.
+struct Sheet {
+  std::vector<SheetRow> rows;
+  std::vector<SheetFault> faults{};  // cells that hold neither text nor number, by line and column; they are empty in the rows
 };
 
 // A table, or why its file holds none.

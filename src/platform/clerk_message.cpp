@@ -24,6 +24,9 @@ std::string SettingsMessage(const Status& status) {
 
 std::string ClerkMessage(const Status& status) {
   if (!status.Ok() && status.What() == Subject::Settings) return SettingsMessage(status);
+  if (status.Kind() == ErrorKind::Unknown && status.What() == Subject::Server) {
+    return "Ana makine yanıt vermiyor: kaydın yapılıp yapılmadığı bilinmiyor. Yeniden denemeyin; bağlantı gelince alttaki satırda yazacak.";
+  }
   switch (status.Kind()) {
     case ErrorKind::None:
       return "İşlem tamam.";
@@ -47,6 +50,8 @@ std::string ClerkMessage(const Status& status) {
       return "Dosya veya klasör bulunamadı. Yerini ve diskin takılı olduğunu denetleyin.";
     case ErrorKind::Unknown:
       return "Disk yanıt vermiyor: kaydın yapılıp yapılmadığı bilinmiyor. Yeniden denemeyin; disk okununca alttaki satırda yazacak.";
+    case ErrorKind::Unreachable:
+      return "Ana makineye ulaşılamıyor. Kayıt yapılmadı; yazdıklarınız duruyor, bağlantı gelince yeniden deneyin.";
     case ErrorKind::Other:
       break;
   }
@@ -67,6 +72,8 @@ std::string OpeningMessage(const Status& status) {
       return "Disk okunamadı veya yazılamadı. Programı yeniden açın; yinelenirse diski denetletin.";
     case ErrorKind::Missing:
       return "Dosya veya klasör bulunamadı. Yerini ve diskin takılı olduğunu denetleyin.";
+    case ErrorKind::Unreachable:
+      return "Ana makineye ulaşılamıyor. Açık ve ağa bağlı olduğunu denetleyin; bağlantı gelince terminal kendiliğinden devam eder.";
     default:
       return "Beklenmeyen bir hata oldu. Programı yeniden açın; yinelenirse destek isteyin.";
   }
@@ -80,6 +87,8 @@ std::string ReadingMessage(const Status& status) {
       return "Disk okunamadı, listeler eksik olabilir. Yeniden deneyin; yinelenirse diski denetletin.";
     case ErrorKind::NoRights:
       return "Veri dosyası okunamadı: erişim izni yok. İzni açtırıp yeniden deneyin.";
+    case ErrorKind::Unreachable:
+      return "Ana makineye ulaşılamıyor, listeler eksik olabilir. Bağlantı gelince kendiliğinden okunur.";
     default:
       return "Veri dosyası okunamadı, listeler eksik olabilir. Yeniden deneyin; yinelenirse destek isteyin.";
   }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstddef>
+#include <cstdio>
 
 namespace karvel {
 
@@ -21,6 +22,23 @@ int SyncFolder(const std::string& folder) {
   const int error = fsync(handle) != 0 && errno != EINVAL ? errno : 0;
   close(handle);
   return error;
+}
+
+int SyncFile(const std::string& path) {
+  const int handle = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+  if (handle < 0) return errno;
+  const int error = fsync(handle) == 0 ? 0 : errno;
+  close(handle);
+  return error;
+}
+
+int MoveToFreeName(const std::string& from, const std::string& to) {
+  if (link(from.c_str(), to.c_str()) == 0) return unlink(from.c_str()) == 0 ? 0 : errno;
+  if (errno != EPERM && errno != EOPNOTSUPP && errno != EMLINK) return errno;
+  if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
+  if (errno != EINVAL && errno != ENOSYS) return errno;
+  if (access(to.c_str(), F_OK) == 0) return EEXIST;
+  return rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
 }
 
 }  // namespace karvel

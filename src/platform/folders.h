@@ -13,4 +13,11 @@ std::string FolderOf(std::string_view path);
 // disk or the rights know no sync of a folder.
 int SyncFolder(const std::string& folder);
 
+// What is in the file is on the disk when this returns. 0 or the system's error number.
+int SyncFile(const std::string& path);
+
+// Gives a file another name in its folder, never over one that is there: of two programs one succeeds, the other hears EEXIST. Also on
+// disks without links. 0 or the system's error number.
+int MoveToFreeName(const std::string& from, const std::string& to);
+
 }  // namespace karvel

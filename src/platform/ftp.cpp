@@ -65,6 +65,17 @@ std::optional<FtpAddress> ReadFtpAddress(std::string_view url) {
   return address;
 }
 
+std::string WithoutPassword(const std::string& url) {
+  const std::size_t scheme = url.find("://");
+  const std::size_t begin = scheme == std::string::npos ? 0 : scheme + 3;
+  // In an address that can't be read a slash may be one of the password's signs.
+  const std::size_t end = ReadFtpAddress(url) ? std::min(url.find('/', begin), url.size()) : url.size();
+  const std::size_t at = url.substr(0, end).rfind('@');
+  const std::size_t colon = url.find(':', begin);
+  if (at == std::string::npos || at < begin || colon > at) return url;
+  return url.substr(0, colon) + url.substr(at);
+}
+
 std::optional<FtpCommand> ReadFtpCommand(std::string_view text) {
   if (text == "DIR") return FtpCommand{};
   if (text.starts_with("CD ")) return FtpCommand{FtpCommand::Kind::ChangeFolder, std::string(text.substr(3)), ""};

@@ -34,6 +34,9 @@ struct FtpAddress {
 // Nothing for what is no address of such a server. A user or password in it is passed over: they are asked for apart.
 std::optional<FtpAddress> ReadFtpAddress(std::string_view url);
 
+// An address as it may be shown, logged or kept elsewhere: without a password that somebody typed into it.
+std::string WithoutPassword(const std::string& url);
+
 struct FtpCommand {
   enum class Kind { List, ChangeFolder, Put };
   Kind kind = Kind::List;

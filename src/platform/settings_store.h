@@ -2,8 +2,9 @@
 
 #include <expected>
 #include <functional>
+#include <optional>
 #include <string>
-#include <vector>
+#include <string_view>
 
 #include "platform/status.h"
 #include "platform/wait_listener.h"
@@ -28,8 +29,10 @@ class SettingsStore {
   virtual std::expected<std::string, Status> Change(const std::string& application, const std::string& section, const std::string& key,
                                                     const std::string& preset,
                                                     const std::function<std::string(const std::string&)>& change) = 0;
-  // All that is saved, as the text of a settings file, but for the values of these keys, whatever their application.
-  [[nodiscard]] virtual std::string TextWithout(const std::vector<std::string>& keys) const = 0;
+  // All that is saved, as the text of a settings file: each value as `shown` gives it for its key, whatever its application, and none where
+  // that gives nothing.
+  using Shown = std::function<std::optional<std::string>(std::string_view key, const std::string& value)>;
+  [[nodiscard]] virtual std::string Text(const Shown& shown) const = 0;
 };
 
 }  // namespace karvel

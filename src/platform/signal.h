@@ -8,6 +8,7 @@
 //   called by the next.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -58,6 +59,10 @@ class Signal {
     places_.push_back(std::make_shared<Place>(std::move(handler)));
     // One count for both: the connection turns off the very flag that stands in the place.
     return ScopedConnection(std::shared_ptr<bool>(places_.back(), &places_.back()->heard));
+  }
+  // Whether anyone listens now.
+  [[nodiscard]] bool IsHeard() const {
+    return std::ranges::any_of(places_, [](const auto& place) { return place->heard; });
   }
   void operator()(Args... args) const {
     const Running running(running_);

@@ -8,21 +8,23 @@ namespace karvel {
 
 enum class ErrorKind {
   None,
-  BadText,     // a source, criterion or value that can't be understood
-  NoRecord,    // no current record, or it is gone
-  NotOpen,     // an operation that needs an open copy, source or store
-  Busy,        // another terminal holds the store too long
-  DiskFull,    // no room left
-  NoRights,    // read-only folder or file
-  Damaged,     // not a database, or a malformed one
-  DiskFailed,  // the disk did not read or write, and may do so at the next try
-  Missing,     // no such file or folder
-  Unknown,     // a commit failed, and whether its rows are in the files can't be read now
+  BadText,      // a source, criterion or value that can't be understood
+  NoRecord,     // no current record, or it is gone
+  NotOpen,      // an operation that needs an open copy, source or store
+  Busy,         // another terminal holds the store too long
+  DiskFull,     // no room left
+  NoRights,     // read-only folder or file
+  Damaged,      // not a database, or a malformed one
+  DiskFailed,   // the disk did not read or write, and may do so at the next try
+  Missing,      // no such file or folder
+  Unknown,      // a commit failed, and whether its rows are in the stores can't be read now
+  Unreachable,  // the main machine doesn't answer
   Other,
 };
 
-// What an operation was about: the clerk is told of settings in other words than of the shop's books.
-enum class Subject { Books, Settings };
+// What an operation was about: the clerk is told of settings, and of a server, in other words than of the shop's
+// own files.
+enum class Subject { Books, Settings, Server };
 
 class [[nodiscard]] Status {
  public:

@@ -50,6 +50,7 @@ Json DescribeElement(const Target& target) {
   answer["enabled"] = element.Enabled();
   answer["checked"] = element.Checked();
   answer["color"] = element.Color();
+  answer["focus"] = element.HasFocus();
   if (target.widget) {
     const QPoint at = target.widget->mapTo(target.widget->window(), QPoint(0, 0));
     answer["left"] = at.x();

@@ -61,7 +61,9 @@ void DragBy(QWidget& widget, const QPoint& point, const QPoint& way) {
 
 void Strike(const KeyStroke& stroke, QWidget& otherwise, quint64 stamp) {
   const auto send = [&](bool press) {
-    QWidget* const focused = QApplication::focusWidget();
+    // An open menu, list or calendar has the keys before the window below it.
+    QWidget* const open = QApplication::activePopupWidget();
+    QWidget* const focused = open ? (open->focusWidget() ? open->focusWidget() : open) : QApplication::focusWidget();
     QWidget& target = focused ? *focused : otherwise;
     QKeyEvent event(press ? QEvent::KeyPress : QEvent::KeyRelease, stroke.key, stroke.modifiers, stroke.text);
     event.setTimestamp(stamp);

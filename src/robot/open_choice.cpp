@@ -23,6 +23,12 @@ bool OpensChoice(const QWidget* widget) {
   return qobject_cast<const QComboBox*>(widget) || qobject_cast<const QDateEdit*>(widget);
 }
 
+bool IsOpenListOf(const QWidget& widget) {
+  const QObject* above = QApplication::activePopupWidget();
+  while (above && above != &widget) above = above->parent();
+  return above != nullptr;
+}
+
 bool TapInOpenList(int row, int column) {
   const QPointer<QWidget> open = QApplication::activePopupWidget();
   auto* const view = open ? open->findChild<QAbstractItemView*>() : nullptr;

@@ -256,10 +256,13 @@ Json Requests::DoRow(const Json& request) {
 // A tap opens the list or the calendar, another one takes what is meant there.
 Json Requests::DoPick(const Json& request, const Target& target) {
   const std::string name = TextOf(request, "at");
-  ClosePopUps();
-  ExpectUncovered(*target.widget, target.widget->rect().center(), name);
-  TapCenter(*target.widget, Tap::Click);
-  Settle();
+  // One that is open already shows what was leafed to.
+  if (!IsOpenListOf(*target.widget)) {
+    ClosePopUps();
+    ExpectUncovered(*target.widget, target.widget->rect().center(), name);
+    TapCenter(*target.widget, Tap::Click);
+    Settle();
+  }
   const int row = NumberOf(request, "row"), column = NumberOf(request, "column", 0);
   if (!TapInOpenList(row, column)) throw RequestError(fmt::format("{} has no entry in row {}, column {}", name, row, column));
   return kDone;

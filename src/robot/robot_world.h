@@ -9,8 +9,10 @@ namespace karvel {
 
 class RobotConnection : public Connection {
  public:
-  void WatchServer(const std::string&, int) override {}
+  void WatchServers(const std::vector<ServerPlace>&) override {}
   [[nodiscard]] bool Up() const override { return up_; }
+  // The desk finds out itself: a robot's server is on this machine, and one that is gone refuses at once.
+  [[nodiscard]] bool ServerAnswers() const override { return up_; }
   void Set(bool up) { up_ = up; }
 
  private:

@@ -1,5 +1,7 @@
 #include "settings/settings_table.h"
 
+#include <algorithm>
+
 namespace karvel {
 namespace {
 
@@ -86,6 +88,10 @@ constinit const std::array<SettingEntry, kSettingCount> kSettings = kTable;
 
 const SettingEntry& EntryOf(Setting setting) {
   return kSettings[static_cast<std::size_t>(setting)];
+}
+
+bool IsSecret(std::string_view key) {
+  return std::ranges::any_of(kSecretSettings, [&](Setting setting) { return EntryOf(setting).key == key; });
 }
 
 std::string_view FixedApplication(SettingApplication application) {

@@ -86,6 +86,11 @@ struct SettingEntry {
 inline constexpr std::size_t kSettingCount = static_cast<std::size_t>(Setting::SlipNo) + 1;
 extern const std::array<SettingEntry, kSettingCount> kSettings;
 
+// Those that no backup and no log holds.
+inline constexpr std::array kSecretSettings{Setting::FtpPassword, Setting::UsePassword, Setting::DeletedLinesPassword};
+// Whether a key of the settings store is one of theirs.
+bool IsSecret(std::string_view key);
+
 const SettingEntry& EntryOf(Setting setting);
 // The name of a fixed application; "" for the title's own.
 std::string_view FixedApplication(SettingApplication application);

@@ -92,9 +92,8 @@ class Cursor::Impl {
     position.ReadIfNeeded();
     const std::uint64_t before = position.WriteCount();
     const RowQuery& source = *position.Source();
-    RowKey key = 0;
     Status written =
-        stores.Write(*source.table, [&](Engine& engine) { return engine.Insert(*source.file, *source.table, copy->Values(), key); });
+        stores.Write(*source.table, [&](Engine& engine) { return engine.Insert(*source.file, *source.table, copy->Values()); });
     if (written.Ok()) {
       position.NoteAdded(before);
       shownWriteCount = position.WriteCount();
@@ -423,6 +422,14 @@ Glance::~Glance() {
 
 bool Glance::Complete() const {
   return stores_.busyReads_ == busyBefore_;
+}
+
+bool Glance::ServerIsAway() const {
+  return stores_.IsServerAway();
+}
+
+bool Glance::NothingIsOpen() const {
+  return !stores_.IsOpen();
 }
 
 }  // namespace karvel

@@ -140,8 +140,11 @@ class Glance {
   ~Glance();
   Glance(const Glance&) = delete;
   Glance& operator=(const Glance&) = delete;
-  // False when another program did not let a read through since: what was read is not what is there.
+  // False when another program did not let a read through since, or no server answered: what was read is not what is there.
   [[nodiscard]] bool Complete() const;
+  // Why there may be no rows to read at all.
+  [[nodiscard]] bool ServerIsAway() const;
+  [[nodiscard]] bool NothingIsOpen() const;
 
  private:
   Stores& stores_;

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <set>
 #include <span>
 #include <string>
 #include <vector>
@@ -88,8 +89,8 @@ class Engine {
   // NoRecord when the row is gone. For an edit, inside a transaction, no other writer can change the row until the transaction ends.
   virtual Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool forEdit, GridRow& row) = 0;
 
-  // Adds a whole row, its values in catalogue order, and gives its key, which is greater than those of all rows that are there.
-  virtual Status Insert(const DatabaseFile& file, const Table& table, const Row& values, RowKey& key) = 0;
+  // Adds a whole row, its values in catalogue order. Its key is greater than those of all rows that are there.
+  virtual Status Insert(const DatabaseFile& file, const Table& table, const Row& values) = 0;
   // Adds `count` whole rows in their order; `fill` is given each one's number from 0 and a row of defaults. Costs far less a row than
   // Insert where they are more than there are already. NotOpen without a transaction; a failure undoes the whole of it.
   virtual Status InsertMany(const DatabaseFile& file, const Table& table, std::int64_t count,
@@ -114,6 +115,12 @@ class Engine {
   [[nodiscard]] virtual bool InTransaction() const = 0;
   // Whether every row read inside a transaction is safe from other writers until its end, not only those read for an edit.
   [[nodiscard]] virtual bool ReadsHold() const = 0;
+  // The same for one row that was read by itself just now: where it is so, it needs no reading again for an edit.
+  [[nodiscard]] virtual bool HoldsRow(const Table& /*table*/, RowKey /*key*/) const { return ReadsHold(); }
+
+  // Adds the names ("cari/CariKartlar") of the tables that other terminals wrote since the last call, as far as the stores tell of it.
+  // Waits for nothing. Files tell nothing.
+  virtual void TakeForeignChanges(std::set<std::string>& /*tables*/) {}
 
   // Begins a copy of all files into a folder of this machine, which exists and is empty. They become SQLite files under their names,
   // whatever the engine. Nobody's transaction waits for it longer than a fifth of a second. Busy while another terminal makes one.

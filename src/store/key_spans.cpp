@@ -13,8 +13,8 @@ constexpr std::string_view kSigns = "*?#[";
 // The plain letters that names begin with, then those whose keys begin with a plain letter's key.
 constexpr std::string_view kPlain = "0123456789abcdefghijklmnopqrstuvwxyz";
 constexpr const char* kMarked[] = {"ç", "ğ", "ı", "İ", "ö", "ş", "ü", "â", "î", "û"};
-// No letter of a well-formed text begins with this byte.
-constexpr std::string_view kBehindAllKeys = "\xFF";
+// The highest code point, which no real text holds: an engine may refuse what is no letter at all.
+constexpr std::string_view kBehindAllKeys = "\U0010FFFF";
 
 // The pattern that every row has to fit in this field; empty when there is none that spans help with.
 std::string_view PatternOn(const dialect::Expr& condition, int position) {

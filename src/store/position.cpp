@@ -219,6 +219,10 @@ std::uint64_t Position::HoldingAction() const {
   return stores_.InAction() && stores_.Driver().ReadsHold() ? stores_.ActionNumber() : 0;
 }
 
+std::uint64_t Position::ActionThatHolds(RowKey key) const {
+  return stores_.InAction() && stores_.Driver().HoldsRow(*source_->table, key) ? stores_.ActionNumber() : 0;
+}
+
 std::uint64_t Position::WriteCount() const {
   return source_ ? stores_.WriteCount(*source_->table) : 0;
 }
@@ -256,7 +260,7 @@ void Position::ReadCurrentAgain() {
   if (read.Ok()) {
     SetCurrentValues(std::move(row.values));
     currentWrites_ = count;
-    currentAction_ = HoldingAction();
+    currentAction_ = ActionThatHolds(current_.key);
   } else if (read.Kind() == ErrorKind::NoRecord) {
     place_ = Place::Gone;
   } else {
@@ -277,7 +281,7 @@ void Position::StandOn(GridRow row) {
   current_ = std::move(row);
   asReached_.reset();
   currentWrites_ = WriteCount();
-  currentAction_ = HoldingAction();
+  currentAction_ = ActionThatHolds(current_.key);
   place_ = Place::OnRow;
   ahead_.clear();
 }

@@ -76,6 +76,8 @@ class Position {
   [[nodiscard]] bool IsLive() const;
   // The number of the open action, where it keeps what was read safe from other writers; else 0.
   [[nodiscard]] std::uint64_t HoldingAction() const;
+  // The same for one row that was read by itself just now.
+  [[nodiscard]] std::uint64_t ActionThatHolds(RowKey key) const;
   Status Step(bool forward);
   void StandOn(GridRow row);
   // The same row, read or written again.

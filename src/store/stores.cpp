@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/log.h"
+#include "platform/share.h"
 #include "store/cursor.h"
 #include "store/dialect/dialect.h"
 #include "text/turkish.h"
@@ -25,6 +26,7 @@ bool IsStoreFault(const Status& status) {
     case ErrorKind::DiskFailed:
     case ErrorKind::Missing:
     case ErrorKind::Unknown:
+    case ErrorKind::Unreachable:
     case ErrorKind::Other:
       return true;
     case ErrorKind::None:
@@ -38,7 +40,8 @@ bool IsStoreFault(const Status& status) {
 
 // What the clerk or whoever helps him must look at the folder for.
 bool IsOfFolder(const Status& status) {
-  return !status.Ok() && IsStoreFault(status) && status.Kind() != ErrorKind::Busy && status.Kind() != ErrorKind::Unknown;
+  return !status.Ok() && IsStoreFault(status) && status.Kind() != ErrorKind::Busy && status.Kind() != ErrorKind::Unknown &&
+         status.Kind() != ErrorKind::Unreachable;
 }
 
 Status FindFile(const std::string& databaseName, const DatabaseFile*& file) {
@@ -59,6 +62,7 @@ Status Stores::Open(const std::string& folder) {
   Close();
   folder_ = folder;
   Status opened = engine_->Open(folder);
+  away_ = opened.Kind() == ErrorKind::Unreachable;
   if (!opened.Ok()) Log(fmt::format("stores: {}: {}", folder, opened.Message()));
   return opened;
 }
@@ -69,6 +73,7 @@ void Stores::Close() {
     Fail({ErrorKind::NotOpen, "the stores were closed inside the action"});
   }
   engine_->Close();
+  away_ = false;
   unknownAction_.clear();
   ++undoings_;
   ++openings_;
@@ -76,8 +81,9 @@ void Stores::Close() {
 
 Status Stores::Begin(const std::string& name) {
   if (!InAction()) {
+    if (away_) return Away();
     if (!engine_->IsOpen()) return {ErrorKind::NotOpen, fmt::format("{}: no stores are open", name)};
-    if (Status begun = engine_->Begin(); !begun.Ok()) {
+    if (Status begun = LoseIfAway(engine_->Begin()); !begun.Ok()) {
       Log(fmt::format("{}: {}", name, begun.Message()));
       return IsOfFolder(begun) ? begun.At(folder_) : begun;
     }
@@ -93,7 +99,7 @@ Status Stores::Commit() {
   if (InAction()) return {};
   Status outcome = std::exchange(failure_, {});
   if (outcome.Ok()) {
-    outcome = engine_->Commit();
+    outcome = LoseIfAway(engine_->Commit());
   } else {
     engine_->Rollback();
   }
@@ -120,7 +126,8 @@ Status Stores::Ended(const std::string& name, const Status& outcome) {
   } else if (outcome.Ok() && !outcome.Message().empty()) {
     savedOnFailingDisk();
   }
-  return IsOfFolder(outcome) ? outcome.At(folder_) : outcome;
+  const Status told = IsShare(folder_) ? outcome.About(Subject::Server) : outcome;
+  return IsOfFolder(told) ? told.At(folder_) : told;
 }
 
 void Stores::Abandon() {
@@ -202,7 +209,7 @@ std::uint64_t Stores::WriteCount(const Table& table) const {
 
 Status Stores::Write(const Table& table, const std::function<Status(Engine&)>& write) {
   if (!failure_.Ok()) return failure_;
-  Status written = FailOnFault(write(*engine_));
+  Status written = FailOnFault(LoseIfAway(write(*engine_)));
   if (written.Ok()) {
     ++writes_[&table];
     if (std::find(writtenTables_.begin(), writtenTables_.end(), &table) == writtenTables_.end()) writtenTables_.push_back(&table);
@@ -211,9 +218,9 @@ Status Stores::Write(const Table& table, const std::function<Status(Engine&)>& w
 }
 
 Status Stores::Read(const std::function<Status(Engine&)>& read) {
-  if (!engine_->IsOpen()) return {ErrorKind::NotOpen, "no stores are open"};
-  Status outcome = FailOnFault(read(*engine_));
-  if (outcome.Kind() == ErrorKind::Busy) {
+  if (!away_ && !engine_->IsOpen()) return {ErrorKind::NotOpen, "no stores are open"};
+  Status outcome = FailOnFault(away_ ? Away() : LoseIfAway(read(*engine_)));
+  if (outcome.Kind() == ErrorKind::Busy || outcome.Kind() == ErrorKind::Unreachable) {
     ++busyReads_;
     if (!InAction() && !glancing_) readFailed(outcome);
   } else if (!InAction() && IsStoreFault(outcome)) {
@@ -232,6 +239,42 @@ void Stores::NoteDamage(const Table& table, const std::vector<GridRow>& rows) {
                       LeftLetters(AsText(row.values[i]), 50)));
     }
   }
+}
+
+Status Stores::Away() {
+  return {ErrorKind::Unreachable, "the main machine doesn't answer"};
+}
+
+Status Stores::LoseIfAway(Status status) {
+  if (status.Kind() != ErrorKind::Unreachable || std::exchange(away_, true)) return status;
+  Log(fmt::format("stores: {}: {}", folder_, status.Message()));
+  serverLost();
+  return status;
+}
+
+Status Stores::AskServer() {
+  if (InAction() || !engine_->IsOpen()) return {};
+  const DatabaseFile& file = Catalogue::Files().front();
+  std::vector<GridRow> rows;
+  engine_->SetPatient(false);
+  Status answered = LoseIfAway(engine_->Select({&file, &file.tables.front(), {}, {}}, {}, rows));
+  engine_->SetPatient(true);
+  if (answered.Kind() == ErrorKind::Unreachable || !std::exchange(away_, false)) return answered;
+  ++undoings_;
+  ShowStale([](const Cursor&) { return true; });
+  serverFound();
+  return answered;
+}
+
+void Stores::ShowForeignChanges() {
+  std::set<std::string> tables;
+  if (InAction() || away_ || !engine_->IsOpen()) return;
+  engine_->TakeForeignChanges(tables);
+  if (tables.empty()) return;
+  for (const DatabaseFile& file : Catalogue::Files())
+    for (const Table& table : file.tables)
+      if (tables.contains(fmt::format("{}/{}", file.schema, table.name))) ++writes_[&table];
+  ShowStale([](const Cursor&) { return true; });
 }
 
 Status Stores::FailOnFault(Status status) {

@@ -37,6 +37,19 @@ class Stores {
   void Close();
   [[nodiscard]] bool IsOpen() const { return engine_->IsOpen(); }
 
+  // Whether the stores are a server's that didn't answer. Nothing is asked of it then, for the window would stand still at each try: reads
+  // and actions are Unreachable at once until AskServer has found it, or an Open.
+  [[nodiscard]] bool IsServerAway() const { return away_; }
+  // Asks the server of open stores whether it is there, and waits for no connection: where one must be made, a later call finds it. The
+  // grids read anew behind one that was away.
+  Status AskServer();
+  // Raised in the middle of whatever was asked of it.
+  Signal<> serverLost;
+  Signal<> serverFound;  // by AskServer
+
+  // Tells the grids over every table that other terminals have written since this was last called. Not inside an action.
+  void ShowForeignChanges();
+
   // Begins an action of the clerk: all writes up to the matching Commit land together or not at all, over all files.
   // Actions nest: inner ones join the outer, and only the outermost commits. Reads inside see the action's own writes.
   // Waits in line for other terminals. Every Begin that went well is ended by one Commit or one Abandon; one that failed leaves no action
@@ -81,8 +94,8 @@ class Stores {
 
   // Grows with every Open and Close.
   [[nodiscard]] std::uint64_t Openings() const { return openings_; }
-  // Grows with every write to the table through this object, and with every action that is undone: what was read under another count may
-  // be out of date.
+  // Grows with every write to the table through this object or told by ShowForeignChanges, and with every action that is undone: what was
+  // read under another count may be out of date.
   [[nodiscard]] std::uint64_t WriteCount(const Table& table) const;
 
  private:
@@ -98,6 +111,10 @@ class Stores {
   Status Read(const std::function<Status(Engine&)>& read);
   // Names in the log, once, what stands in the number fields of these rows and is no number.
   void NoteDamage(const Table& table, const std::vector<GridRow>& rows);
+  // Notes a server that didn't answer. The outcome is handed on as it is.
+  Status LoseIfAway(Status status);
+  // The answer of a server that isn't asked.
+  static Status Away();
   // Fails the open action, if there is one, where the outcome of a step is a fault of the store. The outcome is handed on as it is.
   Status FailOnFault(Status status);
   // Takes the innermost action off the open ones, and gives its name.
@@ -121,11 +138,14 @@ class Stores {
   std::uint64_t undoings_ = 0;  // actions undone, and closings
   std::uint64_t openings_ = 0;
   // Whether the failure is that of a list which only glances: it tries again in a moment, and the log would drown.
-  [[nodiscard]] bool Glances(const Status& status) const { return glancing_ && status.Kind() == ErrorKind::Busy; }
+  [[nodiscard]] bool Glances(const Status& status) const {
+    return glancing_ && (status.Kind() == ErrorKind::Busy || status.Kind() == ErrorKind::Unreachable);
+  }
 
   bool glancing_ = false;
+  bool away_ = false;                                      // the server
   std::set<std::pair<const Table*, RowKey>> damagedRows_;  // that the log has named
-  std::uint64_t busyReads_ = 0;                            // reads that another program did not let through
+  std::uint64_t busyReads_ = 0;                            // reads that another program did not let through, or that no server answered
   std::unordered_map<const Table*, std::uint64_t> writes_;
   std::vector<const Table*> writtenTables_;  // since the action began
   std::vector<Cursor*> cursors_;

@@ -1,7 +1,6 @@
 #include "store/table_rows.h"
 
 #include <utility>
-#include <vector>
 
 #include "store/stores.h"
 
@@ -14,17 +13,19 @@ TableRows::TableRows(Stores& stores, const std::string& file, const std::string&
 
 Status TableRows::ForEach(const std::function<void(const GridRow&)>& take) {
   constexpr int kAtOnce = 500;
-  RowRange range{.limit = kAtOnce};
   GridRow last;
+  bool first = true;
   for (std::vector<GridRow> rows;;) {
-    const Status read = stores_.Read([&](Engine& engine) { return engine.Select(query_, range, rows); });
-    if (!read.Ok()) return read;
+    if (const Status read = Next(std::exchange(first, false) ? nullptr : &last, kAtOnce, rows); !read.Ok()) return read;
     for (const GridRow& row : rows) take(row);
     if (rows.size() < kAtOnce) return {};
     last = std::move(rows.back());
-    range.from = RowRange::From::Behind;
-    range.beside = &last;
   }
+}
+
+Status TableRows::Next(const GridRow* last, int limit, std::vector<GridRow>& rows) {
+  const RowRange range{last == nullptr ? RowRange::From::Start : RowRange::From::Behind, last, limit};
+  return stores_.Read([&](Engine& engine) { return engine.Select(query_, range, rows); });
 }
 
 Status TableRows::Add(std::int64_t count, const std::function<void(std::int64_t, Row&)>& fill) {

@@ -6,6 +6,7 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "platform/status.h"
 #include "store/catalogue.h"
@@ -24,6 +25,8 @@ class TableRows {
   [[nodiscard]] const Table& Columns() const { return *query_.table; }
   // Hands over every row in the order in which they were added.
   Status ForEach(const std::function<void(const GridRow&)>& take);
+  // The rows behind one that was read before, null for the first ones, in the same order; at most `limit`. `rows` is emptied first.
+  Status Next(const GridRow* last, int limit, std::vector<GridRow>& rows);
   // Adds `count` rows to those that are there: `fill` is given each one's number from 0 and a row of defaults. Within an action only, which
   // a failure undoes.
   Status Add(std::int64_t count, const std::function<void(std::int64_t, Row&)>& fill);

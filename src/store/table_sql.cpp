@@ -197,7 +197,8 @@ void TableSql::AddOrder(const RowQuery& query, bool reversed, std::size_t from, 
   for (std::size_t i = from; i < query.order.size(); ++i) {
     const dialect::OrderTerm& term = query.order[i];
     sql.text += KeyOf(term.position);
-    sql.text += term.descending != reversed ? " DESC, " : ", ";
+    sql.text += Direction(term.descending != reversed);
+    sql.text += ", ";
   }
   sql.text += names_.rowKey;
   if (KeyDescends(query, reversed)) sql.text += " DESC";

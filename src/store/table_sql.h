@@ -83,10 +83,16 @@ class TableSql : private dialect::SqlTarget {
   [[nodiscard]] std::string Parameter(std::size_t n) const override { return words_.Parameter(n); }
   [[nodiscard]] std::string IndexedKey(std::string_view columnSql) const override;
   [[nodiscard]] std::string ComputedKey(std::string_view textSql) const override { return words_.ComputedKey(textSql); }
+  [[nodiscard]] std::string KeyUnlike(std::string_view textSql, std::string_view key) const override {
+    return words_.KeyUnlike(textSql, key);
+  }
   [[nodiscard]] std::string Fits(std::string_view textSql, std::string_view patternSql) const override {
     return words_.Fits(textSql, patternSql);
   }
   [[nodiscard]] std::string LeftOf(std::string_view textSql, int count) const override { return words_.LeftOf(textSql, count); }
+  [[nodiscard]] std::string Holds(std::string_view columnSql, bool value) const override { return words_.Holds(columnSql, value); }
+  [[nodiscard]] std::string Pattern(std::string_view pattern) const override { return words_.Pattern(pattern); }
+  [[nodiscard]] std::string_view Direction(bool descending) const override { return words_.Direction(descending); }
   [[nodiscard]] std::string Key(std::string_view text) const override { return words_.Key(text); }
   [[nodiscard]] std::string KeyPrefixEnd(std::string_view prefix) const override { return words_.KeyPrefixEnd(prefix); }
 

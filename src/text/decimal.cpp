@@ -2,9 +2,11 @@
 
 #include <fmt/format.h>
 
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <string_view>
 
 namespace karvel {
 namespace {
@@ -19,8 +21,11 @@ Decimal::Decimal(double value) {
   if (!std::isfinite(value) || value == 0) return;
   negative = value < 0;
   // "d.dddddddddddddde±xx"
-  const std::string text = fmt::format("{:.14e}", std::abs(value));
-  digits = text.substr(0, 1) + text.substr(2, 14);
+  std::array<char, 24> letters{};
+  const auto written = std::to_chars(letters.data(), letters.data() + letters.size(), std::abs(value), std::chars_format::scientific, 14);
+  const std::string_view text(letters.data(), written.ptr);
+  digits = text.substr(0, 1);
+  digits += text.substr(2, 14);
   const std::size_t from = text.find('e') + (text[text.find('e') + 1] == '+' ? 2 : 1);
   std::from_chars(text.data() + from, text.data() + text.size(), exponent);
   ++exponent;

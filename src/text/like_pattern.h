@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -13,6 +14,8 @@ class LikePattern {
   explicit LikePattern(std::string_view pattern);
   // Allocates nothing. At worst (letters of the text) × (pieces of the pattern).
   [[nodiscard]] bool Matches(std::string_view text) const;
+  // The same pattern as an advanced POSIX regular expression over the text as it stands, for an engine that matches by those.
+  [[nodiscard]] std::string ToRegex() const;
   // False for an unclosed "[": such a pattern matches nothing.
   [[nodiscard]] bool Valid() const { return valid_; }
 
@@ -29,6 +32,7 @@ class LikePattern {
     std::uint32_t count = 0;
   };
   void ReadSet(std::string_view inside);
+  [[nodiscard]] std::string SetRegex(const Piece& piece) const;
   [[nodiscard]] bool Takes(const Piece& piece, char32_t letter) const;
 
   std::vector<Piece> pieces_;

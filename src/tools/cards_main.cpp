@@ -11,6 +11,7 @@
 #include "exchange/card_export.h"
 #include "exchange/csv_sheet.h"
 #include "exchange/import_report.h"
+#include "exchange/spreadsheet/sheet_file.h"
 #include "exchange/spreadsheet/xlsx_sheet.h"
 #include "platform/clerk_message.h"
 #include "tools/shop_folder.h"
@@ -61,7 +62,7 @@ std::string AbsolutePath(const std::string& path) {
 Answer Import(ShopFolder& shop, const Words& words) {
   std::string bytes;
   if (const Status read = shop.Disk().Read(AbsolutePath(words.plain[1]), bytes); !read.Ok()) return Fail("Dosya okunamadı. ", read);
-  const SheetOutcome sheet = IsXlsx(bytes) ? ReadXlsx(bytes) : ReadCsv(bytes);
+  const SheetOutcome sheet = ReadSheetFile(words.plain[1], bytes);
   if (!sheet) {
     fmt::print(stderr, "{}\n", FaultLine(sheet.error(), {}));
     return kFailed;

@@ -2,9 +2,10 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
-#include <cerrno>
+#include <array>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <string_view>
 
@@ -29,21 +30,48 @@ Answer Fail(const std::string& what, const Status& status) {
   return kFailed;
 }
 
-// A name of its own first: what is there stays, even if it came at this very moment.
+// Never over a file that is there, even if it came at this very moment.
 Status PutInPlace(const std::string& made, const std::string& target) {
-  if (::link(made.c_str(), target.c_str()) != 0) return StatusOfSystemError(errno, target);
-  std::error_code ignored;
-  fs::remove(made, ignored);
-  const int error = SyncFolder(FolderOf(target));
-  return error == 0 ? Status() : StatusOfSystemError(error, target);
+  if (const int error = MoveToFreeName(made, target); error != 0) return StatusOfSystemError(error, target);
+  return StatusOfSystemError(SyncFolder(FolderOf(target)), target);
+}
+
+bool IsNewStore(const std::string& path) {
+  constexpr std::string_view kBeginning = "SQLite format 3";
+  std::array<char, kBeginning.size()> bytes{};
+  std::ifstream(path, std::ios::binary).read(bytes.data(), bytes.size());
+  return std::string_view(bytes.data(), bytes.size()) == kBeginning;
+}
+
+// Why a file is none that can be turned; "" where it is one.
+std::string WhyNot(const std::string& old) {
+  std::error_code failed;
+  const fs::file_status found = fs::status(old, failed);
+  if (!fs::exists(found)) return "bulunamadı. Adını ve yerini denetleyin.";
+  if (fs::is_directory(found)) return "bir klasör. Klasörün içindeki veri dosyasını yazın (Cari.mdb, Stok.mdb …).";
+  if (!fs::is_regular_file(found)) return "bir dosya değil.";
+  if (access(old.c_str(), R_OK) != 0) return "okunamıyor: okuma izni yok.";
+  if (Catalogue::File(old) == nullptr)
+    return "adı eski programın veri dosyalarından birinin adı değil. Adı Cari.mdb, Stok.mdb, Karvel.mdb … olmalı.";
+  switch (AccessFormOf(old)) {
+    case AccessForm::Access2000:
+      return "";
+    case AccessForm::Access97:
+      return "Access 97 biçiminde, okunamaz. Access ile açıp Access 2000 biçiminde kaydedin.";
+    case AccessForm::Later:
+      return "Access 2007 veya daha yeni biçimde, okunamaz. Access ile açıp Access 2000 biçiminde (.mdb) kaydedin.";
+    case AccessForm::None:
+      break;
+  }
+  return IsNewStore(old) ? "zaten bu programın veri dosyası, çevrilmesi gerekmez." : "bir Access dosyası değil, ya da başı bozuk.";
 }
 
 Answer Import(ShopFolder& shop, const std::string& old, const std::string& folder) {
-  const DatabaseFile* const file = Catalogue::File(old);
-  if (file == nullptr || !AccessDatabases().IsOld(old)) {
-    fmt::print(stderr, "{}: eski programın bir veri dosyası değil (Cari.mdb, Stok.mdb, Karvel.mdb …).\n", old);
+  if (const std::string why = WhyNot(old); !why.empty()) {
+    fmt::print(stderr, "{}: {}\n", old, why);
     return kFailed;
   }
+  const DatabaseFile* const file = Catalogue::File(old);
   const std::string path = shop.PathOf(folder);
   if (const Status made = shop.Disk().MakeFolder(path); !made.Ok()) return Fail("Veri klasörü açılamadı. ", made);
   const std::string target = shop.Disk().RealPath(PathIn(path, file->name));
@@ -56,6 +84,11 @@ Answer Import(ShopFolder& shop, const std::string& old, const std::string& folde
   const std::string made = target + ".yeni";
   Status done = ConvertOldFile(databases, MakeSqliteStoreFile, old, *file, made, converted);
   if (done.Ok()) done = PutInPlace(made, target);
+  if (done.Kind() == ErrorKind::Damaged) {
+    fmt::print(stderr, "{}: dosya bozuk, hiçbir şey alınmadı. Access ile açıp onarın veya daha eski bir kopyasını deneyin.\n({})\n", old,
+               done.Message());
+    return kFailed;
+  }
   if (!done.Ok()) return Fail("Eski dosya çevrilemedi. ", done);
   fmt::print("{}: {} kayıt alındı.\n", target, converted.rows);
   for (const std::string& fault : converted.faults) fmt::print("{}\n", fault);

@@ -9,12 +9,6 @@
 namespace karvel {
 namespace {
 
-std::string FolderOfProgram(const std::string& program) {
-  std::error_code failed;
-  const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", failed);
-  return (failed ? std::filesystem::absolute(program, failed) : self).parent_path().string();
-}
-
 SqliteOptions EngineOptions(const DiskFiles& files, OldFiles& oldFiles) {
   SqliteOptions options;
   options.preparation = &oldFiles;
@@ -23,6 +17,12 @@ SqliteOptions EngineOptions(const DiskFiles& files, OldFiles& oldFiles) {
 }
 
 }  // namespace
+
+std::string FolderOfProgram(const std::string& program) {
+  std::error_code failed;
+  const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", failed);
+  return (failed ? std::filesystem::absolute(program, failed) : self).parent_path().string();
+}
 
 ShopFolder::ShopFolder(const std::string& program, const std::string& name)
     : files_(FilePlaces::OfThisMachine(FolderOfProgram(program))),

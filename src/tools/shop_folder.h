@@ -12,6 +12,9 @@
 
 namespace karvel {
 
+// The folder that a program lies in, by the word it was started with.
+std::string FolderOfProgram(const std::string& program);
+
 class ShopFolder {
  public:
   // The program as it was started. Its log lies beside the desks', under its own name.

@@ -1,9 +1,9 @@
 #include "touch/floating_window.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <utility>
+#include <vector>
 
 namespace karvel {
 namespace {
@@ -24,17 +24,22 @@ bool Inside(const WindowBox& box, const WindowSize& room) {
   return box.left >= 0 && box.top >= 0 && box.Right() <= room.width && box.Bottom() <= room.height;
 }
 
+// What a place leaves free besides the field, from all of it to nothing.
+enum class Spared { Card, Keys, Button, Nothing };
+
 // The free place of this size that lies nearest to the lower left; none where every one covers something.
-std::optional<WindowBox> FreePlace(const WindowSize& size, const Surroundings& around, bool sparesButton) {
-  const auto& [room, field, button, scale] = around;
-  const std::array lefts{0,
-                         room.width - size.width,
-                         field.left - size.width - kDistance,
-                         field.Right() + kDistance,
-                         button.left - size.width - kDistance,
-                         button.Right() + kDistance};
-  const std::array tops{room.height - size.height, button.top - size.height - kDistance, field.Bottom() + kDistance,
-                        field.top - size.height - kDistance, 0};
+std::optional<WindowBox> FreePlace(const WindowSize& size, const Surroundings& around, Spared spared) {
+  const WindowSize& room = around.room;
+  std::vector<WindowBox> taken{around.field};
+  if (spared != Spared::Nothing) taken.push_back(around.button);
+  if (spared == Spared::Card) taken.push_back(around.card);
+  if (spared == Spared::Keys) taken.push_back(around.keys);
+  std::erase_if(taken, [](const WindowBox& box) { return box.IsEmpty(); });
+  std::vector<int> lefts{0, room.width - size.width}, tops{room.height - size.height, 0};
+  for (const WindowBox& box : taken) {
+    lefts.insert(lefts.end(), {box.left - size.width - kDistance, box.Right() + kDistance});
+    tops.insert(tops.end(), {box.top - size.height - kDistance, box.Bottom() + kDistance});
+  }
   std::optional<WindowBox> best;
   const auto farness = [&room](const WindowBox& box) {
     return static_cast<std::int64_t>(room.height - box.Bottom()) * 2 + box.left;  // a list is read from its top
@@ -42,7 +47,7 @@ std::optional<WindowBox> FreePlace(const WindowSize& size, const Surroundings& a
   for (const int left : lefts) {
     for (const int top : tops) {
       const WindowBox box{left, top, size.width, size.height};
-      if (!Inside(box, room) || Overlap(box, field) || (sparesButton && Overlap(box, button))) continue;
+      if (!Inside(box, room) || std::ranges::any_of(taken, [&box](const WindowBox& other) { return Overlap(box, other); })) continue;
       if (!best || farness(box) < farness(*best)) best = box;
     }
   }
@@ -79,18 +84,19 @@ WindowBox FloatingPlace(const std::optional<WindowBox>& chosen, const FloatingSi
     const WindowBox kept = KeptInside({chosen->left, chosen->top, size.width, size.height}, around.room);
     if (!Overlap(kept, around.field)) return kept;
   }
-  if (const auto place = FreePlace(size, around, true)) return *place;
-  // As many keys side by side, but narrower ones.
-  if (sizes.widens) {
-    for (const int width : {sizes.least.width, kNarrowest}) {
-      if (width >= size.width) continue;
-      if (const auto place = FreePlace({width, size.height}, around, true)) return *place;
-    }
-  }
+  if (const auto place = FreePlace(size, around, Spared::Card)) return *place;
   const WindowSize least = FittedSize({0, 0}, {.least = sizes.least}, around.room, around.scale);
-  if (const auto place = FreePlace(least, around, true)) return *place;
-  if (const auto place = FreePlace(size, around, false)) return *place;
-  if (const auto place = FreePlace(least, around, false)) return *place;
+  for (const Spared spared : {Spared::Keys, Spared::Button, Spared::Nothing}) {
+    if (const auto place = FreePlace(size, around, spared)) return *place;
+    // As many keys side by side, but narrower ones.
+    if (sizes.widens && spared != Spared::Nothing) {
+      for (const int width : {sizes.least.width, kNarrowest}) {
+        if (width >= size.width) continue;
+        if (const auto place = FreePlace({width, size.height}, around, spared)) return *place;
+      }
+    }
+    if (const auto place = FreePlace(least, around, spared)) return *place;
+  }
   return KeptInside({0, around.room.height - size.height, size.width, size.height}, around.room);
 }
 

@@ -37,6 +37,8 @@ struct Surroundings {
   WindowSize room{};   // the desk's window
   WindowBox field{};   // what it types into; empty: nothing is served
   WindowBox button{};  // the main button
+  WindowBox card{};    // the panel in front that has keys; empty: none is open
+  WindowBox keys{};    // those keys
   double scale = 1;    // of fonts and targets
 };
 
@@ -46,7 +48,8 @@ struct Surroundings {
 // Moved inside the room where it runs past an edge of it; one too large for it begins at the upper left.
 [[nodiscard]] WindowBox KeptInside(WindowBox box, const WindowSize& room);
 // The place for a window: `chosen` by the clerk where it doesn't cover the field, else the nearest to the lower left that covers neither
-// the field nor the button.
+// the field nor the button, and of an open panel at least none of its keys. Where there is none so free, the keys go under it before the
+// button, and the field never.
 [[nodiscard]] WindowBox FloatingPlace(const std::optional<WindowBox>& chosen, const FloatingSizes& sizes, const Surroundings& around);
 
 }  // namespace karvel

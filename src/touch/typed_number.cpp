@@ -12,4 +12,8 @@ bool MayBecomeNumber(const std::string& text) {
   return digits <= kWholeDigits && (IsNumeric(text) || IsNumeric(text + "0"));
 }
 
+std::string FinishedNumber(const std::string& text) {
+  return text.ends_with(',') ? text.substr(0, text.size() - 1) : text;
+}
+
 }  // namespace karvel

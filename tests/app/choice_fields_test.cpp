@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTableView>
+#include <QToolButton>
 
 #include "window_fixture.h"
 
@@ -34,6 +35,22 @@ TEST_F(ChoiceFieldsTest, a_date_goes_both_ways_and_writes_day_first) {
   EXPECT_EQ(picker->text(), "01.03.2026");
   picker->setDate(QDate(2026, 12, 31));
   EXPECT_EQ(screen.DTPicker1.Date(), (DateTime{2026, 12, 31}));
+}
+
+TEST_F(ChoiceFieldsTest, space_opens_the_calendar_of_a_date_and_its_arrows_are_ours) {
+  screen.Frame3.SetVisible(true);
+  auto* const picker = qobject_cast<QDateEdit*>(Of(screen.DTPicker1));
+  picker->setFocus();
+  Strike(picker, Qt::Key_Space, " ");
+  QCalendarWidget* const calendar = picker->calendarWidget();
+  ASSERT_TRUE(calendar->isVisible());
+  for (const char* const name : {"qt_calendar_prevmonth", "qt_calendar_nextmonth"}) {
+    const auto* const arrow = calendar->findChild<QToolButton*>(name);
+    ASSERT_NE(arrow, nullptr);
+    const QImage picture = arrow->icon().pixmap(arrow->iconSize()).toImage();
+    EXPECT_EQ(picture.pixelColor(picture.rect().center()).rgb(), palette::kText.rgb()) << name;
+  }
+  QApplication::activePopupWidget()->close();
 }
 
 TEST_F(ChoiceFieldsTest, a_date_opens_its_calendar_wherever_the_finger_comes_down) {

@@ -87,6 +87,9 @@ TEST_F(CurlFtpTest, what_the_server_said_is_logged_and_the_password_never) {
   EXPECT_TRUE(log.Holds("ftp < 230 "));
   EXPECT_TRUE(log.Holds("ftp < 550 "));
   EXPECT_FALSE(log.Holds("gizli"));
+  ComeTo("ftp://ali:parola@" + server.Address());  // typed where none belongs
+  EXPECT_EQ(Do("DIR"), FtpFault::None);
+  EXPECT_FALSE(log.Holds("parola"));
 }
 
 TEST_F(CurlFtpTest, a_missing_folder_is_told) {

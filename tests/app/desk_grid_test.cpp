@@ -13,6 +13,7 @@
 #include "store/stores.h"
 #include "tests/support/foreign_program.h"
 #include "tests/support/other_process.h"
+#include "tests/support/share_engine.h"
 #include "tests/support/temp_folder.h"
 #include "window_fixture.h"
 
@@ -126,6 +127,19 @@ TEST_F(DeskGridTest, a_heading_tells_its_column_number_hidden_ones_counted) {
   connections += screen.StokGrid.headClick.Connect([&](int number) { column = number; });
   QTest::mouseClick(Grid()->viewport(), Qt::LeftButton, {}, Grid()->HeadRect(2).center());
   EXPECT_EQ(column, 3);
+}
+
+TEST_F(DeskGridTest, a_key_taps_a_heading_by_its_place) {
+  Fill(5);
+  int column = -1;
+  connections += screen.StokGrid.headClick.Connect([&](int number) { column = number; });
+  Strike(Grid(), Qt::Key_3, "3");
+  EXPECT_EQ(column, -1);
+  Strike(Grid(), Qt::Key_3, "3", Qt::ControlModifier);
+  EXPECT_EQ(column, 3);
+  column = -1;
+  Strike(Grid(), Qt::Key_9, "9", Qt::ControlModifier);
+  EXPECT_EQ(column, -1);
 }
 
 TEST_F(DeskGridTest, the_current_record_comes_into_view_wherever_it_is) {
@@ -338,6 +352,69 @@ TEST_F(DeskGridTest, a_finger_that_comes_up_is_always_heard) {
   QTest::mousePress(view, Qt::LeftButton, {}, head);
   screen.StokGrid.SetVisible(false);
   EXPECT_GE(released, 4);
+}
+
+// A list of the main machine's rows, into which other terminals write.
+class SharedListTest : public DeskGridTest {
+ protected:
+  SharedListTest() {
+    EXPECT_TRUE(main.Open("\\\\kasa\\MuhasebeData\\01").Ok());
+    for (int i = 0; i < 60; ++i) Other().Run(fmt::format("INSERT INTO StokKartlar(StokKod, StokAdi) VALUES('K{}', 'Mal {:02}')", i, i));
+    list.SetDatabaseName("Stok.mdb");
+    EXPECT_TRUE(list.Open(kAll).Ok());
+    screen.StokGrid.SetSource(&list);
+    Settle();
+  }
+  testing::ForeignProgram Other() { return testing::ForeignProgram(folder.Path() + "/net/kasa/MuhasebeData/01/Stok.mdb"); }
+  void AnotherTerminalAddsOneAbove() {
+    Other().Run("INSERT INTO StokKartlar(StokKod, StokAdi) VALUES('NEW', 'Ayran')");
+    server.foreign = {"stok/StokKartlar"};
+    main.ShowForeignChanges();
+    Settle();
+  }
+
+  testing::ServerWatch server;
+  Stores main{std::make_unique<testing::ShareEngine>(MakeSqliteEngine({.programFolder = folder.Path(), .vfs = {}}), server,
+                                                     folder.Path() + "/net", folder.Path())};
+  Cursor list{main, "List"};
+};
+
+TEST_F(SharedListTest, what_another_terminal_adds_above_is_seen_at_the_top_of_a_resting_list) {
+  AnotherTerminalAddsOneAbove();
+  TapTop();
+  EXPECT_EQ(list.Text("StokKod"), "NEW");
+}
+
+TEST_F(SharedListTest, a_pressed_finger_takes_the_row_on_which_it_was_laid) {
+  const QPoint top(60, Grid()->HeadHeight() + 20);
+  QTest::mousePress(Grid()->viewport(), Qt::LeftButton, {}, top);
+  AnotherTerminalAddsOneAbove();
+  QTest::mouseRelease(Grid()->viewport(), Qt::LeftButton, {}, top);
+  EXPECT_EQ(list.Text("StokKod"), "K0");
+  // The hand is still there: the rows stay under it.
+  Settle();
+  TapTop();
+  EXPECT_EQ(list.Text("StokKod"), "K0");
+}
+
+TEST_F(SharedListTest, rows_of_a_server_that_is_away_stay_on_the_screen) {
+  const QImage before = Grid()->viewport()->grab().toImage();
+  server.away = true;
+  list.shown();
+  EXPECT_EQ(Grid()->viewport()->grab().toImage(), before);
+  server.away = false;
+  Other().Run("INSERT INTO StokKartlar(StokKod, StokAdi) VALUES('NEW', 'Ayran')");
+  ASSERT_TRUE(main.AskServer().Ok());
+  Settle();
+  EXPECT_NE(Grid()->viewport()->grab().toImage(), before);
+}
+
+TEST_F(SharedListTest, an_empty_list_says_that_the_server_is_away) {
+  ASSERT_TRUE(list.Open("Select * From StokKartlar Where StokKod='YOK'").Ok());
+  const QImage empty = Grid()->viewport()->grab().toImage();
+  server.away = true;
+  ASSERT_TRUE(list.Refresh().Ok());
+  EXPECT_NE(Grid()->viewport()->grab().toImage(), empty);
 }
 
 }  // namespace

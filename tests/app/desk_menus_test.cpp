@@ -30,5 +30,13 @@ TEST_F(DeskMenusTest, a_pop_up_opens_when_the_desk_asks) {
   QApplication::activePopupWidget()->close();
 }
 
+TEST_F(DeskMenusTest, what_is_no_switch_shows_no_box_for_a_mark) {
+  for (const Element* entry : {&screen.Form3.MikMenu(0), &screen.Form3.MikMenu(1), &screen.Form3.MikMenu(2), &screen.Yedek}) {
+    ASSERT_NE(window.ActionOf(*entry), nullptr);
+    EXPECT_FALSE(window.ActionOf(*entry)->isCheckable()) << entry->Name();
+  }
+  EXPECT_TRUE(window.ActionOf(screen.Stoklu)->isCheckable());
+}
+
 }  // namespace
 }  // namespace karvel

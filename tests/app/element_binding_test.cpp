@@ -22,6 +22,54 @@ TEST_F(ElementBindingTest, a_tap_on_a_label_clicks_once_and_a_double_tap_once_mo
   EXPECT_EQ(doubles, 1);
 }
 
+// As with a finger, whose double tap begins with a tap.
+TEST_F(ElementBindingTest, on_a_tile_space_is_a_tap_and_enter_a_double_tap) {
+  std::string heard;
+  connections += screen.Label1(2).click.Connect([&] { heard += "tap "; });
+  connections += screen.Label1(2).dblClick.Connect([&] { heard += "double "; });
+  screen.Frame2.SetVisible(true);
+  Focus(screen.Label1(2));
+  Strike(Of(screen.Label1(2)), Qt::Key_Space, " ");
+  EXPECT_EQ(heard, "tap ");
+  Strike(Of(screen.Label1(2)), Qt::Key_Return, "\r");
+  EXPECT_EQ(heard, "tap tap double ");
+  Strike(Of(screen.Label1(2)), Qt::Key_A, "a");
+  EXPECT_EQ(heard, "tap tap double ");
+}
+
+TEST_F(ElementBindingTest, a_tile_that_has_the_keyboard_shows_it) {
+  screen.Frame2.SetVisible(true);
+  const QImage before = Of(screen.Label1(2))->grab().toImage();
+  Focus(screen.Label1(2));
+  EXPECT_NE(Of(screen.Label1(2))->grab().toImage(), before);
+  EXPECT_EQ(Of(screen.Label1(2))->accessibleName(), "1.Fiyat");
+}
+
+// A tile is switched off while its double tap is answered, and may then be struck again.
+TEST_F(ElementBindingTest, a_tile_that_was_switched_off_meanwhile_has_the_keyboard_again) {
+  screen.Frame2.SetVisible(true);
+  Focus(screen.Label1(2));
+  screen.Label1(2).SetEnabled(false);
+  screen.Form1.SetEnabled(false);
+  QCoreApplication::processEvents();
+  screen.Form1.SetEnabled(true);
+  screen.Label1(2).SetEnabled(true);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(Of(screen.Label1(2))->hasFocus());
+}
+
+TEST_F(ElementBindingTest, a_form_that_opens_again_leaves_nobody_without_the_keyboard) {
+  screen.Frame2.SetVisible(true);
+  Focus(screen.Label1(2));
+  screen.Form1.SetEnabled(false);
+  screen.Label1(2).SetEnabled(false);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(window.hasFocus());
+  screen.Form1.SetEnabled(true);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(Of(screen.CariGrid)->hasFocus());
+}
+
 TEST_F(ElementBindingTest, a_press_that_ends_elsewhere_is_no_tap) {
   int clicks = 0, ups = 0;
   connections += screen.Label3.click.Connect([&] { ++clicks; });

@@ -244,6 +244,27 @@ TEST_F(OnScreenKeyboardTest, by_itself_it_opens_until_a_real_keyboard_is_used_in
   EXPECT_TRUE(IsOpen());
 }
 
+TEST_F(OnScreenKeyboardTest, closed_with_nothing_typed_it_leaves_item_and_quantity_as_they_were) {
+  EnterSale("Ahmet Işık");
+  At("Text1(1)").SetText("İrmik");
+  Key("Text1(1)", key::kEnter);
+  At("Text2(1)").SetText("3");
+  Tap("Text1(1)");
+  ASSERT_TRUE(IsOpen());
+  Keyboard().Command1.click();
+  EXPECT_EQ(At("Text1(1)").Text(), "İrmik");
+  EXPECT_EQ(At("Text2(1)").Text(), "3");
+}
+
+TEST_F(OnScreenKeyboardTest, no_key_is_yellow_when_it_opens_again) {
+  OpenCard();
+  Element& key = Keyboard().Label1(4);
+  key.mouseDown(MouseEvent{.button = 1});
+  EXPECT_EQ(key.Color(), color::kYellow);
+  Keyboard().Command1.click();
+  EXPECT_EQ(key.Color(), color::kCyan);
+}
+
 TEST_F(OnScreenKeyboardTest, keys_that_only_move_are_no_typing) {
   OpenCard();
   Key("CariNew(2)", key::kTab);

@@ -225,21 +225,47 @@ TEST_F(PadTest, a_right_press_or_a_long_hold_opens_its_menu) {
 TEST_F(PadTest, the_menu_takes_the_last_figure_back) {
   Tap("Text2(1)");
   Strike("12,");
-  Click("MikMenu(0)");
+  Pad().MikMenu(0).click();
   EXPECT_EQ(Number(), "12");
 }
 
 TEST_F(PadTest, the_menu_goes_to_the_price_and_back) {
   Tap("Text2(1)");
-  Click("MikMenu(1)");
+  Pad().MikMenu(1).click();
   EXPECT_EQ(desk->form.PadField, &At("Text2(0)"));
-  Click("MikMenu(1)");
+  Pad().MikMenu(1).click();
   EXPECT_EQ(desk->form.PadField, &At("Text2(1)"));
+}
+
+TEST_F(PadTest, a_comma_with_nothing_behind_it_goes_when_the_number_is_given) {
+  Tap("Text2(1)");
+  Strike("12,");
+  Pad().Tamam.click();
+  EXPECT_EQ(At("Text2(1)").Text(), "12");
+}
+
+TEST_F(PadTest, a_full_stop_over_the_stock_list_opens_nothing_and_goes_on_as_a_comma) {
+  EXPECT_EQ(OverStock(U'.'), U'.');
+  EXPECT_FALSE(IsUp());
+  EXPECT_EQ(OverStock(U'1'), 0U);
+  EXPECT_EQ(OverStock(U'.'), 0U);
+  EXPECT_EQ(OverStock(U'5'), 0U);
+  EXPECT_EQ(Number(), "1,5");
+}
+
+// Also where the clerk types on a real keyboard, and none comes on the screen.
+TEST_F(PadTest, a_tap_on_a_field_of_letters_ends_the_number) {
+  At("Klv(2)").click();
+  Tap("Text2(1)");
+  Strike("3");
+  Tap("Text1(1)");
+  EXPECT_FALSE(IsUp());
+  EXPECT_FALSE(desk->form.PadOpen);
 }
 
 TEST_F(PadTest, the_menu_closes_it) {
   Tap("Text2(1)");
-  Click("MikMenu(2)");
+  Pad().MikMenu(2).click();
   EXPECT_FALSE(IsUp());
 }
 
@@ -525,7 +551,7 @@ TEST_F(PadTest, the_figures_of_an_invoice_are_entered_on_it) {
 
 TEST_F(PadTest, a_place_that_the_clerk_chose_is_kept_when_it_closes) {
   Tap("Text2(1)");
-  Pad().frame.LayAmong({{1024, 768}, {}, {}, 1});
+  Pad().frame.LayAmong({.room = {1024, 768}});
   Pad().Command1.click();
   EXPECT_EQ(window.savedFitting, "");
   Tap("Text2(1)");
@@ -536,7 +562,7 @@ TEST_F(PadTest, a_place_that_the_clerk_chose_is_kept_when_it_closes) {
 
 TEST_F(PadTest, a_double_tap_on_its_ground_stands_it_at_the_upper_right_in_its_own_size) {
   Tap("Text2(1)");
-  Pad().frame.LayAmong({{1024, 768}, {}, {}, 1});
+  Pad().frame.LayAmong({.room = {1024, 768}});
   Pad().frame.Put({100, 100, 400, 500});
   Pad().Form3.dblClick();
   const WindowBox box = Pad().frame.Box();

@@ -12,7 +12,7 @@ class StockFrameTest : public DeskFixture {
   // The picker in a window of 1000×700 pixels, at (100, 200) with 400×300.
   void Open() {
     At("StkFrame").SetVisible(true);
-    Place().LayAmong({{1000, 700}, {}, {}, 1});
+    Place().LayAmong({.room = {1000, 700}});
     Place().Put({100, 200, 400, 300});
   }
   FloatingFrame& Place() { return desk->screen.stkPlace; }
@@ -85,7 +85,7 @@ TEST_F(StockFrameTest, it_stands_where_it_was_kept_at_the_next_start) {
   Press("StkFrame", 1);
   ASSERT_TRUE(Start());
   At("StkFrame").SetVisible(true);
-  Place().LayAmong({{1000, 700}, {}, {}, 1});
+  Place().LayAmong({.room = {1000, 700}});
   EXPECT_EQ(Place().Box().left, 100);
   EXPECT_EQ(Place().Box().top, 200);
 }

@@ -96,6 +96,23 @@ TEST(CardSheet, what_no_card_can_hold_is_a_fault) {
   EXPECT_EQ(Faults("Stok Kodu,1.Fiyat\n1,12,50"), (Texts{"2/2"}));
 }
 
+TEST(CardSheet, a_cell_that_the_spreadsheet_holds_otherwise_is_a_fault_once_and_no_value) {
+  Sheet sheet{{{1, {"Stok Kodu", "1.Fiyat", "Barkod"}}, {2, {"1", "", "8,69E+12"}}, {3, {"", "5"}}}, {{2, 1, "Tarih."}, {3, 0, "Tarih."}}};
+  const CardSheet cards = ReadCardSheet(sheet);
+  Texts told;
+  for (const SheetFault& fault : cards.faults) told.push_back(FaultLine(fault, cards));
+  ASSERT_EQ(told.size(), 3U);
+  EXPECT_EQ(told[0], "Satır 2, sütun B (1.Fiyat): Tarih.");
+  EXPECT_TRUE(told[1].starts_with("Satır 2, sütun C (Barkod): ")) << told[1];
+  EXPECT_EQ(told[2], "Satır 3, sütun A (Stok Kodu): Tarih.");
+  EXPECT_EQ(cards.cards.at(0).values.at(1), Value());
+}
+
+TEST(CardSheet, headings_that_are_dates_are_told_alone) {
+  const Sheet sheet{{{1, {"Stok Kodu", ""}}, {2, {"1", "5"}}, {3, {"2", "5"}}}, {{1, 1, "Tarih."}}};
+  EXPECT_EQ(ReadCardSheet(sheet).faults, sheet.faults);
+}
+
 class CardColumnsTest : public DeskFixture {};
 
 TEST_F(CardColumnsTest, the_stock_lists_own_headings_are_headings_of_a_file) {

@@ -117,6 +117,43 @@ TEST_F(DayFileTest, new_lines_beside_old_send_all_of_them_over_the_older_file) {
   EXPECT_EQ(Marks(), (Words{"x", "x"}));
 }
 
+TEST_F(DayFileTest, an_unsent_file_of_another_document_under_the_same_name_is_kept_beside) {
+  const auto lay = [&](const std::string& customer, const std::string& item) {
+    return LayDayFile(desk->Parts().shop, files, {"01.csv", customer, "Select * From Datam Where StokKod='" + item + "'"})
+        .value_or("failed");
+  };
+  AddLine("1001", "50,1,50,'Satış'", "2026-03-01 09:00:00");
+  ASSERT_EQ(lay("C001", "1001"), "01.csv");
+  const std::string first = Bytes("01.csv");
+  AddLine("1002", "20,1,20,'Satış'", "2026-03-01 09:30:00");
+  ASSERT_EQ(lay("C002", "1002"), "01.csv");
+  const std::string second = Bytes("01.csv");
+  AddLine("1003", "5,1,5,'Satış'", "2026-03-01 09:40:00");
+  ASSERT_EQ(lay("C002", "1003"), "01.csv");
+  EXPECT_EQ(Root(), (Words{"01-2.csv", "01-3.csv", "01.csv"}));
+  EXPECT_EQ(Bytes("01-2.csv"), first);
+  EXPECT_EQ(Bytes("01-3.csv"), second);
+  EXPECT_NE(Bytes("01.csv").find("1003"), std::string::npos);
+}
+
+TEST_F(DayFileTest, a_file_that_the_new_one_holds_too_gives_way_also_without_a_number) {
+  const auto lay = [&] {
+    return LayDayFile(desk->Parts().shop, files, {"01.csv", "C001", "Select * From Datam Order By Tarih Asc"}).value_or("failed");
+  };
+  AddLine("1001", "50,1,50,'Satış'", "2026-03-01 09:00:00");
+  ASSERT_EQ(lay(), "01.csv");
+  AddLine("1002", "20,1,20,'Satış'", "2026-03-01 09:30:00");
+  ASSERT_EQ(lay(), "01.csv");
+  EXPECT_EQ(Root(), Words{"01.csv"});
+}
+
+TEST_F(DayFileTest, a_numbered_file_of_another_customer_is_kept_beside) {
+  AddLine("1001", "50,1,50,'Satış'", "2026-03-01 09:00:00");
+  files.Write("C:\\01000007.csv", "\"C009\",#2026-02-01 10:15:00#\r\n\"1\",\"1\",\"1\",\"1\"\r\n").Ignore();
+  ASSERT_TRUE(Lay(files));
+  EXPECT_EQ(Root(), (Words{"01000007-2.csv", "01000007.csv"}));
+}
+
 TEST_F(DayFileTest, lines_that_have_gone_meanwhile_or_are_none_make_no_file) {
   EXPECT_EQ(Lay(files).error().Kind(), ErrorKind::NoRecord);
   AddLine("1001", "50,1,50,'Satış'", "2026-03-01 09:00:00");
@@ -187,13 +224,14 @@ TEST_F(DayFileTest, other_files_of_the_drive_stay) {
 }
 
 TEST_F(DayFileTest, a_desk_killed_at_any_step_leaves_file_and_marks_together_or_none_of_both) {
+  const std::string older = "\"C001\",#2026-03-01 09:00:00#\r\n";  // of the same document
   AddLine("1001", "50,1,50,'Satış'", "2026-03-01 09:00:00");
   AddLine("1002", "20,1,20,'Satış'", "2026-03-01 09:30:00");
-  ASSERT_TRUE(files.Write("C:\\01000007.csv", "an older file").Ok());
+  ASSERT_TRUE(files.Write("C:\\01000007.csv", older).Ok());
   int kills = 0, sent = 0;
   for (int step = 0;; ++step) {
     Sql("Karvel.mdb", "UPDATE Datam SET Sube=''");
-    ASSERT_TRUE(files.Write("C:\\01000007.csv", "an older file").Ok());
+    ASSERT_TRUE(files.Write("C:\\01000007.csv", older).Ok());
     Stop();
     const pid_t child = fork();
     if (child == 0) {
@@ -207,7 +245,7 @@ TEST_F(DayFileTest, a_desk_killed_at_any_step_leaves_file_and_marks_together_or_
     const bool marked = Marks() == Words{"x", "x"};
     ASSERT_TRUE(marked || Marks() == (Words{"", ""})) << "step " << step;
     EXPECT_EQ(Root(), Words{"01000007.csv"}) << "step " << step;
-    EXPECT_EQ(Bytes() != "an older file", marked) << "step " << step;
+    EXPECT_EQ(Bytes() != older, marked) << "step " << step;
     if (marked) ++sent;
     if (WEXITSTATUS(outcome) == 0) break;
     ++kills;

@@ -86,11 +86,74 @@ TEST_F(NetworkMenuTest, neither_can_be_switched_in_a_sale) {
   EXPECT_TRUE(messages.shown.empty());
 }
 
-TEST_F(NetworkMenuTest, network_work_is_refused_in_plain_words) {
+class NetworkWorkTest : public NetworkMenuTest {
+ protected:
+  void AnswerNetwork(const Words& answers) {
+    messages.answers.assign(answers.begin(), answers.end());
+    messages.shown.clear();
+    Click("OnLine");
+  }
+};
+
+TEST_F(NetworkWorkTest, it_asks_for_the_main_machine_and_the_firm_and_works_there) {
+  AnswerNetwork({"\\\\10,0,0,5", "02"});
+  ASSERT_EQ(messages.shown.size(), 2U);
+  EXPECT_EQ(messages.shown[0].text, "Lütfen Ana Makina Ip Girin");
+  EXPECT_EQ(messages.shown[0].title, "Ana Makina Ip'si");
+  EXPECT_EQ(messages.shown[0].preset, "127.0.0.1");
+  EXPECT_EQ(messages.shown[1].text, "Lütfen Firma No Girin");
+  EXPECT_EQ(messages.shown[1].title, "Firma Numarası");
+  EXPECT_EQ(messages.shown[1].preset, "01");
+  EXPECT_TRUE(At("OnLine").Checked());
+  EXPECT_EQ(Kept("Online"), "10.0.0.5");
+  EXPECT_EQ(Kept("Firma"), "02");
+  EXPECT_EQ(desk->form.DataDir, "\\\\10.0.0.5\\MuhasebeData\\02");
+  EXPECT_EQ(desk->cursors.CariData.DatabaseName(), "\\\\10.0.0.5\\MuhasebeData\\02\\Cari.Mdb");
+  EXPECT_EQ(Message(), "Network çalışma açıldı: 10.0.0.5, firma 02");
+  EXPECT_EQ(connection.watched, "10.0.0.5:5432");
+  EXPECT_EQ(desk->cursors.CariData.Text("Unvan"), "Muhtelif Müşteri");  // of a firm that begins here
+  EXPECT_EQ(desk->cursors.CariData.RecordCount(), 1);
+}
+
+TEST_F(NetworkWorkTest, several_machines_are_named_with_semicolons) {
+  AnswerNetwork({"kasa:5433;yedek", "01"});
+  EXPECT_EQ(Kept("Online"), "kasa:5433;yedek");
+  EXPECT_EQ(connection.watched, "kasa:5433;yedek:5432");
+}
+
+TEST_F(NetworkWorkTest, a_refused_or_empty_answer_clears_the_check) {
+  for (const Words& answers : {Words{}, Words{""}, Words{"\\"}, Words{"kasa"}, Words{"kasa", ""}, Words{"kasa", "..\\02"}}) {
+    AnswerNetwork(answers);
+    EXPECT_FALSE(At("OnLine").Checked());
+    EXPECT_EQ(Kept("Online"), "");
+    EXPECT_EQ(desk->form.DataDir, "C:\\KarvelData\\");
+    EXPECT_EQ(Message(), "Network çalışma açılmadı: ana makinenin adresi ve firma numarası gerekir");
+    EXPECT_EQ(server.asked, 0);
+  }
+  Sell("Ayşe Yılmaz", "1001", "2");
+  EXPECT_EQ(One("Karvel.mdb", "SELECT CariKod, Tutar FROM Datam"), "C001|100.0");
+}
+
+TEST_F(NetworkWorkTest, it_ends_ftp_work) {
+  Answer({"merkez", "ali", "gizli", "01"});
+  AnswerNetwork({"kasa", "01"});
+  EXPECT_FALSE(At("FtpVar").Checked());
+  EXPECT_EQ(Kept("FtpUrl"), "");
+  EXPECT_EQ(ftp.account.url, "");
+  EXPECT_EQ(connection.watched, "kasa:5432");
+}
+
+TEST_F(NetworkWorkTest, a_machine_that_does_not_answer_is_told_and_network_work_can_be_cleared) {
+  server.away = true;
+  AnswerNetwork({"kasa", "01"});
+  EXPECT_TRUE(At("OnLine").Checked());
+  ASSERT_EQ(messages.shown.size(), 3U);
+  EXPECT_EQ(messages.shown[2].title, "Ana Makine");
+  EXPECT_TRUE(messages.shown[2].text.starts_with("Ana makineye ulaşılamıyor."));
   Click("OnLine");
   EXPECT_FALSE(At("OnLine").Checked());
-  EXPECT_EQ(desk->form.DataDir, "C:\\KarvelData\\");
-  EXPECT_EQ(Message(), "Network çalışma bu sürümde açılamaz: terminal kendi verisiyle çalışır");
+  Sell("Ayşe Yılmaz", "1001", "2");
+  EXPECT_EQ(One("Karvel.mdb", "SELECT CariKod, Tutar FROM Datam"), "C001|100.0");
 }
 
 class OnTheNetworkTest : public NetworkMenuTest {

@@ -7,6 +7,8 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+#include <QProcess>
+#include <QProcessEnvironment>
 #include <QSettings>
 #include <QString>
 #include <algorithm>
@@ -21,6 +23,7 @@
 #include <thread>
 #include <tuple>
 
+#include "tests/support/postgres_server.h"
 #include "text/turkish.h"
 
 namespace karvel::test {
@@ -136,13 +139,13 @@ std::vector<std::string> LinesOfJob(const Json& job) {
 }  // namespace
 
 Scenario::Scenario(std::string robot, const fs::path& templates, const fs::path& pictures)
-    : robotProgram_(std::move(robot)), folder_(FreshFolder()), pictures_(pictures.empty() ? folder_ / "pictures" : pictures) {
+    : robotProgram_(std::move(robot)),
+      templates_(templates),
+      folder_(FreshFolder()),
+      pictures_(pictures.empty() ? folder_ / "pictures" : pictures) {
   fs::create_directories(pictures_);
-  fs::create_directories(folder_ / "program");
+  LayTemplates();
   fs::create_directories(folder_ / "home");
-  for (const auto& entry : fs::directory_iterator(templates))
-    if (strcasecmp(entry.path().extension().c_str(), ".mdb") == 0)
-      fs::copy_file(entry.path(), folder_ / "program" / entry.path().filename());
   environment_ = {{"KARVEL_HOME", (folder_ / "home").string()},
                   {"KARVEL_PROGRAM", (folder_ / "program").string()},
                   {"KARVEL_TITLE", "Velmora Karvel1"},
@@ -151,6 +154,31 @@ Scenario::Scenario(std::string robot, const fs::path& templates, const fs::path&
                   {"XDG_RUNTIME_DIR", folder_.string()},
                   {"TZ", "Europe/Istanbul"},
                   {"LC_ALL", "C.UTF-8"}};
+  const char* const engine = std::getenv("KARVEL_TEST_ENGINE");
+  if (engine && std::string_view(engine) == "postgres") {
+    server_ = std::make_unique<ServerShop>(folder_ / "laid", folder_ / "program");
+    JoinMainMachine();
+  }
+}
+
+void Scenario::Server(const std::string& what) {
+  if (!server_) Fail("there is no network work");
+  if (what == "own") {
+    server_ = std::make_unique<ServerShop>(folder_ / "laid", folder_ / "program",
+                                           std::make_unique<PostgresServer>(PostgresWay{.onLoopback = true}));
+    JoinMainMachine();
+  } else if (what == "stop") {
+    server_->StopServer();
+  } else if (what == "start") {
+    server_->StartServer();
+  } else {
+    Fail("what shall the server do?");
+  }
+}
+
+void Scenario::JoinMainMachine() {
+  WriteSetting("Size/Online=" + server_->Address());
+  WriteSetting("Size/Firma=" + server_->Firm());
 }
 
 Scenario::~Scenario() {
@@ -207,6 +235,7 @@ void Scenario::Step(const std::string& line, const std::vector<std::string>& exp
   } else if (word == "env") {
     const auto [name, value] = SplitAt(rest, "=");
     environment_[name] = value;
+    if (name == "KARVEL_TITLE" && server_) JoinMainMachine();
   } else if (word == "setting") {
     WriteSetting(rest);
   } else if (word == "setting?") {
@@ -222,6 +251,7 @@ void Scenario::Step(const std::string& line, const std::vector<std::string>& exp
   } else if (word == "write") {
     const auto [file, statement] = SplitAt(rest, ":");
     Run(Store(file, true), statement);
+    if (server_) server_->TakeBack();
   } else if (word == "sql") {
     const auto [file, statement] = SplitAt(rest, ":");
     Compare(Run(Store(file, false), statement), expected);
@@ -247,6 +277,10 @@ void Scenario::Step(const std::string& line, const std::vector<std::string>& exp
     Lock(Place(rest));
   } else if (word == "leave") {
     kept_.clear();
+  } else if (word == "server") {
+    Server(rest);
+  } else if (word == "alone") {
+    if (server_) Fail("it is not for network work");
   } else if (word == "again") {
     StartAgain();
   } else if (word == "broken") {
@@ -255,6 +289,8 @@ void Scenario::Step(const std::string& line, const std::vector<std::string>& exp
     if (!file.flush()) Fail(fmt::format("can't write {}", rest));
   } else if (word == "restart") {
     Close();
+  } else if (word == "move") {
+    Move(rest);
   } else if (word == "ended") {
     AwaitEnd();
   } else if (word == "end") {
@@ -266,6 +302,29 @@ void Scenario::Step(const std::string& line, const std::vector<std::string>& exp
   } else {
     Fail("what does this line mean?");
   }
+}
+
+void Scenario::LayTemplates() const {
+  fs::create_directories(folder_ / "program");
+  for (const auto& entry : fs::directory_iterator(templates_))
+    if (strcasecmp(entry.path().extension().c_str(), ".mdb") == 0)
+      fs::copy_file(entry.path(), folder_ / "program" / entry.path().filename());
+}
+
+void Scenario::Move(const std::string& archive) {
+  if (robot_) Close();
+  const fs::path carried = folder_ / "carried.zip";
+  fs::rename(Place(archive), carried);
+  for (const char* const left : {"home", "program"}) fs::remove_all(folder_ / left);
+  LayTemplates();
+  QProcess restore;
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  for (const auto& [name, value] : environment_) environment.insert(QString::fromStdString(name), QString::fromStdString(value));
+  restore.setProcessEnvironment(environment);
+  restore.setProcessChannelMode(QProcess::MergedChannels);
+  restore.start(QString::fromStdString((fs::path(robotProgram_).parent_path() / "karvel-restore").string()),
+                {QString::fromStdString(carried.string())});
+  if (!restore.waitForFinished(-1) || restore.exitCode() != 0) Fail("karvel-restore: " + restore.readAll().toStdString());
 }
 
 void Scenario::Soon(const std::string& line, const std::vector<std::string>& expected, const std::string& answer) {
@@ -360,10 +419,14 @@ void Scenario::AddLine(const fs::path& path, const std::string& line) const {
 }
 
 fs::path Scenario::Place(const std::string& path) const {
+  constexpr std::string_view kData = "C/KarvelData";
+  const bool shared = server_ && path.starts_with(kData) && path.find('/', kData.size() + 1) == std::string::npos;
+  if (shared) return folder_ / "home" / server_->ShareFolder() / path.substr(std::min(kData.size() + 1, path.size()));
   return path.starts_with("program") ? folder_ / path : folder_ / "home" / path;
 }
 
 fs::path Scenario::Store(const std::string& name, bool make) const {
+  if (server_) return server_->LayOut(name);
   const fs::path data = folder_ / "home/C/KarvelData";
   fs::path file = NamedIn(data, name);
   if (make && !fs::exists(file)) {

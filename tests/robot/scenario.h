@@ -25,12 +25,19 @@
 //   keep FILE                      another program keeps a database file of the data folder for itself, until "leave"
 //   lock PATH                      another terminal keeps a lock file of the home, until "leave"
 //   leave                          they all let go
+//   server own|stop|start          under network work: a main machine of the scenario's own, at its beginning; it goes; it comes again
+//   alone                          the script is of a terminal that works alone: it isn't played under network work
 //   again                          starts a second copy of the terminal, which must end well by itself
 //   broken FILE                    the file of the home has nothing but noise in it
+//   move ARCHIVE                   closes the desk, and the shop goes to a new machine: its home and program folder begin anew, with what
+//                                  karvel-restore makes of this backup of the home
 //   restart                        closes the desk, which must end well; the next request starts it anew
 //   ended                          the desk closed by itself after the last request, and ended well
 //   end                            ends the robot's input, which must end well
 //   kill                           kills the robot at once
+//
+// With KARVEL_TEST_ENGINE=postgres the desks work on a main machine, in a firm of the scenario's own (server_shop.h): database files are
+// then the server's rows, and what else the script names in C/KarvelData lies in the folder that stands for the share.
 //
 // Every scenario has a home and a program folder of its own. Pictures that are named without a folder ("shot") go to the scenario's
 // pictures folder, which is its own too and goes with it unless the runner is told another one.
@@ -43,6 +50,7 @@
 #include <vector>
 
 #include "robot_process.h"
+#include "server_shop.h"
 #include "tests/support/ftp_server.h"
 #include "tests/support/pseudo_terminal.h"
 
@@ -76,16 +84,23 @@ class Scenario {
   testing::PythonFtp& FtpServer();
   [[nodiscard]] std::filesystem::path Place(const std::string& path) const;
   [[nodiscard]] std::filesystem::path Store(const std::string& name, bool make) const;
+  void Server(const std::string& what);
+  // Every terminal that the script starts works on the main machine.
+  void JoinMainMachine();
   void Lock(const std::filesystem::path& file);
   void StartAgain();
+  void LayTemplates() const;
+  void Move(const std::string& archive);
   [[nodiscard]] std::vector<std::string> TextLines(const std::filesystem::path& file) const;
 
   const std::string robotProgram_;
+  const std::filesystem::path templates_;
   const std::filesystem::path folder_;
   const std::filesystem::path pictures_;
   std::map<std::string, std::string> environment_;
   std::unique_ptr<PseudoTerminal> serial_;
   std::unique_ptr<testing::PythonFtp> ftp_;
+  std::unique_ptr<ServerShop> server_;  // null: the terminals work on their own files
   std::unique_ptr<RobotProcess> robot_;
   std::vector<std::shared_ptr<void>> kept_;  // what others keep
   int begun_ = 0;                            // requests whose answer wasn't read yet

@@ -3,6 +3,7 @@
 #include <cctype>
 
 #include "books/sources.h"
+#include "store/engine_of_place.h"
 #include "store/sqlite/sqlite_engine.h"
 
 namespace karvel {
@@ -26,8 +27,12 @@ DeskFixture::~DeskFixture() {
 
 bool DeskFixture::Start(const std::string& title) {
   Stop();
-  stores = std::make_unique<Stores>(
-      std::make_unique<testing::WatchedEngine>(MakeSqliteEngine({.programFolder = files.ProgramFolder(), .vfs = vfs}), engine));
+  const SqliteOptions options{.programFolder = files.ProgramFolder(), .vfs = vfs};
+  SqliteOptions scratch = options;
+  scratch.scratchAlone = true;
+  auto onServer = std::make_unique<testing::ShareEngine>(MakeSqliteEngine(options), server, folder.Path() + "/net", files.ProgramFolder());
+  stores = std::make_unique<Stores>(std::make_unique<testing::WatchedEngine>(
+      MakeEngineOfPlace(MakeSqliteEngine(options), std::move(onServer), MakeSqliteEngine(scratch)), engine));
   desk = std::make_unique<Desk>(World{clock, loop, files, messages, settings, shell, keyboard, window, scanner, connection, ftp, printer,
                                       barcodes, archives, *stores},
                                 title);

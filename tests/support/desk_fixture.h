@@ -18,6 +18,7 @@
 #include "tests/support/memory_settings.h"
 #include "tests/support/quiet_world.h"
 #include "tests/support/recording_printer.h"
+#include "tests/support/share_engine.h"
 #include "tests/support/shop_rows.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/watched_engine.h"
@@ -66,6 +67,7 @@ class DeskFixture : public ::testing::Test, protected ShopRows {
   PlainBarcodes barcodes;
   ZipArchives archives;
   testing::EngineWatch engine;  // counts what the stores do, and lets them fail
+  testing::ServerWatch server;  // of network work
   std::unique_ptr<Stores> stores;
   std::unique_ptr<Desk> desk;
   std::unique_ptr<Accounts> accounts;

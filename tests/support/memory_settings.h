@@ -1,12 +1,10 @@
 // The settings store in memory.
 #pragma once
 
-#include <algorithm>
 #include <functional>
 #include <map>
 #include <string>
 #include <tuple>
-#include <vector>
 
 #include "platform/settings_store.h"
 
@@ -38,11 +36,11 @@ class MemorySettings final : public SettingsStore {
     return value;
   }
 
-  [[nodiscard]] std::string TextWithout(const std::vector<std::string>& keys) const override {
+  [[nodiscard]] std::string Text(const Shown& shown) const override {
     std::string text;
     for (const auto& [address, value] : values_) {
       const auto& [application, section, key] = address;
-      if (std::ranges::find(keys, key) == keys.end()) text += application + "/" + section + "/" + key + "=" + value + "\n";
+      if (const auto given = shown(key, value)) text += application + "/" + section + "/" + key + "=" + *given + "\n";
     }
     return text;
   }

@@ -176,10 +176,15 @@ class TestScanner final : public Scanner {
 
 class TestConnection final : public Connection {
  public:
-  void WatchServer(const std::string& host, int port) override { watched = host.empty() ? "" : host + ":" + std::to_string(port); }
+  void WatchServers(const std::vector<ServerPlace>& servers) override {
+    watched.clear();
+    for (const ServerPlace& server : servers) watched += (watched.empty() ? "" : ";") + server.host + ":" + std::to_string(server.port);
+  }
   [[nodiscard]] bool Up() const override { return ++asked > downFor; }
+  [[nodiscard]] bool ServerAnswers() const override { return serverAnswers; }
   int downFor = 0;
-  std::string watched;  // "host:port"
+  std::string watched;  // "host:port;…"
+  bool serverAnswers = true;
   mutable int asked = 0;
 };
 

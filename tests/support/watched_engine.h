@@ -65,9 +65,9 @@ class WatchedEngine final : public Engine {
     const Status fault = ReadFault();
     return fault.Ok() ? inner_->Read(file, table, key, forEdit, row) : fault;
   }
-  Status Insert(const DatabaseFile& file, const Table& table, const Row& values, RowKey& key) override {
+  Status Insert(const DatabaseFile& file, const Table& table, const Row& values) override {
     const Status fault = WriteFault(table);
-    return fault.Ok() ? inner_->Insert(file, table, values, key) : fault;
+    return fault.Ok() ? inner_->Insert(file, table, values) : fault;
   }
   Status InsertMany(const DatabaseFile& file, const Table& table, std::int64_t count,
                     const std::function<void(std::int64_t, Row&)>& fill) override {
@@ -97,6 +97,8 @@ class WatchedEngine final : public Engine {
   void Rollback() override { inner_->Rollback(); }
   [[nodiscard]] bool InTransaction() const override { return inner_->InTransaction(); }
   [[nodiscard]] bool ReadsHold() const override { return inner_->ReadsHold(); }
+  [[nodiscard]] bool HoldsRow(const Table& table, RowKey key) const override { return inner_->HoldsRow(table, key); }
+  void TakeForeignChanges(std::set<std::string>& tables) override { inner_->TakeForeignChanges(tables); }
   Status Copy(const std::string& folder, std::unique_ptr<StoresCopy>& copy) override { return inner_->Copy(folder, copy); }
 
  private:

@@ -1,15 +1,10 @@
 // karvel-cards and karvel-import as a shopkeeper runs them: as programs, on a home of their own.
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "tests/support/access_file.h"
+#include "tests/support/no_links.h"
+#include "tests/support/program_home.h"
 #include "tests/support/temp_folder.h"
 
 namespace karvel::testing {
@@ -17,34 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class CardsProgram : public ::testing::Test {
- protected:
-  struct Ended {
-    int code = -1;
-    std::string said;
-  };
-  // Runs one of the programs; `words` as a shell reads them.
-  [[nodiscard]] Ended Run(const std::string& words) const {
-    const std::string command = "KARVEL_HOME='" + Path("home") + "' '" KARVEL_PROGRAMS "/'" + words + " 2>&1";
-    Ended ended;
-    FILE* const pipe = popen(command.c_str(), "r");
-    for (char piece[4096]; fgets(piece, sizeof piece, pipe) != nullptr;) ended.said += piece;
-    const int status = pclose(pipe);
-    if (WIFEXITED(status)) ended.code = WEXITSTATUS(status);
-    return ended;
-  }
-  [[nodiscard]] std::string Path(const std::string& name) const { return folder.Path() + "/" + name; }
-  std::string Lay(const std::string& name, const std::string& bytes) const {
-    std::ofstream(Path(name), std::ios::binary) << bytes;
-    return Path(name);
-  }
-  [[nodiscard]] std::string BytesOf(const std::string& name) const {
-    std::ifstream file(Path(name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-
-  TempFolder folder;
-};
+using CardsProgram = ProgramHome;
 
 TEST_F(CardsProgram, a_new_shop_gets_its_cards_and_what_goes_out_as_a_spreadsheet_comes_in_without_a_change) {
   const std::string file =
@@ -86,6 +54,16 @@ TEST_F(CardsProgram, what_it_cant_read_and_words_it_does_not_know_are_told) {
   EXPECT_FALSE(fs::exists(Path("home/C/KarvelData"))) << "nothing was opened for any of it";
 }
 
+TEST_F(CardsProgram, a_spreadsheet_that_is_none_is_refused_in_words_that_help) {
+  for (const auto& [name, bytes] : {std::pair("liste.xlsx", "Stok Kodu;Stok Adı\n1;Çay\n"), std::pair("LISTE.XLSX", "<html>"),
+                                    std::pair("eski.xlsx", "\xD0\xCF\x11\xE0 old or locked"), std::pair("bos.xlsx", "")}) {
+    const Ended refused = Run("karvel-cards import " + Lay(name, bytes));
+    EXPECT_EQ(refused.code, 1) << name;
+    EXPECT_NE(refused.said.find(".xlsx olarak kaydedin"), std::string::npos) << name << ": " << refused.said;
+  }
+  EXPECT_FALSE(fs::exists(Path("home/C/KarvelData")));
+}
+
 TEST_F(CardsProgram, an_old_file_goes_into_a_folder_that_has_none_of_its_name) {
   const std::string old = Lay(
       "CARI.MDB",
@@ -99,6 +77,36 @@ TEST_F(CardsProgram, an_old_file_goes_into_a_folder_that_has_none_of_its_name) {
   EXPECT_EQ(out.code, 0) << out.said;
   EXPECT_NE(BytesOf("out.csv").find("C1;Ayşe Öz;"), std::string::npos) << BytesOf("out.csv");
   EXPECT_EQ(Run("karvel-import " + Lay("Stok.mdb", "no database")).code, 1);
+}
+
+TEST_F(CardsProgram, whatever_is_no_old_file_is_refused_in_words_that_tell_why) {
+  const std::string old = AccessFile({{"CariKartlar", {{"CariKod", AccessType::Text}}, {{std::string("C1")}}}});
+  std::string older = old, later = old, damaged = old;
+  older[20] = 0;
+  later.replace(4, 15, "Standard ACE DB");
+  later[20] = 2;
+  damaged.resize(4096 * 2);
+  fs::create_directories(Path("folder.mdb"));
+  for (const auto& [file, why] :
+       {std::pair(Path("none.mdb"), "bulunamadı"), std::pair(Path("folder.mdb"), "bir klasör"),
+        std::pair(Lay("Musteri.mdb", old), "adı eski programın"), std::pair(Lay("Stok.mdb", "Ürün;Fiyat\n"), "bir Access dosyası değil"),
+        std::pair(Lay("Cari.mdb", older), "Access 97"), std::pair(Lay("Index.mdb", later), "Access 2007"),
+        std::pair(Lay("Karvel.mdb", damaged), "dosya bozuk"), std::pair(Lay("Temp.mdb", "SQLite format 3"), "zaten bu programın")}) {
+    const Ended refused = Run("karvel-import " + file);
+    EXPECT_EQ(refused.code, 1) << file;
+    EXPECT_NE(refused.said.find(why), std::string::npos) << refused.said;
+  }
+  std::error_code none;
+  EXPECT_TRUE(fs::is_empty(Path("home/C/KarvelData"), none) || none) << "nothing half made is left";
+  EXPECT_EQ(Run("karvel-import").code, 2);
+}
+
+TEST_F(CardsProgram, an_old_file_comes_in_on_a_disk_without_links_too) {
+  const std::string old = Lay("Cari.mdb", AccessFile({{"CariKartlar", {{"CariKod", AccessType::Text}}, {{std::string("C1")}}}}));
+  const auto run = [&] { return Run("karvel-import " + old).code; };
+  EXPECT_EQ(WithoutLinks(run), 0);
+  EXPECT_EQ(WithoutLinks(run), 1) << "never over a file that is there";
+  EXPECT_TRUE(fs::exists(Path("home/C/KarvelData/Cari.mdb")));
 }
 
 }  // namespace

@@ -106,7 +106,7 @@ TEST(FloatingWindow, neither_the_field_nor_the_button_is_covered_wherever_the_fi
     for (const FloatingSizes& sizes : {kKeys, kNumbers}) {
       for (int top = 0; top + 50 <= room.height; top += 10) {
         for (const int left : {12, room.width / 3, room.width - 200}) {
-          const Surroundings around{room, {left, top, 180, 48}, button, scale};
+          const Surroundings around{.room = room, .field = {left, top, 180, 48}, .button = button, .scale = scale};
           if (Overlap(around.field, button)) continue;
           const WindowBox place = FloatingPlace({}, sizes, around);
           EXPECT_TRUE(IsInside(place, room)) << room.width << " " << left << " " << top;
@@ -139,6 +139,16 @@ TEST(FloatingWindow, without_a_field_only_the_button_is_spared) {
   Surroundings around = Desk();
   around.field = {};
   EXPECT_FALSE(Covers(FloatingPlace({}, kNumbers, around), around));
+}
+
+TEST(FloatingWindow, a_pad_stands_beside_the_panel_of_its_field) {
+  Surroundings around = Desk();
+  around.field = {490, 400, 170, 48};
+  around.card = {10, 220, 670, 410};
+  around.keys = {20, 560, 650, 52};
+  const WindowBox place = FloatingPlace({}, kNumbers, around);
+  EXPECT_FALSE(Overlap(place, around.card));
+  EXPECT_FALSE(Covers(place, around));
 }
 
 TEST(FloatingWindow, where_both_can_not_be_spared_it_is_the_field) {

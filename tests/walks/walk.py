@@ -2,7 +2,7 @@
 
     walk.py PROGRAMS SEEDS [--desks 2] [--actions 60] [--first 1] [--trace]
 
-PROGRAMS is the folder with karvel-robot and the templates. Each seed is a shop and a walk of its own; with two desks it is at random whose turn
+PROGRAMS is the folder with karvel-robot and the templates. With KARVEL_TEST_ENGINE=postgres the desks work on a main machine's stores. Each seed is a shop and a walk of its own; with two desks it is at random whose turn
 it is. After each action the screen must read what the model says, and every row of every table too; and whom the screen named before a
 confirming tap, he alone is booked to. The first difference ends a walk, and the way there is told.
 """
@@ -21,6 +21,7 @@ sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), ".."
 from desk_model import Desk  # noqa: E402
 from hands import Hands  # noqa: E402
 from robot import Robot  # noqa: E402
+from server_stores import Server, ServerStores, fill  # noqa: E402
 from shop_model import Shop, Stores, as_stored  # noqa: E402
 
 START = datetime(2026, 3, 1, 10, 15)
@@ -71,18 +72,34 @@ def furnish(programs, home, chance):
         settings.writelines(f"[Velmora%20Karvel{number}]\nSize\\Prnn=Velmora PDF\n" for number in (1, 2))
 
 
+def join_main_machine(program, home, server, firm):
+    """The shop moves to a firm on the server: a desk that starts makes its tables."""
+    folder, share = os.path.join(home, "C", "KarvelData"), os.path.join(home, "net", server.address(), "MuhasebeData", firm)
+    with open(os.path.join(home, "settings.ini"), "r+", encoding="utf-8") as settings:
+        own = settings.read()
+        settings.seek(0)
+        settings.write(own.replace("Size\\Prnn", f"Size\\Online={server.address()}\nSize\\Firma={firm}\nSize\\Prnn"))
+    Robot(program, home).close()
+    fill(server, firm, folder)
+    shutil.copy(os.path.join(folder, "FatSatir.Dat"), share)
+    shutil.rmtree(folder)
+
+
 class Walk:
-    def __init__(self, options, seed):
+    def __init__(self, options, seed, server):
         self.chance = random.Random(seed)
         self.folder = tempfile.mkdtemp(prefix="karvel-walk-")
         self.trace, self.history = options.trace, []
         home = os.path.join(self.folder, "home")
         furnish(options.programs, home, self.chance)
         program = os.path.join(options.programs, "karvel-robot")
+        firm = f"w{os.getpid()}x{seed}"
+        if server:
+            join_main_machine(program, home, server, firm)
         self.robots = [Robot(program, home, f"Velmora Karvel{number}") for number in range(1, options.desks + 1)]
         for robot in self.robots:
             self.set_passwords(robot)
-        self.stores = Stores(home)
+        self.stores = ServerStores(server, firm) if server else Stores(home)
         self.shop = Shop(self.stores)
         self.now = START
         self.desks = [Desk(self.shop, number, START) for number in range(1, options.desks + 1)]
@@ -168,8 +185,9 @@ def main():
     parser.add_argument("--trace", action="store_true")
     options = parser.parse_args()
     failed = 0
+    server = Server(options.programs) if os.environ.get("KARVEL_TEST_ENGINE") == "postgres" else None
     for seed in range(options.first, options.first + options.seeds):
-        walk = Walk(options, seed)
+        walk = Walk(options, seed, server)
         try:
             walk.play(options.actions)
         except Exception as difference:  # whatever it is, it is told with the way there
@@ -179,6 +197,8 @@ def main():
                 raise
         finally:
             walk.end()
+    if server:
+        server.end()
     print(f"{options.seeds - failed} of {options.seeds} walks as the rules say")
     return 1 if failed else 0
 

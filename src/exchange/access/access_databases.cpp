@@ -13,7 +13,8 @@ namespace {
 
 // Longer notes are cut, which is told.
 constexpr std::size_t kLongestText = 1U << 16U;
-constexpr std::string_view kMark{"\0\1\0\0Standard Jet DB", 19};
+constexpr std::string_view kMark{"\0\1\0\0Standard Jet DB", 19}, kLaterMark{"\0\1\0\0Standard ACE DB", 19};
+constexpr std::size_t kVersionAt = 20;  // 0 for Access 97, 1 for 2000 to 2003
 
 struct Close {
   void operator()(MdbHandle* handle) const { mdb_close(handle); }
@@ -163,11 +164,20 @@ class AccessDatabase final : public OldDatabase {
 
 }  // namespace
 
-bool AccessDatabases::IsOld(const std::string& realPath) const {
-  std::array<char, kMark.size()> beginning{};
+AccessForm AccessFormOf(const std::string& realPath) {
+  std::array<char, kVersionAt + 1> beginning{};
   std::ifstream file(realPath, std::ios::binary);
   file.read(beginning.data(), beginning.size());
-  return file.gcount() == static_cast<std::streamsize>(kMark.size()) && std::string_view(beginning.data(), beginning.size()) == kMark;
+  if (file.gcount() != static_cast<std::streamsize>(beginning.size())) return AccessForm::None;
+  const std::string_view mark(beginning.data(), kMark.size());
+  if (mark == kLaterMark) return AccessForm::Later;
+  if (mark != kMark) return AccessForm::None;
+  return beginning[kVersionAt] == 0 ? AccessForm::Access97 : beginning[kVersionAt] == 1 ? AccessForm::Access2000 : AccessForm::Later;
+}
+
+bool AccessDatabases::IsOld(const std::string& realPath) const {
+  const AccessForm form = AccessFormOf(realPath);
+  return form == AccessForm::Access97 || form == AccessForm::Access2000;
 }
 
 Status AccessDatabases::Open(const std::string& realPath, std::unique_ptr<OldDatabase>& database) {

@@ -8,6 +8,10 @@
 
 namespace karvel {
 
+// What the beginning of a file tells of it. Only files of Access 2000 (to 2003) are read.
+enum class AccessForm { None, Access97, Access2000, Later };
+AccessForm AccessFormOf(const std::string& realPath);
+
 class AccessDatabases final : public OldDatabases {
  public:
   [[nodiscard]] bool IsOld(const std::string& realPath) const override;

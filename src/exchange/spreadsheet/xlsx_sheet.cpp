@@ -9,6 +9,7 @@
 #include <optional>
 #include <utility>
 
+#include "exchange/spreadsheet/date_looks.h"
 #include "exchange/spreadsheet/xml_reader.h"
 #include "exchange/spreadsheet/zip_entry.h"
 #include "text/format.h"
@@ -24,6 +25,8 @@ constexpr int kMostColumns = 16384;
 
 const SheetFault kDamaged{0, -1, "Hesap tablosu okunamadı: dosya bozuk veya .xlsx değil."};
 const SheetFault kTooLarge{0, -1, "Hesap tablosu çok büyük."};
+constexpr const char* kDate = "Hücrede tarih var: hesap tablosu yazılanı tarihe çevirmiş. Sütunu sayı veya metin yapıp yeniden yazın.";
+constexpr const char* kNotWorkedOut = "Formülün sonucu dosyada yok. Dosyayı hesap tablosunda açıp yeniden kaydedin.";
 
 // Reads one XML file of the workbook. False where it is missing or damaged.
 bool ReadXml(const ZipInMemory& zip, const std::string& name, XmlReader& reader) {
@@ -35,13 +38,13 @@ bool ReadXml(const ZipInMemory& zip, const std::string& name, XmlReader& reader)
 
 // Where the pieces of the workbook lie.
 struct Places {
-  std::string sheet, texts;
+  std::string sheet, texts, looks;
 };
 
 // The files that the workbook is related to: by id, and the one of a kind.
 struct Relations {
   std::map<std::string, std::string, std::less<>> byId;
-  std::string texts;
+  std::string texts, looks;
 };
 
 Relations ReadRelations(const ZipInMemory& zip) {
@@ -54,6 +57,7 @@ Relations ReadRelations(const ZipInMemory& zip) {
     const std::string place = target.starts_with("/") ? std::string(target.substr(1)) : "xl/" + std::string(target);
     relations.byId.emplace(attributes.Get("Id"), place);
     if (attributes.Get("Type").ends_with("/sharedStrings")) relations.texts = place;
+    if (attributes.Get("Type").ends_with("/styles")) relations.looks = place;
   };
   if (!ReadXml(zip, "xl/_rels/workbook.xml.rels", reader)) return {};
   return relations;
@@ -70,7 +74,7 @@ std::optional<Places> FindFirstSheet(const ZipInMemory& zip) {
   const Relations relations = ReadRelations(zip);
   const auto sheet = relations.byId.find(id);
   if (sheet == relations.byId.end()) return {};
-  return Places{sheet->second, relations.texts};
+  return Places{sheet->second, relations.texts, relations.looks};
 }
 
 // The texts that cells name by their number. Pieces of one text that look different are one text; how it is spoken is none.
@@ -94,6 +98,14 @@ bool ReadTexts(const ZipInMemory& zip, const std::string& name, std::vector<std:
   return ReadXml(zip, name, reader);
 }
 
+bool ReadLooks(const ZipInMemory& zip, const std::string& name, DateLooks& looks) {
+  if (name.empty()) return true;
+  XmlReader reader;
+  reader.started = [&](std::string_view element, const XmlAttributes& attributes) { looks.Started(element, attributes); };
+  reader.ended = [&](std::string_view element) { looks.Ended(element); };
+  return ReadXml(zip, name, reader);
+}
+
 // The column of a cell's name ("C5"), from 0; -1 for none.
 int ColumnOf(std::string_view name) {
   int column = 0;
@@ -112,7 +124,7 @@ int NumberOf(std::string_view digits) {
 
 class SheetReader {
  public:
-  explicit SheetReader(const std::vector<std::string>& texts) : texts_(texts) {
+  SheetReader(const std::vector<std::string>& texts, const DateLooks& looks) : texts_(texts), looks_(looks) {
     reader_.started = [this](std::string_view name, const XmlAttributes& attributes) { Started(name, attributes); };
     reader_.ended = [this](std::string_view name) { Ended(name); };
     reader_.text = [this](std::string_view letters) {
@@ -138,9 +150,13 @@ class SheetReader {
       const int column = ColumnOf(attributes.Get("r"));
       column_ = column >= 0 ? column : column_ + 1;
       kind_ = attributes.Get("t");
+      look_ = NumberOf(attributes.Get("s"));
       value_.clear();
+      hasFormula_ = hasValue_ = false;
     } else {
       inValue_ = name == "v" || name == "t";
+      hasValue_ = hasValue_ || inValue_;
+      hasFormula_ = hasFormula_ || name == "f";
     }
   }
 
@@ -151,6 +167,7 @@ class SheetReader {
   }
 
   void TakeCell() {
+    if (const char* const what = CellFault()) return sheet_.faults.push_back({row_.line, column_, what});
     std::string text = Trim(CellText());
     if (text.empty() || tooLarge_) return;
     const auto at = static_cast<std::size_t>(column_);
@@ -167,12 +184,24 @@ class SheetReader {
     row_.cells[at] = std::move(text);
   }
 
+  [[nodiscard]] bool IsNumber() const { return kind_.empty() || kind_ == "n"; }
+
+  // What is wrong with a cell that holds something else than it seems to; null where nothing is.
+  [[nodiscard]] const char* CellFault() const {
+    // An empty text is a result, an empty number none.
+    if (hasFormula_ && (!hasValue_ || (IsNumber() && value_.empty()))) return kNotWorkedOut;
+    const bool date = kind_ == "d" || (IsNumber() && looks_.IsDate(look_));
+    return date && !value_.empty() ? kDate : nullptr;
+  }
+
   [[nodiscard]] std::string CellText() const {
     if (kind_ == "s") {
       const auto number = static_cast<std::size_t>(std::max(NumberOf(value_), 0));
       return number < texts_.size() && !value_.empty() ? texts_[number] : "";
     }
-    if (!kind_.empty() && kind_ != "n") return value_;
+    // Never a figure, which a price would take for 1.
+    if (kind_ == "b") return value_ == "0" ? "Hayır" : "Evet";
+    if (!IsNumber()) return value_;
     // Of longer ones the last digits would be lost.
     constexpr double kMostDigits = 1e15;
     double number = 0;
@@ -182,12 +211,14 @@ class SheetReader {
   }
 
   const std::vector<std::string>& texts_;
+  const DateLooks& looks_;
   XmlReader reader_;
   Sheet sheet_;
   SheetRow row_;
   int column_ = -1;
   std::string kind_, value_;
-  bool inValue_ = false;
+  int look_ = 0;
+  bool inValue_ = false, hasValue_ = false, hasFormula_ = false;
   bool tooLarge_ = false;
   std::size_t cells_ = 0;
 };
@@ -219,8 +250,10 @@ SheetOutcome ReadXlsx(std::string_view bytes) {
   if (!zip.IsOpen()) return std::unexpected(kDamaged);
   const std::optional<Places> places = FindFirstSheet(zip);
   std::vector<std::string> texts;
-  if (!places || !ReadTexts(zip, places->texts, texts)) return std::unexpected(kDamaged);
-  return SheetReader(texts).Read(zip, places->sheet);
+  DateLooks looks;
+  const bool read = places && ReadTexts(zip, places->texts, texts) && ReadLooks(zip, places->looks, looks);
+  if (!read) return std::unexpected(kDamaged);
+  return SheetReader(texts, looks).Read(zip, places->sheet);
 }
 
 Status WriteXlsx(const Sheet& sheet, const std::vector<bool>& numbers, const std::string& realPath) {

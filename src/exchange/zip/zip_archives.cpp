@@ -11,13 +11,13 @@
 #include <array>
 #include <atomic>
 #include <cerrno>
-#include <charconv>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <cstring>
+#include <functional>
 #include <future>
 #include <memory>
+#include <numeric>
 #include <string_view>
 #include <system_error>
 #include <tuple>
@@ -25,7 +25,9 @@
 
 #include "exchange/zip/deflated_file.h"
 #include "platform/folders.h"
+#include "platform/phase_times.h"
 #include "platform/system_error.h"
+#include "platform/unfinished_files.h"
 
 namespace karvel {
 namespace {
@@ -36,8 +38,6 @@ using DeflatedFiles = std::vector<DeflatedFile>;
 constexpr auto kBetweenPictures = 25ms;
 // How far it is, in hundredths, when the files are deflated, and when the archive is written.
 constexpr int kDeflated = 45, kWritten = 70, kAll = 100;
-// An archive that isn't finished: hidden, and like every unfinished file of the desk with the number of its process.
-constexpr std::string_view kMark = ".karvel-";
 
 struct CloseZip {
   void operator()(zip_t* zip) const { zip_discard(zip); }
@@ -131,41 +131,55 @@ class DeflatedSource {
   std::size_t at_ = 0;
 };
 
-// The files one after the other by two hands, each taking the next.
-Status DeflateAll(const std::vector<Archives::Item>& items, DeflatedFiles& files, std::atomic<int>& percent) {
-  files.resize(items.size());
-  std::vector<std::size_t> order(items.size());
-  std::vector<std::int64_t> sizes(items.size());
-  std::int64_t all = 1;
-  for (std::size_t i = 0; i < items.size(); ++i) {
-    struct stat info{};
-    sizes[i] = stat(items[i].path.c_str(), &info) == 0 ? info.st_size : 0;
-    all += sizes[i];
-    order[i] = i;
+// Two hands tell how far it is, and neither takes it back.
+void RaiseTo(std::atomic<int>& percent, int reached) {
+  for (int seen = percent; seen < reached && !percent.compare_exchange_weak(seen, reached);) {
   }
+}
+
+// Does its part of the work with one of the files.
+using Hand = std::function<Status(std::size_t file)>;
+
+// The files one after the other by two hands, each taking the largest that is left. Tells the bytes that are done after each.
+Status ByTwoHands(const std::vector<std::int64_t>& sizes, const std::function<Hand()>& makeHand,
+                  const std::function<void(double part)>& tell) {
+  std::vector<std::size_t> order(sizes.size());
+  std::iota(order.begin(), order.end(), 0U);
   std::ranges::sort(order, [&](std::size_t a, std::size_t b) { return sizes[a] > sizes[b]; });
+  const auto all = static_cast<double>(std::accumulate(sizes.begin(), sizes.end(), std::int64_t{1}));
   std::atomic<std::size_t> next = 0;
   std::atomic<std::int64_t> done = 0;
-  const auto hand = [&]() -> Status {
+  const auto takeAll = [&]() -> Status {
+    const Hand hand = makeHand();
     for (std::size_t taken = next++; taken < order.size(); taken = next++) {
-      const std::size_t i = order[taken];
-      if (Status deflated = Deflate(items[i].path, files[i]); !deflated.Ok()) return deflated;
-      percent = static_cast<int>(kDeflated * (done += sizes[i]) / all);
+      if (Status worked = hand(order[taken]); !worked.Ok()) return worked;
+      tell(static_cast<double>(done += sizes[order[taken]]) / all);
     }
     return {};
   };
   std::future<Status> second;
   try {
-    second = std::async(std::launch::async, hand);
+    second = std::async(std::launch::async, takeAll);
   } catch (const std::system_error&) {
     second = {};  // one hand does it too
   }
-  Status outcome = hand();
+  Status outcome = takeAll();
   if (second.valid()) {
     const Status other = second.get();
     if (outcome.Ok()) outcome = other;
   }
   return outcome;
+}
+
+Status DeflateAll(const std::vector<Archives::Item>& items, DeflatedFiles& files, std::atomic<int>& percent) {
+  files.resize(items.size());
+  std::vector<std::int64_t> sizes(items.size());
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    struct stat info{};
+    sizes[i] = stat(items[i].path.c_str(), &info) == 0 ? info.st_size : 0;
+  }
+  const auto deflate = [&](std::size_t i) { return Deflate(items[i].path, files[i]); };
+  return ByTwoHands(sizes, [&] { return Hand(deflate); }, [&](double part) { RaiseTo(percent, static_cast<int>(kDeflated * part)); });
 }
 
 // Hears how far the writing is, and has the disk keep up with it: where it had the whole archive still to write at the end, a posting that
@@ -249,42 +263,37 @@ Status ReadItem(zip_t* zip, zip_uint64_t index, const std::string& path, Take ta
   }
 }
 
-Status ReadBack(const std::string& path, const std::vector<Archives::Item>& items, const DeflatedFiles& files, std::atomic<int>& percent) {
-  Zip zip;
-  if (Status opened = Open(path, ZIP_RDONLY | ZIP_CHECKCONS, zip); !opened.Ok()) return opened;
-  std::uint64_t all = 1, done = 0;
-  for (const DeflatedFile& file : files) all += file.size;
-  for (std::size_t i = 0; i < items.size(); ++i) {
-    zip_stat_t stat;
-    if (zip_stat_index(zip.get(), i, 0, &stat) != 0) return StatusOf(*zip_get_error(zip.get()), path);
-    if (stat.name != items[i].name || stat.size != files[i].size || stat.crc != files[i].sum) return ChangedWhileRead(path, items[i].name);
-    std::uint64_t count = 0;
-    const Status read = ReadItem(zip.get(), i, path, [&](std::string_view piece) {
-      count += piece.size();
-      percent = kWritten + static_cast<int>((kAll - kWritten) * (done + count) / all);
-      return Status();
-    });
-    if (!read.Ok()) return read;
-    if (count != files[i].size) return ChangedWhileRead(path, items[i].name);
-    done += count;
-  }
-  return {};
+// Reads one file of the archive, and holds it against what was packed; `advanced` hears how many bytes more.
+Status ReadItemBack(zip_t* zip, std::size_t i, const std::string& path, const Archives::Item& item, const DeflatedFile& file,
+                    const std::function<void(std::size_t)>& advanced) {
+  zip_stat_t stat;
+  if (zip_stat_index(zip, i, 0, &stat) != 0) return StatusOf(*zip_get_error(zip), path);
+  if (stat.name != item.name || stat.size != file.size || stat.crc != file.sum) return ChangedWhileRead(path, item.name);
+  std::uint64_t count = 0;
+  const Status read = ReadItem(zip, i, path, [&](std::string_view piece) {
+    count += piece.size();
+    advanced(piece.size());
+    return Status();
+  });
+  return read.Ok() && count != file.size ? ChangedWhileRead(path, item.name) : read;
 }
 
-// Those that a program which died has left beside an archive.
-void SweepUnfinished(const std::string& folder) {
-  const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir);
-  if (!entries) return;
-  std::vector<std::string> left;
-  while (const dirent* const entry = readdir(entries.get())) {
-    const std::string_view name = entry->d_name;
-    if (!name.starts_with(kMark) || name.find(".tmp") == std::string_view::npos) continue;
-    pid_t process = 0;
-    const std::string_view number = name.substr(kMark.size());
-    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), process);
-    if (error == std::errc() && *end == '-' && kill(process, 0) != 0 && errno == ESRCH) left.push_back(folder + "/" + std::string(name));
-  }
-  for (const std::string& path : left) unlink(path.c_str());
+// Each hand reads with a handle of its own.
+Status ReadBack(const std::string& path, const std::vector<Archives::Item>& items, const DeflatedFiles& files, std::atomic<int>& percent) {
+  std::vector<std::int64_t> sizes;
+  for (const DeflatedFile& file : files) sizes.push_back(static_cast<std::int64_t>(file.size));
+  const auto all = std::accumulate(sizes.begin(), sizes.end(), std::int64_t{1});
+  std::atomic<std::int64_t> done = 0;
+  const auto advanced = [&](std::size_t bytes) {
+    RaiseTo(percent, kWritten + static_cast<int>((kAll - kWritten) * (done += static_cast<std::int64_t>(bytes)) / all));
+  };
+  const auto makeHand = [&]() -> Hand {
+    const auto zip = std::make_shared<Zip>();
+    const Status opened = Open(path, ZIP_RDONLY | ZIP_CHECKCONS, *zip);
+    return
+        [&, zip, opened](std::size_t i) { return opened.Ok() ? ReadItemBack(zip->get(), i, path, items[i], files[i], advanced) : opened; };
+  };
+  return ByTwoHands(sizes, makeHand, [](double) {});
 }
 
 Status PutInPlace(const std::string& unfinished, const std::string& archive) {
@@ -293,14 +302,18 @@ Status PutInPlace(const std::string& unfinished, const std::string& archive) {
 }
 
 Status PackWhole(const std::string& archive, const std::vector<Archives::Item>& items, std::atomic<int>& percent) {
-  static std::atomic<int> count = 0;
-  const std::string unfinished = fmt::format("{}/{}{}-{}.tmp", FolderOf(archive), kMark, getpid(), ++count);
+  const std::string unfinished = UnfinishedIn(FolderOf(archive));
   DeflatedFiles files;
+  PhaseTimes times;
   Status done = DeflateAll(items, files, percent);
+  times.Note("deflated");
   if (done.Ok()) done = WriteZip(unfinished, items, files, percent);
   if (done.Ok()) done = SyncOut(unfinished);
+  times.Note("written");
   if (done.Ok()) done = ReadBack(unfinished, items, files, percent);
+  times.Note("read back");
   if (done.Ok()) done = PutInPlace(unfinished, archive);
+  times.Tell("archive");
   if (!done.Ok()) unlink(unfinished.c_str());
   return done;
 }

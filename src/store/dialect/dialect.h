@@ -98,10 +98,19 @@ class SqlTarget {
   [[nodiscard]] virtual std::string IndexedKey(std::string_view columnSql) const = 0;
   // The compare key of any other text expression, by the quickest way that the engine has.
   [[nodiscard]] virtual std::string ComputedKey(std::string_view textSql) const = 0;
+  // What a text expression is compared by with a key that it shall not be: ComputedKey, unless there is something quicker that is this key
+  // exactly where the compare key is.
+  [[nodiscard]] virtual std::string KeyUnlike(std::string_view textSql, std::string_view key) const;
   // A condition that is true when the text fits the Like pattern (both as typed, not keys).
   [[nodiscard]] virtual std::string Fits(std::string_view textSql, std::string_view patternSql) const = 0;
   // The first n letters of a text.
   [[nodiscard]] virtual std::string LeftOf(std::string_view textSql, int count) const = 0;
+  // A condition that is true where the boolean column holds this: a comparison with 0, unless told otherwise.
+  [[nodiscard]] virtual std::string Holds(std::string_view columnSql, bool value) const;
+  // The parameter that Fits is given for a Like pattern: the pattern itself, unless the engine reads patterns of another kind.
+  [[nodiscard]] virtual std::string Pattern(std::string_view pattern) const;
+  // What stands behind a rising or falling order term so that nulls stand before all values, falling behind them: "" and " DESC".
+  [[nodiscard]] virtual std::string_view Direction(bool descending) const;
   // The value that IndexedKey and ComputedKey give for this text: FoldKey, unless the engine makes its keys in a way of its own.
   [[nodiscard]] virtual std::string Key(std::string_view text) const;
   // The first key behind the keys of all texts that start with this prefix: FoldKeyPrefixEnd, unless told otherwise as for Key.

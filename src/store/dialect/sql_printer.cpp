@@ -46,7 +46,7 @@ class SqlPrinter {
     if (const auto* compare = std::get_if<Compare>(&expr.node)) return PutCompare(*compare);
     if (const auto* like = std::get_if<Like>(&expr.node)) return PutLike(*like);
     if (const auto* literal = std::get_if<Literal>(&expr.node)) return PutConstant(std::get<bool>(literal->value));
-    out_ += Column(std::get<Field>(expr.node)) + " <> 0";
+    out_ += target_.Holds(Column(std::get<Field>(expr.node)), true);
   }
 
   std::string Print(const Expr& expr) {
@@ -118,7 +118,7 @@ class SqlPrinter {
     PutPlain(*compare.left);
     PutOperator(compare.op);
     PutPlain(*compare.right);
-    if (dated) out_ += " AND " + Column(*dated) + " <> " + Parameter(std::string()) + ")";
+    if (dated) out_ += " AND " + Column(*dated) + " <> " + Parameter(DateTime()) + ")";
   }
 
   // The date field that the comparison wants to be the earlier one; null when there is none.
@@ -142,19 +142,26 @@ class SqlPrinter {
       out_ += Column(*field);
       return;
     }
-    const Value& value = std::get<Literal>(expr.node).value;
-    const auto* date = std::get_if<DateTime>(&value);
-    out_ += Parameter(date ? Value(date->ToIso()) : value);
+    out_ += Parameter(std::get<Literal>(expr.node).value);
   }
 
   void PutTextCompare(const Compare& compare) {
     const auto left = ConstantText(*compare.left), right = ConstantText(*compare.right);
     if (left && right) return PutConstant(Holds(compare.op, FoldKey(*left), FoldKey(*right)));
     // An index can serve a field against a value, and nothing finds what differs.
-    const bool mayUseIndex = (left || right) && compare.op != CompareOp::NotEqual;
+    if (compare.op == CompareOp::NotEqual && (left || right))
+      return PutUnlike(left ? *compare.right : *compare.left, left ? *left : *right);
+    const bool mayUseIndex = left || right;
     PutKey(*compare.left, left, mayUseIndex);
     PutOperator(compare.op);
     PutKey(*compare.right, right, mayUseIndex);
+  }
+
+  void PutUnlike(const Expr& text, const std::string& constant) {
+    const std::string key = target_.Key(constant);
+    out_ += target_.KeyUnlike(TextSql(text), key);
+    PutOperator(CompareOp::NotEqual);
+    out_ += Parameter(key);
   }
 
   void PutKey(const Expr& text, const std::optional<std::string>& constant, bool mayUseIndex) {
@@ -175,11 +182,11 @@ class SqlPrinter {
     if (left || right) {
       const bool value = std::get<bool>((left ? left : right)->value);
       const Expr& field = left ? *compare.right : *compare.left;
-      out_ += Column(std::get<Field>(field.node)) + (value == wanted ? " <> 0" : " = 0");
+      out_ += target_.Holds(Column(std::get<Field>(field.node)), value == wanted);
       return;
     }
-    out_ += fmt::format("({} <> 0){}({} <> 0)", Column(std::get<Field>(compare.left->node)), wanted ? " = " : " <> ",
-                        Column(std::get<Field>(compare.right->node)));
+    out_ += fmt::format("({}){}({})", target_.Holds(Column(std::get<Field>(compare.left->node)), true), wanted ? " = " : " <> ",
+                        target_.Holds(Column(std::get<Field>(compare.right->node)), true));
   }
 
   // 1. A pattern without signs is a text to equal. 2. Stars alone take everything. 3. A literal head is a range over the key, which is
@@ -211,7 +218,7 @@ class SqlPrinter {
     out_ += ')';
   }
 
-  void PutFits(const Expr& text, std::string_view pattern) { out_ += target_.Fits(TextSql(text), Parameter(std::string(pattern))); }
+  void PutFits(const Expr& text, std::string_view pattern) { out_ += target_.Fits(TextSql(text), Parameter(target_.Pattern(pattern))); }
 
   // A text as it stands in the row. Only for texts that hang on a field.
   std::string TextSql(const Expr& text) {
@@ -248,6 +255,22 @@ class SqlPrinter {
 };
 
 }  // namespace
+
+std::string SqlTarget::KeyUnlike(std::string_view textSql, std::string_view /*key*/) const {
+  return ComputedKey(textSql);
+}
+
+std::string SqlTarget::Holds(std::string_view columnSql, bool value) const {
+  return fmt::format("{} {} 0", columnSql, value ? "<>" : "=");
+}
+
+std::string SqlTarget::Pattern(std::string_view pattern) const {
+  return std::string(pattern);
+}
+
+std::string_view SqlTarget::Direction(bool descending) const {
+  return descending ? " DESC" : "";
+}
 
 std::string SqlTarget::Key(std::string_view text) const {
   return FoldKey(text);

@@ -100,6 +100,8 @@ class SqliteEngine final : public Engine {
     Close();
     patience_.Renew();
     folder_ = folder;
+    alone_ = options_.scratchAlone;
+    if (alone_) return {};
     return OpenDataFolder(folder, options_, patience_, gate_, data_);
   }
 
@@ -108,10 +110,11 @@ class SqliteEngine final : public Engine {
     unknown_ = {};
     data_.reset();
     scratch_.reset();
+    alone_ = false;
     gate_.Close();
   }
 
-  [[nodiscard]] bool IsOpen() const override { return data_ != nullptr; }
+  [[nodiscard]] bool IsOpen() const override { return data_ != nullptr || alone_; }
   void SetWaitListener(WaitListener* listener) override { patience_.SetListener(listener); }
   void SetPatient(bool patient) override { patient_ = patient; }
 
@@ -168,12 +171,11 @@ class SqliteEngine final : public Engine {
     });
   }
 
-  Status Insert(const DatabaseFile& file, const Table& table, const Row& values, RowKey& key) override {
+  Status Insert(const DatabaseFile& file, const Table& table, const Row& values) override {
     return WithWriting(file, table.name, [&](Connection& connection) -> Status {
       RunningStatement running = connection.Prepare(tables_.at(&table).Insert(), values);
       running.Execute();
-      key = connection.Database().getLastInsertRowid();
-      if (open_ && &connection == data_.get()) trace_.Added(table, key);
+      if (open_ && &connection == data_.get()) trace_.Added(table, connection.Database().getLastInsertRowid());
       return {};
     });
   }
@@ -221,6 +223,10 @@ class SqliteEngine final : public Engine {
   }
 
   Status Begin() override {
+    if (alone_ && !open_) {
+      open_ = true;
+      return {};
+    }
     if (!data_) return {ErrorKind::NotOpen, "no data folder is open"};
     if (open_) return {ErrorKind::Other, "a transaction is open already"};
     if (!unknown_.Ok()) return {ErrorKind::Other, "of the commit before it isn't known whether it stands: " + unknown_.Message()};
@@ -243,6 +249,10 @@ class SqliteEngine final : public Engine {
     if (!open_) return {ErrorKind::NotOpen, "no transaction"};
     // The scratch file is committed by itself; where that fails, nobody is hindered.
     EndScratch("COMMIT");
+    if (alone_) {
+      open_ = false;
+      return {};
+    }
     Status committed;
     bool doubtful = false;
     if (!data_->InTransaction()) {
@@ -283,7 +293,7 @@ class SqliteEngine final : public Engine {
     gate_.Leave();
   }
 
-  [[nodiscard]] bool InTransaction() const override { return open_ && data_->InTransaction(); }
+  [[nodiscard]] bool InTransaction() const override { return open_ && (alone_ || data_->InTransaction()); }
   [[nodiscard]] bool ReadsHold() const override { return true; }
 
   Status Copy(const std::string& folder, std::unique_ptr<StoresCopy>& copy) override {
@@ -319,7 +329,7 @@ class SqliteEngine final : public Engine {
   template <typename Work>
   Status WithConnection(const DatabaseFile& file, std::string_view what, Work work) {
     Connection* connection = data_.get();
-    if (connection == nullptr) return {ErrorKind::NotOpen, "no data folder is open"};
+    if (connection == nullptr && (!alone_ || InDataFolder(file))) return {ErrorKind::NotOpen, "no data folder is open"};
     if (!open_) patience_.Renew();
     if (!InDataFolder(file)) {
       if (!scratch_) {
@@ -374,7 +384,7 @@ class SqliteEngine final : public Engine {
   }
 
   void UndoRest() {
-    if (!data_->InTransaction()) return;
+    if (!data_ || !data_->InTransaction()) return;
     const Status undone = Run(&data_->Database(), "rollback", [&] { data_->Execute("ROLLBACK"); });
     if (!undone.Ok()) Log(undone.Message());
   }
@@ -391,6 +401,7 @@ class SqliteEngine final : public Engine {
   CommitTrace trace_{tables_};
   Status unknown_;  // why a commit failed of which it is not known whether it stands
   bool open_ = false;
+  bool alone_ = false;  // open, but with DataTemp.Mdb alone
   bool patient_ = true;
   int changesBefore_ = 0;
 };

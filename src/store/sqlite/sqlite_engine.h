@@ -13,6 +13,7 @@ class FolderPreparation;
 
 struct SqliteOptions {
   std::string programFolder;  // where DataTemp.Mdb lies; this machine's own path
+  bool scratchAlone = false;  // Open opens no folder, whatever it is told: there is DataTemp.Mdb and nothing else
   std::string scratchFile{};  // the terminal's own copy of it, made where it is missing; "": DataTemp.Mdb itself
   int patienceMs = 10000;     // how long an action, or a read beside one, waits for other terminals and programs in all
   std::string vfs;            // the SQLite file layer by name; empty for the usual one

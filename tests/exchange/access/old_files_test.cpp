@@ -11,6 +11,7 @@
 #include "store/stores.h"
 #include "tests/support/access_file.h"
 #include "tests/support/foreign_program.h"
+#include "tests/support/no_links.h"
 #include "tests/support/shop_rows.h"
 #include "tests/support/temp_folder.h"
 
@@ -160,6 +161,14 @@ TEST_F(OldFilesTest, one_that_cant_be_turned_stays_as_it_is_and_nothing_opens) {
     EXPECT_FALSE(fs::exists(folder.Path() + "/Cari.mdb.yeni"));
     EXPECT_EQ(oldFiles.Report(), "");
   }
+}
+
+TEST_F(OldFilesTest, on_a_disk_without_links_the_old_file_is_kept_as_a_copy) {
+  const std::string bytes = AccessFile({Cards()});
+  Lay("Cari.mdb", bytes);
+  EXPECT_EQ(WithoutLinks([&] { return Open().Ok() ? 0 : 1; }), 0);
+  EXPECT_EQ(BytesOf("Cari.eski.mdb"), bytes);
+  EXPECT_EQ(Rows("Cari.mdb", "SELECT CariKod FROM CariKartlar ORDER BY 1"), (Texts{"C1", "C2"}));
 }
 
 TEST_F(OldFilesTest, one_that_the_older_program_has_open_is_not_turned) {

@@ -20,6 +20,14 @@ std::string BytesOf(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
+// "line/column" of each cell that holds neither text nor number.
+Texts Faults(const SheetOutcome& sheet) {
+  if (!sheet) return {"fault: " + sheet.error().what};
+  Texts faults;
+  for (const SheetFault& fault : sheet->faults) faults.push_back(std::to_string(fault.line) + "/" + std::to_string(fault.column));
+  return faults;
+}
+
 Texts Rows(const SheetOutcome& sheet) {
   if (!sheet) return {"fault: " + sheet.error().what};
   Texts rows;
@@ -33,8 +41,8 @@ Texts Rows(const SheetOutcome& sheet) {
 
 class XlsxSheet : public ::testing::Test {
  protected:
-  // A workbook of one sheet with these rows in its XML, and these shared texts.
-  std::string Workbook(const std::string& rows, const std::string& texts = "") {
+  // A workbook of one sheet with these rows in its XML, these shared texts, and these looks of cells.
+  std::string Workbook(const std::string& rows, const std::string& texts = "", const std::string& looks = "") {
     std::map<std::string, std::string> parts{
         {"xl/workbook.xml",
          "<workbook xmlns:r='r'><sheets><sheet name='Gizli' sheetId='7' r:id='rId2'/><sheet name='b' sheetId='1' "
@@ -42,7 +50,9 @@ class XlsxSheet : public ::testing::Test {
         {"xl/_rels/workbook.xml.rels",
          "<Relationships><Relationship Id='rId1' Type='x/worksheet' Target='worksheets/sheet1.xml'/>"
          "<Relationship Id='rId2' Type='x/worksheet' Target='/xl/worksheets/sheet2.xml'/>"
-         "<Relationship Id='rId3' Type='x/sharedStrings' Target='sharedStrings.xml'/></Relationships>"},
+         "<Relationship Id='rId3' Type='x/sharedStrings' Target='sharedStrings.xml'/>"
+         "<Relationship Id='rId4' Type='x/styles' Target='styles.xml'/></Relationships>"},
+        {"xl/styles.xml", "<styleSheet>" + looks + "</styleSheet>"},
         {"xl/worksheets/sheet1.xml", "<worksheet/>"},
         {"xl/worksheets/sheet2.xml", "<worksheet><sheetData>" + rows + "</sheetData></worksheet>"},
         {"xl/sharedStrings.xml", "<sst>" + texts + "</sst>"}};
@@ -65,7 +75,7 @@ TEST_F(XlsxSheet, the_first_sheet_is_read_with_all_digits_of_its_numbers) {
                 "<row r='5'><c r='B5' t='inlineStr'><is><t> Çay </t></is></c><c r='C5' t='b'><v>1</v></c></row>"
                 "<row r='6'><c r='A6'/><c r='B6' t='str'><v></v></c></row>",
                 "<si><t>Stok Kodu</t></si><si><r><t>1.Fi</t></r><r><t>yat</t></r><rPh><t>x</t></rPh></si>"))),
-            (Texts{"1: Stok Kodu||1.Fiyat", "4: 8690000000012|8690000000013|12,5", "5: |Çay|1"}));
+            (Texts{"1: Stok Kodu||1.Fiyat", "4: 8690000000012|8690000000013|12,5", "5: |Çay|Evet"}));
 }
 
 TEST_F(XlsxSheet, a_number_with_more_digits_than_a_spreadsheet_keeps_comes_as_it_is_written) {
@@ -75,6 +85,34 @@ TEST_F(XlsxSheet, a_number_with_more_digits_than_a_spreadsheet_keeps_comes_as_it
 
 TEST_F(XlsxSheet, cells_and_rows_without_their_names_follow_each_other) {
   EXPECT_EQ(Rows(ReadXlsx(Workbook("<row><c><v>1</v></c><c><v>2</v></c></row><row><c><v>3</v></c></row>"))), (Texts{"1: 1|2", "2: 3"}));
+}
+
+TEST_F(XlsxSheet, what_the_spreadsheet_took_for_a_date_is_a_fault_and_no_number) {
+  const std::string looks =
+      "<numFmts><numFmt numFmtId='170' formatCode='d/mmm'/><numFmt numFmtId='171' formatCode='[Red]#,##0.00\\ &quot;adet&quot;;\\d0'/>"
+      "<numFmt numFmtId='172' formatCode='[$-41F]0.0'/><numFmt numFmtId='173' formatCode='[hh]'/><numFmt numFmtId='9' "
+      "formatCode='yyyy'/></numFmts>"
+      "<cellStyleXfs><xf numFmtId='14'/></cellStyleXfs>"
+      "<cellXfs><xf numFmtId='0'/><xf numFmtId='16'/><xf numFmtId='170'/><xf numFmtId='171'/><xf numFmtId='172'/><xf numFmtId='173'/>"
+      "<xf numFmtId='9'/><xf numFmtId='4'/></cellXfs>";
+  const SheetOutcome sheet = ReadXlsx(Workbook(
+      "<row r='1'><c r='A1'><v>1</v></c><c r='B1' s='0'><v>2</v></c><c r='C1' s='1'><v>45689</v></c><c r='D1' s='2'><v>45689</v></c></row>"
+      "<row r='2'><c r='A2' s='3'><v>3</v></c><c r='B2' s='4'><v>4</v></c><c r='C2' s='5'><v>0.5</v></c><c r='D2' s='6'><v>5</v></c></row>"
+      "<row r='3'><c r='A3' s='1' t='s'><v>0</v></c><c r='B3' s='1'/><c r='C3' t='d'><v>2025-02-01</v></c><c r='D3' "
+      "s='7'><v>6</v></c></row>"
+      "<row r='4'><c r='A4' s='1'><v>45689</v></c></row>",
+      "<si><t>1.2</t></si>", looks));
+  EXPECT_EQ(Rows(sheet), (Texts{"1: 1|2", "2: 3|4", "3: 1.2|||6"}));
+  EXPECT_EQ(Faults(sheet), (Texts{"1/2", "1/3", "2/2", "2/3", "3/2", "4/0"}));
+  EXPECT_NE(sheet->faults.at(0).what.find("tarih"), std::string::npos);
+}
+
+TEST_F(XlsxSheet, a_formula_that_was_never_worked_out_is_a_fault) {
+  const SheetOutcome sheet = ReadXlsx(Workbook(
+      "<row r='1'><c r='A1'><f>B1*2</f><v>7</v></c><c r='B1'><f>C1</f></c><c r='C1'><f>D1</f><v></v></c><c r='D1'><v/></c></row>"
+      "<row r='2'><c r='A2' t='str'><f>B1</f><v></v></c><c r='B2' t='str'><f t='shared' si='0'/></c><c r='C2'><v>1</v></c></row>"));
+  EXPECT_EQ(Rows(sheet), (Texts{"1: 7", "2: ||1"}));
+  EXPECT_EQ(Faults(sheet), (Texts{"1/1", "1/2", "2/1"}));
 }
 
 TEST_F(XlsxSheet, what_is_no_workbook_is_told) {

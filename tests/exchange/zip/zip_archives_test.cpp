@@ -120,6 +120,7 @@ TEST_F(ZipArchivesTest, what_a_program_that_died_left_is_swept_and_what_one_at_w
   if (dead == 0) _exit(0);
   waitpid(dead, nullptr, 0);
   const std::string ours = ".karvel-" + std::to_string(getpid()) + "-99.tmp";
+  ASSERT_TRUE(Pack({Put("a", "w")}).Ok());
   std::ofstream(folder.Path() + "/zips/.karvel-" + std::to_string(dead) + "-1.tmp.AbCdEf") << "half";
   std::ofstream(folder.Path() + "/zips/" + ours) << "at work";
   ASSERT_TRUE(Pack({Put("a", "x")}).Ok());

@@ -112,7 +112,7 @@ TEST_F(Sql, booleans_numbers_and_dates_are_plain_columns) {
   EXPECT_EQ(Of("Borc<>0 And Borc<Alacak"), "(Borc <> ?1 AND Borc < Alacak)");
   EXPECT_THAT(parameters_, ElementsAre(Value(0.0)));
   EXPECT_EQ(Of("VadeTarih<=#03/01/2026 23:59:59#", "VadeGün"), "(VadeTarih <= ?1 AND VadeTarih <> ?2)");
-  EXPECT_THAT(parameters_, ElementsAre(Value(std::string("2026-03-01 23:59:59")), Value(std::string())));
+  EXPECT_THAT(parameters_, ElementsAre(Value(DateTime{2026, 3, 1, 23, 59, 59}), Value(DateTime())));
 }
 
 TEST_F(Sql, brackets_keep_the_meaning) {

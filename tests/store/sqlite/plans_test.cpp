@@ -6,25 +6,11 @@
 #include "store/sqlite/connection.h"
 #include "store/sqlite/sqlite_sql.h"
 #include "store/table_sql.h"
+#include "tests/store/look_ups.h"
 #include "tests/store/sqlite/sqlite_kind.h"
 
 namespace karvel::testing {
 namespace {
-
-struct LookUp {
-  const char* file;
-  const char* source;
-  const char* criterion;  // "" for the list itself
-};
-
-void PrintTo(const LookUp& lookUp, std::ostream* out) {
-  *out << lookUp.source << " | " << lookUp.criterion;
-}
-
-constexpr const char* kCustomerList =
-    "Select * From CariKartlar Where HesKullan=False And Gurup<>'Toptan' And LCase(Gurup)<>'plasiyer' And Left(CariKod,1)<>'=' And "
-    "CariKod<>'Merkez' Order By Unvan Asc";
-constexpr const char* kStockList = "Select * From StokKartlar Where StokGizle=False Order By StokAdi ASC";
 
 std::string PlanOf(sqlite::Connection& connection, const SqlText& sql) {
   std::string plan;
@@ -93,38 +79,7 @@ TEST(PlansOfADay, go_by_the_customer_not_by_the_state) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Lists, Plans,
-    ::testing::Values(LookUp{"Cari.mdb", kCustomerList, ""}, LookUp{"Stok.mdb", kStockList, ""},
-                      LookUp{"Cari.mdb", "Select * From CariKartlar Where HesKullan=False Order By Gurup DESC", ""},
-                      LookUp{"Cari.mdb", "Select * From CariKartlar Where HesKullan=False And Gurup='Toptan' Order By Unvan Asc", ""},
-                      LookUp{"Stok.mdb", "Select * From StokKartlar Where StokGizle=False And Gurup='İçecek' Order By StokAdi Asc", ""},
-                      LookUp{"Stok.mdb", "Select * From StokKartlar Where StokGizle=False And StokAdi Like 'ç*' Order By StokAdi ASC", ""},
-                      LookUp{"Karvel.mdb", "Select * From Datam Where CariKod='A' Order By Tarih Desc", ""},
-                      LookUp{"Karvel.mdb", "Select * From Datam Where Durum='Iptal' Order By Tarih Desc", ""},
-                      LookUp{"Cari.mdb", "Select * From CariKartlar Where HesKullan=False Order By Bakiye DESC", ""},
-                      LookUp{"Stok.mdb", "Select * From StokKartlar Where StokGizle=False Order By KalanB ASC", ""},
-                      LookUp{"Karvel.mdb",
-                             "Select * From Datam Where Tarih>=#03/01/2026 00:00:00# And Tarih<=#03/01/2026 23:59:59# Order By Tarih Asc",
-                             ""},
-                      LookUp{"Cari.mdb", "Select * From CariHareket Where CariHarKod='A' Order By Tarih Desc", ""},
-                      LookUp{"Stok.mdb", "Select * From StokHareket Where Carisi='A' Order By Tarih Desc", ""},
-                      LookUp{"Cari.mdb", "Select * From VadeGün Where CariKod='A' Order By VadeTarih Asc", ""}));
-
-INSTANTIATE_TEST_SUITE_P(
-    Finds, Plans,
-    ::testing::Values(LookUp{"Cari.mdb", "CariKartlar", "CariKod='A'"}, LookUp{"Cari.mdb", kCustomerList, "CariKod='A'"},
-                      LookUp{"Cari.mdb", kCustomerList, "Unvan Like 'ş*'"}, LookUp{"Cari.mdb", kCustomerList, "Unvan='A'"},
-                      LookUp{"Cari.mdb", kCustomerList, "KartNo='1'"}, LookUp{"Cari.mdb", "CariKartlar", "CariKod Like 'A?C'"},
-                      LookUp{"Cari.mdb", "Cari", "StokKod='1' And CariKod='A'"}, LookUp{"Cari.mdb", "CariHareket", "DigerId='1'"},
-                      LookUp{"Cari.mdb", "Select * From VadeGün Where CariKod='A' Order By VadeTarih Asc", "VadeTarih=#03/01/2026#"},
-                      LookUp{"Stok.mdb", kStockList, "Barkod='1'"}, LookUp{"Stok.mdb", kStockList, "StokKod='1'"},
-                      LookUp{"Stok.mdb", kStockList, "StokAdi='1'"}, LookUp{"Stok.mdb", kStockList, "StokKod Like '1*'"},
-                      LookUp{"Stok.mdb", "StokHareket", "DigerId='1'"}, LookUp{"Karvel.mdb", "Datam", "DigerId='1'"},
-                      LookUp{"Karvel.mdb", "Datam", "SeriNo='000001'"}, LookUp{"SeriNo.mdb", "SeriNo", "Barcode='1'"},
-                      LookUp{"SeriNo.mdb", "SeriNo", "BarCode1='1'"}, LookUp{"Index.mdb", "Mdbindex", "Tarih='2026'"},
-                      LookUp{"Index.mdb", "Tarih", "Tarih='2026'"}, LookUp{"Fatura.mdb", "Faturalar", "FaturaNo='1'"},
-                      LookUp{"Fatura.mdb", "Select * From FatHareket Where FatHarNo='1'", "FatStok='1'"},
-                      LookUp{"Fatura.mdb", "GirenCikan", "StokKod='1'"}));
+INSTANTIATE_TEST_SUITE_P(Lists, Plans, ::testing::ValuesIn(kLists));
+INSTANTIATE_TEST_SUITE_P(Finds, Plans, ::testing::ValuesIn(kFinds));
 
 }  // namespace karvel::testing

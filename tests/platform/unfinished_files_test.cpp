@@ -1,4 +1,4 @@
-#include "app/atomic_file.h"
+#include "platform/unfinished_files.h"
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@ namespace karvel {
 namespace {
 namespace fs = std::filesystem;
 
-class Leftovers : public ::testing::Test {
+class UnfinishedFiles : public ::testing::Test {
  protected:
   std::string Put(const std::string& name) {
     std::ofstream(folder.Path() + "/" + name) << "half";
@@ -31,26 +31,27 @@ class Leftovers : public ::testing::Test {
   TempFolder folder;
 };
 
-TEST_F(Leftovers, of_processes_that_no_longer_live_are_swept) {
+TEST_F(UnfinishedFiles, of_processes_that_no_longer_live_are_swept) {
   const std::string dead = Put(fmt::format(".karvel-{}-1.tmp", DeadProcess()));
   const std::string living = Put(fmt::format(".karvel-{}-1.tmp", getppid()));
   const std::string document = Put("Fatura.pdf"), unnamed = Put(".karvel-x.tmp"),
                     other = Put(fmt::format("karvel-{}-1.tmp", DeadProcess()));
-  AtomicFile::SweepLeftovers(folder.Path());
+  SweepUnfinished(folder.Path());
   EXPECT_FALSE(fs::exists(dead));
   for (const std::string& path : {living, document, unnamed, other}) EXPECT_TRUE(fs::exists(path)) << path;
 }
 
-TEST_F(Leftovers, of_our_own_number_are_in_use_once_we_have_written) {
-  AtomicFile file(folder.Path() + "/settings.ini");
-  const std::string own = Put(fmt::format(".karvel-{}-999.tmp", getpid()));
-  AtomicFile::SweepLeftovers(folder.Path());
+TEST_F(UnfinishedFiles, of_our_own_number_are_in_use_once_we_have_written) {
+  const std::string first = UnfinishedIn(folder.Path());
+  const std::string own = Put(fs::path(first).filename().string() + ".AbCdEf");
+  EXPECT_TRUE(IsUnfinished(fs::path(own).filename().string()));
+  EXPECT_NE(UnfinishedIn(folder.Path()), first);
+  SweepUnfinished(folder.Path());
   EXPECT_TRUE(fs::exists(own));
-  EXPECT_TRUE(file.Finish().Ok());
 }
 
-TEST_F(Leftovers, in_a_folder_that_is_not_there_are_none) {
-  AtomicFile::SweepLeftovers(folder.Path() + "/none");
+TEST_F(UnfinishedFiles, in_a_folder_that_is_not_there_are_none) {
+  SweepUnfinished(folder.Path() + "/none");
   EXPECT_FALSE(fs::exists(folder.Path() + "/none"));
 }
 

@@ -1,0 +1,15 @@
+// A firm's schemas on the server: made from the catalogue where there are none, checked where there are.
+#pragma once
+
+#include <string>
+
+#include "store/postgres/connection.h"
+
+namespace karvel::postgres {
+
+// One round trip where all is there. A firm without any schema gets all of them in one transaction, once, however many terminals begin
+// together; `patience` is for those, `answers` for the server. A schema, table or column that is missing beside others is Damaged and
+// named: an empty one never takes its place.
+Status PrepareFirm(Connection& connection, const std::string& firm, Patience& patience, Patience& answers);
+
+}  // namespace karvel::postgres
