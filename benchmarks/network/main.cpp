@@ -14,7 +14,9 @@
 #include "books/sources.h"
 #include "network/bare_server.h"
 #include "network/server_shops.h"
+#include "store/cursor.h"
 #include "store/postgres/postgres_sql.h"
+#include "store/stores.h"
 #include "store/table_sql.h"
 #include "text/turkish.h"
 
@@ -76,7 +78,15 @@ class Firm {
     return texts;
   }
   [[nodiscard]] const std::string& Name() const { return name_; }
-  Till& Desk() { return till_; }
+  // A terminal that only looks: its lists move nothing else.
+  Stores& Looker() {
+    if (!looker_) {
+      PostgresEngine* engine = nullptr;
+      looker_ = std::make_unique<Stores>(EngineOfFirm(folder_, engine));
+      if (const Status opened = looker_->Open(folder_); !opened.Ok()) throw std::runtime_error(opened.Message());
+    }
+    return *looker_;
+  }
   BareSession& Session() { return bare_; }
 
  private:
@@ -89,6 +99,24 @@ class Firm {
   BareServerPosting posting_;
   std::vector<std::string> items_;
   std::size_t next_ = 0;
+  std::unique_ptr<Stores> looker_;
+};
+
+// A list of the desk's by itself.
+class List {
+ public:
+  List(Firm& firm, bool stock) : cursor_(firm.Looker(), "list") {
+    cursor_.SetDatabaseName(stock ? "Stok.mdb" : "Cari.mdb");
+    const Status opened = cursor_.Open(stock ? sources::kStock : sources::kCustomers);
+    if (!opened.Ok()) throw std::runtime_error(opened.Message());
+  }
+  [[nodiscard]] bool Find(const std::string& column, const std::string& text) {
+    return cursor_.FindFirst(fmt::format("{}='{}'", column, text)).Ok() && !cursor_.NoMatch();
+  }
+  [[nodiscard]] bool Page() { return !cursor_.RowsAfter(cursor_.CurrentRow(), kShown).empty(); }
+
+ private:
+  Cursor cursor_;
 };
 
 void WarmUp(Firm& firm) {
@@ -130,20 +158,19 @@ void AddFinds(Firm& firm, const std::string& rows, RatioTable& table) {
                            Find{"stok", "StokKartlar", "StokKod", "NOT \"StokGizle\""},
                            Find{"cari", "CariKartlar", "CariKod", "NOT \"HesKullan\" AND \"CariKod\" ~ '^M[0-9]+$'"},
                            Find{"cari", "CariKartlar", "Unvan", "NOT \"HesKullan\" AND \"CariKod\" ~ '^M[0-9]+$'"}}) {
-    Cursors& cursors = firm.Desk().TheCursors();
-    Cursor& cursor = std::string_view(find.schema) == "stok" ? cursors.StokData : cursors.CariData;
+    List list(firm, std::string_view(find.schema) == "stok");
     const std::string sql = fmt::format("SELECT * FROM \"{}_{}\".\"{}\" WHERE {} = $1", firm.Name(), find.schema, find.table,
                                         postgres::PostgresWords().IndexedKey(QuotedName(find.column)));
     AddInTurn(
         fmt::format("find on the server by {} in {} rows", find.column, rows),
         firm.Texts(find.schema, find.table, find.column, find.where, kSamples),
-        [&](const std::string& text) { return cursor.FindFirst(fmt::format("{}='{}'", find.column, text)).Ok() && !cursor.NoMatch(); },
+        [&](const std::string& text) { return list.Find(find.column, text); },
         [&](const std::string& text) { return !firm.Session().Run(sql, {FoldKey(text)}).empty(); }, table);
   }
 }
 
 void AddGrids(Firm& firm, const std::string& rows, RatioTable& table) {
-  Cursor& list = firm.Desk().TheCursors().CariData;
+  List list(firm, false);
   const std::string key = postgres::PostgresWords().IndexedKey("\"Unvan\"");
   const std::string page =
       fmt::format("SELECT * FROM \"{}_cari\".\"CariKartlar\" WHERE NOT \"HesKullan\" AND {} >= $1 ORDER BY {} NULLS FIRST, \"{}\" LIMIT {}",
@@ -151,9 +178,7 @@ void AddGrids(Firm& firm, const std::string& rows, RatioTable& table) {
   AddInTurn(
       fmt::format("page of a list on the server, {} customers", rows),
       firm.Texts("cari", "CariKartlar", "Unvan", "NOT \"HesKullan\" AND \"CariKod\" ~ '^M[0-9]+$'", kSamples / 5),
-      [&](const std::string& text) {
-        return list.FindFirst(fmt::format("Unvan='{}'", text)).Ok() && !list.RowsAfter(list.CurrentRow(), kShown).empty();
-      },
+      [&](const std::string& text) { return list.Find("Unvan", text) && list.Page(); },
       [&](const std::string& text) {
         // The find, and the rows from there on.
         return !firm.Session().Run(page, {FoldKey(text)}).empty() && !firm.Session().Run(page, {FoldKey(text)}).empty();

@@ -42,7 +42,7 @@ constexpr auto kCancelled = 5s;
 constexpr const char* kSettings =
     "-c datestyle=ISO -c extra_float_digits=1 -c standard_conforming_strings=on -c bytea_output=hex "
     "-c tcp_keepalives_idle=5 -c tcp_keepalives_interval=2 -c tcp_keepalives_count=3 -c client_connection_check_interval=2s "
-    "-c client_min_messages=warning -c idle_in_transaction_session_timeout=60s -c jit=off -c plan_cache_mode=force_generic_plan";
+    "-c client_min_messages=warning -c idle_in_transaction_session_timeout=60s -c jit=off";
 
 std::string RandomName() {
   std::random_device random;
