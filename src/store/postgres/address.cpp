@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "platform/share.h"
 #include "text/turkish.h"
 
 namespace karvel::postgres {
@@ -19,13 +20,9 @@ std::string_view NextPiece(std::string_view& text, char end) {
 
 }  // namespace
 
-bool IsNetworkFolder(std::string_view folder) {
-  return folder.starts_with("\\\\");
-}
-
 Status ReadAddress(std::string_view folder, Address& address) {
   const Status bad(ErrorKind::BadText, fmt::format("{}: not the data folder of a main machine", folder));
-  if (!IsNetworkFolder(folder)) return bad;
+  if (!IsShare(folder)) return bad;
   std::string_view rest = folder.substr(2);
   std::string_view machines = NextPiece(rest, '\\');
   Address read;

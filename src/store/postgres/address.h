@@ -23,8 +23,6 @@ struct Address {
   std::string firm;         // "01"
 };
 
-// Whether a data folder is one of a main machine.
-bool IsNetworkFolder(std::string_view folder);
 // BadText where it is none, or names no machine or no firm.
 Status ReadAddress(std::string_view folder, Address& address);
 

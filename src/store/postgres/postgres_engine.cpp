@@ -327,7 +327,6 @@ class ServerEngine final : public PostgresEngine {
     if (begun.Ok()) {
       transaction_ = result.Text(0, 0);
       timeline_ = session_->Timeline();
-      transactionSession_ = session_->Sessions();
       process_ = session_->ProcessId();
       return {};
     }
@@ -554,7 +553,7 @@ class ServerEngine final : public PostgresEngine {
   std::unique_ptr<Connection> session_, aside_;
   std::vector<Value> lock_, orphan_;
   std::string channel_, transaction_, timeline_;
-  std::uint64_t transactionSession_ = 0, heardSession_ = 0;
+  std::uint64_t heardSession_ = 0;
   int process_ = 0;
   std::set<std::string> written_;                   // tables of this transaction
   std::set<std::pair<const Table*, RowKey>> held_;  // rows that nobody else can change until its end
@@ -567,10 +566,6 @@ class ServerEngine final : public PostgresEngine {
 
 }  // namespace
 }  // namespace postgres
-
-bool IsNetworkFolder(const std::string& folder) {
-  return postgres::IsNetworkFolder(folder);
-}
 
 std::unique_ptr<PostgresEngine> MakePostgresEngine(const PostgresOptions& options) {
   return std::make_unique<postgres::ServerEngine>(options);

@@ -33,9 +33,7 @@ class PostgresEngine : public Engine {
   [[nodiscard]] virtual PostgresCosts Costs() const = 0;
 };
 
-// Whether Open takes this for a firm's stores: "\\ADDRESS\MuhasebeData\FIRM", see postgres/address.h.
-bool IsNetworkFolder(const std::string& folder);
-
+// Its Open takes a share's data folder (platform/share.h) as a terminal reads it, see postgres/address.h.
 std::unique_ptr<PostgresEngine> MakePostgresEngine(const PostgresOptions& options);
 
 }  // namespace karvel

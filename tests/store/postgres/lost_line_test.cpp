@@ -25,6 +25,11 @@ class LostLine : public ::testing::Test {
   static void FindServer(Stores& stores) {
     for (int i = 0; i < 100 && stores.IsServerAway() && !stores.AskServer().Ok(); ++i) std::this_thread::sleep_for(50ms);
   }
+  // The line is cut when this returns.
+  void Cut() {
+    line_.CutAll();
+    while (line_.Connections() > 0) std::this_thread::sleep_for(5ms);
+  }
   Status Post(const std::string& id) {
     FindServer(stores_);
     Action action(stores_, "posting");
@@ -52,10 +57,10 @@ class LostLine : public ::testing::Test {
 
 TEST_F(LostLine, a_line_cut_at_rest_is_made_anew_at_the_next_use) {
   ASSERT_TRUE(Post("1").Ok());
-  line_.CutAll();
+  Cut();
   FindServer(stores_);
   EXPECT_EQ(Opened(stores_, "Karvel.mdb", "Datam")->RecordCount(), 1);
-  line_.CutAll();
+  Cut();
   EXPECT_TRUE(Post("2").Ok());
   EXPECT_EQ(Lines(), (std::vector<std::string>{"1", "2"}));
 }
@@ -64,7 +69,7 @@ TEST_F(LostLine, a_line_cut_inside_an_action_undoes_it_and_the_next_one_goes_thr
   const LoggedLines log;
   Action action(stores_, "posting");
   AddLine(stores_, "A", {2026, 3, 1, 0, 0, 0}, 1, "1");
-  line_.CutAll();
+  Cut();
   auto lines = Opened(stores_, "Karvel.mdb", "Datam");
   EXPECT_FALSE(lines->HasRows());
   EXPECT_EQ(action.Finish().Kind(), ErrorKind::Unreachable);
@@ -116,7 +121,7 @@ TEST_F(LostLine, while_the_line_is_down_the_outcome_is_unknown_and_is_found_when
 TEST_F(LostLine, a_main_machine_that_is_away_is_told_at_once_and_found_again) {
   ASSERT_TRUE(Post("1").Ok());
   line_.Refuse(true);
-  line_.CutAll();
+  Cut();
   const auto begin = std::chrono::steady_clock::now();
   EXPECT_EQ(Post("2").Kind(), ErrorKind::Unreachable);
   EXPECT_LT(std::chrono::steady_clock::now() - begin, 2s);
@@ -139,7 +144,7 @@ TEST_F(LostLine, a_terminal_cut_off_in_the_middle_of_an_action_leaves_the_line_t
   Action action(stores_, "posting");
   AddLine(stores_, "A", {2026, 3, 1, 0, 0, 0}, 1, "1");
   EXPECT_EQ(other->Begin("theirs").Kind(), ErrorKind::Busy);
-  line_.CutAll();
+  Cut();
   Status begun = other->Begin("theirs");
   for (int i = 0; i < 40 && !begun.Ok(); ++i) begun = other->Begin("theirs");
   EXPECT_TRUE(begun.Ok());
