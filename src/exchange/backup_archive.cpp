@@ -15,6 +15,7 @@
 #include "books/steps.h"
 #include "platform/archive.h"
 #include "platform/files.h"
+#include "platform/folders.h"
 #include "platform/ftp.h"
 #include "platform/phase_times.h"
 #include "platform/settings_store.h"
@@ -57,8 +58,10 @@ class Workplace {
  private:
   // With the files that a desk which died in the middle of writing them has left hidden.
   void Empty() {
+    const std::string folder = files_.RealPath(folder_);
     std::error_code failed;
-    std::filesystem::remove_all(files_.RealPath(folder_), failed);
+    for (const auto& entry : std::filesystem::directory_iterator(folder, failed)) EmptyByPieces(entry.path().string());
+    std::filesystem::remove_all(folder, failed);
     step("empty the workplace", StatusOfSystemError(failed.value(), folder_));
   }
 

@@ -32,6 +32,15 @@ int SyncFile(const std::string& path) {
   return error;
 }
 
+void EmptyByPieces(const std::string& path) {
+  constexpr off_t kPiece = 16 * 1024 * 1024;
+  const int handle = open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW);
+  if (handle < 0) return;
+  for (off_t size = lseek(handle, 0, SEEK_END); size > kPiece; size -= kPiece)
+    if (ftruncate(handle, size - kPiece) != 0 || fdatasync(handle) != 0) break;
+  close(handle);
+}
+
 int MoveToFreeName(const std::string& from, const std::string& to) {
   if (link(from.c_str(), to.c_str()) == 0) return unlink(from.c_str()) == 0 ? 0 : errno;
   if (errno != EPERM && errno != EOPNOTSUPP && errno != EMLINK) return errno;

@@ -16,6 +16,10 @@ int SyncFolder(const std::string& folder);
 // What is in the file is on the disk when this returns. 0 or the system's error number.
 int SyncFile(const std::string& path);
 
+// Frees what a large file holds, a piece at a time and each on the disk before the next: a disk that is told of every block it gets back
+// would keep whoever syncs meanwhile waiting for all of them. The file is left, small; what fails leaves it as it is by then.
+void EmptyByPieces(const std::string& path);
+
 // Gives a file another name in its folder, never over one that is there: of two programs one succeeds, the other hears EEXIST. Also on
 // disks without links. 0 or the system's error number.
 int MoveToFreeName(const std::string& from, const std::string& to);
