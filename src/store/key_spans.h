@@ -15,7 +15,7 @@ struct KeySpan {
   std::string from, end;
 };
 
-// The spans of the first order term that hold every row of the query, rising and apart from each other, at most 60. Empty where there is
+// The spans of the first order term that hold every row of the query, rising and apart from each other, at most 80. Empty where there is
 // nothing to gain: the order doesn't begin with a text, or no condition that all rows meet is a pattern on it with a first "?" before a
 // letter. The rows in a span still have to meet the conditions.
 std::vector<KeySpan> SpansOf(const RowQuery& query);

@@ -411,6 +411,10 @@ TEST_P(EngineContract, a_pattern_that_begins_with_any_letter_gives_every_row_tha
   for (const char* const first :
        {"", "a", "Ç", "i", "I", "ı", "İ", "Ğ", "z", "â", "Î", "û", "Q", "7", "=", " ", "'", "{", "~", "é", "Я", "€", "😀"})
     for (const char* const rest : {"brahim", "brah", "bRAHİM", "xbrahim", "lker"}) names.push_back(std::string(first) + rest);
+  for (const char* const first : {"i", "I", "ı", "İ", "Î", "h", "z"})
+    for (const char* const rest :
+         {"brahim k", "brahım Ka", "brahİm k", "BRAHIM K", "brahîm k", "brahjm k", "brahhm k", "brah€m k", "brahm k"})
+      names.push_back(std::string(first) + rest);
   names.insert(names.end(), {"İbrahim", "İbrahim", "Kâbrahim", "Kıbrahim", "kebrahim", "K😀brahim", "K", ""});
   AddCustomers(stores_, names);
   auto all = Customers(stores_, "Select * From CariKartlar Order By Unvan Asc");
@@ -418,8 +422,8 @@ TEST_P(EngineContract, a_pattern_that_begins_with_any_letter_gives_every_row_tha
   const std::vector<GridRow> every = all->RowsFromStart(1000);
   ASSERT_EQ(every.size(), names.size());
 
-  for (const std::string pattern :
-       {"?brah*", "?brah?m", "?brah*m", "?brahim", "K?brah*", "k?b*", "?b*", "?x*", "?=*", "?*", "??rah*", "[ai]brah*", "?qq*"}) {
+  for (const std::string pattern : {"?brah*", "?brah?m", "?brah*m", "?brahim", "K?brah*", "k?b*", "?b*", "?x*", "?=*", "?*", "??rah*",
+                                    "[ai]brah*", "?qq*", "?brah?m k*", "?b?ah?m*", "?brah??"}) {
     for (const std::string direction : {"Asc", "Desc"}) {
       SCOPED_TRACE(pattern + " " + direction);
       std::vector<GridRow> wanted;
@@ -438,7 +442,7 @@ TEST_P(EngineContract, a_pattern_that_begins_with_any_letter_gives_every_row_tha
       EXPECT_EQ(keys(list->RowsFromEnd(1000)), expected);
       EXPECT_EQ(list->RecordCount(), static_cast<std::int64_t>(expected.size()));
       EXPECT_EQ(list->HasRows(), !expected.empty());
-      for (std::size_t i = 0; i < wanted.size(); ++i) {
+      for (std::size_t i = 0; i < wanted.size(); i += 1 + wanted.size() / 16) {
         EXPECT_EQ(keys(list->RowsAfter(wanted[i], 1000)),
                   std::vector<RowKey>(expected.begin() + static_cast<std::ptrdiff_t>(i) + 1, expected.end()));
         EXPECT_EQ(keys(list->RowsBefore(wanted[i], 1000)),
