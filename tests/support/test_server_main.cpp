@@ -3,12 +3,14 @@
 // test_server stop FILE: ends it.
 #include <fcntl.h>
 #include <signal.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <tuple>
 
 #include "tests/support/postgres_server.h"
 
@@ -19,6 +21,13 @@ using karvel::PostgresServer;
 constexpr const char* kShops = "MuhasebeData";
 constexpr int kLookMicroseconds = 200'000;
 
+// What stands under a name now: another run's file under the same name is another one.
+std::tuple<ino_t, time_t, long> Identity(const std::string& file) {
+  struct stat info{};
+  if (stat(file.c_str(), &info) != 0) return {};
+  return {info.st_ino, info.st_ctim.tv_sec, info.st_ctim.tv_nsec};
+}
+
 // Behind the back of whoever waits for this program's end and output.
 void Detach() {
   setsid();
@@ -28,16 +37,18 @@ void Detach() {
 
 [[noreturn]] void Keep(const std::string& file, pid_t run, int ready) {
   Detach();
+  std::tuple<ino_t, time_t, long> ours;
   {
     const PostgresServer server({.onLoopback = true});
     const bool stands = server.Runs() && server.MakeDatabase(kShops) && server.WritePlace(file);
+    ours = Identity(file);
     const std::string told = stands ? "" : server.Runs() ? "no database for the shops" : server.Problem();
     if (write(ready, told.data(), told.size()) < 0) _exit(1);
     close(ready);
-    while (stands && std::filesystem::exists(file) && kill(run, 0) == 0) usleep(kLookMicroseconds);
+    while (stands && Identity(file) == ours && kill(run, 0) == 0) usleep(kLookMicroseconds);
   }
   std::error_code gone;
-  std::filesystem::remove(file, gone);
+  if (Identity(file) == ours) std::filesystem::remove(file, gone);
   _exit(0);
 }
 

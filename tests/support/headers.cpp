@@ -1,0 +1,1 @@
+// The precompiled header of the test programs belongs to this.
