@@ -1,9 +1,12 @@
 #!/usr/bin/env python3
 """Many desks of one shop post at once, all the same item to the same customer, and nothing of it gets lost or doubled.
 
-    many_desks.py <folder of the programs> [desks=8] [lines=500] [kills=0]
+    many_desks.py <folder of the programs> [desks=8] [lines=500] [kills=0] [kills of the main machine; without it the shop lies in files]
 
 So many times one of them is killed meanwhile, whatever it is at; it starts again beside the others and goes on until its lines are posted.
+With the last word, even 0, the shop is moved to a PostgreSQL on loopback first, and back into files for the look at it. So many times that
+server is killed: at one time all of it, at the next the processes in it that serve the desks. Each desk then presses again until it is told
+that its line was booked.
 """
 import os
 import random
@@ -15,39 +18,51 @@ import threading
 import time
 
 import shop_check
+from main_machine import MainMachine
 from robot import CUSTOMER, Gone, Robot
 
 QUANTITY = 2
+FIRM = "01"
+# What a desk says while its main machine is away, by what it means for the line.
+UNDONE = "Kayıt yapılmadı"
+UNKNOWN = "bilinmiyor"
+BOOKED = "kaydedildi"
+PATIENCE = 120  # seconds until a main machine that was killed serves again
 
 
 class Desk(threading.Thread):
-    def __init__(self, program, home, number, lines):
+    def __init__(self, program, home, number, lines, machine=None):
         super().__init__()
+        self.machine = machine
         self.lines = lines
         self.number = number
         self.ids = []  # of the lines that were answered, but for those of which a kill left no time to ask
-        self.answered = self.untold = self.kills = 0
-        self.longest = 0.0
+        self.answered = self.untold = self.kills = self.refused = 0
+        self.waits = []  # when each answered posting began, how long it took
         self.fault = None
         self.start_robot = lambda: Robot(program, home, f"Velmora Karvel{number}")
         self.begin_again()
 
     def begin_again(self):
+        end = time.monotonic() + PATIENCE
         while True:
             self.robot = self.start_robot()
             try:
-                return self.robot.enter_sale()
+                self.robot.enter_sale()
+                return self.robot.messages()  # that it began without its main machine
             except Gone:
                 self.robot.end()
+            except RuntimeError:  # nobody to sell to, since the main machine is away
+                if time.monotonic() > end:
+                    raise
+                self.robot.kill()
+                time.sleep(0.5)
 
     def run(self):
         try:
             while self.answered < self.lines:
                 try:
                     self.post_one()
-                    shown = self.robot.messages()
-                    if shown:
-                        raise RuntimeError(f"it showed {shown[0]['text']}")
                 except Gone:
                     self.robot.end()
                     self.begin_again()
@@ -55,16 +70,50 @@ class Desk(threading.Thread):
             self.fault = f"desk {self.number}: {error!r}"
 
     def post_one(self):
-        self.robot.pick(0, QUANTITY)
+        self.pick()
         begin = time.monotonic()
         try:
             self.robot.post()
+            done = self.is_booked(begin)
         except Gone:
             self.untold += 1
             raise
-        self.longest = max(self.longest, time.monotonic() - begin)
+        if not done:
+            self.refused += 1
+            return time.sleep(0.1)
+        took = time.monotonic() - begin
+        self.waits.append((begin, took))
         self.answered += 1
         self.ids.append(self.robot.state()["CurrentLineId"])
+
+    def pick(self):
+        end = time.monotonic() + PATIENCE
+        while True:
+            try:
+                return self.robot.pick(0, QUANTITY)
+            except RuntimeError:  # the list is empty while the main machine is away
+                if self.machine is None or time.monotonic() > end:
+                    raise
+                time.sleep(0.1)
+                if self.robot.do({"do": "get", "at": "Text1(0)"})["enabled"]:  # it began without it, and serves nobody yet
+                    self.robot.enter_sale()
+
+    def is_booked(self, begin):
+        """Whether the line stands, by what the desk says."""
+        shown = [message["text"] for message in self.robot.messages()]
+        if not shown:
+            return True
+        if self.machine is None or len(shown) != 1 or (UNDONE not in shown[0] and UNKNOWN not in shown[0]):
+            raise RuntimeError(f"it showed {shown}")
+        if UNDONE in shown[0]:
+            return False
+        while True:  # the line at the bottom tells what became of it
+            told = self.robot.do({"do": "get", "at": "Durum"})["caption"]
+            if BOOKED in told or UNDONE in told:
+                return BOOKED in told
+            if time.monotonic() > begin + PATIENCE:
+                raise RuntimeError(f"the outcome stays unknown: {told}")
+            time.sleep(0.1)
 
 
 def kill_some(tills, kills):
@@ -77,6 +126,48 @@ def kill_some(tills, kills):
         till = random.choice(working)
         till.robot.process.kill()
         till.kills += 1
+
+
+class ServerKiller(threading.Thread):
+    """Kills the main machine for as long as a desk is at work."""
+
+    def __init__(self, machine, tills, kills):
+        super().__init__()
+        self.machine = machine
+        self.tills = tills
+        self.kills = kills
+        self.away = []  # from when until when
+        self.fault = None
+
+    def run(self):
+        try:
+            for number in range(self.kills):
+                time.sleep(random.uniform(0.5, 3))
+                if not any(till.is_alive() for till in self.tills):
+                    break
+                begin = time.monotonic()
+                if number % 2:
+                    self.machine.kill_backends()
+                else:
+                    self.machine.crash()
+                self.away.append((begin, time.monotonic()))
+        except Exception as error:
+            self.fault = f"the main machine: {error!r}"
+
+
+def move(programs, home, *words):
+    subprocess.run([os.path.join(programs, "karvel-move"), *words], env=dict(os.environ, KARVEL_HOME=home), check=True, stdout=subprocess.DEVNULL)
+
+
+def join(program, home, number, machine):
+    """Has a terminal work on the main machine."""
+    desk = Robot(program, home, f"Velmora Karvel{number}")
+    for answer in (f"127.0.0.1:{machine.port}", FIRM):
+        desk.do({"do": "answer", "with": answer})
+    desk.do({"do": "click", "at": "OnLine"})
+    if not desk.do({"do": "get", "at": "OnLine"})["checked"]:
+        raise RuntimeError(f"no network work: {desk.messages()}")
+    desk.close()
 
 
 def look_over(home, before, tills, stock_before, owed_before, number_before):
@@ -112,7 +203,7 @@ def look_over(home, before, tills, stock_before, owed_before, number_before):
     return faults, {row[0] for row in rows}
 
 
-def run(programs, desks, lines, kills):
+def run(programs, desks, lines, kills, server_kills=None):
     home = tempfile.mkdtemp(prefix="karvel-desks-")
     program = os.path.join(programs, "karvel-robot")
     subprocess.run([os.path.join(programs, "karvel-sample-shop"), home, "--cards", "60", "--customers", "40", "--rows", "400"], check=True)
@@ -124,17 +215,31 @@ def run(programs, desks, lines, kills):
     number_before = int(connection.execute("SELECT Indexi FROM Mdbindex WHERE Tarih = '2026'").fetchone()[0][2:])
     connection.close()
 
-    tills = [Desk(program, home, number + 1, lines) for number in range(desks)]
+    machine = None
+    if server_kills is not None:
+        machine = MainMachine()
+        address = f"postgres://127.0.0.1:{machine.port}/{FIRM}"
+        move(programs, home, "--to", address)
+        for number in range(desks):
+            join(program, home, number + 1, machine)
+    tills = [Desk(program, home, number + 1, lines, machine) for number in range(desks)]
     begin = time.monotonic()
     for till in tills:
         till.start()
+    killer = ServerKiller(machine, tills, server_kills or 0)
+    killer.start()
     kill_some(tills, kills)
     for till in tills:
         till.join()
+    killer.join()
     took = time.monotonic() - begin
-    faults = [till.fault for till in tills if till.fault]
+    faults = [each.fault for each in [*tills, killer] if each.fault]
     for till in tills:
         till.robot.close()
+    if machine:
+        shutil.rmtree(os.path.join(home, "C", "KarvelData"))
+        move(programs, home, "--from", address, "--to", os.path.join(home, "C", "KarvelData"))
+        machine.remove()
     found, all_ids = look_over(home, before, tills, stock_before, owed_before, number_before)
     faults += found
     for till in tills:
@@ -144,14 +249,17 @@ def run(programs, desks, lines, kills):
     if faults:
         print("\n".join(faults[:20]) + f"\nThe shop lies in {home}")
         return 1
-    killed, untold = sum(till.kills for till in tills), sum(till.untold for till in tills)
-    print(f"{desks} desks, {desks * lines} lines in {took:.0f} s: none lost, none doubled; the longest wait was {max(till.longest for till in tills) * 1000:.0f} ms"
-          + (f"; {killed} kills, {untold} of them in the middle of a posting" if kills else ""))
+    killed, untold, refused = (sum(getattr(till, what) for till in tills) for what in ("kills", "untold", "refused"))
+    calm = [took for till in tills for start, took in till.waits if not any(gone < start + took and start < back + 1 for gone, back in killer.away)]
+    print(f"{desks} desks, {desks * lines} lines in {took:.0f} s: none lost, none doubled; the longest wait was {max(calm) * 1000:.0f} ms"
+          + (f"; {killed} kills, {untold} of them in the middle of a posting" if kills else "")
+          + (f"; {len(killer.away)} kills of the main machine (their waits are not counted), {refused} times a line was told to be undone"
+             if server_kills else ""))
     shutil.rmtree(home)
     return 0
 
 
 if __name__ == "__main__":
-    if not 2 <= len(sys.argv) <= 5:
+    if not 2 <= len(sys.argv) <= 6:
         sys.exit(__doc__)
-    sys.exit(run(sys.argv[1], *(int(sys.argv[at]) if len(sys.argv) > at else usual for at, usual in ((2, 8), (3, 500), (4, 0)))))
+    sys.exit(run(sys.argv[1], *(int(sys.argv[at]) if len(sys.argv) > at else usual for at, usual in ((2, 8), (3, 500), (4, 0), (5, None)))))

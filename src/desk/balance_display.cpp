@@ -28,6 +28,10 @@ void BalanceDisplay::NameBalance() {
   screen_.Label1(7).SetCaption(caption::kBalance);
 }
 
+bool BalanceDisplay::NamesBalance() const {
+  return screen_.Label1(7).Caption() == caption::kBalance;
+}
+
 void BalanceDisplay::NameSlipTotal() {
   screen_.Label1(7).SetCaption(caption::kSlipTotal);
   screen_.Label5.SetColor(color::kRed);

@@ -27,6 +27,7 @@ class BalanceDisplay {
   void ShowNobody() { ShowText("0"); }
 
   void NameBalance();
+  [[nodiscard]] bool NamesBalance() const;
   void NameSlipTotal();  // in red
   void ColorForSale();
   void ColorForRest();

@@ -109,6 +109,11 @@ void CustomerInFront::ShowCodeAndBalance() {
   screen_.Label8.SetCaption(Code());
 }
 
+void CustomerInFront::FollowBalance() {
+  const bool named = IsThere() && screen_.Label8.Caption() == Code();
+  if (AtRest(screen_) && named && balance_.NamesBalance()) balance_.Show(list_.Number("Bakiye"));
+}
+
 void CustomerInFront::Follow() {
   if (list_.HasCurrent()) {
     step("customer in front", list_.MoveTo(list_.CurrentKey()));

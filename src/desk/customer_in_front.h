@@ -56,6 +56,8 @@ class CustomerInFront {
   // Lets everything follow to the row on which the list stands, after it was reached while the followers kept still. Without a row, all of
   // it names nobody.
   void Follow();
+  // The figure beside his name is his balance as the list has it now: after others may have changed it.
+  void FollowBalance();
   // Moves the list to the card with this code; everything follows. Where the list lacks the card nothing changes.
   void BringInFront(const std::string& code);
   // Reads the list anew and moves it to the card with this code, or to the first row where the list lacks it; everything follows.

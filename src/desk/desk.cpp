@@ -86,7 +86,7 @@ struct Desk::Features {
   LongPress longPress{parts};
   DeskFont font{parts};
   StartUp startUp{parts, {customer, balance, button, groups, prices, options, window, font, stockFrame}};
-  MainMachine mainMachine{parts, startUp};
+  MainMachine mainMachine{parts, startUp, customer};
   ShutDown shutDown{parts, longPress};
   Connections connections;
 };

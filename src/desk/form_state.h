@@ -29,6 +29,8 @@ struct FormState {
   std::string EditLineId;     // DigerId of the line in correction
   // Shows what the last posting wrote, once it is known that it stands (desk/unknown_outcome.h); empty for none in doubt.
   std::function<void()> WhenBooked;
+  // What the quiet line told last of an action whose outcome had been unknown.
+  std::string ToldOutcome;
   std::string ScannedSerial;
   std::string SlipNo;  // six digits, empty between slips
   std::array<std::string, 6> CompanyLines;

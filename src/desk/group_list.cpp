@@ -4,7 +4,9 @@
 #include "books/steps.h"
 #include "desk/booking_panels.h"
 #include "desk/captions.h"
+#include "desk/group_names.h"
 #include "platform/files.h"
+#include "store/stores.h"
 #include "text/turkish.h"
 
 namespace karvel {
@@ -16,6 +18,7 @@ GroupList::GroupList(const DeskParts& parts, PriceSelection& prices, CustomerInF
     : screen_(parts.screen), form_(parts.form), cursors_(parts.cursors), settings_(parts.settings), prices_(prices), customer_(customer) {
   connections_ += screen_.GurupCombo.click.Connect([this] { Chosen(); });
   connections_ += screen_.ComboCmd.click.Connect([this] { Flip(); });
+  connections_ += parts.world.stores.serverFound.Connect([this] { FillUnread(); });
   // A sale is priced and booked by the group that stands here: it must be that of the list.
   connections_ += customer.listedGroup.Connect([this](const std::string& group) {
     listed_ = group.empty() ? sources::kAllGroups : group;
@@ -24,18 +27,32 @@ GroupList::GroupList(const DeskParts& parts, PriceSelection& prices, CustomerInF
 }
 
 void GroupList::Fill() {
-  std::vector<std::string> items{sources::kAllGroups};
   Cursor& groups = cursors_.GurupData;
   step("refresh groups", groups.Refresh());
-  for (; groups.HasCurrent(); step("next group", groups.MoveNext()))
-    if (const std::string name = groups.Text("Gurup"); !ContainsText(name, "WinKarvel")) items.push_back(name);
-  screen_.GurupCombo.SetItems(std::move(items));
+  std::vector<std::string> names;
+  const Status read = ReadGroupNames(groups, names);
+  step("groups", read);
+  unread_ = read.Kind() == ErrorKind::Unreachable;
+  std::erase_if(names, [](const std::string& name) { return ContainsText(name, "WinKarvel"); });
+  names.insert(names.begin(), sources::kAllGroups);
+  screen_.GurupCombo.SetItems(std::move(names));
 }
 
 void GroupList::Show(const std::string& group) {
   showing_ = true;
   if (!screen_.GurupCombo.ChooseText(group)) screen_.GurupCombo.Choose(0);
   showing_ = false;
+}
+
+std::string GroupList::GroupInForce() const {
+  if (!ListsCustomerGroups(screen_)) return form_.StockGroup;
+  return listed_.empty() ? form_.CustomerGroup : listed_;
+}
+
+void GroupList::FillUnread() {
+  if (!unread_) return;
+  Fill();
+  Show(GroupInForce());
 }
 
 void GroupList::Chosen() {
@@ -109,7 +126,7 @@ void GroupList::Flip() {
   screen_.ComboCmd.SetCaption(toStock ? caption::kStockGroups : caption::kCustomerGroups);
   cursors_.GurupData.SetDatabaseName(PathIn(form_.DataDir, toStock ? "Stok.Mdb" : "Cari.Mdb"));
   Fill();
-  Show(toStock ? form_.StockGroup : listed_.empty() ? form_.CustomerGroup : listed_);
+  Show(GroupInForce());
   // The stock list becomes that of the group that now stands there; the customer list is that of its group already.
   if (toStock) StockGroupChosen();
 }

@@ -30,6 +30,8 @@ class GroupList {
   void KeepForLater();
   void StockGroupChosen();
   void Flip();  // ComboCmd
+  void FillUnread();
+  [[nodiscard]] std::string GroupInForce() const;
 
   Screen& screen_;
   FormState& form_;
@@ -38,8 +40,9 @@ class GroupList {
   PriceSelection& prices_;
   CustomerInFront& customer_;
   bool showing_ = false;
-  std::string listed_;  // the group whose customers are listed, under whatever groups stand in GurupCombo; "": that of the settings
-  bool waits_ = false;  // a group chosen in a sale, over the deleted lines or the turnover waits until they are left
+  std::string listed_;   // the group whose customers are listed, under whatever groups stand in GurupCombo; "": that of the settings
+  bool unread_ = false;  // the main machine went while the names were read
+  bool waits_ = false;   // a group chosen in a sale, over the deleted lines or the turnover waits until they are left
   Connections connections_;
 };
 

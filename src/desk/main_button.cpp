@@ -6,6 +6,7 @@
 #include "desk/list_in_front.h"
 #include "desk/refusal.h"
 #include "platform/scanner.h"
+#include "store/stores.h"
 #include "text/format.h"
 #include "touch/number_pad.h"
 
@@ -23,6 +24,8 @@ void MainButton::Serve(MainTask task, std::function<void()> work) {
 
 void MainButton::Pressed() {
   if (taken_ && taken_()) return;
+  // Its lists may be empty by now, and he is told why nothing is booked, not that he chose nobody.
+  if (world_.stores.IsServerAway()) return ShowRefusal(screen_, world_, Stores::Away());
   // Off at once: a second tap must not post the line twice. The fields open it again.
   Allow(false);
   // A code that is read meanwhile waits: it must not move the item under a posting.

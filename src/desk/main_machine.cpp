@@ -19,8 +19,13 @@ const Steps step("MainMachine");
 
 }  // namespace
 
-MainMachine::MainMachine(const DeskParts& parts, StartUp& startUp)
-    : screen_(parts.screen), form_(parts.form), world_(parts.world), startUp_(startUp) {
+MainMachine::MainMachine(const DeskParts& parts, StartUp& startUp, CustomerInFront& customer)
+    : screen_(parts.screen),
+      form_(parts.form),
+      world_(parts.world),
+      customers_(parts.cursors.CariData),
+      startUp_(startUp),
+      customer_(customer) {
   connections_ += startUp_.placeChosen.Connect([this] { Follow(); });
   connections_ += world_.stores.serverLost.Connect([this] { TellLost(); });
   connections_ += world_.stores.serverFound.Connect([this] { TellFound(); });
@@ -40,11 +45,19 @@ void MainMachine::Look() {
   if (world_.stores.IsServerAway()) {
     LookForServer();
   } else {
-    world_.stores.ShowForeignChanges();
+    ShowForeignChanges();
     // Where nobody taps, nobody else would find that it is gone.
     if (++looks_ % kLooksBetweenQuestions == 0) step("ask", world_.stores.AskServer());
   }
   looking_ = false;
+}
+
+void MainMachine::ShowForeignChanges() {
+  bool cards = false;
+  Connections hearing;
+  hearing += customers_.shown.Connect([&cards] { cards = true; });
+  world_.stores.ShowForeignChanges();
+  if (cards) customer_.FollowBalance();
 }
 
 void MainMachine::LookForServer() {
@@ -62,12 +75,20 @@ void MainMachine::OpenStores() {
 // It may be met in the middle of a painting.
 void MainMachine::TellLost() {
   world_.loop.Later([this, here = std::weak_ptr(here_)] {
-    if (!here.expired()) Tell(screen_, kLost);
+    if (!here.expired()) TellBesideOutcome(kLost);
   });
 }
 
 void MainMachine::TellFound() {
-  Tell(screen_, kFound);
+  customer_.FollowBalance();
+  TellBesideOutcome(kFound);
+}
+
+// What became of his line stays before the clerk's eyes, though the machine goes again in the same breath.
+void MainMachine::TellBesideOutcome(const std::string& text) {
+  const std::string& outcome = form_.ToldOutcome;
+  const bool stands = !outcome.empty() && screen_.Durum.Caption().starts_with(outcome);
+  Tell(screen_, stands ? outcome + "; " + text : text);
 }
 
 }  // namespace karvel

@@ -9,7 +9,9 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
+#include "desk/customer_in_front.h"
 #include "desk/parts.h"
 #include "desk/start_up.h"
 #include "platform/signal.h"
@@ -18,20 +20,24 @@ namespace karvel {
 
 class MainMachine {
  public:
-  MainMachine(const DeskParts& parts, StartUp& startUp);
+  MainMachine(const DeskParts& parts, StartUp& startUp, CustomerInFront& customer);
 
  private:
   void Follow();
   void Look();
+  void ShowForeignChanges();
   void LookForServer();
   void OpenStores();
   void TellLost();
   void TellFound();
+  void TellBesideOutcome(const std::string& text);
 
   Screen& screen_;
   FormState& form_;
   const World& world_;
+  Cursor& customers_;
   StartUp& startUp_;
+  CustomerInFront& customer_;
   std::shared_ptr<void> timer_;  // null: the terminal works on its own stores
   bool looking_ = false;
   int looks_ = 0;

@@ -166,7 +166,7 @@ void SaleMode::ShowSaleScreen() {
   if (AtRest(screen_)) form_.ActiveCursor = &cursors_.CariData;
   screen_.Text2(1).SetText("0");
   screen_.Label2.SetCaption("0,00");
-  screen_.StokGrid.SetVisible(cursors_.StokData.HasRows());
+  screen_.StokGrid.SetVisible(MayHaveStock());
   screen_.HareketGrid.SetVisible(true);
   if (ContainsText(customer_.Name(), sources::kWalkIn)) screen_.Command1.SetCaption(caption::kCollectAtOnce);
   if (byBarcode) {
@@ -176,6 +176,12 @@ void SaleMode::ShowSaleScreen() {
   } else {
     screen_.StokGrid.SetFocus();
   }
+}
+
+// A list that can't be read now may be read while the sale goes on.
+bool SaleMode::MayHaveStock() const {
+  std::vector<GridRow> rows;
+  return cursors_.StokData.HasRows() || !cursors_.StokData.RowsFromStart(1, rows).Ok();
 }
 
 // With a scanner no item is offered before the first code.

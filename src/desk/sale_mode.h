@@ -26,6 +26,7 @@ class SaleMode {
   // Leads back from the wholesale list to the customers; no sale is entered.
   void ReturnFromWholesale();
   void ShowSaleScreen();
+  [[nodiscard]] bool MayHaveStock() const;
   void RefreshStock(bool quietly);
   void Leave();
   void ShowBalance();

@@ -9,6 +9,7 @@
 #include "books/terminal_group.h"
 #include "books/walk_in_customer.h"
 #include "desk/captions.h"
+#include "desk/group_names.h"
 #include "desk/list_columns.h"
 #include "desk/quiet_line.h"
 #include "desk/template_copying.h"
@@ -40,7 +41,10 @@ StartUp::StartUp(const DeskParts& parts, const Features& features)
       cursors_(parts.cursors),
       settings_(parts.settings),
       world_(parts.world),
-      features_(features) {}
+      features_(features) {
+  connections_ += world_.stores.serverLost.Connect([this] { incomplete_ = incomplete_ || filling_; });
+  connections_ += world_.stores.serverFound.Connect([this] { Complete(); });
+}
 
 bool StartUp::Load() {
   if (!IsOnlyCopy() || !ReadySettings()) return false;
@@ -60,22 +64,42 @@ bool StartUp::OpenData() {
   FixDataFolder();
   placeChosen();
   if (!LayFiles() || !OpenStores()) return false;
+  ReadData();
+  return true;
+}
+
+void StartUp::ReadData() {
   step("terminal group", KeepTerminalGroup(shop_));
   FillStockGroups();
   form_.CustomerGroup = KeptGroup(Setting::CustomerGroup, "Cari.Mdb");
   form_.StockGroup = KeptGroup(Setting::StockGroup, "Stok.Mdb");
   SetSources();
   RefreshAll();
-  return true;
 }
 
 bool StartUp::OpenAnew() {
-  if (!OpenData()) return false;
+  filling_ = OpenData();
+  if (!filling_) return false;
+  ShowData();
+  return true;
+}
+
+void StartUp::ShowData() {
   screen_.GrpCombo.Choose(0);
   form_.ActiveCursor = &cursors_.CariData;
   ShowGroups();
   FillLists();
-  return true;
+  filling_ = false;
+  Complete();
+}
+
+// In a sale the customer stays who he is.
+void StartUp::Complete() {
+  if (!incomplete_ || filling_ || world_.stores.IsServerAway() || !AtRest(screen_)) return;
+  incomplete_ = false;
+  filling_ = true;
+  ReadData();
+  ShowData();
 }
 
 bool StartUp::IsOnlyCopy() {
@@ -185,9 +209,10 @@ void StartUp::FillStockGroups() {
   Cursor& groups = cursors_.GurupData;
   groups.SetDatabaseName(PathIn(form_.DataDir, "Stok.Mdb"));
   step("stock groups", groups.Open(sources::kGroups));
-  std::vector<std::string> items{std::string(" ") + sources::kAllGroups};
-  for (; groups.HasCurrent(); step("next group", groups.MoveNext())) items.push_back(groups.Text("Gurup"));
-  screen_.GrpCombo.SetItems(std::move(items));
+  std::vector<std::string> names;
+  step("stock group names", ReadGroupNames(groups, names));
+  names.insert(names.begin(), std::string(" ") + sources::kAllGroups);
+  screen_.GrpCombo.SetItems(std::move(names));
 }
 
 // The group of yesterday's list; where it is gone since, every group is shown.
@@ -271,6 +296,8 @@ void StartUp::Activate() {
   screen_.Vadefrm.SetVisible(false);
   screen_.Frame5.SetVisible(false);
   screen_.CariGrid.SetFocus();
+  filling_ = false;
+  Complete();
 }
 
 void StartUp::FillLists() {

@@ -61,6 +61,8 @@ class StartUp {
   bool MayBeginEmpty(const std::string& missing);
   bool CopyTemplates();
   bool OpenStores();
+  void ReadData();
+  void ShowData();
   void FillStockGroups();
   std::string KeptGroup(Setting setting, const char* file);
   void SetSources();
@@ -70,6 +72,7 @@ class StartUp {
   void FillLists();
   void ShowGroups();
   void ShowCustomerInFront();
+  void Complete();
   bool Refuse(const std::string& what, const Status& status);  // tells the clerk what failed and why; false
 
   Shop shop_;
@@ -79,6 +82,8 @@ class StartUp {
   Settings& settings_;
   const World& world_;
   const Features features_;
+  // From the first read until the lists are filled; a main machine that goes meanwhile leaves them to be filled when it is back.
+  bool filling_ = true, incomplete_ = false;
   std::optional<Muted> opening_;  // until the desk is open nobody is in front
   Connections connections_;
 };

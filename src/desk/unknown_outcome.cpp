@@ -45,6 +45,7 @@ void UnknownOutcome::Look() {
     show();
     screen_.TahsilatFrame.SetVisible(false);  // where money was taken in it, it is taken
   }
+  form_.ToldOutcome = screen_.Durum.Caption();
   button_.FollowAmounts();
 }
 

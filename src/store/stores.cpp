@@ -113,9 +113,24 @@ Status Stores::AskOutcome() {
   Status outcome = engine_->LookAgain();
   if (outcome.Kind() == ErrorKind::Unknown) return outcome;
   const std::string name = std::exchange(unknownAction_, {});
+  // Who knows it has answered.
+  if (away_) {
+    Found();
+  } else {
+    ReadAllAnew();
+  }
+  return Ended(name, outcome);
+}
+
+void Stores::ReadAllAnew() {
   ++undoings_;
   ShowStale([](const Cursor&) { return true; });
-  return Ended(name, outcome);
+}
+
+void Stores::Found() {
+  away_ = false;
+  ReadAllAnew();
+  serverFound();
 }
 
 Status Stores::Ended(const std::string& name, const Status& outcome) {
@@ -242,7 +257,7 @@ void Stores::NoteDamage(const Table& table, const std::vector<GridRow>& rows) {
 }
 
 Status Stores::Away() {
-  return {ErrorKind::Unreachable, "the main machine doesn't answer"};
+  return Status(ErrorKind::Unreachable, "the main machine doesn't answer");
 }
 
 Status Stores::LoseIfAway(Status status) {
@@ -259,10 +274,7 @@ Status Stores::AskServer() {
   engine_->SetPatient(false);
   Status answered = LoseIfAway(engine_->Select({&file, &file.tables.front(), {}, {}}, {}, rows));
   engine_->SetPatient(true);
-  if (answered.Kind() == ErrorKind::Unreachable || !std::exchange(away_, false)) return answered;
-  ++undoings_;
-  ShowStale([](const Cursor&) { return true; });
-  serverFound();
+  if (answered.Kind() != ErrorKind::Unreachable && away_) Found();
   return answered;
 }
 

@@ -40,12 +40,14 @@ class Stores {
   // Whether the stores are a server's that didn't answer. Nothing is asked of it then, for the window would stand still at each try: reads
   // and actions are Unreachable at once until AskServer has found it, or an Open.
   [[nodiscard]] bool IsServerAway() const { return away_; }
+  // What they answer then.
+  [[nodiscard]] static Status Away();
   // Asks the server of open stores whether it is there, and waits for no connection: where one must be made, a later call finds it. The
   // grids read anew behind one that was away.
   Status AskServer();
   // Raised in the middle of whatever was asked of it.
   Signal<> serverLost;
-  Signal<> serverFound;  // by AskServer
+  Signal<> serverFound;  // by AskServer, or by AskOutcome before it answers
 
   // Tells the grids over every table that other terminals have written since this was last called. Not inside an action.
   void ShowForeignChanges();
@@ -113,8 +115,9 @@ class Stores {
   void NoteDamage(const Table& table, const std::vector<GridRow>& rows);
   // Notes a server that didn't answer. The outcome is handed on as it is.
   Status LoseIfAway(Status status);
+  void Found();
+  void ReadAllAnew();
   // The answer of a server that isn't asked.
-  static Status Away();
   // Fails the open action, if there is one, where the outcome of a step is a fault of the store. The outcome is handed on as it is.
   Status FailOnFault(Status status);
   // Takes the innermost action off the open ones, and gives its name.

@@ -261,5 +261,18 @@ TEST_F(GroupListFlipTest, the_group_list_changes_between_customers_and_stock) {
   EXPECT_EQ(At("GurupCombo").Text(), "Tüm Guruplar");
 }
 
+// However many of its reads still work: the list ends, and the desk goes on.
+TEST_F(GroupListTest, groups_that_cannot_be_read_do_not_hold_the_desk) {
+  for (int works = 0; works < 6; ++works) {
+    SCOPED_TRACE(works);
+    engine.readFault = {ErrorKind::Busy, "locked"};
+    engine.readsBeforeFault = works;
+    At("ComboCmd").click();
+    engine.readFault = {};
+    At("ComboCmd").click();
+    EXPECT_GT(At("GurupCombo").Items().size(), 1U);
+  }
+}
+
 }  // namespace
 }  // namespace karvel

@@ -92,6 +92,108 @@ TEST_F(MainMachineTest, a_server_that_goes_leaves_the_fields_and_refuses_in_plai
   EXPECT_EQ(One("Karvel.mdb", "SELECT CariKod, Miktar FROM Datam"), "C001|3.0");
 }
 
+TEST_F(MainMachineTest, the_large_balance_follows_what_others_wrote_at_rest) {
+  ASSERT_TRUE(desk->cursors.CariData.FindFirst("CariKod='C001'").Ok());
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Bakiye=777 WHERE CariKod='C001'");
+  server.foreign = {"cari/CariKartlar"};
+  Pass(1);
+  EXPECT_EQ(At("Label5").Caption(), "777,00");
+  EXPECT_EQ(At("Label8").Caption(), "C001");
+  // In a sale it is the sum of what he bought.
+  EnterSale("Ayşe Yılmaz");
+  const std::string bought = At("Label5").Caption();
+  Sql("Cari.mdb", "UPDATE CariKartlar SET Bakiye=888 WHERE CariKod='C001'");
+  server.foreign = {"cari/CariKartlar"};
+  Pass(1);
+  EXPECT_EQ(At("Label5").Caption(), bought);
+}
+
+TEST_F(MainMachineTest, groups_that_were_asked_for_while_it_was_away_come_with_it) {
+  const std::vector<std::string> groups = At("GurupCombo").Items();
+  ASSERT_GT(groups.size(), 1U);
+  server.away = true;
+  Pass(4);
+  Click("ComboCmd");
+  const std::vector<std::string> unread = At("GurupCombo").Items();
+  Click("ComboCmd");
+  EXPECT_EQ(At("GurupCombo").Items().size(), 1U);
+  server.away = false;
+  Pass(2);
+  EXPECT_EQ(At("GurupCombo").Items(), groups);
+  EXPECT_EQ(unread.size(), 1U);
+}
+
+TEST_F(MainMachineTest, one_that_goes_during_the_start_leaves_nothing_unfilled) {
+  const std::vector<std::string> groups = At("GurupCombo").Items(), stockGroups = At("GrpCombo").Items();
+  const std::string name = At("Text1(0)").Text(), code = At("Label8").Caption();
+  for (int reads = 1;; ++reads) {
+    SCOPED_TRACE(reads);
+    server.asksBeforeAway = reads;
+    ASSERT_TRUE(Start());
+    const bool went = server.asksBeforeAway == 0;
+    server.asksBeforeAway = -1;
+    server.away = false;
+    Pass(4);
+    messages.shown.clear();
+    EXPECT_EQ(At("GurupCombo").Items(), groups);
+    EXPECT_EQ(At("GrpCombo").Items(), stockGroups);
+    EXPECT_EQ(At("Text1(0)").Text(), name);
+    EXPECT_EQ(At("Label8").Caption(), code);
+    if (!went) break;
+  }
+}
+
+TEST_F(MainMachineTest, a_payment_in_a_list_that_could_not_be_read_is_refused_in_words) {
+  server.away = true;
+  Pass(4);
+  At("GurupCombo").ChooseText("Toptan");
+  Set("Text1(0)", "Toptan Gıda");
+  Set("Text2(2)", "5");
+  Click("Command2");
+  ASSERT_EQ(messages.shown.size(), 1U);
+  EXPECT_EQ(messages.shown[0].text, "Ana makineye ulaşılamıyor. Kayıt yapılmadı; yazdıklarınız duruyor, bağlantı gelince yeniden deneyin.");
+  EXPECT_EQ(At("Text2(2)").Text(), "5");
+  server.away = false;
+  Pass(2);
+  Click("Command2");
+  EXPECT_EQ(One("Karvel.mdb", "SELECT CariAd, Tahsilat FROM Datam"), "Toptan Gıda|5.0");
+}
+
+TEST_F(MainMachineTest, a_sale_that_begins_as_it_goes_has_its_stock_when_it_is_back) {
+  ASSERT_TRUE(desk->cursors.CariData.FindFirst("CariKod='C001'").Ok());
+  for (int reads = 1;; ++reads) {
+    SCOPED_TRACE(reads);
+    server.asksBeforeAway = reads;
+    At("Label1(0)").dblClick();
+    const bool went = server.asksBeforeAway == 0;
+    server.asksBeforeAway = -1;
+    server.away = false;
+    Pass(2);
+    if (At("Frame2").Visible()) {
+      EXPECT_TRUE(At("StokGrid").Visible());
+      At("Label1(0)").dblClick();
+    }
+    if (!went) break;
+  }
+}
+
+TEST_F(MainMachineTest, what_became_of_a_line_stays_to_be_read_when_it_goes_and_comes_again) {
+  constexpr const char* kOutcome = "3 × Pirinç 150,00 kaydedildi";
+  desk->form.ToldOutcome = kOutcome;
+  At("Durum").SetCaption(kOutcome);
+  server.away = true;
+  Pass(4);
+  EXPECT_EQ(Message(), std::string(kOutcome) + "; " + kLost);
+  server.away = false;
+  Pass(2);
+  EXPECT_EQ(Message(), std::string(kOutcome) + "; Ana makineyle bağlantı geldi");
+  // Once something else was told, it has been read.
+  At("Durum").SetCaption("Satılmadı");
+  server.away = true;
+  Pass(4);
+  EXPECT_EQ(Message(), kLost);
+}
+
 TEST_F(MainMachineTest, a_server_that_goes_at_rest_is_told_once) {
   server.away = true;
   Pass(4);

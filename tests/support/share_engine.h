@@ -15,6 +15,7 @@ namespace karvel::testing {
 
 struct ServerWatch {
   bool away = false;              // nobody answers
+  int asksBeforeAway = -1;        // after so many more questions nobody answers; below 0: that doesn't happen
   Status shut;                    // why nothing can be opened; well: it can
   int asked = 0;                  // how often it was asked anything
   std::set<std::string> foreign;  // the tables that others wrote: "cari/CariKartlar"
@@ -27,7 +28,7 @@ class ShareEngine final : public Engine {
       : inner_(std::move(inner)), watch_(watch), net_(std::move(net)), program_(std::move(program)) {}
 
   Status Open(const std::string& share) override {
-    ++watch_.asked;
+    Count();
     Close();
     if (watch_.away) return Unreachable();
     if (!watch_.shut.Ok()) return watch_.shut;
@@ -98,9 +99,13 @@ class ShareEngine final : public Engine {
 
  private:
   static Status Unreachable() { return {ErrorKind::Unreachable, "nobody answers"}; }
+  void Count() {
+    ++watch_.asked;
+    if (watch_.asksBeforeAway > 0 && --watch_.asksBeforeAway == 0) watch_.away = true;
+  }
   template <typename Work>
   Status Asked(const Work& work) {
-    ++watch_.asked;
+    Count();
     return watch_.away ? Unreachable() : work();
   }
 

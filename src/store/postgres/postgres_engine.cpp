@@ -264,8 +264,8 @@ class ServerEngine final : public PostgresEngine {
   }
 
   Status LookAgain() override {
+    if (session_->IsWaiting()) return {ErrorKind::Unknown, "an answer is being waited for"};
     if (unknown_.Ok()) return {ErrorKind::NotOpen, "no commit is in doubt"};
-    if (session_->IsWaiting()) return {ErrorKind::Unknown, unknown_.Message()};
     return LookAfter(std::exchange(unknown_, {}));
   }
 

@@ -123,6 +123,25 @@ TEST_F(LostLine, while_the_line_is_down_the_outcome_is_unknown_and_is_found_when
   EXPECT_TRUE(Post("9").Ok());
 }
 
+// The clerk reads last what became of his line, not that the machine is back.
+TEST_F(LostLine, whoever_knows_the_outcome_has_found_the_machine) {
+  std::vector<std::string> heard;
+  connections_ += stores_.serverFound.Connect([&] { heard.emplace_back("found"); });
+  ASSERT_TRUE(Post("1").Ok());
+  line_.LoseNextCommit(CommitLoss::kAnswer);
+  line_.Refuse(true);
+  ASSERT_EQ(Post("2").Kind(), ErrorKind::Unknown);
+  auto lines = Opened(stores_, "Karvel.mdb", "Datam");  // which finds that it is away
+  EXPECT_FALSE(lines->HasRows());
+  ASSERT_TRUE(stores_.IsServerAway());
+  line_.Refuse(false);
+  EXPECT_TRUE(Outcome(stores_.AskOutcome()).Ok());
+  heard.emplace_back("told");
+  EXPECT_EQ(heard, (std::vector<std::string>{"found", "told"}));
+  EXPECT_FALSE(stores_.IsServerAway());
+  EXPECT_EQ(lines->RecordCount(), 2);
+}
+
 TEST_F(LostLine, a_main_machine_that_is_away_is_told_at_once_and_found_again) {
   ASSERT_TRUE(Post("1").Ok());
   line_.Refuse(true);
