@@ -85,6 +85,8 @@ class Connection {
   void Flush();
   // Sends a statement, and waits for its answer and for all that was deferred. The first failure of any of them is the outcome.
   Status Run(std::string_view text, std::span<const Value> parameters, Result& result, Patience& patience);
+  // The same for several statements, one result each; there is one wait for all of them.
+  Status RunAll(std::span<const SqlText> statements, std::span<Result> results, Patience& patience);
   // The same for what was deferred alone.
   Status Settle(Patience& patience);
   // A statement that waits for another session: given up when the patience ends, and then Busy.
@@ -108,7 +110,8 @@ class Connection {
   enum class Awaited { Preparation, Statement, Sync };
   struct Pending {
     Awaited what;
-    std::string text;  // of a preparation
+    std::string text = {};     // of a preparation
+    Result* result = nullptr;  // where a statement's answer goes, if anybody wants it
   };
   enum class Waited { Answer, GaveUp, Lost };
 
@@ -118,10 +121,11 @@ class Connection {
   void EndAttempt(std::string_view why);
   Status SetUp();
   [[nodiscard]] Status NotReached() const;
-  void Send(std::string_view text, std::span<const Value> parameters, bool once = false);
+  void Send(std::string_view text, std::span<const Value> parameters, bool once = false, Result* result = nullptr);
   void SendSync();
-  Status Drain(Patience& patience, bool waitsForOthers, Result* last);
+  Status Drain(Patience& patience, bool waitsForOthers = false);
   Status Take(const Result& answer, const Pending& pending);
+  static Status WaitsAlready();
   Waited AwaitAnswer(Patience& patience);
   // Waits until the session can be read, or written where something is left to send.
   void AwaitSocket(std::chrono::milliseconds longest) const;
