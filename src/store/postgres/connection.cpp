@@ -203,10 +203,10 @@ Status Connection::Connect(Patience& patience) {
   if (session_ == nullptr && Clock::now() < nextRound_) return NotReached();
   waiting_ = true;
   Wait wait(patience);
-  hostsFailed_ = 0;
+  machinesFailed_ = 0;
   const auto start = Clock::now();
   Status connected = NotReached();
-  while (hostsFailed_ < address_.hosts.size()) {
+  while (machinesFailed_ < address_.machines.size()) {
     if (session_ == nullptr) BeginAttempt();
     const Attempt attempt = GoOnWithAttempt();
     if (attempt == Attempt::Made) {
@@ -224,12 +224,13 @@ Status Connection::Connect(Patience& patience) {
     AwaitSocket(nap);
   }
   waiting_ = false;
-  if (hostsFailed_ >= address_.hosts.size()) nextRound_ = std::max(nextRound_, Clock::now() + kBetweenRounds);
+  if (machinesFailed_ >= address_.machines.size()) nextRound_ = std::max(nextRound_, Clock::now() + kBetweenRounds);
   return connected.Ok() ? connected : NotReached();
 }
 
 void Connection::BeginAttempt() {
-  const Host& host = address_.hosts[host_];
+  const ServerPlace& machine = address_.machines[machine_];
+  const std::string port = std::to_string(machine.port);
   const std::array keys{"host",
                         "port",
                         "dbname",
@@ -242,8 +243,8 @@ void Connection::BeginAttempt() {
                         "keepalives_count",
                         "tcp_user_timeout",
                         static_cast<const char*>(nullptr)};
-  const std::array values{host.name.c_str(),
-                          host.port.c_str(),
+  const std::array values{machine.host.c_str(),
+                          port.c_str(),
                           address_.database.c_str(),
                           sessionName_.c_str(),
                           "UTF8",
@@ -285,17 +286,24 @@ Connection::Attempt Connection::GoOnWithAttempt() {
     }
   }
   if (Clock::now() >= attemptEnds_) {
-    EndAttempt(address_.hosts[host_].name + ": no answer");
+    EndAttempt(address_.machines[machine_].host + ": no answer");
     return Attempt::Failed;
   }
   return Attempt::UnderWay;
 }
 
 void Connection::EndAttempt(std::string_view why) {
-  whyNot_ = WhyRefused(why);
+  // Of several machines the one that came furthest tells most: one that lets nobody in, then one that takes no writes.
+  const Status refused = WhyRefused(why);
+  const bool reads = why.find("read-only") != std::string_view::npos;
+  const Reached reached = refused.Kind() != ErrorKind::Unreachable ? Reached::ItsDoor : reads ? Reached::AStandby : Reached::Nobody;
+  if (machinesFailed_ == 0 || reached >= furthest_) {
+    furthest_ = reached;
+    whyNot_ = refused;
+  }
   Drop();
-  host_ = (host_ + 1) % address_.hosts.size();
-  ++hostsFailed_;
+  machine_ = (machine_ + 1) % address_.machines.size();
+  ++machinesFailed_;
 }
 
 // The first round trip: from which line of the server's history its numbers come, and that it shall tell of others' commits.

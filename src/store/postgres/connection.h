@@ -72,6 +72,8 @@ class Connection {
   // moment only, and the next call goes on from there. Unreachable while no machine answers that takes writes; NoRights where one doesn't
   // let in, Missing where it has no such database.
   Status Connect(Patience& patience);
+  // Whether what came furthest at the last Connect was a machine that takes no writes.
+  [[nodiscard]] bool FoundOnlyStandby() const { return !up_ && furthest_ == Reached::AStandby; }
   // Grows with each session that was made.
   [[nodiscard]] std::uint64_t Sessions() const { return sessions_; }
   // Ends the session, and forgets what it was doing.
@@ -115,6 +117,9 @@ class Connection {
   };
   enum class Waited { Answer, GaveUp, Lost };
 
+  // How far the attempts of a round came.
+  enum class Reached { Nobody, AStandby, ItsDoor };
+
   void BeginAttempt();
   enum class Attempt { Made, UnderWay, Failed };
   Attempt GoOnWithAttempt();
@@ -140,9 +145,10 @@ class Connection {
   pg_conn* session_ = nullptr;
   bool up_ = false;
   bool waiting_ = false;
-  bool broken_ = false;          // a statement could not be sent
-  std::size_t host_ = 0;         // the one that is tried, or was reached
-  std::size_t hostsFailed_ = 0;  // in this round
+  bool broken_ = false;             // a statement could not be sent
+  std::size_t machine_ = 0;         // the one that is tried, or was reached
+  std::size_t machinesFailed_ = 0;  // in this round
+  Reached furthest_ = Reached::Nobody;
   std::chrono::steady_clock::time_point attemptEnds_, nextRound_;
   bool attemptWrites_ = false;  // an attempt waits to write, not to read
   Status whyNot_{ErrorKind::Unreachable, "the main machine doesn't answer yet"};
