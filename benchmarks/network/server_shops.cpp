@@ -114,8 +114,8 @@ class Elsewhere final : public Engine {
   Status SumBy(const RowQuery& query, int position, int by, std::vector<TextSum>& sums) override {
     return inner_->SumBy(query, position, by, sums);
   }
-  Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool forEdit, GridRow& row) override {
-    return inner_->Read(file, table, key, forEdit, row);
+  Status Read(const DatabaseFile& file, const Table& table, RowKey key, GridRow& row) override {
+    return inner_->Read(file, table, key, row);
   }
   Status Insert(const DatabaseFile& file, const Table& table, const Row& values) override { return inner_->Insert(file, table, values); }
   Status InsertMany(const DatabaseFile& file, const Table& table, std::int64_t count,

@@ -60,10 +60,10 @@ class WatchedEngine final : public Engine {
     const Status fault = ReadFault();
     return fault.Ok() ? inner_->SumBy(query, position, by, sums) : fault;
   }
-  Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool forEdit, GridRow& row) override {
+  Status Read(const DatabaseFile& file, const Table& table, RowKey key, GridRow& row) override {
     ++watch_.reads;
     const Status fault = ReadFault();
-    return fault.Ok() ? inner_->Read(file, table, key, forEdit, row) : fault;
+    return fault.Ok() ? inner_->Read(file, table, key, row) : fault;
   }
   Status Insert(const DatabaseFile& file, const Table& table, const Row& values) override {
     const Status fault = WriteFault(table);

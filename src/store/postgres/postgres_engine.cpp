@@ -179,7 +179,7 @@ class ServerEngine final : public PostgresEngine {
     });
   }
 
-  Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool /*forEdit*/, GridRow& row) override {
+  Status Read(const DatabaseFile& file, const Table& table, RowKey key, GridRow& row) override {
     const bool holds = Holds(file);
     std::vector<GridRow> rows;
     Status read = WithReading(file, table, [&](SessionRunner& runner) {

@@ -167,7 +167,7 @@ class SqliteEngine final : public Engine {
   }
 
   // The write lock of the folder, held since Begin, is the row's lock too.
-  Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool /*forEdit*/, GridRow& row) override {
+  Status Read(const DatabaseFile& file, const Table& table, RowKey key, GridRow& row) override {
     return WithConnection(file, table.name, [&](Connection& connection) -> Status {
       std::vector<GridRow> rows;
       const SqlText sql{tables_.at(&table).Read(), {static_cast<double>(key)}};
