@@ -65,6 +65,8 @@ class Engine {
   // Opens the data folder's eight files, recovers them in place where a writer died, and checks that each holds its tables.
   // Missing or Damaged name the file, and nothing is open then. An open folder is closed first.
   virtual Status Open(const std::string& folder) = 0;
+  // Whether the last Open found no stores there and made them, empty. Files are made before they are opened, so theirs never are.
+  [[nodiscard]] virtual bool BegunAnew() const { return false; }
   // Who hears of the waits for other terminals and programs; null for nobody. He may read through this engine meanwhile.
   virtual void SetWaitListener(WaitListener* listener) = 0;
   // Whether a read beside a transaction waits for other programs, as it does at first. One that doesn't is Busy at once.

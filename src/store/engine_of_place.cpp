@@ -28,6 +28,7 @@ class EngineOfPlace final : public Engine {
     for (Engine* const engine : All()) engine->Close();
   }
   [[nodiscard]] bool IsOpen() const override { return chosen_->IsOpen(); }
+  [[nodiscard]] bool BegunAnew() const override { return chosen_->BegunAnew(); }
 
   void SetWaitListener(WaitListener* listener) override {
     for (Engine* const engine : All()) engine->SetWaitListener(listener);

@@ -33,13 +33,15 @@ class ShareEngine final : public Engine {
     if (!watch_.shut.Ok()) return watch_.shut;
     const std::string folder = net_ + "/" + ReplaceAll(share.substr(2), "\\", "/");
     std::filesystem::create_directories(folder);
+    begunAnew_ = false;
     for (const DatabaseFile& file : Catalogue::Files())
-      std::filesystem::copy_file(program_ + "/" + std::string(file.name), folder + "/" + std::string(file.name),
-                                 std::filesystem::copy_options::skip_existing);
+      begunAnew_ |= std::filesystem::copy_file(program_ + "/" + std::string(file.name), folder + "/" + std::string(file.name),
+                                               std::filesystem::copy_options::skip_existing);
     return inner_->Open(folder);
   }
   void Close() override { inner_->Close(); }
   [[nodiscard]] bool IsOpen() const override { return inner_->IsOpen(); }
+  [[nodiscard]] bool BegunAnew() const override { return begunAnew_; }
   void SetPatient(bool patient) override { inner_->SetPatient(patient); }
   void SetWaitListener(WaitListener* listener) override { inner_->SetWaitListener(listener); }
 
@@ -106,6 +108,7 @@ class ShareEngine final : public Engine {
 
   std::unique_ptr<Engine> inner_;
   ServerWatch& watch_;
+  bool begunAnew_ = false;
   const std::string net_, program_;
 };
 

@@ -34,6 +34,7 @@ class WatchedEngine final : public Engine {
   Status Open(const std::string& folder) override { return inner_->Open(folder); }
   void Close() override { inner_->Close(); }
   [[nodiscard]] bool IsOpen() const override { return inner_->IsOpen(); }
+  [[nodiscard]] bool BegunAnew() const override { return inner_->BegunAnew(); }
   void SetPatient(bool patient) override { inner_->SetPatient(patient); }
   void SetWaitListener(WaitListener* listener) override { inner_->SetWaitListener(listener); }
 

@@ -108,7 +108,7 @@ class ServerEngine final : public PostgresEngine {
     patience_.Renew();
     answers_.Renew();
     Status opened = session->Connect(answers_);
-    if (opened.Ok()) opened = PrepareFirm(*session, address.firm, patience_, answers_);
+    if (opened.Ok()) opened = PrepareFirm(*session, address.firm, patience_, answers_, begunAnew_);
     if (!opened.Ok()) return opened;
     tables_.clear();
     for (const DatabaseFile& file : Catalogue::Files()) {
@@ -132,6 +132,7 @@ class ServerEngine final : public PostgresEngine {
   }
 
   [[nodiscard]] bool IsOpen() const override { return session_ != nullptr; }
+  [[nodiscard]] bool BegunAnew() const override { return session_ != nullptr && begunAnew_; }
   void SetWaitListener(WaitListener* listener) override {
     patience_.SetListener(listener);
     answers_.SetListener(listener);
@@ -575,6 +576,7 @@ class ServerEngine final : public PostgresEngine {
   CommitWitness witness_;
   Status failure_;  // that ended the open transaction on the server
   Status unknown_;  // why a commit failed of which it is not known whether it stands
+  bool begunAnew_ = false;
   bool open_ = false;
   bool patient_ = true;
 };

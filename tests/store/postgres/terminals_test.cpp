@@ -149,6 +149,17 @@ TEST(PostgresTerminals, texts_that_the_server_refuses_fail_alone) {
   EXPECT_EQ(Customers(stores)->RecordCount(), 2);
 }
 
+TEST(PostgresTerminals, a_firm_is_begun_by_the_first_that_opens_it) {
+  PostgresKind kind;
+  const auto first = kind.NewEngine(), second = kind.NewEngine();
+  ASSERT_TRUE(first->Open(kind.Folder()).Ok());
+  EXPECT_TRUE(first->BegunAnew());
+  ASSERT_TRUE(second->Open(kind.Folder()).Ok());
+  EXPECT_FALSE(second->BegunAnew());
+  ASSERT_TRUE(first->Open(kind.Folder()).Ok());
+  EXPECT_FALSE(first->BegunAnew());
+}
+
 TEST(PostgresAddress, is_read_as_a_terminal_writes_it) {
   using namespace postgres;
   Address address;
