@@ -25,7 +25,7 @@ namespace {
 
 constexpr const char* kCustomer = "M00003";
 constexpr std::chrono::milliseconds kEachWay(3);  // a little more than half of 5
-constexpr int kItems = 50, kWarmUp = 30, kTurns = 40, kSamples = 500, kShown = 20;
+constexpr int kItems = 50, kWarmUp = 30, kTurns = 200, kSamples = 500, kShown = 20;
 
 using Work = std::function<bool(const std::string&)>;
 
@@ -209,6 +209,7 @@ int Run(const std::string& folder, bool onlySmall) {
   Firm small(servers, smallHome, "01");
   std::unique_ptr<Firm> busy;
   if (!onlySmall) busy = std::make_unique<Firm>(servers, shops.Copy(Size::Busy), "02");
+  servers.Settle();
   WarmUp(small);
   if (busy) WarmUp(*busy);
   table.Add(Counts{"round trips of a posted line on the server", small.RoundTripsOfOne(), 20, 1});

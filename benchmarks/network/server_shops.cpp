@@ -4,6 +4,7 @@
 #include <libpq-fe.h>
 
 #include <cstdlib>
+#include <initializer_list>
 #include <stdexcept>
 
 #include "store/sqlite/new_store_file.h"
@@ -49,14 +50,27 @@ void CopyTable(Stores& from, Stores& to, const DatabaseFile& file, const Table& 
        std::string(table.name));
 }
 
+void Run(const std::string& connection, std::initializer_list<const char*> statements) {
+  PGconn* const session = PQconnectdb(connection.c_str());
+  for (const char* const statement : statements) {
+    PGresult* const result = PQexec(session, statement);
+    const bool done = PQresultStatus(result) == PGRES_COMMAND_OK;
+    PQclear(result);
+    if (!done) throw std::runtime_error(PQerrorMessage(session));
+  }
+  PQfinish(session);
+}
+
 }  // namespace
 
 ServerShops::ServerShops() : server_({.durable = true, .onLoopback = true}) {
   if (!server_.Runs()) throw std::runtime_error(server_.Problem());
   setenv("PGUSER", PostgresServer::User().c_str(), 1);
-  PGconn* const session = PQconnectdb(server_.Connection().c_str());
-  PQclear(PQexec(session, "CREATE DATABASE \"MuhasebeData\""));
-  PQfinish(session);
+  Run(server_.Connection(), {"CREATE DATABASE \"MuhasebeData\""});
+}
+
+void ServerShops::Settle() const {
+  Run(server_.Connection("MuhasebeData"), {"VACUUM ANALYZE", "CHECKPOINT"});
 }
 
 std::string ServerShops::Firm(const std::string& home, const std::string& firm) {
@@ -100,8 +114,8 @@ class Elsewhere final : public Engine {
   Status SumBy(const RowQuery& query, int position, int by, std::vector<TextSum>& sums) override {
     return inner_->SumBy(query, position, by, sums);
   }
-  Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool forEdit, GridRow& row) override {
-    return inner_->Read(file, table, key, forEdit, row);
+  Status Read(const DatabaseFile& file, const Table& table, RowKey key, GridRow& row) override {
+    return inner_->Read(file, table, key, row);
   }
   Status Insert(const DatabaseFile& file, const Table& table, const Row& values) override { return inner_->Insert(file, table, values); }
   Status InsertMany(const DatabaseFile& file, const Table& table, std::int64_t count,

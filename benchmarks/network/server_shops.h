@@ -21,6 +21,8 @@ class ServerShops {
   std::string Firm(const std::string& home, const std::string& firm);
   // The same firm behind the slow line.
   [[nodiscard]] std::string Behind(const LoopbackProxy& line, const std::string& firm) const;
+  // Behind the loading of all firms: the server has nothing left to do for them that would fall into a measurement.
+  void Settle() const;
   [[nodiscard]] PostgresServer& Server() { return server_; }
 
  private:

@@ -65,7 +65,10 @@ void NetworkMenu::OpenOwnStores() {
 // Where the machine can't be reached the clerk is told on the way, and the desk goes on looking for it.
 void NetworkMenu::OpenMainMachine() {
   if (!desk_.OpenStoresAnew() || !world_.stores.IsOpen()) return;
-  Tell(screen_, "Network çalışma açıldı: " + settings_.Get(Setting::Online) + ", firma " + settings_.Get(Setting::Company));
+  const std::string firm = settings_.Get(Setting::Company);
+  // A number that was mistyped begins an empty firm: he sees why nothing is in it.
+  Tell(screen_, world_.stores.Driver().BegunAnew() ? "Yeni firma açıldı: " + firm
+                                                   : "Network çalışma açıldı: " + settings_.Get(Setting::Online) + ", firma " + firm);
 }
 
 bool NetworkMenu::AskForMainMachine() {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <optional>
 
 #include "text/letters.h"
 #include "text/turkish.h"
@@ -11,17 +12,22 @@ namespace {
 
 constexpr std::string_view kBeginning = "\\\\";
 constexpr const char* kDatabase = "MuhasebeData";
-constexpr int kUsualPort = 5432;
+constexpr int kUsualPort = 5432, kLastPort = 65535;
 
 // "host", "host:port" or "[host]:port"; several colons without brackets are an address of the newer kind, which tells no port.
-ServerPlace ReadPlace(std::string_view text) {
+std::optional<ServerPlace> ReadPlace(std::string_view text) {
   const std::size_t bracket = text.rfind(']');
   const std::size_t colon = text.rfind(':');
   const bool plain = bracket == std::string_view::npos;
   const bool told = colon != std::string_view::npos && (plain ? text.find(':') == colon : colon > bracket);
   ServerPlace place{std::string(told ? text.substr(0, colon) : text), kUsualPort};
-  if (told) std::from_chars(text.data() + colon + 1, text.data() + text.size(), place.port);
   std::erase_if(place.host, [](char letter) { return letter == '[' || letter == ']'; });
+  if (place.host.empty()) return {};
+  if (told) {
+    const char* const end = text.data() + text.size();
+    const auto [read, error] = std::from_chars(text.data() + colon + 1, end, place.port);
+    if (error != std::errc() || read != end || place.port <= 0 || place.port > kLastPort) return {};
+  }
   return place;
 }
 
@@ -53,7 +59,11 @@ std::vector<ServerPlace> MainMachines(std::string_view address) {
   }
   while (!address.empty()) {
     const std::size_t end = std::min(address.find(';'), address.size());
-    if (const std::string one = Trim(std::string(address.substr(0, end))); !one.empty()) machines.push_back(ReadPlace(one));
+    if (const std::string one = Trim(std::string(address.substr(0, end))); !one.empty()) {
+      const std::optional<ServerPlace> place = ReadPlace(one);
+      if (!place) return {};
+      machines.push_back(*place);
+    }
     address.remove_prefix(std::min(end + 1, address.size()));
   }
   return machines;

@@ -20,7 +20,7 @@ std::string TidyAddress(std::string_view typed);
 // Whether a firm's number can stand in the folder's name: letters and digits alone, at least one.
 bool IsFirmNumber(std::string_view text);
 // The machines of an address, or of a share's data folder: "10.0.0.5", "kasa:5433", "[::1]:5432", and several with ";" between them, the
-// first of which that takes writes is the main one. None of any other text.
+// first of which that takes writes is the main one. None of any other text: one machine that can't be understood makes it all unusable.
 std::vector<ServerPlace> MainMachines(std::string_view address);
 
 }  // namespace karvel

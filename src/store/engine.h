@@ -65,6 +65,8 @@ class Engine {
   // Opens the data folder's eight files, recovers them in place where a writer died, and checks that each holds its tables.
   // Missing or Damaged name the file, and nothing is open then. An open folder is closed first.
   virtual Status Open(const std::string& folder) = 0;
+  // Whether the last Open found no stores there and made them, empty. Files are made before they are opened, so theirs never are.
+  [[nodiscard]] virtual bool BegunAnew() const { return false; }
   // Who hears of the waits for other terminals and programs; null for nobody. He may read through this engine meanwhile.
   virtual void SetWaitListener(WaitListener* listener) = 0;
   // Whether a read beside a transaction waits for other programs, as it does at first. One that doesn't is Busy at once.
@@ -86,8 +88,8 @@ class Engine {
   // The same for each text that stands in the column `by`, in no order; texts that only compare alike are told apart. `sums` is emptied
   // first. One walk over the rows, however many texts there are.
   virtual Status SumBy(const RowQuery& query, int position, int by, std::vector<TextSum>& sums) = 0;
-  // NoRecord when the row is gone. For an edit, inside a transaction, no other writer can change the row until the transaction ends.
-  virtual Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool forEdit, GridRow& row) = 0;
+  // NoRecord when the row is gone. Inside a transaction no other writer can change the row until the transaction ends.
+  virtual Status Read(const DatabaseFile& file, const Table& table, RowKey key, GridRow& row) = 0;
 
   // Adds a whole row, its values in catalogue order. Its key is greater than those of all rows that are there.
   virtual Status Insert(const DatabaseFile& file, const Table& table, const Row& values) = 0;
@@ -113,7 +115,7 @@ class Engine {
   virtual void Rollback() = 0;
   // False also when an error inside has ended the transaction and undone its writes.
   [[nodiscard]] virtual bool InTransaction() const = 0;
-  // Whether every row read inside a transaction is safe from other writers until its end, not only those read for an edit.
+  // Whether every row read inside a transaction is safe from other writers until its end, not only those read by themselves.
   [[nodiscard]] virtual bool ReadsHold() const = 0;
   // The same for one row that was read by itself just now: where it is so, it needs no reading again for an edit.
   [[nodiscard]] virtual bool HoldsRow(const Table& /*table*/, RowKey /*key*/) const { return ReadsHold(); }

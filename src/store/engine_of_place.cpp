@@ -28,6 +28,7 @@ class EngineOfPlace final : public Engine {
     for (Engine* const engine : All()) engine->Close();
   }
   [[nodiscard]] bool IsOpen() const override { return chosen_->IsOpen(); }
+  [[nodiscard]] bool BegunAnew() const override { return chosen_->BegunAnew(); }
 
   void SetWaitListener(WaitListener* listener) override {
     for (Engine* const engine : All()) engine->SetWaitListener(listener);
@@ -47,8 +48,8 @@ class EngineOfPlace final : public Engine {
   Status SumBy(const RowQuery& query, int position, int by, std::vector<TextSum>& sums) override {
     return Of(*query.file).SumBy(query, position, by, sums);
   }
-  Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool forEdit, GridRow& row) override {
-    return Of(file).Read(file, table, key, forEdit, row);
+  Status Read(const DatabaseFile& file, const Table& table, RowKey key, GridRow& row) override {
+    return Of(file).Read(file, table, key, row);
   }
 
   Status Insert(const DatabaseFile& file, const Table& table, const Row& values) override {

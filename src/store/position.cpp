@@ -148,7 +148,7 @@ Status Position::Find(const dialect::ExprPtr& criterion, bool behindCurrent) {
 Status Position::ToKey(RowKey key) {
   if (!IsLive()) return NoCurrent();
   GridRow row;
-  Status read = stores_.Read([&](Engine& engine) { return engine.Read(*source_->file, *source_->table, key, false, row); });
+  Status read = stores_.Read([&](Engine& engine) { return engine.Read(*source_->file, *source_->table, key, row); });
   if (read.Ok()) StandOn(std::move(row));
   return read;
 }
@@ -157,7 +157,7 @@ Status Position::ReadForEdit() {
   if (!OnRow()) return NoCurrent();
   if (currentAction_ == stores_.ActionNumber()) return {};
   GridRow row;
-  Status read = stores_.Read([&](Engine& engine) { return engine.Read(*source_->file, *source_->table, current_.key, true, row); });
+  Status read = stores_.Read([&](Engine& engine) { return engine.Read(*source_->file, *source_->table, current_.key, row); });
   if (read.Ok()) {
     SetCurrentValues(std::move(row.values));
     currentWrites_ = WriteCount();
@@ -256,7 +256,7 @@ void Position::ReadIfNeeded() {
 void Position::ReadCurrentAgain() {
   const std::uint64_t count = WriteCount();
   GridRow row;
-  const Status read = stores_.Read([&](Engine& engine) { return engine.Read(*source_->file, *source_->table, current_.key, false, row); });
+  const Status read = stores_.Read([&](Engine& engine) { return engine.Read(*source_->file, *source_->table, current_.key, row); });
   if (read.Ok()) {
     SetCurrentValues(std::move(row.values));
     currentWrites_ = count;

@@ -21,69 +21,91 @@ RowReads::RowReads(const TableSql& sql, const RowQuery& query, std::vector<KeySp
     : sql_(sql), query_(query), spans_(std::move(spans)), runner_(runner) {}
 
 void RowReads::Select(const RowRange& range, std::vector<GridRow>& rows) {
-  RowsPart part{.reversed = IsReversed(range), .beside = range.beside};
-  if (range.beside == nullptr) {
-    SelectPart(range, part, rows);
+  if (range.offset > 0 && !spans_.empty()) {
+    SelectBehindOffset(range, rows);
   } else {
-    for (const Stretch& stretch : TableSql::Stretches(query_, *range.beside, part.reversed)) {
-      if (StillWanted(range, rows) <= 0) break;
-      part.stretch = &stretch;
-      SelectPart(range, part, rows);
-    }
+    std::vector<Stretch> stretches;
+    if (range.beside != nullptr) stretches = TableSql::Stretches(query_, *range.beside, IsReversed(range));
+    SelectParts(range, PartsOf(range, stretches), rows);
   }
-  if (part.reversed) std::ranges::reverse(rows);
+  if (IsReversed(range)) std::ranges::reverse(rows);
 }
 
-void RowReads::SelectPart(const RowRange& range, const RowsPart& part, std::vector<GridRow>& rows) {
-  // Only a stretch that runs over many first terms lies in more than one span.
-  const Stretch* const stretch = part.stretch;
-  const bool manyFirstTerms = stretch == nullptr || (stretch->term == 0 && stretch->kind == Stretch::Kind::TermBeyond);
-  if (!spans_.empty() && manyFirstTerms) return SelectSpans(range, part, rows);
-  runner_.ReadRows(*query_.table, sql_.Select(query_, part, StillWanted(range, rows), range.offset), rows);
+const KeySpan& RowReads::SpanAt(std::size_t i, bool reversed) const {
+  const bool falling = query_.order.front().descending != reversed;
+  return spans_[falling ? spans_.size() - 1 - i : i];
 }
 
-// The rows of the spans in the order of the query, one span after another until the limit.
-void RowReads::SelectSpans(const RowRange& range, RowsPart part, std::vector<GridRow>& rows) {
-  const bool falling = query_.order.front().descending != part.reversed;
-  std::int64_t passed = range.offset;
-  part.span = &spans_.front();
-  SqlText select = sql_.Select(query_, part, range.limit);
-  for (std::size_t i = 0; i < spans_.size() && StillWanted(range, rows) > 0; ++i) {
-    const KeySpan& span = spans_[falling ? spans_.size() - 1 - i : i];
-    if (passed > 0) {
-      const std::int64_t there = runner_.ReadNumber(sql_.Count(query_, {.span = &span}, passed + 1));
-      if (there > passed) {
-        part.span = &span;
-        runner_.ReadRows(*query_.table, sql_.Select(query_, part, range.limit, passed), rows);
-        passed = 0;
-      } else {
-        passed -= there;
-      }
-      continue;
+std::vector<RowsPart> RowReads::PartsOf(const RowRange& range, std::span<const Stretch> stretches) const {
+  std::vector<RowsPart> parts;
+  RowsPart part{.reversed = IsReversed(range), .beside = range.beside};
+  const auto add = [&](bool manyFirstTerms) {
+    if (spans_.empty() || !manyFirstTerms) {
+      part.span = nullptr;
+      parts.push_back(part);
+      return;
     }
-    TableSql::SetSpan(select, span);
-    select.parameters.back() = static_cast<double>(StillWanted(range, rows));
-    runner_.ReadRows(*query_.table, select, rows);
+    for (std::size_t i = 0; i < spans_.size(); ++i) {
+      part.span = &SpanAt(i, part.reversed);
+      parts.push_back(part);
+    }
+  };
+  if (range.beside == nullptr) add(true);
+  for (const Stretch& stretch : stretches) {
+    part.stretch = &stretch;
+    // Only a stretch that runs over many first terms lies in more than one span.
+    add(stretch.term == 0 && stretch.kind == Stretch::Kind::TermBeyond);
+  }
+  return parts;
+}
+
+void RowReads::SelectParts(const RowRange& range, std::span<const RowsPart> parts, std::vector<GridRow>& rows) {
+  std::vector<SqlText> statements(std::min(runner_.AtOnce(), parts.size()));
+  for (std::size_t at = 0; at < parts.size() && StillWanted(range, rows) > 0;) {
+    const std::size_t count = std::min(statements.size(), parts.size() - at);
+    for (std::size_t i = 0; i < count; ++i) {
+      const RowsPart& part = parts[at + i];
+      // From span to span the text stays.
+      if (part.span != nullptr && at > 0 && parts[at + i - statements.size()].span != nullptr) {
+        TableSql::SetSpan(statements[i], *part.span);
+        statements[i].parameters.back() = static_cast<double>(StillWanted(range, rows));
+      } else {
+        statements[i] = sql_.Select(query_, part, StillWanted(range, rows), range.offset);
+      }
+    }
+    runner_.ReadRows(*query_.table, std::span(statements).first(count), rows);
+    at += count;
+  }
+  if (StillWanted(range, rows) < 0) rows.resize(static_cast<std::size_t>(range.limit));
+}
+
+void RowReads::SelectBehindOffset(const RowRange& range, std::vector<GridRow>& rows) {
+  RowsPart part{.reversed = IsReversed(range)};
+  std::int64_t passed = range.offset;
+  for (std::size_t i = 0; i < spans_.size() && StillWanted(range, rows) > 0; ++i) {
+    part.span = &SpanAt(i, part.reversed);
+    const SqlText counting = sql_.Count(query_, {.span = part.span}, passed + 1);
+    const std::int64_t there = passed > 0 ? runner_.ReadNumbers({&counting, 1}) : 1;
+    if (there > passed) {
+      const SqlText select = sql_.Select(query_, part, StillWanted(range, rows), passed);
+      runner_.ReadRows(*query_.table, {&select, 1}, rows);
+    }
+    passed = std::max<std::int64_t>(0, passed - there);
   }
 }
 
 std::int64_t RowReads::Count() {
-  if (spans_.empty()) return runner_.ReadNumber(sql_.Count(query_));
-  SqlText counting = sql_.Count(query_, {.span = &spans_.front()});
-  std::int64_t count = 0;
-  for (const KeySpan& span : spans_) {
-    TableSql::SetSpan(counting, span);
-    count += runner_.ReadNumber(counting);
-  }
-  return count;
+  std::vector<SqlText> counts(1, sql_.Count(query_, {.span = spans_.empty() ? nullptr : &spans_.front()}));
+  if (!spans_.empty()) counts.resize(spans_.size(), counts.front());
+  for (std::size_t i = 0; i < spans_.size(); ++i) TableSql::SetSpan(counts[i], spans_[i]);
+  return runner_.ReadNumbers(counts);
 }
 
 std::int64_t RowReads::CountBefore(const GridRow& row) {
-  std::int64_t count = 0;
-  for (const Stretch& stretch : TableSql::Stretches(query_, row, true)) {
-    count += runner_.ReadNumber(sql_.Count(query_, {.reversed = true, .stretch = &stretch, .beside = &row}));
-  }
-  return count;
+  std::vector<SqlText> counts;
+  for (const Stretch& stretch : TableSql::Stretches(query_, row, true))
+    counts.push_back(sql_.Count(query_, {.reversed = true, .stretch = &stretch, .beside = &row}));
+  return runner_.ReadNumbers(counts);
 }
 
 }  // namespace karvel

@@ -1,5 +1,6 @@
 // Reads of a query's rows that may take several statements, for any engine: rows beside a row come stretch by stretch, and a list whose
-// pattern begins with any letter comes span by span. Each statement is a seek on an index, where an index fits.
+// pattern begins with any letter comes span by span. Each statement is a seek on an index, where an index fits. An engine that waits long
+// for each answer is handed several of them at once, though the first may give all that is wanted.
 #pragma once
 
 #include <cstdint>
@@ -16,10 +17,12 @@ namespace karvel {
 class StatementRunner {
  public:
   virtual ~StatementRunner() = default;
-  // Appends the rows of a statement that gives the key and all columns of the table.
-  virtual void ReadRows(const Table& table, const SqlText& sql, std::vector<GridRow>& rows) = 0;
-  // The one whole number that a count gives.
-  virtual std::int64_t ReadNumber(const SqlText& sql) = 0;
+  // How many statements it takes at once.
+  [[nodiscard]] virtual std::size_t AtOnce() const { return 1; }
+  // Appends the rows of statements that give the key and all columns of the table, one statement's behind the other's.
+  virtual void ReadRows(const Table& table, std::span<const SqlText> statements, std::vector<GridRow>& rows) = 0;
+  // The sum of the whole numbers that counts give.
+  virtual std::int64_t ReadNumbers(std::span<const SqlText> counts) = 0;
 };
 
 class RowReads {
@@ -35,8 +38,12 @@ class RowReads {
   [[nodiscard]] std::int64_t CountBefore(const GridRow& row);
 
  private:
-  void SelectPart(const RowRange& range, const RowsPart& part, std::vector<GridRow>& rows);
-  void SelectSpans(const RowRange& range, RowsPart part, std::vector<GridRow>& rows);
+  [[nodiscard]] const KeySpan& SpanAt(std::size_t i, bool reversed) const;
+  // The parts that hold the rows beside a row, or all rows without one, the nearest first.
+  [[nodiscard]] std::vector<RowsPart> PartsOf(const RowRange& range, std::span<const Stretch> stretches) const;
+  void SelectParts(const RowRange& range, std::span<const RowsPart> parts, std::vector<GridRow>& rows);
+  // Span by span, for a read that passes rows over.
+  void SelectBehindOffset(const RowRange& range, std::vector<GridRow>& rows);
 
   const TableSql& sql_;
   const RowQuery& query_;

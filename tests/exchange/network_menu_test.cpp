@@ -109,10 +109,18 @@ TEST_F(NetworkWorkTest, it_asks_for_the_main_machine_and_the_firm_and_works_ther
   EXPECT_EQ(Kept("Firma"), "02");
   EXPECT_EQ(desk->form.DataDir, "\\\\10.0.0.5\\MuhasebeData\\02");
   EXPECT_EQ(desk->cursors.CariData.DatabaseName(), "\\\\10.0.0.5\\MuhasebeData\\02\\Cari.Mdb");
-  EXPECT_EQ(Message(), "Network çalışma açıldı: 10.0.0.5, firma 02");
   EXPECT_EQ(connection.watched, "10.0.0.5:5432");
   EXPECT_EQ(desk->cursors.CariData.Text("Unvan"), "Muhtelif Müşteri");  // of a firm that begins here
   EXPECT_EQ(desk->cursors.CariData.RecordCount(), 1);
+}
+
+TEST_F(NetworkWorkTest, a_firm_that_begins_there_is_told_as_new_and_later_as_any_other) {
+  AnswerNetwork({"kasa", "07"});
+  EXPECT_EQ(Message(), "Yeni firma açıldı: 07");
+  Click("OnLine");
+  EXPECT_EQ(Message(), "Terminal kendi verisiyle çalışıyor");
+  AnswerNetwork({"kasa", "07"});
+  EXPECT_EQ(Message(), "Network çalışma açıldı: kasa, firma 07");
 }
 
 TEST_F(NetworkWorkTest, several_machines_are_named_with_semicolons) {

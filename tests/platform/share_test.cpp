@@ -38,6 +38,11 @@ TEST(Share, an_address_names_one_machine_or_several) {
   EXPECT_EQ(Machines(" ; "), "");
 }
 
+TEST(Share, an_address_with_a_machine_that_nobody_can_call_names_none) {
+  for (const char* const bad : {"kasa:x", "kasa:", "kasa:5433x", "kasa:0", "kasa:70000", ":5432", "[]:5432", "10.0.0.5;kasa:x"})
+    EXPECT_EQ(Machines(bad), "") << bad;
+}
+
 TEST(Share, a_shares_folder_names_its_machines) {
   EXPECT_EQ(Machines("\\\\kasa:5433;yedek\\MuhasebeData\\01"), "<kasa|5433><yedek|5432>");
 }

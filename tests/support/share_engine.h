@@ -34,13 +34,15 @@ class ShareEngine final : public Engine {
     if (!watch_.shut.Ok()) return watch_.shut;
     const std::string folder = net_ + "/" + ReplaceAll(share.substr(2), "\\", "/");
     std::filesystem::create_directories(folder);
+    begunAnew_ = false;
     for (const DatabaseFile& file : Catalogue::Files())
-      std::filesystem::copy_file(program_ + "/" + std::string(file.name), folder + "/" + std::string(file.name),
-                                 std::filesystem::copy_options::skip_existing);
+      begunAnew_ |= std::filesystem::copy_file(program_ + "/" + std::string(file.name), folder + "/" + std::string(file.name),
+                                               std::filesystem::copy_options::skip_existing);
     return inner_->Open(folder);
   }
   void Close() override { inner_->Close(); }
   [[nodiscard]] bool IsOpen() const override { return inner_->IsOpen(); }
+  [[nodiscard]] bool BegunAnew() const override { return begunAnew_; }
   void SetPatient(bool patient) override { inner_->SetPatient(patient); }
   void SetWaitListener(WaitListener* listener) override { inner_->SetWaitListener(listener); }
 
@@ -59,8 +61,8 @@ class ShareEngine final : public Engine {
   Status SumBy(const RowQuery& query, int position, int by, std::vector<TextSum>& sums) override {
     return Asked([&] { return inner_->SumBy(query, position, by, sums); });
   }
-  Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool forEdit, GridRow& row) override {
-    return Asked([&] { return inner_->Read(file, table, key, forEdit, row); });
+  Status Read(const DatabaseFile& file, const Table& table, RowKey key, GridRow& row) override {
+    return Asked([&] { return inner_->Read(file, table, key, row); });
   }
   Status Insert(const DatabaseFile& file, const Table& table, const Row& values) override {
     return Asked([&] { return inner_->Insert(file, table, values); });
@@ -111,6 +113,7 @@ class ShareEngine final : public Engine {
 
   std::unique_ptr<Engine> inner_;
   ServerWatch& watch_;
+  bool begunAnew_ = false;
   const std::string net_, program_;
 };
 

@@ -34,6 +34,7 @@ class WatchedEngine final : public Engine {
   Status Open(const std::string& folder) override { return inner_->Open(folder); }
   void Close() override { inner_->Close(); }
   [[nodiscard]] bool IsOpen() const override { return inner_->IsOpen(); }
+  [[nodiscard]] bool BegunAnew() const override { return inner_->BegunAnew(); }
   void SetPatient(bool patient) override { inner_->SetPatient(patient); }
   void SetWaitListener(WaitListener* listener) override { inner_->SetWaitListener(listener); }
 
@@ -60,10 +61,10 @@ class WatchedEngine final : public Engine {
     const Status fault = ReadFault();
     return fault.Ok() ? inner_->SumBy(query, position, by, sums) : fault;
   }
-  Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool forEdit, GridRow& row) override {
+  Status Read(const DatabaseFile& file, const Table& table, RowKey key, GridRow& row) override {
     ++watch_.reads;
     const Status fault = ReadFault();
-    return fault.Ok() ? inner_->Read(file, table, key, forEdit, row) : fault;
+    return fault.Ok() ? inner_->Read(file, table, key, row) : fault;
   }
   Status Insert(const DatabaseFile& file, const Table& table, const Row& values) override {
     const Status fault = WriteFault(table);

@@ -203,6 +203,19 @@ TEST_F(MoveProgram, a_server_that_is_not_there_or_lets_nobody_in_is_told_in_plai
   EXPECT_THAT(none.said, HasSubstr("Ana makinede MuhasebeData veritabanı yok."));
 }
 
+TEST_F(MoveProgram, of_several_machines_the_one_that_came_furthest_is_told) {
+  const PostgresServer reading({.onLoopback = true});
+  Psql(reading, "CREATE DATABASE \"MuhasebeData\"", "postgres");
+  Psql(reading, "ALTER DATABASE \"MuhasebeData\" SET default_transaction_read_only = on", "postgres");
+  const std::string place = "127.0.0.1:" + std::to_string(reading.Port());
+  for (const std::string& machines : {place, place + ",127.0.0.1:1", "127.0.0.1:1," + place}) {
+    const Ended standby = Run("karvel-move --to postgres://" + machines + " --from " + shop.DataFolder());
+    EXPECT_THAT(standby.said, HasSubstr("Ana makine yedek olarak çalışıyor")) << machines;
+    const Ended stranger = RunLine("PGUSER=nobody " + Command("karvel-move --to postgres://" + machines + " --from " + shop.DataFolder()));
+    EXPECT_THAT(stranger.said, HasSubstr("Ana makine bu kullanıcıyı almadı.")) << machines;
+  }
+}
+
 TEST_F(MoveProgram, while_a_till_posts_nothing_is_moved) {
   Stores till(MakeSqliteEngine({}));
   ASSERT_TRUE(till.Open(shop.DataFolder()).Ok());

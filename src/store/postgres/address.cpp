@@ -11,8 +11,8 @@ namespace {
 // The server cuts longer names, and two firms could become one.
 constexpr std::size_t kLongestFirm = 40;
 
-std::string_view NextPiece(std::string_view& text, char end) {
-  const std::size_t at = text.find(end);
+std::string_view NextPiece(std::string_view& text) {
+  const std::size_t at = text.find('\\');
   const std::string_view piece = text.substr(0, at);
   text.remove_prefix(at == std::string_view::npos ? text.size() : at + 1);
   return piece;
@@ -23,25 +23,12 @@ std::string_view NextPiece(std::string_view& text, char end) {
 Status ReadAddress(std::string_view folder, Address& address) {
   const Status bad(ErrorKind::BadText, fmt::format("{}: not the data folder of a main machine", folder));
   if (!IsShare(folder)) return bad;
+  Address read{MainMachines(folder), "", ""};
   std::string_view rest = folder.substr(2);
-  std::string_view machines = NextPiece(rest, '\\');
-  Address read;
-  while (!machines.empty()) {
-    const std::string machine = Trim(NextPiece(machines, ';'));
-    if (machine.empty()) continue;
-    // A number of the newer kind has colons of its own, and stands in brackets where a port follows.
-    const std::size_t close = machine.find(']');
-    const std::size_t colon = machine.find(':', close == std::string::npos ? 0 : close);
-    const bool bare = close == std::string::npos && colon != std::string::npos && machine.find(':', colon + 1) != std::string::npos;
-    Host host{machine, ""};
-    if (colon != std::string::npos && !bare) host = {machine.substr(0, colon), machine.substr(colon + 1)};
-    if (host.name.starts_with('[') && host.name.ends_with(']')) host.name = host.name.substr(1, host.name.size() - 2);
-    if (host.name.empty() || host.port.find_first_not_of("0123456789") != std::string::npos) return bad;
-    read.hosts.push_back(std::move(host));
-  }
-  read.database = NextPiece(rest, '\\');
-  read.firm = Trim(NextPiece(rest, '\\'));
-  if (read.hosts.empty() || read.database.empty() || read.firm.empty() || read.firm.size() > kLongestFirm) return bad;
+  NextPiece(rest);
+  read.database = NextPiece(rest);
+  read.firm = Trim(std::string(NextPiece(rest)));
+  if (read.machines.empty() || read.database.empty() || read.firm.empty() || read.firm.size() > kLongestFirm) return bad;
   address = std::move(read);
   return {};
 }

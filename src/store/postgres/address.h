@@ -1,26 +1,21 @@
 // Where a firm's stores lie on a main machine: what a terminal's data folder reads as under network work.
 //
-// `\\ADDRESS\MuhasebeData\FIRM`; ADDRESS is a name or number with or without ":PORT", or several of them with ";" between, of which the one
-// counts that takes writes.
+// `\\ADDRESS\MuhasebeData\FIRM`, ADDRESS as platform/share.h reads it; of several machines the one counts that takes writes.
 #pragma once
 
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/connection.h"
 #include "platform/status.h"
 
 namespace karvel::postgres {
 
-struct Host {
-  std::string name;
-  std::string port;  // "" for the usual one
-};
-
 struct Address {
-  std::vector<Host> hosts;  // at least one
-  std::string database;     // "MuhasebeData"
-  std::string firm;         // "01"
+  std::vector<ServerPlace> machines;  // at least one
+  std::string database;               // "MuhasebeData"
+  std::string firm;                   // "01"
 };
 
 // BadText where it is none, or names no machine or no firm.

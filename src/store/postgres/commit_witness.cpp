@@ -62,7 +62,7 @@ Status CommitWitness::Ask(Engine& engine, bool& stands) const {
     case Kind::Deleted:
     case Kind::Changed: {
       GridRow row;
-      const Status read = engine.Read(*file_, *table_, key_, false, row);
+      const Status read = engine.Read(*file_, *table_, key_, row);
       if (read.Kind() == ErrorKind::NoRecord) {
         stands = kind_ == Kind::Deleted;
         return {};

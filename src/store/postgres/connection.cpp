@@ -203,10 +203,10 @@ Status Connection::Connect(Patience& patience) {
   if (session_ == nullptr && Clock::now() < nextRound_) return NotReached();
   waiting_ = true;
   Wait wait(patience);
-  hostsFailed_ = 0;
+  machinesFailed_ = 0;
   const auto start = Clock::now();
   Status connected = NotReached();
-  while (hostsFailed_ < address_.hosts.size()) {
+  while (machinesFailed_ < address_.machines.size()) {
     if (session_ == nullptr) BeginAttempt();
     const Attempt attempt = GoOnWithAttempt();
     if (attempt == Attempt::Made) {
@@ -224,12 +224,13 @@ Status Connection::Connect(Patience& patience) {
     AwaitSocket(nap);
   }
   waiting_ = false;
-  if (hostsFailed_ >= address_.hosts.size()) nextRound_ = std::max(nextRound_, Clock::now() + kBetweenRounds);
+  if (machinesFailed_ >= address_.machines.size()) nextRound_ = std::max(nextRound_, Clock::now() + kBetweenRounds);
   return connected.Ok() ? connected : NotReached();
 }
 
 void Connection::BeginAttempt() {
-  const Host& host = address_.hosts[host_];
+  const ServerPlace& machine = address_.machines[machine_];
+  const std::string port = std::to_string(machine.port);
   const std::array keys{"host",
                         "port",
                         "dbname",
@@ -242,8 +243,8 @@ void Connection::BeginAttempt() {
                         "keepalives_count",
                         "tcp_user_timeout",
                         static_cast<const char*>(nullptr)};
-  const std::array values{host.name.c_str(),
-                          host.port.c_str(),
+  const std::array values{machine.host.c_str(),
+                          port.c_str(),
                           address_.database.c_str(),
                           sessionName_.c_str(),
                           "UTF8",
@@ -285,17 +286,24 @@ Connection::Attempt Connection::GoOnWithAttempt() {
     }
   }
   if (Clock::now() >= attemptEnds_) {
-    EndAttempt(address_.hosts[host_].name + ": no answer");
+    EndAttempt(address_.machines[machine_].host + ": no answer");
     return Attempt::Failed;
   }
   return Attempt::UnderWay;
 }
 
 void Connection::EndAttempt(std::string_view why) {
-  whyNot_ = WhyRefused(why);
+  // Of several machines the one that came furthest tells most: one that lets nobody in, then one that takes no writes.
+  const Status refused = WhyRefused(why);
+  const bool reads = why.find("read-only") != std::string_view::npos;
+  const Reached reached = refused.Kind() != ErrorKind::Unreachable ? Reached::ItsDoor : reads ? Reached::AStandby : Reached::Nobody;
+  if (machinesFailed_ == 0 || reached >= furthest_) {
+    furthest_ = reached;
+    whyNot_ = refused;
+  }
   Drop();
-  host_ = (host_ + 1) % address_.hosts.size();
-  ++hostsFailed_;
+  machine_ = (machine_ + 1) % address_.machines.size();
+  ++machinesFailed_;
 }
 
 // The first round trip: from which line of the server's history its numbers come, and that it shall tell of others' commits.
@@ -322,7 +330,7 @@ Status Connection::SetUp() {
   return {};
 }
 
-void Connection::Send(std::string_view text, std::span<const Value> parameters, bool once) {
+void Connection::Send(std::string_view text, std::span<const Value> parameters, bool once, Result* result) {
   if (!up_ || broken_) return;
   std::vector<std::optional<std::string>> texts;
   texts.reserve(parameters.size());
@@ -339,12 +347,12 @@ void Connection::Send(std::string_view text, std::span<const Value> parameters, 
   if (known == prepared_.end() && !once && prepared_.size() < kMostPrepared) {
     known = prepared_.emplace(statement, fmt::format("k{}", ++names_)).first;
     sent = PQsendPrepare(session_, known->second.c_str(), statement.c_str(), 0, nullptr);
-    pending_.push_back({Awaited::Preparation, statement});
+    pending_.push_back({.what = Awaited::Preparation, .text = statement});
   }
   if (sent == 1) {
     sent = known != prepared_.end() ? PQsendQueryPrepared(session_, known->second.c_str(), count, values.data(), nullptr, nullptr, 0)
                                     : PQsendQueryParams(session_, statement.c_str(), count, nullptr, values.data(), nullptr, nullptr, 0);
-    pending_.push_back({Awaited::Statement, {}});
+    pending_.push_back({.what = Awaited::Statement, .result = result});
   }
   broken_ = sent != 1;
 }
@@ -352,7 +360,7 @@ void Connection::Send(std::string_view text, std::span<const Value> parameters, 
 void Connection::SendSync() {
   if (!up_ || broken_) return;
   broken_ = PQpipelineSync(session_) != 1;
-  pending_.push_back({Awaited::Sync, {}});
+  pending_.push_back({.what = Awaited::Sync});
 }
 
 void Connection::Defer(std::string_view text, std::span<const Value> parameters) {
@@ -368,26 +376,39 @@ void Connection::Flush() {
   if (up_) PQflush(session_);
 }
 
+Status Connection::WaitsAlready() {
+  return {ErrorKind::Busy, "an answer is being waited for"};
+}
+
 Status Connection::Run(std::string_view text, std::span<const Value> parameters, Result& result, Patience& patience) {
-  Send(text, parameters);
+  if (waiting_) return WaitsAlready();
+  Send(text, parameters, false, &result);
   SendSync();
-  return Drain(patience, false, &result);
+  return Drain(patience);
+}
+
+Status Connection::RunAll(std::span<const SqlText> statements, std::span<Result> results, Patience& patience) {
+  if (waiting_) return WaitsAlready();
+  for (std::size_t i = 0; i < statements.size(); ++i) Send(statements[i].text, statements[i].parameters, false, &results[i]);
+  SendSync();
+  return Drain(patience);
 }
 
 Status Connection::RunWaiting(std::string_view text, std::span<const Value> parameters, Result& result, Patience& patience) {
-  Send(text, parameters);
+  if (waiting_) return WaitsAlready();
+  Send(text, parameters, false, &result);
   SendSync();
-  return Drain(patience, true, &result);
+  return Drain(patience, true);
 }
 
 Status Connection::Settle(Patience& patience) {
   if (pending_.empty() && !broken_) return {};
+  if (waiting_) return WaitsAlready();
   SendSync();
-  return Drain(patience, false, nullptr);
+  return Drain(patience);
 }
 
-Status Connection::Drain(Patience& patience, bool waitsForOthers, Result* last) {
-  if (waiting_) return {ErrorKind::Busy, "an answer is being waited for"};
+Status Connection::Drain(Patience& patience, bool waitsForOthers) {
   if (!up_ || broken_) return Lost();
   ++roundTrips_;
   waiting_ = true;
@@ -410,7 +431,7 @@ Status Connection::Drain(Patience& patience, bool waitsForOthers, Result* last) 
       if (PQstatus(session_) == CONNECTION_BAD) return Lost();
       if (first.Ok()) first = taken;
       if (pending.what == Awaited::Sync) break;
-      if (last != nullptr && pending.what == Awaited::Statement && taken.Ok()) *last = std::move(answer);
+      if (pending.result != nullptr && taken.Ok()) *pending.result = std::move(answer);
     }
   }
   NoteNews();
@@ -507,13 +528,13 @@ std::vector<std::string> Connection::TakeNews() {
 
 Status Connection::CopyIn(const std::string& statement, const std::function<bool(std::string&)>& next, Patience& patience) {
   if (Status settled = Settle(patience); !settled.Ok()) return settled;
-  if (waiting_) return {ErrorKind::Busy, "an answer is being waited for"};
+  if (waiting_) return WaitsAlready();
   waiting_ = true;
   const WaitEnds ends(waiting_);
   if (PQexitPipelineMode(session_) != 1 || PQsendQuery(session_, statement.c_str()) != 1) return Lost();
   ++roundTrips_;
   if (AwaitAnswer(patience) != Waited::Answer) return Lost();
-  Status outcome = Take(Result(PQgetResult(session_)), {Awaited::Statement, {}});
+  Status outcome = Take(Result(PQgetResult(session_)), {.what = Awaited::Statement});
   std::string line;
   while (outcome.Ok() && next(line)) {
     int put = 0;
@@ -530,7 +551,7 @@ Status Connection::CopyIn(const std::string& statement, const std::function<bool
     if (AwaitAnswer(patience) != Waited::Answer) return Lost();
     const Result answer(PQgetResult(session_));
     if (!answer.IsThere()) break;
-    const Status taken = Take(answer, {Awaited::Statement, {}});
+    const Status taken = Take(answer, {.what = Awaited::Statement});
     if (PQstatus(session_) == CONNECTION_BAD) return Lost();
     if (outcome.Ok()) outcome = taken;
   }

@@ -72,6 +72,8 @@ class Connection {
   // moment only, and the next call goes on from there. Unreachable while no machine answers that takes writes; NoRights where one doesn't
   // let in, Missing where it has no such database.
   Status Connect(Patience& patience);
+  // Whether what came furthest at the last Connect was a machine that takes no writes.
+  [[nodiscard]] bool FoundOnlyStandby() const { return !up_ && furthest_ == Reached::AStandby; }
   // Grows with each session that was made.
   [[nodiscard]] std::uint64_t Sessions() const { return sessions_; }
   // Ends the session, and forgets what it was doing.
@@ -85,6 +87,8 @@ class Connection {
   void Flush();
   // Sends a statement, and waits for its answer and for all that was deferred. The first failure of any of them is the outcome.
   Status Run(std::string_view text, std::span<const Value> parameters, Result& result, Patience& patience);
+  // The same for several statements, one result each; there is one wait for all of them.
+  Status RunAll(std::span<const SqlText> statements, std::span<Result> results, Patience& patience);
   // The same for what was deferred alone.
   Status Settle(Patience& patience);
   // A statement that waits for another session: given up when the patience ends, and then Busy.
@@ -108,9 +112,13 @@ class Connection {
   enum class Awaited { Preparation, Statement, Sync };
   struct Pending {
     Awaited what;
-    std::string text;  // of a preparation
+    std::string text = {};     // of a preparation
+    Result* result = nullptr;  // where a statement's answer goes, if anybody wants it
   };
   enum class Waited { Answer, GaveUp, Lost };
+
+  // How far the attempts of a round came.
+  enum class Reached { Nobody, AStandby, ItsDoor };
 
   void BeginAttempt();
   enum class Attempt { Made, UnderWay, Failed };
@@ -118,10 +126,11 @@ class Connection {
   void EndAttempt(std::string_view why);
   Status SetUp();
   [[nodiscard]] Status NotReached() const;
-  void Send(std::string_view text, std::span<const Value> parameters, bool once = false);
+  void Send(std::string_view text, std::span<const Value> parameters, bool once = false, Result* result = nullptr);
   void SendSync();
-  Status Drain(Patience& patience, bool waitsForOthers, Result* last);
+  Status Drain(Patience& patience, bool waitsForOthers = false);
   Status Take(const Result& answer, const Pending& pending);
+  static Status WaitsAlready();
   Waited AwaitAnswer(Patience& patience);
   // Waits until the session can be read, or written where something is left to send.
   void AwaitSocket(std::chrono::milliseconds longest) const;
@@ -136,9 +145,10 @@ class Connection {
   pg_conn* session_ = nullptr;
   bool up_ = false;
   bool waiting_ = false;
-  bool broken_ = false;          // a statement could not be sent
-  std::size_t host_ = 0;         // the one that is tried, or was reached
-  std::size_t hostsFailed_ = 0;  // in this round
+  bool broken_ = false;             // a statement could not be sent
+  std::size_t machine_ = 0;         // the one that is tried, or was reached
+  std::size_t machinesFailed_ = 0;  // in this round
+  Reached furthest_ = Reached::Nobody;
   std::chrono::steady_clock::time_point attemptEnds_, nextRound_;
   bool attemptWrites_ = false;  // an attempt waits to write, not to read
   Status whyNot_{ErrorKind::Unreachable, "the main machine doesn't answer yet"};

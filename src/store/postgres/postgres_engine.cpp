@@ -39,27 +39,32 @@ class SessionRunner final : public StatementRunner {
   // From here on, rows that are read are held against all others until the transaction's end.
   void HoldRows(bool holds) { holds_ = holds; }
 
-  void ReadRows(const Table& table, const SqlText& sql, std::vector<GridRow>& rows) override {
-    const Result result = holds_ ? Ask({sql.text + " FOR UPDATE", sql.parameters, 0}) : Ask(sql);
-    rows.reserve(rows.size() + static_cast<std::size_t>(result.Rows()));
-    for (int row = 0; row < result.Rows(); ++row) rows.push_back(result.ReadRow(row, table));
+  // A wait costs more than what the later ones read in vain. A row that isn't wanted shall not be held.
+  [[nodiscard]] std::size_t AtOnce() const override { return holds_ ? 1 : kAtOnce; }
+
+  void ReadRows(const Table& table, std::span<const SqlText> statements, std::vector<GridRow>& rows) override {
+    for (const Result& result : holds_ ? AskHolding(statements) : Ask(statements)) {
+      rows.reserve(rows.size() + static_cast<std::size_t>(result.Rows()));
+      for (int row = 0; row < result.Rows(); ++row) rows.push_back(result.ReadRow(row, table));
+    }
   }
 
-  std::int64_t ReadNumber(const SqlText& sql) override {
-    const Result result = Ask(sql);
-    return result.Rows() > 0 ? result.Integer(0, 0) : 0;
+  std::int64_t ReadNumbers(std::span<const SqlText> counts) override {
+    std::int64_t sum = 0;
+    for (const Result& result : Ask(counts)) sum += result.Rows() > 0 ? result.Integer(0, 0) : 0;
+    return sum;
   }
 
-  Result Ask(const SqlText& sql) {
-    Result result;
-    const Status read = connection_.Run(sql.text, sql.parameters, result, patience_);
+  std::vector<Result> Ask(std::span<const SqlText> statements) {
+    std::vector<Result> results(statements.size());
+    const Status read = connection_.RunAll(statements, results, patience_);
     if (!read.Ok()) throw ReadFailed{read};
-    return result;
+    return results;
   }
 
   // A sum may be greater than any number.
   Result AskSum(const SqlText& sql) {
-    if (!inTransaction_) return Ask(sql);
+    if (!inTransaction_) return std::move(Ask({&sql, 1}).front());
     connection_.Defer("SAVEPOINT karvel_sum");
     Result result;
     Status read = connection_.Run(sql.text, sql.parameters, result, patience_);
@@ -70,6 +75,15 @@ class SessionRunner final : public StatementRunner {
   }
 
  private:
+  // No more, or rows would be sent for nothing that a slow line takes long for.
+  static constexpr std::size_t kAtOnce = 8;
+
+  std::vector<Result> AskHolding(std::span<const SqlText> statements) {
+    std::vector<SqlText> holding(statements.begin(), statements.end());
+    for (SqlText& sql : holding) sql.text += " FOR UPDATE";
+    return Ask(holding);
+  }
+
   Connection& connection_;
   Patience& patience_;
   const bool inTransaction_;
@@ -94,7 +108,7 @@ class ServerEngine final : public PostgresEngine {
     patience_.Renew();
     answers_.Renew();
     Status opened = session->Connect(answers_);
-    if (opened.Ok()) opened = PrepareFirm(*session, address.firm, patience_, answers_);
+    if (opened.Ok()) opened = PrepareFirm(*session, address.firm, patience_, answers_, begunAnew_);
     if (!opened.Ok()) return opened;
     tables_.clear();
     for (const DatabaseFile& file : Catalogue::Files()) {
@@ -118,6 +132,7 @@ class ServerEngine final : public PostgresEngine {
   }
 
   [[nodiscard]] bool IsOpen() const override { return session_ != nullptr; }
+  [[nodiscard]] bool BegunAnew() const override { return session_ != nullptr && begunAnew_; }
   void SetWaitListener(WaitListener* listener) override {
     patience_.SetListener(listener);
     answers_.SetListener(listener);
@@ -165,13 +180,14 @@ class ServerEngine final : public PostgresEngine {
     });
   }
 
-  Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool /*forEdit*/, GridRow& row) override {
+  Status Read(const DatabaseFile& file, const Table& table, RowKey key, GridRow& row) override {
     const bool holds = Holds(file);
     std::vector<GridRow> rows;
     Status read = WithReading(file, table, [&](SessionRunner& runner) {
       rows.clear();
       runner.HoldRows(holds);
-      runner.ReadRows(table, {tables_.at(&table).Read(), {static_cast<double>(key)}, 0}, rows);
+      const SqlText sql{tables_.at(&table).Read(), {static_cast<double>(key)}, 0};
+      runner.ReadRows(table, {&sql, 1}, rows);
     });
     if (!read.Ok()) return read;
     if (rows.empty()) return RowGone(table);
@@ -560,6 +576,7 @@ class ServerEngine final : public PostgresEngine {
   CommitWitness witness_;
   Status failure_;  // that ended the open transaction on the server
   Status unknown_;  // why a commit failed of which it is not known whether it stands
+  bool begunAnew_ = false;
   bool open_ = false;
   bool patient_ = true;
 };

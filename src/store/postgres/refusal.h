@@ -11,7 +11,6 @@ enum class Refusal {
   NotLetIn,        // a user or password that it doesn't know, or a network that it isn't open for
   NoSuchDatabase,  // the shop's has not been made
   Standby,         // it takes no writes
-  Other,
 };
 
 struct RefusalReason {
@@ -19,7 +18,7 @@ struct RefusalReason {
   std::string words;  // the server's or libpq's own, in one line
 };
 
-// Tries each machine once, for three seconds at most. The reason is that of the one that came furthest. NoAnswer for what is no address.
+// Tries each machine once, for a few seconds at most. The reason is that of the one that came furthest. NoAnswer for what is no address.
 RefusalReason AskWhyRefused(const std::string& folder);
 
 }  // namespace karvel::postgres

@@ -56,7 +56,7 @@ Status Check(const std::set<std::string>& there, const std::string& firm) {
   return {};
 }
 
-Status Make(Connection& connection, const std::string& firm, Patience& patience, Patience& answers) {
+Status Make(Connection& connection, const std::string& firm, Patience& patience, Patience& answers, bool& made) {
   connection.Defer("BEGIN");
   Result ignored;
   const std::vector<Value> lock{std::to_string(LockOf(firm, "actions"))};
@@ -67,31 +67,34 @@ Status Make(Connection& connection, const std::string& firm, Patience& patience,
   }
   // Another terminal may have made them meanwhile.
   std::set<std::string> there;
-  Status made = ReadNames(connection, firm, answers, there);
-  if (made.Ok() && there.empty()) {
+  Status outcome = ReadNames(connection, firm, answers, there);
+  const bool empty = there.empty();
+  if (outcome.Ok() && empty) {
     Log(fmt::format("firm {}: its tables are made on the main machine", firm));
     for (const DatabaseFile& file : Catalogue::Files()) {
       if (!IsOnServer(file)) continue;
       for (const std::string& statement : CreateSchemaSql(file, firm)) connection.DeferOnce(statement);
     }
   }
-  if (made.Ok()) connection.Defer("COMMIT");
+  if (outcome.Ok()) connection.Defer("COMMIT");
   Status settled = connection.Settle(answers);
-  if (made.Ok()) made = settled;
-  if (!made.Ok() && connection.IsUp()) {
+  if (outcome.Ok()) outcome = settled;
+  if (!outcome.Ok() && connection.IsUp()) {
     connection.Defer("ROLLBACK");
     connection.Settle(answers).Ignore();
   }
-  return made;
+  made = outcome.Ok() && empty;
+  return outcome;
 }
 
 }  // namespace
 
-Status PrepareFirm(Connection& connection, const std::string& firm, Patience& patience, Patience& answers) {
+Status PrepareFirm(Connection& connection, const std::string& firm, Patience& patience, Patience& answers, bool& made) {
+  made = false;
   std::set<std::string> there;
   if (Status read = ReadNames(connection, firm, answers, there); !read.Ok()) return read;
   if (there.empty()) {
-    if (Status made = Make(connection, firm, patience, answers); !made.Ok()) return made;
+    if (Status begun = Make(connection, firm, patience, answers, made); !begun.Ok()) return begun;
     if (Status read = ReadNames(connection, firm, answers, there); !read.Ok()) return read;
   }
   return Check(there, firm);

@@ -29,18 +29,24 @@ class ConnectionRunner final : public StatementRunner {
  public:
   explicit ConnectionRunner(Connection& connection) : connection_(connection) {}
 
-  void ReadRows(const Table& table, const SqlText& sql, std::vector<GridRow>& rows) override {
-    RunningStatement running = connection_.Prepare(sql.text, sql.parameters);
-    while (running.Step()) {
-      GridRow& row = rows.emplace_back();
-      row.key = running.Integer(0);
-      row.values = running.ReadRow(table);
+  void ReadRows(const Table& table, std::span<const SqlText> statements, std::vector<GridRow>& rows) override {
+    for (const SqlText& sql : statements) {
+      RunningStatement running = connection_.Prepare(sql.text, sql.parameters);
+      while (running.Step()) {
+        GridRow& row = rows.emplace_back();
+        row.key = running.Integer(0);
+        row.values = running.ReadRow(table);
+      }
     }
   }
 
-  std::int64_t ReadNumber(const SqlText& sql) override {
-    RunningStatement running = connection_.Prepare(sql.text, sql.parameters);
-    return running.Step() ? running.Integer(0) : 0;
+  std::int64_t ReadNumbers(std::span<const SqlText> counts) override {
+    std::int64_t sum = 0;
+    for (const SqlText& sql : counts) {
+      RunningStatement running = connection_.Prepare(sql.text, sql.parameters);
+      if (running.Step()) sum += running.Integer(0);
+    }
+    return sum;
   }
 
  private:
@@ -161,10 +167,11 @@ class SqliteEngine final : public Engine {
   }
 
   // The write lock of the folder, held since Begin, is the row's lock too.
-  Status Read(const DatabaseFile& file, const Table& table, RowKey key, bool /*forEdit*/, GridRow& row) override {
+  Status Read(const DatabaseFile& file, const Table& table, RowKey key, GridRow& row) override {
     return WithConnection(file, table.name, [&](Connection& connection) -> Status {
       std::vector<GridRow> rows;
-      ConnectionRunner(connection).ReadRows(table, {tables_.at(&table).Read(), {static_cast<double>(key)}}, rows);
+      const SqlText sql{tables_.at(&table).Read(), {static_cast<double>(key)}};
+      ConnectionRunner(connection).ReadRows(table, {&sql, 1}, rows);
       if (rows.empty()) return RowGone(table);
       row = std::move(rows.front());
       return {};

@@ -149,17 +149,28 @@ TEST(PostgresTerminals, texts_that_the_server_refuses_fail_alone) {
   EXPECT_EQ(Customers(stores)->RecordCount(), 2);
 }
 
+TEST(PostgresTerminals, a_firm_is_begun_by_the_first_that_opens_it) {
+  PostgresKind kind;
+  const auto first = kind.NewEngine(), second = kind.NewEngine();
+  ASSERT_TRUE(first->Open(kind.Folder()).Ok());
+  EXPECT_TRUE(first->BegunAnew());
+  ASSERT_TRUE(second->Open(kind.Folder()).Ok());
+  EXPECT_FALSE(second->BegunAnew());
+  ASSERT_TRUE(first->Open(kind.Folder()).Ok());
+  EXPECT_FALSE(first->BegunAnew());
+}
+
 TEST(PostgresAddress, is_read_as_a_terminal_writes_it) {
   using namespace postgres;
   Address address;
   ASSERT_TRUE(ReadAddress("\\\\192.168.1.10\\MuhasebeData\\01", address).Ok());
-  ASSERT_EQ(address.hosts.size(), 1U);
-  EXPECT_EQ(address.hosts[0].name + "|" + address.hosts[0].port, "192.168.1.10|");
+  ASSERT_EQ(address.machines.size(), 1U);
+  EXPECT_EQ(address.machines[0].host, "192.168.1.10");
   EXPECT_EQ(address.database + "|" + address.firm, "MuhasebeData|01");
   ASSERT_TRUE(ReadAddress("\\\\ana:5433; yedek ;[fe80::1]:6000;fe80::2\\MuhasebeData\\02\\", address).Ok());
-  std::string hosts;
-  for (const Host& host : address.hosts) hosts += host.name + "|" + host.port + " ";
-  EXPECT_EQ(hosts, "ana|5433 yedek| fe80::1|6000 fe80::2| ");
+  std::string machines;
+  for (const ServerPlace& machine : address.machines) machines += machine.host + "|" + std::to_string(machine.port) + " ";
+  EXPECT_EQ(machines, "ana|5433 yedek|5432 fe80::1|6000 fe80::2|5432 ");
   EXPECT_EQ(address.firm, "02");
   for (const std::string folder : {"C:\\KarvelData\\", "\\\\", "\\\\ana", "\\\\ana\\MuhasebeData", "\\\\ana\\MuhasebeData\\",
                                    "\\\\;\\MuhasebeData\\01", "\\\\ana:x\\MuhasebeData\\01", "\\\\:5432\\MuhasebeData\\01"})
