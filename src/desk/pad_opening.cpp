@@ -88,6 +88,8 @@ void PadOpening::Tap(Element& field) {
   const bool ofSale = field.Panel() == &screen_.Frame2 || field.Panel() == &screen_.Form1;
   if (ofSale && !SomethingToSell()) return;
   Open(field);
+  // What is typed on a real keyboard goes on behind the number, wherever the finger came down.
+  if (field.SelectionLength() == 0) field.CaretToEnd();
 }
 
 void PadOpening::Open(Element& field) {

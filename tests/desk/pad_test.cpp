@@ -194,6 +194,14 @@ TEST_F(PadTest, its_name_leads_back_to_the_field) {
   EXPECT_TRUE(IsUp());
 }
 
+TEST_F(PadTest, its_name_leads_from_its_box_back_to_the_field) {
+  Tap("Text2(1)");
+  Pad().Text1.SetFocus();
+  Pad().Label2.click();
+  EXPECT_FALSE(Pad().Text1.HasFocus());
+  EXPECT_TRUE(At("Text2(1)").HasFocus());
+}
+
 TEST_F(PadTest, a_number_without_a_field_s_name_goes_nowhere) {
   Tap("Text2(1)");
   const std::string before = At("Text2(1)").Text();
@@ -308,6 +316,43 @@ TEST_F(PadTest, a_number_on_the_pad_can_be_taken_by_the_main_button_before_there
   EXPECT_TRUE(At("Command2").Enabled());
   Pad().Label1.click();
   EXPECT_FALSE(At("Command2").Enabled());
+}
+
+// The caret in its field.
+
+TEST_F(PadTest, a_tap_that_opens_it_leaves_the_caret_behind_the_number) {
+  Tap("Text2(1)");
+  Strike("35");
+  Pad().Tamam.click();
+  At("Text2(1)").Select(0, 0);  // where the finger came down
+  Click("Text2(1)");
+  EXPECT_TRUE(IsUp());
+  EXPECT_EQ(At("Text2(1)").SelectionStart(), 2);
+}
+
+TEST_F(PadTest, a_tap_that_opens_it_leaves_a_number_chosen_to_be_typed_over) {
+  At("StokAl").SetVisible(true);
+  At("Text6(3)").SetText("12");
+  Tap("Text6(3)");
+  EXPECT_EQ(At("Text6(3)").SelectionLength(), 2);
+}
+
+// The discount.
+
+TEST_F(PadTest, a_discount_that_is_too_high_is_held_and_said) {
+  Tap("Text2(3)");
+  Strike("100");
+  Pad().Tamam.click();
+  EXPECT_EQ(At("Text2(3)").Text(), "99,99");
+  EXPECT_EQ(At("Durum").Caption(), "İskonto en çok 99,99");
+}
+
+TEST_F(PadTest, a_discount_that_may_be_is_taken_without_a_word) {
+  Tap("Text2(3)");
+  Strike("99,99");
+  Pad().Tamam.click();
+  EXPECT_EQ(At("Text2(3)").Text(), "99,99");
+  EXPECT_EQ(At("Durum").Caption(), "");
 }
 
 // The stock on hand.
