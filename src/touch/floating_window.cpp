@@ -24,6 +24,18 @@ bool Inside(const WindowBox& box, const WindowSize& room) {
   return box.left >= 0 && box.top >= 0 && box.Right() <= room.width && box.Bottom() <= room.height;
 }
 
+// Rounded like every size: one that was laid as the least isn't below it.
+WindowSize Least(const FloatingSizes& sizes, double scale) {
+  return {RoundedDown(Scaled(sizes.least.width, scale)), RoundedDown(Scaled(sizes.least.height, scale))};
+}
+
+// A window that made itself narrower than the least, and was then moved, stays as it stands.
+WindowSize ChosenSize(const WindowBox& chosen, const FloatingSizes& sizes, const WindowSize& room, double scale) {
+  WindowSize size = FittedSize({chosen.width, chosen.height}, sizes, room, scale);
+  if (sizes.widens && chosen.width >= kNarrowest) size.width = RoundedDown(std::min(chosen.width, size.width));
+  return size;
+}
+
 // What a place leaves free besides the field, from all of it to nothing.
 enum class Spared { Card, Keys, Button, Nothing };
 
@@ -62,7 +74,7 @@ bool Overlap(const WindowBox& a, const WindowBox& b) {
 }
 
 WindowSize FittedSize(const WindowSize& wanted, const FloatingSizes& sizes, const WindowSize& room, double scale) {
-  const WindowSize least{Scaled(sizes.least.width, scale), Scaled(sizes.least.height, scale)};
+  const WindowSize least = Least(sizes, scale);
   WindowSize size = wanted;
   if (size.height > room.height || size.height < least.height) size.height = least.height;
   if (size.width > room.width || size.width < least.width) size.width = sizes.widens ? room.width - kMargin : least.width;
@@ -79,7 +91,8 @@ WindowBox FloatingPlace(const std::optional<WindowBox>& chosen, const FloatingSi
   WindowSize usual{Scaled(sizes.usual.width, around.scale), Scaled(sizes.usual.height, around.scale)};
   const int beside = around.button.IsEmpty() ? around.room.width : around.button.left - kDistance;
   usual.width = std::max(usual.width, std::min(beside, Scaled(sizes.ample, around.scale)));
-  WindowSize size = FittedSize(chosen ? WindowSize{chosen->width, chosen->height} : usual, sizes, around.room, around.scale);
+  const WindowSize size =
+      chosen ? ChosenSize(*chosen, sizes, around.room, around.scale) : FittedSize(usual, sizes, around.room, around.scale);
   if (chosen) {
     const WindowBox kept = KeptInside({chosen->left, chosen->top, size.width, size.height}, around.room);
     if (!Overlap(kept, around.field)) return kept;

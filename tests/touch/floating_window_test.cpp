@@ -37,6 +37,15 @@ TEST(FloatingWindow, a_height_under_the_least_becomes_the_least) {
   EXPECT_EQ(FittedSize({800, 293}, kKeys, kRoom, 1), (WindowSize{800, 294}));
 }
 
+TEST(FloatingWindow, the_least_size_fits_at_any_scale) {
+  for (const double scale : {0.5, 0.52, 0.69, 0.75, 1.0, 1.25, 1.3}) {
+    const WindowSize least = FittedSize({0, 0}, kNumbers, kRoom, scale);
+    EXPECT_EQ(FittedSize(least, kNumbers, kRoom, scale), least) << scale;
+    const WindowSize keys = FittedSize({0, 0}, {.least = kKeys.least}, kRoom, scale);
+    EXPECT_EQ(FittedSize(keys, kKeys, kRoom, scale), keys) << scale;
+  }
+}
+
 TEST(FloatingWindow, a_height_over_the_screen_becomes_the_least) {
   EXPECT_EQ(FittedSize({800, 769}, kKeys, kRoom, 1), (WindowSize{800, 294}));
   EXPECT_EQ(FittedSize({800, 768}, kKeys, kRoom, 1), (WindowSize{800, 768}));
