@@ -84,6 +84,13 @@ TEST(FloatingWindow, a_keyboard_opens_at_the_lower_left_beside_the_main_button) 
   EXPECT_EQ(FloatingPlace({}, kKeys, Desk()), (WindowBox{0, 474, 702, 294}));
 }
 
+TEST(FloatingWindow, a_keyboard_a_little_wider_than_the_room_beside_the_button_gives_way) {
+  // 1024×768 pixels at 200 %.
+  const Surroundings around{.room = {512, 384}, .field = {14, 73, 149, 26}, .button = {358, 315, 144, 40}, .scale = 0.52};
+  const WindowBox place = FloatingPlace({}, kKeys, around);
+  EXPECT_EQ(place, (WindowBox{0, 232, 354, 152}));
+}
+
 TEST(FloatingWindow, a_wide_desk_gives_the_keyboard_wider_keys) {
   Surroundings around = Desk();
   around.room = {1366, 768};
