@@ -19,6 +19,7 @@ constexpr int kModest = 1000;         // rows that are counted in passing
 constexpr int kWideSpan = 1'000'000;  // the scroll bar of a source that is not counted
 constexpr int kMeasured = 40;         // rows looked at for the width of a column
 constexpr int kTouchMilliseconds = 1500;
+constexpr int kUncoverMilliseconds = 50;  // from the small window's going to the tap that sent it away
 
 }  // namespace
 
@@ -34,6 +35,8 @@ DeskGrid::DeskGrid(const DeskUi& ui, GridElement& element, QWidget* parent) : QA
   again_.setSingleShot(true);
   again_.setInterval(100);
   connect(&again_, &QTimer::timeout, viewport(), qOverload<>(&QWidget::update));
+  uncover_.setSingleShot(true);
+  connect(&uncover_, &QTimer::timeout, this, &DeskGrid::Uncover);
   hold_.setSingleShot(true);
   hold_.setInterval(700);
   connect(&hold_, &QTimer::timeout, this, &DeskGrid::Held);
@@ -60,6 +63,46 @@ int DeskGrid::BodyHeight() const {
 }
 int DeskGrid::FullRows() const {
   return std::max(1, BodyHeight() / RowHeight());
+}
+
+DeskGrid::Cover DeskGrid::CoverNow() const {
+  Cover cover;
+  const Screen& screen = ui_.screen;
+  const QRect body(0, HeadHeight(), viewport()->width(), BodyHeight());
+  for (const Element* const form : {&screen.Form2.Form2, &screen.Form3.Form3}) {
+    const QWidget* const small = ui_.widgets.value(form);
+    if (!small || small->isHidden()) continue;
+    const QRect covered = QRect(viewport()->mapFrom(small->parentWidget(), small->pos()), small->size()) & body;
+    if (covered.isEmpty()) continue;
+    const int above = covered.top() - body.top(), below = body.bottom() - covered.bottom();
+    if (std::max(above, below) >= RowHeight()) cover = above >= below ? Cover{0, BodyHeight() - above} : Cover{BodyHeight() - below, 0};
+  }
+  return cover;
+}
+
+void DeskGrid::FollowCover() {
+  const Cover cover = CoverNow();
+  uncover_.stop();
+  if (cover == cover_) return;
+  if (cover == Cover{}) {
+    uncover_.start(kUncoverMilliseconds);
+    return;
+  }
+  cover_ = cover;
+  followed_ = 0;  // the row in front comes out from under it
+  stale_ = true;
+  viewport()->update();
+}
+
+// A tap on a row closes the keyboard, and the row must not go from under the finger, nor from under its second tap.
+void DeskGrid::Uncover() {
+  if (IsPressed() || TouchedLately()) {
+    uncover_.start(kTouchMilliseconds);
+    return;
+  }
+  cover_ = {};
+  stale_ = true;
+  viewport()->update();
 }
 
 void DeskGrid::Watch(Cursor* cursor) {
@@ -159,14 +202,23 @@ bool DeskGrid::TouchedLately() const {
 
 void DeskGrid::BringIntoView(const GridRow& row) {
   const int height = RowHeight();
+  // Those that come after what was searched for are seen too.
+  const auto placeAt = [&](int y) { scroll_ = y - cover_.above - (OpenBottom() - cover_.above) / height / 3 * height; };
   int index = rows_.IndexOf(row.key);
   if (index < 0) {
     index = rows_.LoadAround(row, kMargin, FullRows() + 2 + kMargin);
-    scroll_ = index * height - (FullRows() / 3) * height;
+    placeAt(index * height);
   }
   const int y = index * height;
-  if (y < scroll_) scroll_ = y;
-  if (y + height > scroll_ + BodyHeight()) scroll_ = y + height - BodyHeight();
+  const bool inSight = y >= scroll_ + cover_.above && y + height <= scroll_ + OpenBottom();
+  if (!inSight && cover_ != Cover{}) placeAt(y);
+  ScrollToShow(y);
+}
+
+void DeskGrid::ScrollToShow(int y) {
+  const int height = RowHeight();
+  if (y + height > scroll_ + OpenBottom()) scroll_ = y + height - OpenBottom();
+  if (y < scroll_ + cover_.above) scroll_ = y - cover_.above;
   if (BodyHeight() < height) scroll_ = y;
   ClampScroll();
 }
@@ -180,7 +232,7 @@ void DeskGrid::ClampScroll() {
   }
   while (scroll_ + BodyHeight() > rows_.Count() * height && rows_.GrowDown(kMargin + FullRows()) > 0) {
   }
-  scroll_ = std::clamp(scroll_, 0, std::max(0, rows_.Count() * height - BodyHeight()));
+  scroll_ = std::clamp(scroll_, 0, std::max(0, rows_.Count() * height - OpenBottom()));
   ShowScrollBar();
 }
 
@@ -255,12 +307,12 @@ void DeskGrid::ShowScrollBar() {
   showingBar_ = true;
   const int height = RowHeight();
   if (rows_.AtStart() && rows_.AtEnd()) {
-    bar->setRange(0, std::max(0, rows_.Count() * height - BodyHeight()));
+    bar->setRange(0, std::max(0, rows_.Count() * height - OpenBottom()));
     bar->setPageStep(BodyHeight());
     bar->setValue(scroll_);
   } else if (extent_ >= 0 && rows_.Position()) {
     const auto total = static_cast<int>(std::min<std::int64_t>(extent_ * height, 1'000'000'000));
-    bar->setRange(0, std::max(0, total - BodyHeight()));
+    bar->setRange(0, std::max(0, total - OpenBottom()));
     bar->setPageStep(BodyHeight());
     bar->setValue(static_cast<int>(*rows_.Position()) * height + scroll_);
   } else {
@@ -358,8 +410,9 @@ QRect DeskGrid::CellRect(int row, int column) {
     if (index < 0) return {};
   }
   const int y = index * height;
-  if (y < scroll_) ScrollBy(y - scroll_);
-  if (y + height > scroll_ + BodyHeight()) ScrollBy(y + height - BodyHeight() - scroll_);
+  ScrollToShow(y);
+  TrimRows();
+  viewport()->update();
   index = inWindow();
   const ShownColumn& cell = shown_[static_cast<std::size_t>(column)];
   return {cell.x, HeadHeight() + index * height - scroll_, cell.width, height};
@@ -369,9 +422,9 @@ std::optional<QPoint> DeskGrid::RowInFront() {
   FetchIfStale();
   const int index = watched_ ? rows_.IndexOf(watched_->CurrentKey()) : -1;
   if (index < 0) return std::nullopt;
-  const int y = HeadHeight() + index * RowHeight() - scroll_ + RowHeight() / 2;
-  if (y < HeadHeight() || y >= viewport()->height()) return std::nullopt;
-  return viewport()->mapTo(this, QPoint(viewport()->width() / 2, y));
+  const int y = index * RowHeight() - scroll_ + RowHeight() / 2;
+  if (y < cover_.above || y >= OpenBottom()) return std::nullopt;
+  return viewport()->mapTo(this, QPoint(viewport()->width() / 2, HeadHeight() + y));
 }
 
 QStringList DeskGrid::VisibleHeadings() {
@@ -407,6 +460,7 @@ void DeskGrid::resizeEvent(QResizeEvent* event) {
   QAbstractScrollArea::resizeEvent(event);
   placing_ = stale_ = true;
   followed_ = 0;  // the row in front stays in view
+  cover_ = CoverNow();
 }
 
 int DeskGrid::SortedColumn(bool& descending) const {

@@ -3,6 +3,7 @@
 // What stays true:
 // - Rows are read when the grid paints, once, however often the cursor has changed since.
 // - When the cursor's current record changes, its row comes into view; a finger may scroll away from it.
+// - A row that comes into view does so where no small window (the keyboard, the pad) covers it.
 // - All places are pixels of viewport(); the heading is its top strip.
 #pragma once
 
@@ -37,6 +38,8 @@ class DeskGrid : public QAbstractScrollArea {
   QStringList VisibleHeadings();
   // The first `max` rows of the source, each visible column's text as shown. They are read anew, and the grid shows them.
   QList<QStringList> ShownRows(int max);
+  // A small window over it came, went or moved.
+  void FollowCover();
   // Counted from the source's first row; -1 without a current record.
   [[nodiscard]] int CurrentRowNumber() const;
 
@@ -72,6 +75,8 @@ class DeskGrid : public QAbstractScrollArea {
   // The same for a paint: nothing waits. Where another program keeps the rows, those that are held stay, and it is tried again soon.
   void FetchForPaint();
   void BringIntoView(const GridRow& row);
+  // Scrolls until the row that begins there is in the open part of the body.
+  void ScrollToShow(int y);
   void ScrollBy(int pixels);
   void ScrollToPosition(std::int64_t position);
   void ScrollToPlace(double place);
@@ -80,6 +85,15 @@ class DeskGrid : public QAbstractScrollArea {
   void MeasureExtent();
   void ShowScrollBar();
   [[nodiscard]] int FullRows() const;
+  // How far a small window lies over the body from above or from below; neither where what is left has no room for a row.
+  struct Cover {
+    int above = 0, below = 0;
+    bool operator==(const Cover&) const = default;
+  };
+  [[nodiscard]] Cover CoverNow() const;
+  // The bottom of what is left of the body.
+  [[nodiscard]] int OpenBottom() const { return BodyHeight() - cover_.below; }
+  void Uncover();
   [[nodiscard]] const Value& TopValue() const;  // the sorted value of the uppermost row shown
   [[nodiscard]] int RowAt(int y) const;         // index of the row held; -1: none
 
@@ -124,6 +138,7 @@ class DeskGrid : public QAbstractScrollArea {
   RowWindow rows_;
   std::vector<GridColumn> columns_;
   std::vector<ShownColumn> shown_;
+  Cover cover_;                      // as the list last followed it
   RowKey followed_ = 0;              // the current record that was last brought into view
   int scroll_ = 0;                   // pixels from the top of the first row held
   std::int64_t extent_ = -1;         // rows of a source of modest size; -1: too many to count in passing
@@ -133,7 +148,7 @@ class DeskGrid : public QAbstractScrollArea {
   // Why an empty list may have rows all the same.
   enum class Lack { None, Kept, Unreachable, Shut };
   Lack lack_ = Lack::None;
-  QTimer measure_, hold_, again_;
+  QTimer measure_, hold_, again_, uncover_;
   QElapsedTimer touched_;  // since a finger or the wheel was last on it
 
   Drag drag_ = Drag::None;

@@ -1,7 +1,9 @@
 #include "app/floating_panel.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "app/desk_grid.h"
 #include "app/element_binding.h"
 #include "app/panel_card.h"
 #include "app/qt_text.h"
@@ -48,18 +50,25 @@ void FloatingPanel::Sync() {
   if (!shown) {
     GiveBackKeyboard();
     hide();
+    ShowRowsInFront();
     return;
   }
   Refresh();
   Lay();
-  Follow();
   show();
   raise();
+  Follow();
 }
 
 void FloatingPanel::Follow() {
   const WindowBox& box = frame_.Box();
   setGeometry(box.left, box.top, box.width, box.height);
+  ShowRowsInFront();
+}
+
+void FloatingPanel::ShowRowsInFront() {
+  for (QWidget* const widget : std::as_const(ui_.widgets))
+    if (auto* const grid = qobject_cast<DeskGrid*>(widget)) grid->FollowCover();
 }
 
 void FloatingPanel::Lay() {

@@ -26,6 +26,8 @@ class FloatingPanel : public KeyCard {
  private:
   void Sync();
   void Follow();
+  // The clerk sees in each list what he would pick: it follows what is left of it.
+  void ShowRowsInFront();
   void GiveBackKeyboard();
   void TakeHold(const MouseEvent& event);
   void Drag(const MouseEvent& event);

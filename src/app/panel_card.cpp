@@ -76,12 +76,14 @@ void PanelCard::Lay(const QRect& list, const QRect& desk) {
     setGeometry(box.left, box.top, box.width, box.height);
     return;
   }
-  const QRect area = place_ == CardPlace::OverDesk ? desk : list;
+  layout()->activate();
+  QRect area = place_ == CardPlace::OverDesk ? desk : list;
+  // In a low window a card lies over the filters of the list as well: nothing in it may lie over something else.
+  if (minimumSizeHint().height() > area.height() + 2 * kShadow) area.setTop(desk.top());
   if (place_ == CardPlace::FillList) {
-    setGeometry(list.adjusted(-kShadow, -kShadow, kShadow, kShadow) & parentWidget()->rect());
+    setGeometry(area.adjusted(-kShadow, -kShadow, kShadow, kShadow) & parentWidget()->rect());
     return;
   }
-  layout()->activate();
   QSize size = sizeHint().expandedTo(QSize(ui_.theme.Px(leastWidth_), 0)).expandedTo(minimumSizeHint());
   size = size.boundedTo(area.size() + QSize(2 * kShadow, 2 * kShadow)).boundedTo(parentWidget()->size());
   if (moved_) {
@@ -107,7 +109,7 @@ void PanelCard::showEvent(QShowEvent* event) {
 
 bool PanelCard::event(QEvent* event) {
   // A label or a field that came or went changes the card's size.
-  if (event->type() == QEvent::LayoutRequest && isVisible() && place_ != CardPlace::FillList) Q_EMIT appeared();
+  if (event->type() == QEvent::LayoutRequest && isVisible()) Q_EMIT appeared();
   return QFrame::event(event);
 }
 

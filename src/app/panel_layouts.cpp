@@ -77,7 +77,7 @@ class Builder {
 
   QHBoxLayout* Row(std::initializer_list<const Element*> elements) {
     auto* const row = new QHBoxLayout;
-    row->setSpacing(ui_.theme.Px(8));
+    Follow([row, &theme = ui_.theme] { row->setSpacing(theme.Px(8)); });
     for (const Element* element : elements) row->addWidget(Of(*element), 1);
     card_->Content().addLayout(row);
     return row;
@@ -90,12 +90,19 @@ class Builder {
   }
   void Gap() { card_->Content().addSpacing(ui_.theme.Px(6)); }
 
+  // Between the rows of the card's grid.
+  void RowGap(int base) {
+    Follow([&grid = Grid(), &theme = ui_.theme, base] {
+      grid.setHorizontalSpacing(theme.Px(10));
+      grid.setVerticalSpacing(theme.Px(base));
+    });
+  }
+
   QGridLayout& Grid() {
     if (!grid_) {
       grid_ = new QGridLayout;
-      grid_->setHorizontalSpacing(ui_.theme.Px(10));
-      grid_->setVerticalSpacing(ui_.theme.Px(4));
       card_->Content().addLayout(grid_);
+      RowGap(4);
     }
     return *grid_;
   }
@@ -146,7 +153,7 @@ void Cards(Builder& build, const Screen& screen) {
 
 void Receipt(Builder& build, DeskUi& ui, const Screen& screen) {
   build.Card(screen.StokAl, CardPlace::OverList, "", 620);
-  build.Grid().setVerticalSpacing(ui.theme.Px(8));
+  build.RowGap(8);
   build.Beside(0, 0, screen.Label12(0), screen.Text6(0), 3);
   auto* const barcode = new FieldName(ui, "Barkod", build.At(), FontRole::Title);
   barcode->setContentsMargins(16, 0, 0, 0);
@@ -227,7 +234,7 @@ void Documents(Builder& build, DeskUi& ui, const Screen& screen) {
   build.Field(3, 1, "Vergi No", screen.Fat(5));
   const std::pair<const char*, int> parts[] = {{"Miktar", 7}, {"Fiyat", 8}, {"Tutar", 6}};
   auto* const cells = new QGridLayout;
-  cells->setSpacing(ui.theme.Px(4));
+  build.Follow([cells, &theme = ui.theme] { cells->setSpacing(theme.Px(4)); });
   int column = 0;
   for (const auto& [name, index] : parts) {
     cells->addWidget(new FieldName(ui, QString::fromUtf8(name), build.At()), 0, column);

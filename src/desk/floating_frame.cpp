@@ -27,7 +27,10 @@ void FloatingFrame::SizeBy(int dw, int dh) {
 
 void FloatingFrame::Put(const WindowBox& wanted) {
   if (fixed_) return;
-  const WindowSize size = FittedSize({wanted.width, wanted.height}, sizes_, around_.room, around_.scale);
+  // What is only moved keeps its size, also one that it took by itself.
+  const bool sized = wanted.width != box_.width || wanted.height != box_.height;
+  const WindowSize size =
+      sized ? FittedSize({wanted.width, wanted.height}, sizes_, around_.room, around_.scale) : WindowSize{box_.width, box_.height};
   chosen_ = KeptInside({wanted.left, wanted.top, size.width, size.height}, around_.room);
   Show(*chosen_);
 }

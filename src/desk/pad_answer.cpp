@@ -50,6 +50,7 @@ void PadAnswer::Leave(const Element& key) {
   if (key.Caption() == kClose) {
     ClosePad(form_, screen_);
   } else if (form_.PadOpen) {
+    pad_.elements.MoveFocus(nullptr);  // out of the pad's own box
     form_.PadField->SetFocus();
   }
 }

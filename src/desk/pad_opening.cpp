@@ -58,6 +58,15 @@ void PadOpening::Follow() {
     if (screen_.Form2.Form2.Visible()) ClosePad(form_, screen_);
   });
   connections_ += screen.Form3.Form3.altered.Connect([this] { KeepPlace(); });
+  connections_ += cursors_.StokData.repositioned.Connect([this] { FollowItem(); });
+}
+
+// A number that nobody took was the price or the quantity of the item that was in front.
+void PadOpening::FollowItem() {
+  const bool ofItem = form_.PadField == &screen_.Text2(kPrice) || form_.PadField == &screen_.Text2(kQuantity);
+  const RowKey item = cursors_.StokData.CurrentKey();
+  if (form_.PadOpen && ofItem && item != item_) screen_.Form3.Text1.SetText("");
+  item_ = item;
 }
 
 void PadOpening::KeepPlace() {
@@ -79,9 +88,12 @@ void PadOpening::Tap(Element& field) {
   const bool ofSale = field.Panel() == &screen_.Frame2 || field.Panel() == &screen_.Form1;
   if (ofSale && !SomethingToSell()) return;
   Open(field);
+  // What is typed on a real keyboard goes on behind the number, wherever the finger came down.
+  if (field.SelectionLength() == 0) field.CaretToEnd();
 }
 
 void PadOpening::Open(Element& field) {
+  item_ = cursors_.StokData.CurrentKey();
   OpenPad(form_, screen_, field, NameOf(field));
 }
 
@@ -130,11 +142,12 @@ bool PadOpening::TakesKey(const KeyEvent& event) {
   PadScreen& pad = screen_.Form3;
   switch (event.code) {
     case key::kEnter:
-      if (pad.Tamam.Visible()) {
+      if (pad.Tamam.Visible() && HasFocus()) {
         pad.Tamam.Press();
         return true;
       }
-      ClosePad(form_, screen_);  // the key goes on to the field, which is done
+      // The key goes on to the field, which is done. A number left waiting for another field is none for what is entered here.
+      ClosePad(form_, screen_);
       return false;
     case key::kEscape:
       ClosePad(form_, screen_);
@@ -148,6 +161,11 @@ bool PadOpening::TakesKey(const KeyEvent& event) {
     default:
       return false;
   }
+}
+
+bool PadOpening::HasFocus() const {
+  const Element& field = *form_.PadField;
+  return field.HasFocus() || screen_.Form3.Text1.HasFocus() || (&field == &screen_.Text2(kQuantity) && screen_.StokGrid.HasFocus());
 }
 
 bool PadOpening::SwitchField() {

@@ -16,6 +16,7 @@ class PadOpening {
 
  private:
   void Follow();
+  void FollowItem();
   // Place and size come back when it opens first, and are kept when it closes.
   void KeepPlace();
   void Tap(Element& field);
@@ -24,8 +25,10 @@ class PadOpening {
   [[nodiscard]] std::string NameOf(const Element& field) const;
   void TypeQuantity(CharacterEvent& event);
   void Key(KeyEvent& event);
-  // Enter gives the number, Escape closes; F8 goes from quantity to price and back.
+  // Enter gives the number where the clerk is at the pad, Escape closes; F8 goes from quantity to price and back.
   [[nodiscard]] bool TakesKey(const KeyEvent& event);
+  // Whether the clerk is at the pad: in its box, in the field that it serves, or over the list whose digits it takes.
+  [[nodiscard]] bool HasFocus() const;
   bool SwitchField();
   [[nodiscard]] bool SomethingToSell() const;
 
@@ -34,6 +37,7 @@ class PadOpening {
   Cursors& cursors_;
   const World& world_;
   PadNumber& number_;
+  RowKey item_ = 0;   // in front when it was opened
   std::string kept_;  // place and size as they were kept last
   bool shown_ = false, ready_ = false;
   Connections connections_;

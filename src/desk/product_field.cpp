@@ -6,6 +6,7 @@
 #include "desk/completion.h"
 #include "desk/quiet_line.h"
 #include "desk/screen_keyboard.h"
+#include "desk/screen_pad.h"
 #include "platform/clerk_message.h"
 #include "platform/event_loop.h"
 #include "platform/keyboard.h"
@@ -206,6 +207,7 @@ void ProductField::EnterCodes() {
   for (; !codes_.empty() && !screen_.TahsilatFrame.IsShown(); codes_.pop_front()) {
     screen_.Label11.SetCaption("");
     if (!CodeField().IsShown()) continue;  // outside a sale a code means nothing
+    ClosePad(form_, screen_);              // a number that nobody took is not the next item's quantity or price
     CodeField().SetFocus();
     world_.loop.Wait(1000);
     screen_.Label11.SetCaption(codes_.front());

@@ -35,6 +35,10 @@ std::string Grouped(const std::string& text) {
   return Format(NumberOrZero(text.substr(0, comma)), "#,##0") + (comma == std::string::npos ? "" : text.substr(comma));
 }
 
+void TellMostDiscount(Screen& screen) {
+  Tell(screen, "İskonto en çok " + PlainNumber(kMostDiscount));
+}
+
 // A key that changes the number that stands, or moves the caret in it.
 bool EditsWhatStands(int code) {
   constexpr std::array kKeys{key::kBackspace, key::kDelete, key::kEnd, key::kHome, key::kLeft, key::kUp, key::kRight, key::kDown};
@@ -111,7 +115,9 @@ void SaleFields::KeepFloor() {
 void SaleFields::HoldDiscount() {
   Element& box = screen_.Text2(kDiscount);
   const double percent = NumberOrZero(box.Text());
-  if (HeldDiscount(percent) != percent) box.SetText(PlainNumber(HeldDiscount(percent)));
+  if (HeldDiscount(percent) == percent) return;
+  if (percent > kMostDiscount) TellMostDiscount(screen_);
+  box.SetText(PlainNumber(HeldDiscount(percent)));
 }
 
 void SaleFields::Focused(int index) {
@@ -164,7 +170,7 @@ bool SaleFields::TakeLetter(int index, CharacterEvent& event) {
   const std::string number = replaces ? LetterToUtf8(event.character) : WithLetter(box, event.character);
   if (!MayBecomeNumber(number)) return false;
   if (index == kDiscount && NumberOrZero(number) > kMostDiscount) {
-    Tell(screen_, "İskonto en çok 99,99");
+    TellMostDiscount(screen_);
     return false;
   }
   fresh_ = false;

@@ -8,12 +8,17 @@
 namespace karvel {
 namespace {
 
-constexpr int kMargin = 8;       // what the widest window leaves of the room: 120 screen units
-constexpr int kDistance = 4;     // between a window and what it stands beside
-constexpr int kNarrowest = 560;  // a window that shows keys side by side gives up so much of its width, so as not to cover anything
+constexpr int kMargin = 8;    // what the widest window leaves of the room: 120 screen units
+constexpr int kDistance = 4;  // between a window and what it stands beside
+constexpr int kNarrowest =
+    560;  // at scale 1 and above: a window that shows keys side by side gives up so much of its width, so as not to cover anything
 
 int Scaled(int base, double scale) {
   return static_cast<int>(base * scale + 0.5);
+}
+
+int Narrowest(double scale) {
+  return Scaled(kNarrowest, std::min(1.0, scale));
 }
 
 int RoundedDown(int length) {
@@ -22,6 +27,18 @@ int RoundedDown(int length) {
 
 bool Inside(const WindowBox& box, const WindowSize& room) {
   return box.left >= 0 && box.top >= 0 && box.Right() <= room.width && box.Bottom() <= room.height;
+}
+
+// Rounded like every size: one that was laid as the least isn't below it.
+WindowSize Least(const FloatingSizes& sizes, double scale) {
+  return {RoundedDown(Scaled(sizes.least.width, scale)), RoundedDown(Scaled(sizes.least.height, scale))};
+}
+
+// A window that made itself narrower than the least, and was then moved, stays as it stands.
+WindowSize ChosenSize(const WindowBox& chosen, const FloatingSizes& sizes, const WindowSize& room, double scale) {
+  WindowSize size = FittedSize({chosen.width, chosen.height}, sizes, room, scale);
+  if (sizes.widens && chosen.width >= RoundedDown(Narrowest(scale))) size.width = RoundedDown(std::min(chosen.width, size.width));
+  return size;
 }
 
 // What a place leaves free besides the field, from all of it to nothing.
@@ -62,7 +79,7 @@ bool Overlap(const WindowBox& a, const WindowBox& b) {
 }
 
 WindowSize FittedSize(const WindowSize& wanted, const FloatingSizes& sizes, const WindowSize& room, double scale) {
-  const WindowSize least{Scaled(sizes.least.width, scale), Scaled(sizes.least.height, scale)};
+  const WindowSize least = Least(sizes, scale);
   WindowSize size = wanted;
   if (size.height > room.height || size.height < least.height) size.height = least.height;
   if (size.width > room.width || size.width < least.width) size.width = sizes.widens ? room.width - kMargin : least.width;
@@ -79,7 +96,9 @@ WindowBox FloatingPlace(const std::optional<WindowBox>& chosen, const FloatingSi
   WindowSize usual{Scaled(sizes.usual.width, around.scale), Scaled(sizes.usual.height, around.scale)};
   const int beside = around.button.IsEmpty() ? around.room.width : around.button.left - kDistance;
   usual.width = std::max(usual.width, std::min(beside, Scaled(sizes.ample, around.scale)));
-  WindowSize size = FittedSize(chosen ? WindowSize{chosen->width, chosen->height} : usual, sizes, around.room, around.scale);
+  WindowSize size = chosen ? ChosenSize(*chosen, sizes, around.room, around.scale) : FittedSize(usual, sizes, around.room, around.scale);
+  // Beside the button it stands at the bottom, and leaves the list in one piece.
+  if (!chosen && sizes.widens && beside >= Narrowest(around.scale)) size.width = RoundedDown(std::min(size.width, beside));
   if (chosen) {
     const WindowBox kept = KeptInside({chosen->left, chosen->top, size.width, size.height}, around.room);
     if (!Overlap(kept, around.field)) return kept;

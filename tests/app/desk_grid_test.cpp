@@ -142,6 +142,59 @@ TEST_F(DeskGridTest, a_key_taps_a_heading_by_its_place) {
   EXPECT_EQ(column, -1);
 }
 
+TEST_F(DeskGridTest, the_current_record_comes_into_view_where_the_keyboard_leaves_the_list_free) {
+  Fill(900);
+  screen.Form2.frame.Serve(&screen.Text1(1));
+  screen.Form2.Form2.SetVisible(true);
+  Settle();
+  const auto seen = [this] {
+    const auto at = Grid()->RowInFront();
+    return at && window.childAt(Grid()->mapTo(&window, *at)) == Grid()->viewport();
+  };
+  for (const int top : {window.height() - Of(screen.Form2.Form2)->height(), 0}) {
+    const WindowBox box = screen.Form2.frame.Box();
+    screen.Form2.frame.Put({box.left, top, box.width, box.height});
+    for (const int row : {700, 899, 890, 40, 46, 52}) {
+      ASSERT_TRUE(cursor.FindFirst(fmt::format("StokKod='K{:04}'", row)).Ok());
+      Settle();
+      EXPECT_TRUE(seen()) << top << " " << row;
+    }
+  }
+}
+
+TEST_F(DeskGridTest, the_row_in_front_comes_out_from_under_a_keyboard_that_opens_and_the_list_ends_at_its_end_when_that_goes) {
+  Fill(900);
+  ASSERT_TRUE(cursor.MoveLast().Ok());
+  Settle();
+  const QPoint before = Grid()->RowInFront().value_or(QPoint());
+  screen.Form2.frame.Serve(&screen.Text1(1));
+  screen.Form2.Form2.SetVisible(true);
+  Settle();
+  ASSERT_TRUE(Grid()->RowInFront());
+  EXPECT_LT(Grid()->RowInFront()->y(), before.y());
+  screen.Form2.Form2.SetVisible(false);
+  QTest::qWait(150);
+  EXPECT_EQ(Grid()->RowInFront(), before);
+}
+
+TEST_F(DeskGridTest, a_tap_that_sends_the_keyboard_away_takes_the_row_under_the_finger_and_so_does_the_next) {
+  Fill(900);
+  ASSERT_TRUE(cursor.MoveLast().Ok());
+  Settle();
+  screen.Form2.frame.Serve(&screen.Text1(1));
+  screen.Form2.Form2.SetVisible(true);
+  Settle();
+  connections += screen.StokGrid.gotFocus.Connect([this] { screen.Form2.Form2.SetVisible(false); });
+  const auto at = Grid()->RowInFront();
+  ASSERT_TRUE(at);
+  for (int tap = 0; tap < 2; ++tap) {
+    QTest::mouseClick(Grid()->viewport(), Qt::LeftButton, {}, Grid()->viewport()->mapFrom(Grid(), *at));
+    Settle();
+    EXPECT_FALSE(screen.Form2.Form2.Visible());
+    EXPECT_EQ(cursor.Text("StokKod"), "K0899");
+  }
+}
+
 TEST_F(DeskGridTest, the_current_record_comes_into_view_wherever_it_is) {
   Fill(900);
   ASSERT_TRUE(cursor.FindFirst("StokKod='K0700'").Ok());

@@ -30,6 +30,37 @@ TEST_F(FloatingFrameTest, the_clerk_moves_and_sizes_it) {
   EXPECT_EQ(changes, 2);
 }
 
+TEST_F(FloatingFrameTest, moving_it_leaves_its_size_at_any_scale) {
+  for (const double scale : {0.5, 0.52, 0.69, 0.75, 1.0, 1.3, 1.5}) {
+    const auto scaled = [scale](int base) { return static_cast<int>(base * scale); };
+    const Surroundings around{.room = {scaled(984), scaled(740)},
+                              .field = {scaled(122), scaled(80), scaled(440), scaled(48)},
+                              .button = {scaled(650), scaled(400), scaled(298), scaled(76)},
+                              .scale = scale};
+    FloatingFrame small(kKeyboardSizes);
+    small.LayAmong(around);
+    const WindowBox before = small.Box();
+    small.MoveBy(2, -2);
+    EXPECT_EQ(small.Box(), (WindowBox{before.left + 2, before.top - 2, before.width, before.height})) << scale;
+    const WindowBox moved = small.Box();
+    small.LayAmong(around);
+    EXPECT_EQ(small.Box(), moved) << scale;
+  }
+}
+
+TEST_F(FloatingFrameTest, one_that_made_itself_narrow_is_moved_as_it_stands) {
+  Surroundings around = desk;
+  around.button = {560, 320, 460, 448};
+  frame.LayAmong(around);
+  const WindowBox before = frame.Box();
+  ASSERT_LT(before.width, kKeyboardSizes.least.width);
+  frame.MoveBy(0, -10);
+  EXPECT_EQ(frame.Box(), (WindowBox{before.left, before.top - 10, before.width, before.height}));
+  const WindowBox moved = frame.Box();
+  frame.LayAmong(around);
+  EXPECT_EQ(frame.Box(), moved);
+}
+
 TEST_F(FloatingFrameTest, it_is_never_moved_off_the_desk) {
   frame.MoveBy(-5000, 5000);
   EXPECT_EQ(frame.Box().left, 0);

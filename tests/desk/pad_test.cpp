@@ -194,6 +194,14 @@ TEST_F(PadTest, its_name_leads_back_to_the_field) {
   EXPECT_TRUE(IsUp());
 }
 
+TEST_F(PadTest, its_name_leads_from_its_box_back_to_the_field) {
+  Tap("Text2(1)");
+  Pad().Text1.SetFocus();
+  Pad().Label2.click();
+  EXPECT_FALSE(Pad().Text1.HasFocus());
+  EXPECT_TRUE(At("Text2(1)").HasFocus());
+}
+
 TEST_F(PadTest, a_number_without_a_field_s_name_goes_nowhere) {
   Tap("Text2(1)");
   const std::string before = At("Text2(1)").Text();
@@ -310,6 +318,43 @@ TEST_F(PadTest, a_number_on_the_pad_can_be_taken_by_the_main_button_before_there
   EXPECT_FALSE(At("Command2").Enabled());
 }
 
+// The caret in its field.
+
+TEST_F(PadTest, a_tap_that_opens_it_leaves_the_caret_behind_the_number) {
+  Tap("Text2(1)");
+  Strike("35");
+  Pad().Tamam.click();
+  At("Text2(1)").Select(0, 0);  // where the finger came down
+  Click("Text2(1)");
+  EXPECT_TRUE(IsUp());
+  EXPECT_EQ(At("Text2(1)").SelectionStart(), 2);
+}
+
+TEST_F(PadTest, a_tap_that_opens_it_leaves_a_number_chosen_to_be_typed_over) {
+  At("StokAl").SetVisible(true);
+  At("Text6(3)").SetText("12");
+  Tap("Text6(3)");
+  EXPECT_EQ(At("Text6(3)").SelectionLength(), 2);
+}
+
+// The discount.
+
+TEST_F(PadTest, a_discount_that_is_too_high_is_held_and_said) {
+  Tap("Text2(3)");
+  Strike("100");
+  Pad().Tamam.click();
+  EXPECT_EQ(At("Text2(3)").Text(), "99,99");
+  EXPECT_EQ(At("Durum").Caption(), "İskonto en çok 99,99");
+}
+
+TEST_F(PadTest, a_discount_that_may_be_is_taken_without_a_word) {
+  Tap("Text2(3)");
+  Strike("99,99");
+  Pad().Tamam.click();
+  EXPECT_EQ(At("Text2(3)").Text(), "99,99");
+  EXPECT_EQ(At("Durum").Caption(), "");
+}
+
 // The stock on hand.
 
 TEST_F(PadTest, a_sale_by_stock_sells_no_more_than_is_on_hand) {
@@ -391,6 +436,27 @@ TEST_F(PadTest, enter_is_tamam) {
   EXPECT_FALSE(IsUp());
 }
 
+TEST_F(PadTest, enter_in_another_field_is_that_field_s_and_ends_the_number) {
+  const std::string before = At("Text2(1)").Text();
+  for (const std::string field : {"Text1(1)", "Text2(0)", "Text5"}) {
+    Tap("Text2(1)");
+    Strike("7");
+    At(field).SetFocus();
+    EXPECT_FALSE(FormTakes(key::kEnter)) << field;
+    EXPECT_FALSE(IsUp()) << field;
+    EXPECT_EQ(At("Text2(1)").Text(), before) << field;
+  }
+}
+
+TEST_F(PadTest, enter_in_its_box_is_tamam) {
+  Tap("Text2(1)");
+  At("StokGrid").SetFocus();
+  Pad().Text1.SetFocus();
+  Strike("7");
+  EXPECT_TRUE(FormTakes(key::kEnter));
+  EXPECT_EQ(At("Text2(1)").Text(), "7");
+}
+
 TEST_F(PadTest, enter_on_an_empty_pad_is_the_field_s) {
   Tap("Text2(1)");
   EXPECT_FALSE(FormTakes(key::kEnter));
@@ -437,6 +503,65 @@ TEST_F(PadTest, with_ctrl_or_alt_a_key_is_not_the_pad_s) {
   desk->screen.Form1.keyDown(save);
   EXPECT_FALSE(save.dropped);
   EXPECT_TRUE(IsUp());
+}
+
+// A scan.
+
+TEST_F(PadTest, a_scan_enters_its_item_and_what_waited_on_the_pad_is_nobody_s) {
+  for (const std::string field : {"Text2(0)", "Text2(1)", "Text2(2)"}) {
+    PickItem("1001");
+    Tap(field);
+    Strike("7");
+    scanner.codeRead("8691002");
+    EXPECT_EQ(desk->cursors.StokData.Text("StokKod"), "1002") << field;
+    EXPECT_EQ(At("Text1(1)").Text(), "Şeker");
+    EXPECT_EQ(At("Text2(0)").Text(), "20,00");
+    EXPECT_EQ(At("Text2(1)").Text(), "1");
+    EXPECT_EQ(At("Text2(2)").Text(), "0");
+    EXPECT_FALSE(IsUp());
+  }
+}
+
+TEST_F(PadTest, a_scan_that_posts_its_line_does_so_beside_a_number_on_the_pad) {
+  Click("SecimTamam");
+  Tap("Text2(1)");
+  Strike("7");
+  scanner.codeRead("8691002");
+  EXPECT_EQ(Rows("Karvel.mdb", "SELECT StokKod, Miktar FROM Datam"), std::vector<std::string>{"1002|1.0"});
+}
+
+TEST_F(PadTest, a_scan_into_a_delivery_finds_its_item_beside_a_number_on_the_pad) {
+  At("StokAl").SetVisible(true);
+  At("Text6(0)").SetFocus();
+  scanner.codeRead("8691001");
+  Tap("Text6(3)");
+  Strike("5");
+  scanner.codeRead("8691002");
+  EXPECT_EQ(At("Text6(0)").Text(), "Şeker");
+  EXPECT_EQ(At("Text6(5)").Text(), "8691002");
+  EXPECT_NE(At("Text6(3)").Text(), "5");
+  EXPECT_FALSE(IsUp());
+}
+
+// The item.
+
+TEST_F(PadTest, another_item_is_not_given_the_number_of_the_one_before) {
+  for (const std::string field : {"Text2(0)", "Text2(1)"}) {
+    PickItem("1001");
+    Tap(field);
+    Strike("7");
+    PickItem("1002");
+    EXPECT_EQ(Number(), "") << field;
+    Click("Command2");
+  }
+  EXPECT_EQ(Rows("Karvel.mdb", "SELECT StokKod, Miktar, Fiyat FROM Datam"), (std::vector<std::string>{"1002|1.0|20.0", "1002|1.0|20.0"}));
+}
+
+TEST_F(PadTest, the_same_item_once_more_leaves_the_number) {
+  Tap("Text2(1)");
+  Strike("7");
+  PickItem("1001");
+  EXPECT_EQ(Number(), "7");
 }
 
 // Quantity or price.

@@ -123,8 +123,11 @@ class ElementKeyboard final : public Keyboard {
       elements->FocusNext();
       return;
     }
-    Element& element = *elements->Focused();
     KeyEvent event{virtualKey};
+    // The form sees every key before the element that has the focus.
+    if (Element* const form = elements->Find("Form1")) form->keyDown(event);
+    if (event.dropped || !elements->Focused()) return;
+    Element& element = *elements->Focused();
     element.keyDown(event);
     if (event.dropped) return;
     CharacterEvent character{static_cast<char32_t>(virtualKey)};

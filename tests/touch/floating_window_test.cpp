@@ -37,6 +37,15 @@ TEST(FloatingWindow, a_height_under_the_least_becomes_the_least) {
   EXPECT_EQ(FittedSize({800, 293}, kKeys, kRoom, 1), (WindowSize{800, 294}));
 }
 
+TEST(FloatingWindow, the_least_size_fits_at_any_scale) {
+  for (const double scale : {0.5, 0.52, 0.69, 0.75, 1.0, 1.25, 1.3}) {
+    const WindowSize least = FittedSize({0, 0}, kNumbers, kRoom, scale);
+    EXPECT_EQ(FittedSize(least, kNumbers, kRoom, scale), least) << scale;
+    const WindowSize keys = FittedSize({0, 0}, {.least = kKeys.least}, kRoom, scale);
+    EXPECT_EQ(FittedSize(keys, kKeys, kRoom, scale), keys) << scale;
+  }
+}
+
 TEST(FloatingWindow, a_height_over_the_screen_becomes_the_least) {
   EXPECT_EQ(FittedSize({800, 769}, kKeys, kRoom, 1), (WindowSize{800, 294}));
   EXPECT_EQ(FittedSize({800, 768}, kKeys, kRoom, 1), (WindowSize{800, 768}));
@@ -73,6 +82,13 @@ TEST(FloatingWindow, a_window_past_an_edge_is_moved_back) {
 
 TEST(FloatingWindow, a_keyboard_opens_at_the_lower_left_beside_the_main_button) {
   EXPECT_EQ(FloatingPlace({}, kKeys, Desk()), (WindowBox{0, 474, 702, 294}));
+}
+
+TEST(FloatingWindow, a_keyboard_a_little_wider_than_the_room_beside_the_button_gives_way) {
+  // 1024×768 pixels at 200 %.
+  const Surroundings around{.room = {512, 384}, .field = {14, 73, 149, 26}, .button = {358, 315, 144, 40}, .scale = 0.52};
+  const WindowBox place = FloatingPlace({}, kKeys, around);
+  EXPECT_EQ(place, (WindowBox{0, 232, 354, 152}));
 }
 
 TEST(FloatingWindow, a_wide_desk_gives_the_keyboard_wider_keys) {
