@@ -4,8 +4,11 @@
 #include <mdbtools.h>
 
 #include <array>
+#include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 namespace karvel {
@@ -14,6 +17,7 @@ namespace {
 // Longer notes are cut, which is told.
 constexpr std::size_t kLongestText = 1U << 16U;
 constexpr std::string_view kMark{"\0\1\0\0Standard Jet DB", 19}, kLaterMark{"\0\1\0\0Standard ACE DB", 19};
+constexpr std::uintmax_t kPage = 4096;
 constexpr std::size_t kVersionAt = 20;  // 0 for Access 97, 1 for 2000 to 2003
 
 struct Close {
@@ -162,6 +166,13 @@ class AccessDatabase final : public OldDatabase {
   std::unique_ptr<MdbHandle, Close> handle_;
 };
 
+// What a broken copy leaves of a file may still be read here and there: what is behind the cut would be lost in silence.
+bool IsOfWholePages(const std::string& realPath) {
+  std::error_code failed;
+  const std::uintmax_t size = std::filesystem::file_size(realPath, failed);
+  return !failed && size % kPage == 0;
+}
+
 }  // namespace
 
 AccessForm AccessFormOf(const std::string& realPath) {
@@ -181,6 +192,7 @@ bool AccessDatabases::IsOld(const std::string& realPath) const {
 }
 
 Status AccessDatabases::Open(const std::string& realPath, std::unique_ptr<OldDatabase>& database) {
+  if (!IsOfWholePages(realPath)) return {ErrorKind::Damaged, realPath + ": cut off, no whole number of pages"};
   MdbHandle* const handle = IsOld(realPath) ? mdb_open(realPath.c_str(), MDB_NOFLAGS) : nullptr;
   if (handle == nullptr) return {ErrorKind::Damaged, realPath + ": no Access 2000 file"};
   auto opened = std::make_unique<AccessDatabase>(handle);
