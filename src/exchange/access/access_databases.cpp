@@ -11,6 +11,8 @@
 #include <system_error>
 #include <utility>
 
+#include "exchange/access/library_words.h"
+
 namespace karvel {
 namespace {
 
@@ -67,6 +69,7 @@ class AccessDatabase final : public OldDatabase {
   explicit AccessDatabase(MdbHandle* handle) : handle_(handle) { mdb_set_bind_size(handle_.get(), kLongestText); }
 
   Status ReadTables(std::vector<OldTable>& tables) override {
+    const LibraryWords words;
     if (mdb_read_catalog(handle_.get(), MDB_TABLE) == nullptr) return {ErrorKind::Damaged, "no catalogue in the old file"};
     for (unsigned int i = 0; i < handle_->num_catalog; ++i) {
       auto* const entry = static_cast<MdbCatalogEntry*>(g_ptr_array_index(handle_->catalog, i));
@@ -81,6 +84,7 @@ class AccessDatabase final : public OldDatabase {
   }
 
   Status ReadRows(const OldTable& old, const Take& take) override {
+    const LibraryWords words;
     MdbCatalogEntry* const entry = mdb_get_catalogentry_by_name(handle_.get(), old.name.c_str());
     const TablePtr table = entry == nullptr ? nullptr : ReadTable(*entry);
     if (!table) return {ErrorKind::Damaged, fmt::format("{}: no table can be read at its place", old.name)};
@@ -193,6 +197,7 @@ bool AccessDatabases::IsOld(const std::string& realPath) const {
 
 Status AccessDatabases::Open(const std::string& realPath, std::unique_ptr<OldDatabase>& database) {
   if (!IsOfWholePages(realPath)) return {ErrorKind::Damaged, realPath + ": cut off, no whole number of pages"};
+  const LibraryWords words;
   MdbHandle* const handle = IsOld(realPath) ? mdb_open(realPath.c_str(), MDB_NOFLAGS) : nullptr;
   if (handle == nullptr) return {ErrorKind::Damaged, realPath + ": no Access 2000 file"};
   auto opened = std::make_unique<AccessDatabase>(handle);

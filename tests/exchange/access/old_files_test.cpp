@@ -11,6 +11,7 @@
 #include "store/stores.h"
 #include "tests/support/access_file.h"
 #include "tests/support/foreign_program.h"
+#include "tests/support/logged_lines.h"
 #include "tests/support/no_links.h"
 #include "tests/support/shop_rows.h"
 #include "tests/support/temp_folder.h"
@@ -191,6 +192,17 @@ TEST_F(OldFilesTest, no_cut_and_no_blank_page_loses_the_customers_in_silence) {
     open(whole.substr(0, page * kPage + 1000));
     open(std::string(whole).replace(page * kPage, kPage, kPage, '\0'));
   }
+}
+
+TEST_F(OldFilesTest, what_the_library_says_of_a_damaged_file_goes_to_the_log_alone) {
+  std::string bytes = AccessFile({Cards()});
+  bytes.replace(2 * 4096, 4096, 4096, '\0');
+  Lay("Cari.mdb", bytes);
+  const LoggedLines logged;
+  ::testing::internal::CaptureStderr();
+  EXPECT_FALSE(Open().Ok());
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+  EXPECT_TRUE(logged.Holds("MSysObjects"));
 }
 
 TEST_F(OldFilesTest, on_a_disk_without_links_the_old_file_is_kept_as_a_copy) {
