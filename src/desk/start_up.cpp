@@ -155,8 +155,11 @@ void StartUp::FixDataFolder() {
 
 // The stores of a share are the server's, which makes what is missing. Its layouts lie here.
 bool StartUp::LayFiles() {
+  const bool onShare = IsShare(form_.DataDir);
+  const std::string left = onShare ? "" : LeftBesideMissing(world_.files, form_.DataDir);
+  if (!left.empty() && !MayBeginAnew(left)) return false;
   if (const Status made = world_.files.MakeFolder(form_.DataDir); !made.Ok()) return Refuse("Veri klasörü açılamadı. ", made);
-  return IsShare(form_.DataDir) || CopyTemplates();
+  return onShare || CopyTemplates();
 }
 
 // Nothing of it comes back by itself, so only a plain Yes goes on.
@@ -168,6 +171,17 @@ bool StartUp::MayBeginEmpty(const std::string& missing) {
   const Status lost = Status(ErrorKind::Missing, missing + ": missing beside files with rows").At(world_.files.RealPath(form_.DataDir));
   step("open", lost);
   return world_.messages.MessageBox(WithPlace(text, lost), "Veri Dosyası Yok", MessageIcon::Exclamation, MessageButtons::YesNo) ==
+         MessageAnswer::Yes;
+}
+
+// A restore that was cut off, or a folder that was moved away by hand.
+bool StartUp::MayBeginAnew(const std::string& left) {
+  const std::string text = "Veri klasörü yok veya boş, ama yanında şunlar duruyor: " + left +
+                           ". Geri koyma yarıda kalmış olabilir. Yedeği yeniden geri koyun, ya da adında .eski geçen klasörün adını "
+                           "KarvelData yapın.\n\nYine de boş dosyalarla başlansın mı?";
+  const Status lost = Status(ErrorKind::Missing, "no data folder, but " + left).At(world_.files.RealPath(form_.DataDir));
+  step("open", lost);
+  return world_.messages.MessageBox(WithPlace(text, lost), "Veri Klasörü Yok", MessageIcon::Exclamation, MessageButtons::YesNo) ==
          MessageAnswer::Yes;
 }
 

@@ -59,6 +59,7 @@ class StartUp {
   bool LayFiles();
   void TellShut(const Status& opened);
   bool MayBeginEmpty(const std::string& missing);
+  bool MayBeginAnew(const std::string& left);
   bool CopyTemplates();
   bool OpenStores();
   void ReadData();

@@ -1,8 +1,10 @@
 #include "desk/template_copying.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 
+#include "platform/folders.h"
 #include "store/catalogue.h"
 #include "touch/file_operations.h"
 
@@ -19,7 +21,25 @@ bool HoldsRows(const Files& files, const std::string& file, const std::string& e
   return !files.Read(file, bytes).Ok() || !files.Read(emptyFile, empty).Ok() || bytes != empty;
 }
 
+bool HoldsStore(const Files& files, const std::string& dataFolder) {
+  return std::ranges::any_of(Catalogue::Files().first(kTemplates),
+                             [&](const DatabaseFile& file) { return files.Exists(PathIn(dataFolder, file.name)); });
+}
+
 }  // namespace
+
+std::string LeftBesideMissing(const Files& files, const std::string& dataFolder) {
+  if (HoldsStore(files, dataFolder)) return {};
+  std::string real = files.RealPath(dataFolder);
+  while (real.size() > 1 && real.ends_with('/')) real.pop_back();
+  const std::string above = FolderOf(real), name = real.substr(real.rfind('/') + 1);
+  std::string left;
+  for (const std::string& beside : files.List(above)) {
+    if (beside != name + ".yeni" && !beside.starts_with(name + ".eski-")) continue;
+    if (files.IsFolder(PathIn(above, beside))) left += (left.empty() ? "" : ", ") + beside;
+  }
+  return left;
+}
 
 std::string MissingBesideRows(const Files& files, const std::string& dataFolder) {
   const std::string counter = PathIn(dataFolder, kCounter);

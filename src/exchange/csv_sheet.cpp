@@ -103,6 +103,31 @@ class Reader {
   bool openQuote_ = false;
 };
 
+// A few damaged bytes make no code page of a UTF-8 file: all of its letters would come in as odd pairs ("Åark").
+bool IsMeantAsUtf8(std::string_view bytes) {
+  const Utf8Signs signs = SignsOfUtf8(bytes);
+  return signs.damaged == 0 || (signs.letters > 0 && signs.letters >= signs.damaged);
+}
+
+// Whether a text of the code page holds one of the bytes that have no letter there.
+bool HoldsNoLetter(std::string_view cell) {
+  constexpr std::string_view kWithout = "\x81\x8D\x8E\x8F\x90\x9D\x9E";
+  for (std::size_t at = 0; at + 1 < cell.size(); ++at)
+    if (cell[at] == '\xC2' && kWithout.find(cell[at + 1]) != std::string_view::npos) return true;
+  return false;
+}
+
+void RefuseDamagedCells(Sheet& sheet, bool isUtf8) {
+  for (SheetRow& row : sheet.rows) {
+    for (std::size_t i = 0; i < row.cells.size(); ++i) {
+      std::string& cell = row.cells[i];
+      if (isUtf8 ? IsUtf8(cell) : !HoldsNoLetter(cell)) continue;
+      sheet.faults.push_back({row.line, static_cast<int>(i), "Bozuk bir harf var. Düzeltip dosyayı \"CSV UTF-8\" olarak kaydedin."});
+      cell.clear();
+    }
+  }
+}
+
 std::string Quoted(const std::string& cell) {
   if (cell.find_first_of(";\"\r\n") == std::string::npos) return cell;
   return kQuote + ReplaceAll(cell, "\"", "\"\"") + kQuote;
@@ -112,9 +137,13 @@ std::string Quoted(const std::string& cell) {
 
 SheetOutcome ReadCsv(std::string_view bytes) {
   if (auto fault = NotText(bytes)) return std::unexpected(std::move(*fault));
-  if (bytes.starts_with(kUtf8Mark)) bytes.remove_prefix(kUtf8Mark.size());
-  const std::string text = IsUtf8(bytes) ? std::string(bytes) : FromCp1254(bytes);
-  return Reader(text, SeparatorOf(text)).Read();
+  const bool marked = bytes.starts_with(kUtf8Mark);
+  if (marked) bytes.remove_prefix(kUtf8Mark.size());
+  const bool isUtf8 = marked || IsMeantAsUtf8(bytes);
+  const std::string text = isUtf8 ? std::string(bytes) : FromCp1254(bytes);
+  SheetOutcome sheet = Reader(text, SeparatorOf(text)).Read();
+  if (sheet) RefuseDamagedCells(*sheet, isUtf8);
+  return sheet;
 }
 
 std::string WriteCsv(const Sheet& sheet) {

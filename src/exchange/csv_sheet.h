@@ -8,7 +8,8 @@
 
 namespace karvel {
 
-// Reads UTF-8 where the bytes are, else Windows code page 1254. The sign between the cells is the one that stands most often in the first
+// Reads UTF-8 where the bytes are that, but for a few at most, else Windows code page 1254; a cell with a byte that is no letter there is a
+// fault. The sign between the cells is the one that stands most often in the first
 // line. A cell in quotes may hold that sign, quotes written twice, and line ends.
 SheetOutcome ReadCsv(std::string_view bytes);
 

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstddef>
+#include <limits>
 #include <optional>
 #include <type_traits>
 #include <utility>
@@ -13,6 +15,7 @@
 #include "books/steps.h"
 #include "platform/log.h"
 #include "store/cursor.h"
+#include "store/table_rows.h"
 #include "text/format.h"
 #include "text/turkish.h"
 
@@ -22,7 +25,8 @@ namespace {
 const Steps step("DayFile");
 
 constexpr const char* kRoot = "C:\\";
-constexpr const char* kSent = "x";
+constexpr const char* kDayBook = "Karvel.Mdb";
+constexpr std::string_view kSent = "x";
 constexpr std::string_view kWaiting = ".bekliyor";
 constexpr std::string_view kEnding = ".csv";
 
@@ -48,8 +52,8 @@ std::string ItemText(const Value& value) {
       value);
 }
 
-std::string LineRecord(const Cursor& line) {
-  return DelimitedRecord(std::vector<Value>{line.Get(kItemCode), line.Text(kQuantity), line.Text(kPrice), line.Text(kAmount)});
+std::string LineRecord(const Row& line) {
+  return DelimitedRecord(std::vector<Value>{line[kItemCode], AsText(line[kQuantity]), AsText(line[kPrice]), AsText(line[kAmount])});
 }
 
 // A file beside its place, "01000123.csv.45.bekliyor": it is due when the line of the day book with this key is marked.
@@ -127,7 +131,7 @@ Status Place(Files& files, const WaitingFile& file) {
 
 Status Settle(Stores& stores, Files& files, const WaitingFile& file) {
   Cursor lines(stores, "line of a day file");
-  lines.SetDatabaseName("Karvel.Mdb");
+  lines.SetDatabaseName(kDayBook);
   if (Status opened = lines.Open("Datam"); !opened.Ok()) return opened;
   const Status found = lines.MoveTo(file.line);
   if (!found.Ok() && found.Kind() != ErrorKind::NoRecord) return found;
@@ -152,26 +156,30 @@ Status SettleWaiting(Stores& stores, Files& files) {
   return outcome;
 }
 
-// The text of the lines, each of which is marked on the way.
+// The text of the lines, all of which are marked.
 struct MarkedLines {
   std::string text;
   RowKey last = 0;  // 0 without lines
   bool lastWasSent = false;
 };
 
+// The lines are read once, before any of them is marked: a day may have thousands of them, and each mark would have the rest read again.
+// In the turn of the shop no terminal changes them meanwhile.
 std::expected<MarkedLines, Status> MarkLines(Stores& stores, const std::string& source) {
   Cursor lines(stores, "day file");
-  lines.SetDatabaseName("Karvel.Mdb");
+  lines.SetDatabaseName(kDayBook);
   if (Status opened = lines.Open(source); !opened.Ok()) return std::unexpected(opened);
+  std::vector<GridRow> rows;
+  if (Status read = lines.RowsFromStart(std::numeric_limits<int>::max(), rows); !read.Ok()) return std::unexpected(read);
+  TableRows day(stores, kDayBook, "Datam");
+  const int mark = day.Columns().Position("Sube");
+  const std::vector<FieldValue> marking{{mark, std::string(kSent)}};
   MarkedLines marked;
-  while (lines.HasCurrent()) {
-    marked.text += LineRecord(lines);
-    marked.last = lines.CurrentKey();
-    marked.lastWasSent = !lines.Text("Sube").empty();
-    if (Status begun = lines.Edit(); !begun.Ok()) return std::unexpected(begun);
-    lines.Set("Sube", kSent);
-    if (Status written = lines.Update(); !written.Ok()) return std::unexpected(written);
-    if (Status moved = lines.MoveNext(); !moved.Ok()) return std::unexpected(moved);
+  for (const GridRow& line : rows) {
+    marked.text += LineRecord(line.values);
+    marked.last = line.key;
+    marked.lastWasSent = !AsText(line.values[static_cast<std::size_t>(mark)]).empty();
+    if (Status written = day.Change(line.key, marking); !written.Ok()) return std::unexpected(written);
   }
   return marked;
 }

@@ -53,6 +53,7 @@ void NetworkMenu::SwitchFtp() {
     AskForServer();
   } else {
     settings_.Save(Setting::FtpUrl, "");
+    Tell(screen_, "Ftp çalışma kapatıldı");
   }
   if (wasOnNetwork) OpenOwnStores();
   transfer_.TakeSettings();

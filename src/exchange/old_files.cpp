@@ -145,6 +145,14 @@ std::string NameIn(const std::string& folder, std::string_view name) {
   return {};
 }
 
+// A file whose list of tables is cut off or blank reads as one with few or none: the shop would open without its customers.
+Status CheckMainTable(const std::vector<OldTable>& tables, const DatabaseFile& file) {
+  if (file.tables.empty()) return {};
+  const std::string_view main = file.tables.front().name;
+  if (std::ranges::any_of(tables, [&](const OldTable& table) { return EqualText(table.name, main); })) return {};
+  return {ErrorKind::Damaged, fmt::format("no table {} in the old file", main)};
+}
+
 // A second name for a file; on a disk that knows none, a copy of it.
 Status KeepUnder(const std::string& path, const std::string& kept) {
   std::error_code failed;
@@ -170,6 +178,7 @@ Status ConvertOldFile(OldDatabases& databases, const StoreFileMaker& make, const
   if (Status opened = databases.Open(oldPath, database); !opened.Ok()) return opened.At(oldPath);
   std::vector<OldTable> tables;
   if (Status read = database->ReadTables(tables); !read.Ok()) return read.At(oldPath);
+  if (Status whole = CheckMainTable(tables, file); !whole.Ok()) return whole.At(oldPath);
   Conversion conversion(tables, file, converted);
   std::unique_ptr<StoreFileWriter> writer;
   if (Status made = make(conversion.NewFile(), newPath, writer); !made.Ok()) return made.At(newPath);

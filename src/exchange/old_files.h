@@ -23,7 +23,7 @@ struct ConvertedFile {
   std::vector<std::string> faults{};  // what could not be read, in plain Turkish
 };
 
-// Makes a store file, which must not exist, of an old one.
+// Makes a store file, which must not exist, of an old one. Damaged where the old one lacks the first of the file's tables.
 Status ConvertOldFile(OldDatabases& databases, const StoreFileMaker& make, const std::string& oldPath, const DatabaseFile& file,
                       const std::string& newPath, ConvertedFile& converted);
 

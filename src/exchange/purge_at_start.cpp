@@ -31,7 +31,11 @@ PurgeAtStart::PurgeAtStart(const DeskParts& parts, Signal<>& upkeep, Signal<>& o
     if (screen_.AySil.Checked() && !IsPurgeDue(today) && NextPurge(today).DayNumber() - today.DayNumber() <= kDaysBefore) Announce();
   });
   connections_ += screen_.AySil.click.Connect([this] {
-    if (screen_.AySil.Checked()) Announce();
+    if (screen_.AySil.Checked()) {
+      Announce();
+    } else {
+      Tell(screen_, "Eski hareketler silinmeyecek");
+    }
   });
 }
 

@@ -1,5 +1,6 @@
 #include "exchange/restore.h"
 
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
 
@@ -39,27 +40,43 @@ std::string NameAside(const std::string& folder, const DateTime& now) {
   return name;
 }
 
-Status PutInPlace(const std::string& unpacked, const RestoreOrder& order, const RestoreChecks& checks, std::string& keptAs) {
+Status Rename(const std::string& from, const std::string& to) {
   std::error_code error;
-  const std::string above = FolderOf(order.folder);
+  fs::rename(from, to, error);
+  return StatusOf(error, from);
+}
+
+// For a disk that can't exchange names: for a moment there is no data folder.
+Status ReplaceInTwoSteps(const std::string& unpacked, const std::string& folder, const std::string& aside) {
+  if (Status moved = Rename(folder, aside); !moved.Ok()) return moved;
+  Status placed = Rename(unpacked, folder);
+  if (!placed.Ok()) Rename(aside, folder).Ignore();
+  return placed;
+}
+
+// At every moment the old folder or the new one stands under the name, for a desk that finds none begins an empty shop. The new one waits
+// under the name that the old one gets: what is left under the first name is swept by the next restore.
+Status Replace(const std::string& unpacked, const std::string& folder, const std::string& aside) {
+  if (Status waits = Rename(unpacked, aside); !waits.Ok()) return waits;
+  const int exchanged = ExchangeNames(aside, folder);
+  if (exchanged == 0) return {};
+  if (Status back = Rename(aside, unpacked); !back.Ok()) return back;
+  if (exchanged == EINVAL || exchanged == ENOSYS) return ReplaceInTwoSteps(unpacked, folder, aside);
+  return StatusOfSystemError(exchanged, folder);
+}
+
+Status PutInPlace(const std::string& unpacked, const RestoreOrder& order, const RestoreChecks& checks, std::string& keptAs) {
   if (HoldsAnything(order.folder)) {
     // Journals name each other by their paths. A folder that can't be put right is kept as it is: it may be why a backup is wanted.
     if (const Status recovered = checks.recover(order.folder); !recovered.Ok()) Log("restore: " + recovered.Message());
     const std::string aside = NameAside(order.folder, order.now);
-    fs::rename(order.folder, aside, error);
-    if (error) return StatusOf(error, order.folder);
+    if (Status replaced = Replace(unpacked, order.folder, aside); !replaced.Ok()) return replaced;
     keptAs = aside;
-  } else {
-    fs::remove(order.folder, error);
+  } else if (Status placed = Rename(unpacked, order.folder); !placed.Ok()) {
+    return placed;
   }
-  fs::rename(unpacked, order.folder, error);
-  if (!error) return StatusOfSystemError(SyncFolder(above), above);
-  const Status failed = StatusOf(error, order.folder);
-  if (!keptAs.empty()) {
-    fs::rename(keptAs, order.folder, error);
-    if (!error) keptAs.clear();
-  }
-  return failed;
+  const std::string above = FolderOf(order.folder);
+  return StatusOfSystemError(SyncFolder(above), above);
 }
 
 }  // namespace

@@ -50,4 +50,8 @@ int MoveToFreeName(const std::string& from, const std::string& to) {
   return rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
 }
 
+int ExchangeNames(const std::string& one, const std::string& other) {
+  return renameat2(AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE) == 0 ? 0 : errno;
+}
+
 }  // namespace karvel

@@ -24,4 +24,8 @@ void EmptyByPieces(const std::string& path);
 // disks without links. 0 or the system's error number.
 int MoveToFreeName(const std::string& from, const std::string& to);
 
+// Two files or folders of one disk take each other's name in one step: at no moment is either name free. EINVAL or ENOSYS, and nothing is
+// changed, where the disk can't do that. 0 or the system's error number.
+int ExchangeNames(const std::string& one, const std::string& other);
+
 }  // namespace karvel

@@ -73,7 +73,7 @@ Answer Import(ShopFolder& shop, const std::string& old, const std::string& folde
   }
   const DatabaseFile* const file = Catalogue::File(old);
   const std::string path = shop.PathOf(folder);
-  if (const Status made = shop.Disk().MakeFolder(path); !made.Ok()) return Fail("Veri klasörü açılamadı. ", made);
+  if (const Status made = shop.MakeFolder(folder); !made.Ok()) return Fail("Veri klasörü açılamadı. ", made);
   const std::string target = shop.Disk().RealPath(PathIn(path, file->name));
   if (fs::exists(target)) {
     fmt::print(stderr, "{} zaten var; üzerine yazılmadı. Programı kapatıp bu dosyayı kenara alın, sonra yeniden deneyin.\n", target);

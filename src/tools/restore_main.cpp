@@ -13,6 +13,7 @@
 
 #include "app/disk_files.h"
 #include "app/system_clock.h"
+#include "desk/template_copying.h"
 #include "exchange/restore.h"
 #include "exchange/zip/zip_archives.h"
 #include "store/sqlite/folder_check.h"
@@ -106,6 +107,8 @@ int PutBack(DiskFiles& files, const std::string& archive, const std::string& fol
     fmt::print(stderr, "Program açık. Önce bütün terminalleri kapatın.\n");
     return 1;
   }
+  if (const std::string left = LeftBesideMissing(files, folder); !left.empty())
+    fmt::print("Veri klasörü yok; yanında şunlar duruyor: {}\n", left);
   ZipArchives archives;
   const Restored outcome = Restore(archives, {archive, folder, replace, SystemClock().Now()}, {CheckStores, RecoverStores});
   if (outcome.refused) {

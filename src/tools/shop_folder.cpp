@@ -35,9 +35,16 @@ std::string ShopFolder::PathOf(const std::string& folder) const {
   return folder.empty() ? "C:\\KarvelData\\" : std::filesystem::absolute(folder, failed).string() + "/";
 }
 
+Status ShopFolder::MakeFolder(const std::string& folder) {
+  const std::string path = PathOf(folder);
+  const std::string left = LeftBesideMissing(files_, path);
+  if (left.empty()) return files_.MakeFolder(path);
+  return Status(ErrorKind::Missing, "no data folder, but " + left).At(files_.RealPath(path) + " (yanında duranlar: " + left + ")");
+}
+
 Status ShopFolder::Open(const std::string& folder) {
   const std::string path = PathOf(folder);
-  if (Status made = files_.MakeFolder(path); !made.Ok()) return made;
+  if (Status made = MakeFolder(folder); !made.Ok()) return made;
   if (const std::string missing = MissingBesideRows(files_, path); !missing.empty())
     return Status(ErrorKind::Missing, missing + ": missing beside files with rows").At(files_.RealPath(path));
   if (Status copied = CopyMissingTemplates(files_, path); !copied.Ok()) return copied;

@@ -23,6 +23,8 @@ class ShopFolder {
   [[nodiscard]] DiskFiles& Disk() { return files_; }
   // The path of the desk for a folder of this machine, "" for the desk's own.
   [[nodiscard]] std::string PathOf(const std::string& folder) const;
+  // Makes a folder of this machine, "" for the desk's own, where there is none. Missing where the shop's data lies beside it instead.
+  Status MakeFolder(const std::string& folder);
   // Opens the stores of a folder of this machine, "" for the desk's own. Files that a shop lacks when it begins are laid first.
   Status Open(const std::string& folder);
   [[nodiscard]] Stores& TheStores() { return stores_; }

@@ -35,6 +35,30 @@ TEST(CsvSheet, utf_8_and_the_turkish_code_page_are_told_apart) {
   EXPECT_EQ(Rows(ReadCsv(ToCp1254("Ünvan;Şehir\nİğde;Çöğür"))), (Texts{"1: Ünvan|Şehir", "2: İğde|Çöğür"}));
 }
 
+// "line/column", both from 1, of the cells that hold no text.
+Texts Faults(const SheetOutcome& sheet) {
+  Texts faults;
+  for (const SheetFault& fault : sheet->faults) faults.push_back(std::to_string(fault.line) + "/" + std::to_string(fault.column + 1));
+  return faults;
+}
+
+TEST(CsvSheet, a_damaged_byte_in_a_utf_8_file_is_a_fault_of_its_cell_and_spoils_no_other) {
+  const SheetOutcome sheet = ReadCsv("Ünvan;Şehir\nŞark;İzmir\nAy\xFE;Muş\nAli;\xC5\n");
+  EXPECT_EQ(Faults(sheet), (Texts{"3/1", "4/2"}));
+  EXPECT_EQ(Rows(sheet), (Texts{"1: Ünvan|Şehir", "2: Şark|İzmir", "3: |Muş", "4: Ali|"}));
+  EXPECT_EQ(Faults(ReadCsv("\xEF\xBB\xBF"
+                           "a;b\n1;\xFE\xFE\n")),
+            Texts{"2/2"});
+}
+
+TEST(CsvSheet, a_byte_without_a_letter_in_the_code_page_is_a_fault_of_its_cell) {
+  for (const char byte : std::string("\x81\x8D\x8E\x8F\x90\x9D\x9E"))
+    EXPECT_EQ(Faults(ReadCsv(ToCp1254("Ünvan;Şehir\nÇöğür;") + byte + "\n")), Texts{"2/2"});
+  const SheetOutcome whole = ReadCsv(ToCp1254("Ünvan;Not\nÜRÜNÜ’NÜN “iyi” €5…;kâr\n"));
+  EXPECT_EQ(Faults(whole), Texts{});
+  EXPECT_EQ(Rows(whole)[1], "2: ÜRÜNÜ’NÜN “iyi” €5…|kâr");
+}
+
 TEST(CsvSheet, quotes_hold_signs_quotes_and_line_ends_and_lines_are_counted_as_they_stand) {
   EXPECT_EQ(Rows(ReadCsv("a;b\r\n\"x;\"\"y\"\"\";\"iki\nsatır\"\r\n\r\n;\r\nson;z\r\n")),
             (Texts{"1: a|b", "2: x;\"y\"|iki\nsatır", "6: son|z"}));

@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <random>
 
@@ -162,6 +163,18 @@ TEST_F(DayFileTest, lines_that_have_gone_meanwhile_or_are_none_make_no_file) {
   EXPECT_EQ(Root(), Words{});
   EXPECT_EQ(Marks(), (Words{"", "x"}));
   EXPECT_FALSE(stores->InAction());
+}
+
+TEST_F(DayFileTest, however_many_lines_there_are_they_are_read_once) {
+  constexpr int kLines = 700;
+  for (int i = 0; i < kLines; ++i) AddLine(std::to_string(1000 + i), "50,1,50,'Satış'", "2026-03-01 09:00:00");
+  engine = {};
+  ASSERT_TRUE(Lay(files));
+  EXPECT_LE(engine.AllReads(), 5);
+  EXPECT_EQ(engine.writes, kLines);
+  EXPECT_EQ(engine.commits, 1);
+  EXPECT_EQ(Marks(), Words(kLines, "x"));
+  EXPECT_EQ(std::ranges::count(Bytes(), '\n'), kLines + 1);
 }
 
 TEST_F(DayFileTest, a_number_that_names_a_folder_makes_no_file) {

@@ -68,6 +68,7 @@ TEST_F(NetworkMenuTest, switched_off_it_forgets_the_server) {
   EXPECT_EQ(ftp.account.url, "");
   EXPECT_EQ(connection.watched, "");
   EXPECT_EQ(Kept("FtpUser"), "ali");
+  EXPECT_EQ(Message(), "Ftp çalışma kapatıldı");
 }
 
 TEST_F(NetworkMenuTest, a_server_name_that_means_nothing_is_told) {

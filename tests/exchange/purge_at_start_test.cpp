@@ -153,6 +153,8 @@ TEST_F(PurgeAtStartTest, who_checks_it_reads_at_once_what_will_go_and_when) {
   Click("AySil");
   EXPECT_THAT(At("Durum").Caption(), ::testing::StartsWith("01.04.2026 günü"));
   EXPECT_THAT(At("Durum").Caption(), ::testing::HasSubstr("02.03.2026 ve öncesinin"));
+  Click("AySil");
+  EXPECT_EQ(At("Durum").Caption(), "Eski hareketler silinmeyecek");
 }
 
 TEST_F(PurgeAtStartTest, after_it_the_quiet_line_tells_what_went) {

@@ -11,6 +11,7 @@
 #include "store/sqlite/templates.h"
 #include "tests/support/copied_stores.h"
 #include "tests/support/foreign_program.h"
+#include "tests/support/renames.h"
 #include "tests/support/temp_folder.h"
 
 namespace karvel {
@@ -92,6 +93,33 @@ TEST_F(RestoreTest, two_of_one_second_are_both_kept) {
   MakeShop(folder, "of today");
   EXPECT_EQ(Run(true).keptAs, folder + ".eski-20260301-091507");
   EXPECT_EQ(Run(true).keptAs, folder + ".eski-20260301-091507-2");
+}
+
+TEST_F(RestoreTest, killed_at_any_rename_the_old_data_or_the_new_stands_under_the_name) {
+  for (int rename = 1;; ++rename) {
+    SCOPED_TRACE(rename);
+    for (const std::string& name : Beside())
+      if (name.starts_with("KarvelData")) fs::remove_all(place.Path() + "/" + name);
+    MakeShop(folder, "of today");
+    const bool killed = testing::KilledAtRename(rename, [&] { return Run(true).status.Ok(); });
+    ASSERT_TRUE(fs::exists(folder + "/Cari.mdb"));
+    EXPECT_EQ(Names(folder), Texts{killed ? "of today" : "packed"});
+    if (!killed) {
+      EXPECT_GT(rename, 2);
+      break;
+    }
+    EXPECT_TRUE(Run(true).status.Ok());
+    EXPECT_EQ(Names(folder), Texts{"packed"});
+    EXPECT_FALSE(fs::exists(folder + ".yeni"));
+  }
+}
+
+TEST_F(RestoreTest, on_a_disk_that_exchanges_no_names_the_old_data_is_kept_beside_too) {
+  MakeShop(folder, "of today");
+  EXPECT_TRUE(testing::WithoutExchange([&] { return Run(true).status.Ok(); }));
+  EXPECT_EQ(Names(folder), Texts{"packed"});
+  EXPECT_EQ(Names(folder + ".eski-20260301-091507"), Texts{"of today"});
+  EXPECT_FALSE(fs::exists(folder + ".yeni"));
 }
 
 TEST_F(RestoreTest, a_cut_backup_changes_nothing) {

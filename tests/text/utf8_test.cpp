@@ -15,5 +15,11 @@ TEST(Utf8, is_told_from_the_turkish_code_page) {
   EXPECT_FALSE(IsUtf8("\xC3"));
 }
 
+TEST(Utf8, the_signs_for_and_against_it_are_counted) {
+  const Utf8Signs signs = SignsOfUtf8("Şark ₺5 k\xC3\xA2r \xFE\xC3");
+  EXPECT_EQ(signs.letters, 2U);
+  EXPECT_EQ(signs.damaged, 2U);
+}
+
 }  // namespace
 }  // namespace karvel

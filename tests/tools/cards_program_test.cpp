@@ -79,6 +79,16 @@ TEST_F(CardsProgram, an_old_file_goes_into_a_folder_that_has_none_of_its_name) {
   EXPECT_EQ(Run("karvel-import " + Lay("Stok.mdb", "no database")).code, 1);
 }
 
+TEST_F(CardsProgram, where_the_data_lies_beside_no_empty_shop_is_begun) {
+  fs::create_directories(Path("home/C/KarvelData.eski-20260301-091507"));
+  for (const std::string& program : {"karvel-cards export cari " + Path("out.csv"), "karvel-import " + Lay("Cari.mdb", AccessFile({}))}) {
+    const Ended refused = Run(program);
+    EXPECT_EQ(refused.code, 1) << refused.said;
+    EXPECT_NE(refused.said.find("KarvelData.eski-20260301-091507"), std::string::npos) << refused.said;
+    EXPECT_FALSE(fs::exists(Path("home/C/KarvelData")));
+  }
+}
+
 TEST_F(CardsProgram, whatever_is_no_old_file_is_refused_in_words_that_tell_why) {
   const std::string old = AccessFile({{"CariKartlar", {{"CariKod", AccessType::Text}}, {{std::string("C1")}}}});
   std::string older = old, later = old, damaged = old;

@@ -79,6 +79,14 @@ TEST_F(RestoreProgram, on_a_new_machine_all_comes_where_the_desk_reads_it) {
   EXPECT_FALSE(fs::exists(Path("home/C/KarvelData/Ayarlar")));
 }
 
+TEST_F(RestoreProgram, where_there_is_no_data_folder_what_lies_beside_is_told) {
+  Lay("home/C/KarvelData.eski-20260301-091507/Cari.mdb", "of today");
+  const Ended ended = Restore();
+  EXPECT_EQ(ended.code, 0) << ended.said;
+  EXPECT_NE(ended.said.find("KarvelData.eski-20260301-091507"), std::string::npos) << ended.said;
+  EXPECT_EQ(BytesOf("home/C/KarvelData.eski-20260301-091507/Cari.mdb"), "of today");
+}
+
 TEST_F(RestoreProgram, settings_that_are_there_stay_unless_they_are_to_be_replaced_and_it_is_told) {
   Lay("home/settings.ini", "[Velmora%20Karvel1]\nSize\\SatırSay=9\n");
   Lay("program/FIRMAM.TXT", "Yeni Market\r\n");

@@ -4,9 +4,14 @@
 #include <mdbtools.h>
 
 #include <array>
+#include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <string_view>
+#include <system_error>
 #include <utility>
+
+#include "exchange/access/library_words.h"
 
 namespace karvel {
 namespace {
@@ -14,6 +19,7 @@ namespace {
 // Longer notes are cut, which is told.
 constexpr std::size_t kLongestText = 1U << 16U;
 constexpr std::string_view kMark{"\0\1\0\0Standard Jet DB", 19}, kLaterMark{"\0\1\0\0Standard ACE DB", 19};
+constexpr std::uintmax_t kPage = 4096;
 constexpr std::size_t kVersionAt = 20;  // 0 for Access 97, 1 for 2000 to 2003
 
 struct Close {
@@ -63,6 +69,7 @@ class AccessDatabase final : public OldDatabase {
   explicit AccessDatabase(MdbHandle* handle) : handle_(handle) { mdb_set_bind_size(handle_.get(), kLongestText); }
 
   Status ReadTables(std::vector<OldTable>& tables) override {
+    const LibraryWords words;
     if (mdb_read_catalog(handle_.get(), MDB_TABLE) == nullptr) return {ErrorKind::Damaged, "no catalogue in the old file"};
     for (unsigned int i = 0; i < handle_->num_catalog; ++i) {
       auto* const entry = static_cast<MdbCatalogEntry*>(g_ptr_array_index(handle_->catalog, i));
@@ -77,6 +84,7 @@ class AccessDatabase final : public OldDatabase {
   }
 
   Status ReadRows(const OldTable& old, const Take& take) override {
+    const LibraryWords words;
     MdbCatalogEntry* const entry = mdb_get_catalogentry_by_name(handle_.get(), old.name.c_str());
     const TablePtr table = entry == nullptr ? nullptr : ReadTable(*entry);
     if (!table) return {ErrorKind::Damaged, fmt::format("{}: no table can be read at its place", old.name)};
@@ -162,6 +170,13 @@ class AccessDatabase final : public OldDatabase {
   std::unique_ptr<MdbHandle, Close> handle_;
 };
 
+// What a broken copy leaves of a file may still be read here and there: what is behind the cut would be lost in silence.
+bool IsOfWholePages(const std::string& realPath) {
+  std::error_code failed;
+  const std::uintmax_t size = std::filesystem::file_size(realPath, failed);
+  return !failed && size % kPage == 0;
+}
+
 }  // namespace
 
 AccessForm AccessFormOf(const std::string& realPath) {
@@ -181,6 +196,8 @@ bool AccessDatabases::IsOld(const std::string& realPath) const {
 }
 
 Status AccessDatabases::Open(const std::string& realPath, std::unique_ptr<OldDatabase>& database) {
+  if (!IsOfWholePages(realPath)) return {ErrorKind::Damaged, realPath + ": cut off, no whole number of pages"};
+  const LibraryWords words;
   MdbHandle* const handle = IsOld(realPath) ? mdb_open(realPath.c_str(), MDB_NOFLAGS) : nullptr;
   if (handle == nullptr) return {ErrorKind::Damaged, realPath + ": no Access 2000 file"};
   auto opened = std::make_unique<AccessDatabase>(handle);

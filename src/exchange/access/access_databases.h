@@ -15,7 +15,7 @@ AccessForm AccessFormOf(const std::string& realPath);
 class AccessDatabases final : public OldDatabases {
  public:
   [[nodiscard]] bool IsOld(const std::string& realPath) const override;
-  // Damaged for a file that can't be read as one, and for one that is older still (Access 97).
+  // Damaged for a file that can't be read as one or was cut off, and for one that is older still (Access 97).
   Status Open(const std::string& realPath, std::unique_ptr<OldDatabase>& database) override;
 };
 

@@ -11,6 +11,7 @@
 #include "store/stores.h"
 #include "tests/support/access_file.h"
 #include "tests/support/foreign_program.h"
+#include "tests/support/logged_lines.h"
 #include "tests/support/no_links.h"
 #include "tests/support/shop_rows.h"
 #include "tests/support/temp_folder.h"
@@ -153,14 +154,55 @@ TEST_F(OldFilesTest, what_cant_be_read_is_named) {
 }
 
 TEST_F(OldFilesTest, one_that_cant_be_turned_stays_as_it_is_and_nothing_opens) {
-  for (const std::string& bytes : {AccessFile({Cards()}).substr(0, 5000), AccessFile({Cards()}).substr(0, 4096)}) {
+  AccessTable cards = Cards();
+  for (int i = 0; i < 300; ++i) cards.rows.push_back({Value("K" + std::to_string(i)), Text("Ad"), 1.0, 1.0, false, 1.0});
+  const std::string whole = AccessFile({cards});
+  const std::string without = AccessFile({{"CariHareket", {{"cariharkod", AccessType::Text}}, {{Text("C1")}}}});
+  for (const std::string& bytes : {whole.substr(0, 5000), whole.substr(0, 4096), whole.substr(0, whole.size() - 100), without}) {
+    SCOPED_TRACE(bytes.size());
     Lay("Cari.mdb", bytes);
-    EXPECT_FALSE(Open().Ok());
+    const Status refused = Open();
+    EXPECT_EQ(refused.Kind(), ErrorKind::Damaged);
+    EXPECT_EQ(refused.Place(), folder.Path() + "/Cari.mdb");
     EXPECT_EQ(BytesOf("Cari.mdb"), bytes);
     EXPECT_FALSE(fs::exists(folder.Path() + "/Cari.eski.mdb"));
     EXPECT_FALSE(fs::exists(folder.Path() + "/Cari.mdb.yeni"));
     EXPECT_EQ(oldFiles.Report(), "");
   }
+}
+
+TEST_F(OldFilesTest, no_cut_and_no_blank_page_loses_the_customers_in_silence) {
+  AccessTable cards = Cards();
+  for (int i = 0; i < 300; ++i) cards.rows.push_back({Value("K" + std::to_string(i)), Text("Ad"), 1.0, 1.0, false, 1.0});
+  const std::string whole = AccessFile({cards});
+  constexpr std::size_t kPage = 4096;
+  ASSERT_EQ(whole.size() % kPage, 0U);
+  const auto open = [&](const std::string& bytes) {
+    fs::remove(folder.Path() + "/Cari.eski.mdb");
+    Lay("Cari.mdb", bytes);
+    OldFiles turned{databases, MakeSqliteStoreFile};
+    Stores stores(MakeSqliteEngine({.programFolder = folder.Path(), .vfs = {}, .preparation = &turned}));
+    if (!stores.Open(folder.Path()).Ok()) return;
+    if (One("Cari.mdb", "SELECT count(*) FROM CariKartlar") == "302") return;
+    EXPECT_NE(turned.Report().find("okunamadı"), std::string::npos) << turned.Report();
+  };
+  for (std::size_t page = 1; page < whole.size() / kPage; ++page) {
+    SCOPED_TRACE(page);
+    open(whole.substr(0, page * kPage));
+    open(whole.substr(0, page * kPage + 1000));
+    open(std::string(whole).replace(page * kPage, kPage, kPage, '\0'));
+  }
+}
+
+TEST_F(OldFilesTest, what_the_library_says_of_a_damaged_file_goes_to_the_log_alone) {
+  std::string bytes = AccessFile({Cards()});
+  bytes.replace(2 * 4096, 4096, 4096, '\0');
+  Lay("Cari.mdb", bytes);
+  const LoggedLines logged;
+  ::testing::internal::CaptureStderr();
+  EXPECT_FALSE(Open().Ok());
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+  EXPECT_TRUE(logged.Holds("MSysObjects"));
 }
 
 TEST_F(OldFilesTest, on_a_disk_without_links_the_old_file_is_kept_as_a_copy) {
