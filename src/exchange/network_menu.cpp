@@ -40,7 +40,7 @@ void NetworkMenu::SwitchNetwork() {
     OpenOwnStores();
   }
   transfer_.TakeSettings();
-  if (refused) Tell(screen_, "Network çalışma açılmadı: ana makinenin adresi ve firma numarası gerekir");
+  if (refused) Tell(screen_, "Network çalışma açılmadı: ana makinenin adresi ve firma numarası (yalnız harf ve rakam) gerekir");
 }
 
 void NetworkMenu::SwitchFtp() {

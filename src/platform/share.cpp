@@ -46,7 +46,8 @@ std::string TidyAddress(std::string_view typed) {
 }
 
 bool IsFirmNumber(std::string_view text) {
-  return !text.empty() && std::ranges::all_of(text, [](char letter) {
+  constexpr std::size_t kLongest = 40;  // with a file's name it must fit into a schema's
+  return !text.empty() && text.size() <= kLongest && std::ranges::all_of(text, [](char letter) {
     return (letter >= '0' && letter <= '9') || (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z');
   });
 }

@@ -17,7 +17,7 @@ bool IsShare(std::string_view dataFolder);
 std::string ShareFolder(const std::string& address, const std::string& firm);
 // An address as it is kept: without "\" and blanks at its ends, commas as points. "" for none.
 std::string TidyAddress(std::string_view typed);
-// Whether a firm's number can stand in the folder's name: letters and digits alone, at least one.
+// Whether a firm's number can stand in the folder's name: letters and digits alone, at least one and at most 40.
 bool IsFirmNumber(std::string_view text);
 // The machines of an address, or of a share's data folder: "10.0.0.5", "kasa:5433", "[::1]:5432", and several with ";" between them, the
 // first of which that takes writes is the main one. None of any other text: one machine that can't be understood makes it all unusable.

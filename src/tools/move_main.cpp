@@ -78,9 +78,10 @@ std::string Count(std::int64_t rows) {
 // One side of the move, open.
 class Side {
  public:
-  Side(MovePlace place, ShopFolder& shop) : place_(std::move(place)), shop_(shop) {
+  Side(MovePlace place, ShopFolder& shop, bool isSource) : place_(std::move(place)), shop_(shop) {
     if (place_.isServer) {
       PostgresOptions options;
+      options.makesFirms = !isSource;
       options.makeFile = MakeSqliteStoreFile;
       options.answerMs = kAnswerMs;
       server_ = std::make_unique<Stores>(MakePostgresEngine(options));
@@ -162,7 +163,8 @@ std::string WhyFailed(const Side& side, const Status& status) {
     case ErrorKind::DiskFailed:
       return told("Disk okunamadı veya yazılamadı.");
     case ErrorKind::Missing:
-      return told("Klasör ya da içindeki bir veri dosyası yok.");
+      return told(side.IsServer() ? "Ana makinede bu firma yok. Firma numarasını denetleyin."
+                                  : "Klasör ya da içindeki bir veri dosyası yok.");
     default:
       return told("Beklenmeyen bir hata oldu; yinelenirse destek isteyin.");
   }
@@ -286,7 +288,7 @@ Answer Run(int count, char** given) {
   }
   StopWhenAsked();
   ShopFolder shop(given[0], "karvel-move");
-  Side from(words->from, shop), to(words->to, shop);
+  Side from(words->from, shop, true), to(words->to, shop, false);
   if (from.IsServer() && to.IsServer() && from.Folder() == to.Folder()) return Fail("Kaynak ile hedef aynı.");
   if (const Status opened = from.OpenSource(); !opened.Ok()) return Fail("Kaynak açılamadı. " + WhyFailed(from, opened));
   if (!from.IsServer()) fmt::print("{}", shop.TurnedFiles().Report());

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/share.h"
+
 namespace karvel {
 namespace {
 
@@ -28,8 +30,8 @@ std::optional<MovePlace> ReadMovePlace(const std::string& told) {
   std::string_view firm = NextPiece(rest);
   if (firm == kDatabase) firm = NextPiece(rest);
   if (firm.empty()) firm = kFirstFirm;
-  const bool plain = machines.find_first_of("@\\?") == std::string::npos && firm.find_first_of("\\?") == std::string_view::npos;
-  if (machines.empty() || !plain || !rest.empty()) return {};
+  const bool plain = machines.find_first_of("@\\?") == std::string::npos;
+  if (machines.empty() || !plain || !IsFirmNumber(firm) || !rest.empty()) return {};
   return MovePlace{told, true, "\\\\" + machines + "\\" + std::string(kDatabase) + "\\" + std::string(firm)};
 }
 

@@ -136,7 +136,7 @@ TEST_F(NetworkWorkTest, a_refused_or_empty_answer_clears_the_check) {
     EXPECT_FALSE(At("OnLine").Checked());
     EXPECT_EQ(Kept("Online"), "");
     EXPECT_EQ(desk->form.DataDir, "C:\\KarvelData\\");
-    EXPECT_EQ(Message(), "Network çalışma açılmadı: ana makinenin adresi ve firma numarası gerekir");
+    EXPECT_EQ(Message(), "Network çalışma açılmadı: ana makinenin adresi ve firma numarası (yalnız harf ve rakam) gerekir");
     EXPECT_EQ(server.asked, 0);
   }
   Sell("Ayşe Yılmaz", "1001", "2");

@@ -27,6 +27,8 @@ TEST(Share, an_address_is_kept_without_backslashes_and_with_points) {
 TEST(Share, a_firm_number_has_letters_and_digits_alone) {
   for (const char* const good : {"01", "7", "A2"}) EXPECT_TRUE(IsFirmNumber(good)) << good;
   for (const char* const bad : {"", "..", "0 1", "01\\02", "ş", "a\"b"}) EXPECT_FALSE(IsFirmNumber(bad)) << bad;
+  EXPECT_TRUE(IsFirmNumber(std::string(40, '7')));
+  EXPECT_FALSE(IsFirmNumber(std::string(41, '7')));
 }
 
 TEST(Share, an_address_names_one_machine_or_several) {

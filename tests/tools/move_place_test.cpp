@@ -20,8 +20,8 @@ TEST(MovePlace, a_main_machine_becomes_what_the_desk_calls_it) {
 TEST(MovePlace, all_else_is_a_folder_or_nothing) {
   EXPECT_EQ(FolderOf("/home/shop"), "folder /home/shop");
   EXPECT_EQ(FolderOf(""), "folder ");
-  for (const char* const wrong :
-       {"ftp://x", "postgres://", "postgres:///01", "postgres://a@b", "postgres://a/MuhasebeData/01/x", "postgres://a/01?b"})
+  for (const char* const wrong : {"ftp://x", "postgres://", "postgres:///01", "postgres://a@b", "postgres://a/MuhasebeData/01/x",
+                                  "postgres://a/01?b", "postgres://a/a b", "postgres://a/.."})
     EXPECT_EQ(FolderOf(wrong), "none") << wrong;
 }
 

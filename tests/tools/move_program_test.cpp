@@ -203,6 +203,15 @@ TEST_F(MoveProgram, a_server_that_is_not_there_or_lets_nobody_in_is_told_in_plai
   EXPECT_THAT(none.said, HasSubstr("Ana makinede MuhasebeData veritabanı yok."));
 }
 
+TEST_F(MoveProgram, a_firm_that_is_not_there_is_no_source_and_is_not_made) {
+  const std::string machine = "postgres://127.0.0.1:" + std::to_string(shop.Server().Server().Port());
+  const Ended none = Run("karvel-move --from " + machine + "/NoSuch --to " + Path("back"));
+  EXPECT_EQ(none.code, 1);
+  EXPECT_THAT(none.said, HasSubstr("Ana makinede bu firma yok."));
+  EXPECT_FALSE(fs::exists(Path("back")));
+  EXPECT_EQ(Psql(shop.Server().Server(), "SELECT count(*) FROM pg_namespace WHERE nspname LIKE 'NoSuch%'"), std::vector<std::string>{"0"});
+}
+
 TEST_F(MoveProgram, of_several_machines_the_one_that_came_furthest_is_told) {
   const PostgresServer reading({.onLoopback = true});
   Psql(reading, "CREATE DATABASE \"MuhasebeData\"", "postgres");

@@ -108,7 +108,7 @@ class ServerEngine final : public PostgresEngine {
     patience_.Renew();
     answers_.Renew();
     Status opened = session->Connect(answers_);
-    if (opened.Ok()) opened = PrepareFirm(*session, address.firm, patience_, answers_, begunAnew_);
+    if (opened.Ok()) opened = PrepareFirm(*session, address.firm, options_.makesFirms, patience_, answers_, begunAnew_);
     if (!opened.Ok()) return opened;
     tables_.clear();
     for (const DatabaseFile& file : Catalogue::Files()) {

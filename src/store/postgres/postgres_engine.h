@@ -19,6 +19,7 @@ namespace karvel {
 
 struct PostgresOptions {
   StoreFileMaker makeFile;  // for copies
+  bool makesFirms = true;   // without: a firm that isn't there is Missing, and nothing is made
   int patienceMs = 10000;   // how long it waits for other terminals
   int answerMs = 30000;     // how long the server may take for one answer before the line counts as dead
 };

@@ -89,11 +89,12 @@ Status Make(Connection& connection, const std::string& firm, Patience& patience,
 
 }  // namespace
 
-Status PrepareFirm(Connection& connection, const std::string& firm, Patience& patience, Patience& answers, bool& made) {
+Status PrepareFirm(Connection& connection, const std::string& firm, bool mayMake, Patience& patience, Patience& answers, bool& made) {
   made = false;
   std::set<std::string> there;
   if (Status read = ReadNames(connection, firm, answers, there); !read.Ok()) return read;
   if (there.empty()) {
+    if (!mayMake) return {ErrorKind::Missing, fmt::format("there is no firm {}", firm)};
     if (Status begun = Make(connection, firm, patience, answers, made); !begun.Ok()) return begun;
     if (Status read = ReadNames(connection, firm, answers, there); !read.Ok()) return read;
   }

@@ -69,7 +69,7 @@ class PostgresKind final : public EngineKind {
  private:
   static std::string NewFirm() {
     static int firms = 0;
-    return std::to_string(getpid()) + "-" + std::to_string(++firms);
+    return std::to_string(getpid()) + "t" + std::to_string(++firms);
   }
 
   PostgresServer& server_;
