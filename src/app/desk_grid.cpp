@@ -373,7 +373,7 @@ void DeskGrid::PlaceAnew() {
       needs[i].content = std::max(needs[i].content, static_cast<int>(FiguresWidth(font, text)) + 2 * CellPad() + 2);
     }
   }
-  shown_ = PlaceColumns(columns_, needs, table_, viewport()->width());
+  shown_ = PlaceColumns(columns_, needs, table_, viewport()->width(), ui_.theme.Scale());
 }
 
 int DeskGrid::RowAt(int y) const {

@@ -13,9 +13,27 @@ namespace karvel {
 namespace {
 
 constexpr qreal kRadius = 8;
+constexpr int kSmallestFigures = 10;  // pixels
 
-int SmallerName(int pixelSize) {
-  return std::min(pixelSize, std::max(12, pixelSize * 4 / 5));
+// Letters never become smaller than this, at the window's scale.
+int Smallest(const Theme& theme, int base) {
+  return std::min(base, theme.Px(base));
+}
+
+int SmallerName(const Theme& theme, int pixelSize) {
+  return std::min(pixelSize, std::max(Smallest(theme, 12), pixelSize * 4 / 5));
+}
+
+QFont SmallerHeading(QFont font) {
+  font.setPixelSize(std::max(1, font.pixelSize() * 4 / 5));
+  return font;
+}
+
+// A number that its column has no room for shows that it goes on, and is never cut to another number.
+QString ShownFigures(const QFont& font, const QString& text, qreal room) {
+  QString shown = text;
+  while (shown.size() > 1 && FiguresWidth(font, shown) > room) shown = shown.left(shown.size() - (shown == text ? 1 : 2)) + u'…';
+  return shown;
 }
 
 }  // namespace
@@ -77,11 +95,12 @@ QString DeskGrid::EmptyText() const {
 void DeskGrid::PaintHead(QPainter& painter) const {
   const QRect head(0, 0, viewport()->width(), HeadHeight());
   painter.fillRect(head, palette::kRaised);
-  painter.setFont(ui_.theme.Font(FontRole::GridHead));
+  const QFont usual = ui_.theme.Font(FontRole::GridHead);
   bool descending = false;
   const int sorted = SortedColumn(descending);
   for (std::size_t i = 0; i < shown_.size(); ++i) {
     const ShownColumn& column = shown_[i];
+    painter.setFont(usual);
     const bool isSorted = static_cast<int>(i) == sorted;
     QRect room(column.x + CellPad(), 0, column.width - 2 * CellPad(), HeadHeight());
     painter.setPen(isSorted ? palette::kText : palette::kMuted);
@@ -103,6 +122,7 @@ void DeskGrid::PaintHead(QPainter& painter) const {
     const Qt::Alignment side = (column.figures ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
     const QRect lines = painter.fontMetrics().boundingRect(room, static_cast<int>(side) | Qt::TextWordWrap, caption);
     const bool onTwoLines = lines.width() <= room.width() && lines.height() <= room.height();
+    if (!onTwoLines) painter.setFont(SmallerHeading(usual));
     painter.drawText(room, static_cast<int>(side) | (onTwoLines ? Qt::TextWordWrap : 0),
                      onTwoLines ? caption : painter.fontMetrics().elidedText(caption, Qt::ElideRight, room.width()));
     if (i + 1 < shown_.size()) painter.fillRect(QRect(column.x + column.width - 1, 12, 1, HeadHeight() - 24), palette::kLine);
@@ -113,22 +133,22 @@ void DeskGrid::PaintHead(QPainter& painter) const {
 void DeskGrid::FitColumns(const QPainter& painter) {
   const int first = scroll_ / RowHeight();
   const int behind = std::min(rows_.Count(), first + viewport()->height() / RowHeight() + 2);
-  const int names = StretchColumn(columns_);
+  const int names = StretchColumn(columns_), smallest = Smallest(ui_.theme, kSmallestFigures);
   for (std::size_t i = 0; i < shown_.size(); ++i) {
     ShownColumn& column = shown_[i];
     QFont font = painter.font();
     column.pixelSize = font.pixelSize();
     if (static_cast<int>(i) == names) {
-      if (MostlyLong(column, first, behind, QFontMetrics(font))) column.pixelSize = SmallerName(font.pixelSize());
+      if (MostlyLong(column, first, behind, QFontMetrics(font))) column.pixelSize = SmallerName(ui_.theme, font.pixelSize());
       continue;
     }
     const int room = column.width - 2 * CellPad();
     for (int index = first; index < behind; ++index) {
       const QString text = TextAt(index, column);
       if (column.figures) {
-        while (font.pixelSize() > 10 && FiguresWidth(font, text) > room) font.setPixelSize(font.pixelSize() - 1);
+        while (font.pixelSize() > smallest && FiguresWidth(font, text) > room) font.setPixelSize(font.pixelSize() - 1);
       } else if (font.pixelSize() == painter.font().pixelSize() && QFontMetrics(font).horizontalAdvance(text) > room) {
-        font.setPixelSize(std::min(font.pixelSize(), std::max(10, font.pixelSize() * 4 / 5)));
+        font.setPixelSize(std::min(font.pixelSize(), std::max(smallest, font.pixelSize() * 4 / 5)));
       }
     }
     column.pixelSize = font.pixelSize();
@@ -175,13 +195,13 @@ void DeskGrid::PaintCell(QPainter& painter, const ShownColumn& column, const QSt
   fitted.setPixelSize(column.pixelSize);
   painter.setFont(fitted);
   if (column.figures) {
-    DrawFigures(painter, room, Qt::AlignRight, text);
+    DrawFigures(painter, room, Qt::AlignRight, ShownFigures(fitted, text, room.width()));
   } else if (columns_[static_cast<std::size_t>(column.number)].align == Align::Center) {
     painter.drawText(room, Qt::AlignCenter, painter.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(room.width())));
   } else {
     // A long name goes on two smaller lines rather than losing its end, which tells one article from the next.
     if (fitted.pixelSize() == usual.pixelSize() && painter.fontMetrics().horizontalAdvance(text) > room.width()) {
-      fitted.setPixelSize(SmallerName(usual.pixelSize()));
+      fitted.setPixelSize(SmallerName(ui_.theme, usual.pixelSize()));
       painter.setFont(fitted);
     }
     const QRect lines = painter.fontMetrics().boundingRect(room.toRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, text);

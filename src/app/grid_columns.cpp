@@ -31,10 +31,27 @@ bool IsFigures(const GridColumn& column, const Table* table) {
   return column.align != Align::Center && TypeOf(column, table) == ColumnType::Number;
 }
 
+bool ShownWhole(const GridColumn& column, const Table* table) {
+  return IsFigures(column, table) || TypeOf(column, table) == ColumnType::Date;
+}
+
+// Of a window that is drawn smaller.
+int Scaled(int base, double scale) {
+  return static_cast<int>(base * std::min(1.0, scale) + 0.5);
+}
+
 // The width that a column can't do without: amounts and dates whole, its heading, and a short text.
-int LeastWidth(const GridColumn& column, const ColumnNeed& need, const Table* table) {
-  if (IsFigures(column, table) || TypeOf(column, table) == ColumnType::Date) return std::max({need.heading, need.content, kLeastWidth});
-  return std::max({need.heading, std::min(need.content, kShortText), kLeastWidth});
+int LeastWidth(const GridColumn& column, const ColumnNeed& need, const Table* table, double scale) {
+  const int least = Scaled(kLeastWidth, scale);
+  if (ShownWhole(column, table)) return std::max({need.heading, need.content, least});
+  return std::max({need.heading, std::min(need.content, Scaled(kShortText, scale)), least});
+}
+
+// The same in letters that are a fifth smaller; the gap beside them is not.
+int BareWidth(const GridColumn& column, const ColumnNeed& need, const Table* table, double scale) {
+  const int heading = need.heading * 6 / 7, content = need.content * 6 / 7;
+  return std::max(
+      {heading, ShownWhole(column, table) ? content : std::min(content, Scaled(kShortText, scale)), Scaled(kLeastWidth, scale)});
 }
 
 // No cell has room for more, and to shape a text of a million letters takes a second for each painting.
@@ -56,9 +73,9 @@ int StretchColumn(const std::vector<GridColumn>& columns) {
 }
 
 std::vector<ShownColumn> PlaceColumns(const std::vector<GridColumn>& columns, const std::vector<ColumnNeed>& needs, const Table* table,
-                                      int width) {
+                                      int width, double scale) {
   std::vector<ShownColumn> shown;
-  std::vector<int> least;
+  std::vector<int> least, bare;
   for (std::size_t i = 0; i < columns.size(); ++i) {
     if (!columns[i].visible) continue;
     const ColumnNeed need = i < needs.size() ? needs[i] : ColumnNeed{};
@@ -66,11 +83,12 @@ std::vector<ShownColumn> PlaceColumns(const std::vector<GridColumn>& columns, co
     column.number = static_cast<int>(i);
     column.position = table ? table->Position(columns[i].field) : -1;
     column.figures = IsFigures(columns[i], table);
-    least.push_back(LeastWidth(columns[i], need, table));
+    least.push_back(LeastWidth(columns[i], need, table, scale));
+    bare.push_back(std::min(least.back(), BareWidth(columns[i], need, table, scale)));
     // A width that the clerk dragged holds, but it cuts no amount and spreads no figures over half the grid.
     int asked = static_cast<int>(columns[i].width / kTwipsPerPixel);
-    if (asked <= 0) asked = std::min(std::max(need.heading, need.content), kMostFitted);
-    if (column.figures) asked = std::min(asked, kMostFigures);
+    if (asked <= 0) asked = std::min(std::max(need.heading, need.content), Scaled(kMostFitted, scale));
+    if (column.figures) asked = std::min(asked, Scaled(kMostFigures, scale));
     column.width = std::max(asked, least.back());
     shown.push_back(column);
   }
@@ -82,18 +100,18 @@ std::vector<ShownColumn> PlaceColumns(const std::vector<GridColumn>& columns, co
       if (i != stretch) sum += shown[i].width;
     return sum;
   };
-  // Too narrow for all: first what the columns have beyond their need, then the need itself, each in proportion.
-  const int room = std::max(0, width - std::min(kLeastName, width / 2));
-  for (const bool toTheNeed : {true, false}) {
+  // Too narrow for all: first what the columns have beyond their need, then the size of the letters, then the rest, each in proportion.
+  const int room = std::max(0, width - std::min(Scaled(kLeastName, scale), width / 2));
+  for (const std::vector<int>& kept : {least, bare, std::vector<int>(shown.size())}) {
     const int sum = others();
     int spare = 0;
     for (std::size_t i = 0; i < shown.size(); ++i)
-      if (i != stretch) spare += toTheNeed ? shown[i].width - least[i] : shown[i].width;
+      if (i != stretch) spare += shown[i].width - kept[i];
     const std::int64_t missing = std::min(sum - room, spare);
     if (missing <= 0) continue;
     for (std::size_t i = 0; i < shown.size(); ++i) {
       if (i == stretch) continue;
-      const std::int64_t has = toTheNeed ? shown[i].width - least[i] : shown[i].width;
+      const std::int64_t has = shown[i].width - kept[i];
       shown[i].width -= static_cast<int>((has * missing + spare - 1) / spare);
     }
   }

@@ -28,9 +28,10 @@ struct ColumnNeed {
 };
 
 // Places the visible columns on a width. One column, that of the names, takes what the others leave; where they leave too little, they
-// all give way. `needs` goes by column number.
+// all give way. `needs` goes by column number; `scale` is that of the window, below 1 where it is drawn
+// smaller.
 std::vector<ShownColumn> PlaceColumns(const std::vector<GridColumn>& columns, const std::vector<ColumnNeed>& needs, const Table* table,
-                                      int width);
+                                      int width, double scale = 1);
 // The place (among the visible columns) of the column that takes the rest.
 int StretchColumn(const std::vector<GridColumn>& columns);
 

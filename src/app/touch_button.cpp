@@ -125,13 +125,13 @@ void TouchCheck::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const qreal side = ui_.theme.Px(22);
   const QRectF box(6, (height() - side) / 2, side, side);
+  const qreal unit = side / 22;
   const bool on = isChecked();
-  painter.setPen(QPen(!isEnabled() ? palette::kLine : on ? palette::kAccent : palette::kFaint, 2));
+  painter.setPen(QPen(!isEnabled() ? palette::kLine : on ? palette::kAccent : palette::kFaint, std::max(1.0, 2 * unit)));
   painter.setBrush(on && isEnabled() ? palette::kAccent : isDown() ? palette::kChosen : palette::kField);
-  painter.drawRoundedRect(box.adjusted(1, 1, -1, -1), 5, 5);
+  painter.drawRoundedRect(box.adjusted(1, 1, -1, -1), 4 * unit, 4 * unit);
   if (on) {
-    painter.setPen(QPen(isEnabled() ? palette::kBackground : palette::kFaint, 2.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    const qreal unit = side / 22;
+    painter.setPen(QPen(isEnabled() ? palette::kBackground : palette::kFaint, 2.6 * unit, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPolyline(QPolygonF{box.topLeft() + QPointF(6, 11.5) * unit, box.topLeft() + QPointF(9.8, 15.4) * unit,
                                    box.topLeft() + QPointF(16.4, 7.2) * unit});
   }

@@ -184,6 +184,7 @@ TEST_F(DeskGridTest, a_tap_that_sends_the_keyboard_away_takes_the_row_under_the_
   screen.Form2.frame.Serve(&screen.Text1(1));
   screen.Form2.Form2.SetVisible(true);
   Settle();
+  Focus(screen.Text1(1));
   connections += screen.StokGrid.gotFocus.Connect([this] { screen.Form2.Form2.SetVisible(false); });
   const auto at = Grid()->RowInFront();
   ASSERT_TRUE(at);
@@ -207,6 +208,33 @@ TEST_F(DeskGridTest, the_current_record_comes_into_view_wherever_it_is) {
   ASSERT_TRUE(cursor.MoveFirst().Ok());
   Settle();
   EXPECT_TRUE(InView(0));
+}
+
+TEST_F(DeskGridTest, figures_stay_in_their_column_at_any_scale) {
+  auto columns = screen.StokGrid.Columns();
+  for (const char* const price : {"Fiyat2", "Fiyat3", "gFiyat", "GirenTutar"})
+    columns.push_back({price, price, true, Align::Right, "Standard", 0});
+  screen.StokGrid.SetColumns(columns);
+  Fill(8);
+  ASSERT_TRUE(cursor.MoveFirst().Ok());
+  for (int row = 0; row < 8; ++row) {
+    ASSERT_TRUE(cursor.Edit().Ok());
+    for (const char* const price : {"Fiyat", "Fiyat2", "Fiyat3", "gFiyat", "GirenTutar"}) cursor.Set(price, Value(123456.78 + row));
+    ASSERT_TRUE(cursor.Update().Ok());
+    cursor.MoveNext().Ignore();
+  }
+  screen.StokGrid.SetMarker(false);
+  for (const QSize& size : {QSize(512, 384), QSize(683, 512), QSize(1024, 768)}) {
+    window.resize(size);
+    Settle();
+    const QImage shown = Grid()->viewport()->grab().toImage();
+    const int top = Grid()->HeadHeight() + Grid()->RowHeight() / 4, bottom = top + Grid()->RowHeight() / 2;
+    for (int column = 2; column < 8; ++column) {
+      // The gap before a number belongs to nobody.
+      const int x = Grid()->HeadRect(column).left();
+      for (int y = top; y < bottom; ++y) EXPECT_EQ(shown.pixelColor(x, y), palette::kField) << size.width() << " " << column;
+    }
+  }
 }
 
 TEST_F(DeskGridTest, arrows_and_pages_move_the_current_record) {

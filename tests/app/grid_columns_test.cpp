@@ -64,6 +64,30 @@ TEST(GridColumns, what_is_beyond_the_need_goes_before_the_need) {
   EXPECT_LT(shown[1].width, 150);
 }
 
+TEST(GridColumns, in_a_window_drawn_smaller_the_names_give_the_prices_their_room) {
+  // The stock list of a sale on a 1024×768 screen at 200 %.
+  std::vector<GridColumn> columns{Column("StokKod"), Column("StokAdi")};
+  std::vector<ColumnNeed> needs{{46, 40}, {40, 120}};
+  for (int price = 0; price < 5; ++price) {
+    columns.push_back(Column("Fiyat"));
+    columns.back().align = Align::Right;
+    needs.push_back({38, 44});
+  }
+  const auto shown = PlaceColumns(columns, needs, nullptr, 341, 0.52);
+  for (std::size_t price = 2; price < shown.size(); ++price) EXPECT_GE(shown[price].width, 44 * 6 / 7);
+  EXPECT_GE(shown[1].width, 88);
+  EXPECT_EQ(shown.back().x + shown.back().width, 341);
+}
+
+TEST(GridColumns, the_letters_of_all_columns_become_smaller_before_one_loses_its_end) {
+  std::vector<GridColumn> columns{Column("StokKod"), Column("StokAdi"), Column("Fiyat"), Column("Fiyat2")};
+  columns[2].align = columns[3].align = Align::Right;
+  const auto shown = PlaceColumns(columns, {{60, 84}, {}, {70, 98}, {70, 140}}, nullptr, 462);
+  EXPECT_GE(shown[0].width, 84 * 6 / 7);
+  EXPECT_GE(shown[2].width, 98 * 6 / 7);
+  EXPECT_GE(shown[3].width, 140 * 6 / 7);
+}
+
 TEST(GridColumns, the_order_of_a_source_is_read_from_its_text) {
   const Table* const table = Catalogue::File("Cari.mdb")->Find("CariKartlar");
   ASSERT_NE(table, nullptr);
