@@ -84,8 +84,10 @@ bool IsUnder(const std::string& place, const std::string& folder) {
   return !folder.empty() && place.starts_with(folder + "/");
 }
 
-std::string Megabytes(std::uint64_t bytes) {
-  return fmt::format("{} MB", bytes / 1'000'000 + 1);
+// Rounded against the backup, so that what is wanted never looks as if it were there.
+std::string ShortOf(const std::string& drive, std::uint64_t wanted, std::uint64_t room) {
+  constexpr std::uint64_t kMegabyte = 1'000'000;
+  return fmt::format("{} ({} MB gerekli, {} MB boş)", drive, wanted / kMegabyte + 1, room / kMegabyte);
 }
 
 class BackupInWork {
@@ -146,7 +148,7 @@ class BackupInWork {
   Status AskRoomOn(const std::string& drive, std::uint64_t wanted) {
     const auto room = world_.files.Room(drive + "\\");
     if (!room || *room >= wanted) return {};
-    const std::string short_of = fmt::format("{} ({} gerekli, {} boş)", drive, Megabytes(wanted), Megabytes(*room));
+    const std::string short_of = ShortOf(drive, wanted, *room);
     return Status(ErrorKind::DiskFull, "no room for a backup on " + short_of).At(short_of);
   }
 

@@ -172,6 +172,7 @@ TEST_F(BackupTest, too_little_room_is_told_before_anything_is_written) {
   BackUp("D: DISK");
   EXPECT_THAT(LastBox(), HasSubstr("yeterli yer yok"));
   EXPECT_THAT(LastBox(), HasSubstr("D: ("));
+  EXPECT_THAT(LastBox(), HasSubstr(" 0 MB boş"));
   EXPECT_TRUE(fs::is_empty(folder.Path() + "/D"));
 }
 

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <filesystem>
+
 #include "tests/support/temp_folder.h"
 
 namespace karvel::testing {
@@ -18,6 +21,17 @@ TEST(Folders, one_that_knows_no_sync_is_no_failure) {
   EXPECT_EQ(SyncFolder(folder.Path()), 0);
   EXPECT_EQ(SyncFolder(folder.Path() + "/gone"), 0);
   EXPECT_EQ(SyncFolder("/proc"), 0);
+}
+
+TEST(Folders, two_exchange_their_names) {
+  const TempFolder folder;
+  const std::string one = folder.Path() + "/one", other = folder.Path() + "/other";
+  std::filesystem::create_directory(one);
+  std::filesystem::create_directories(other + "/inside");
+  EXPECT_EQ(ExchangeNames(one, folder.Path() + "/gone"), ENOENT);
+  ASSERT_EQ(ExchangeNames(one, other), 0);
+  EXPECT_TRUE(std::filesystem::exists(one + "/inside"));
+  EXPECT_TRUE(std::filesystem::is_empty(other));
 }
 
 }  // namespace karvel::testing
