@@ -30,9 +30,7 @@ void UnreadableNotice::Heard(const Status& fault) {
 // Whoever met it may have told more by then.
 void UnreadableNotice::HeardInVain(const Status& fault) {
   if (std::exchange(inVainWaits_, true)) return;
-  const std::string text =
-      fault.Kind() == ErrorKind::Busy ? "Veri dosyası başka bir programda açık, okunamadı: yeniden deneyin" : ReadingMessage(fault);
-  world_.loop.Later([this, text, before = screen_.Durum.Caption(), here = std::weak_ptr(here_)] {
+  world_.loop.Later([this, text = ReadingMessage(fault), before = screen_.Durum.Caption(), here = std::weak_ptr(here_)] {
     if (here.expired()) return;
     inVainWaits_ = false;
     if (screen_.Durum.Caption() == before) Tell(screen_, text);

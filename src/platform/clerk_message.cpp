@@ -87,6 +87,8 @@ std::string ReadingMessage(const Status& status) {
       return "Disk okunamadı, listeler eksik olabilir. Yeniden deneyin; yinelenirse diski denetletin.";
     case ErrorKind::NoRights:
       return "Veri dosyası okunamadı: erişim izni yok. İzni açtırıp yeniden deneyin.";
+    case ErrorKind::Busy:
+      return "Veri dosyası başka bir programda açık, okunamadı: yeniden deneyin";
     case ErrorKind::Unreachable:
       return "Ana makineye ulaşılamıyor, listeler eksik olabilir. Bağlantı gelince kendiliğinden okunur.";
     default:

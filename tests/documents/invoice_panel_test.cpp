@@ -639,7 +639,7 @@ TEST_F(InvoicePanelTest, lines_that_cannot_be_read_are_not_told_as_none) {
   engine.readFault = {ErrorKind::Busy, "kept"};
   At("FatDüzChk").SetChecked(true);
   engine.readFault = {};
-  EXPECT_EQ(Told(), "Veri dosyası okunamadı, listeler eksik olabilir. Yeniden deneyin; yinelenirse destek isteyin.");
+  EXPECT_EQ(Told(), "Veri dosyası başka bir programda açık, okunamadı: yeniden deneyin");
 }
 
 TEST_F(InvoicePanelTest, refused_by_the_stores_the_invoice_is_not_booked_and_the_panel_stays) {

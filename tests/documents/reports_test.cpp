@@ -220,7 +220,7 @@ TEST_F(ReportsTest, a_day_book_kept_by_another_program_makes_no_turnover_without
     Click("Command1");
     engine.readFault = {};
     EXPECT_TRUE(printer.jobs.empty()) << reads;
-    EXPECT_EQ(At("Durum").Caption(), "Veri dosyası okunamadı, listeler eksik olabilir. Yeniden deneyin; yinelenirse destek isteyin.");
+    EXPECT_EQ(At("Durum").Caption(), "Veri dosyası başka bir programda açık, okunamadı: yeniden deneyin");
   }
 }
 

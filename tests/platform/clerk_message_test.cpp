@@ -29,6 +29,10 @@ TEST(ClerkMessage, tells_what_happened_and_what_to_do) {
   EXPECT_TRUE(ContainsText(ClerkMessage(Status(ErrorKind::Missing, "")), "bulunamadı"));
 }
 
+TEST(ClerkMessage, a_read_that_another_program_keeps_from_the_desk_names_it) {
+  EXPECT_EQ(ReadingMessage(Status(ErrorKind::Busy, "locked")), "Veri dosyası başka bir programda açık, okunamadı: yeniden deneyin");
+}
+
 TEST(ClerkMessage, never_shows_the_log_text) {
   for (const ErrorKind kind : kKinds) {
     EXPECT_FALSE(ContainsText(ClerkMessage(Status(kind, "errno 28 at Cari.mdb")), "errno")) << static_cast<int>(kind);
