@@ -129,7 +129,8 @@ Status Place(Files& files, const WaitingFile& file) {
   return moved;
 }
 
-Status Settle(Stores& stores, Files& files, const WaitingFile& file) {
+// Swept where its line is not marked, else placed.
+Status Settle(Stores& stores, Files& files, const WaitingFile& file, PlacedDayFiles& outcome) {
   Cursor lines(stores, "line of a day file");
   lines.SetDatabaseName(kDayBook);
   if (Status opened = lines.Open("Datam"); !opened.Ok()) return opened;
@@ -140,20 +141,39 @@ Status Settle(Stores& stores, Files& files, const WaitingFile& file) {
     return files.Delete(kRoot + WaitingName(file));
   }
   // A line that is gone since tells nothing; a file too many is seen, one too few is not.
+  Status placed = Place(files, file);
+  if (!placed.Ok()) return placed;
   Log("day file: " + file.name + ": finished");
-  return Place(files, file);
+  outcome.placed.push_back(file.name);
+  return {};
+}
+
+std::vector<WaitingFile> WaitingFiles(const Files& files) {
+  std::vector<WaitingFile> waiting;
+  for (const std::string& name : files.List(kRoot))
+    if (auto file = ReadWaitingName(name)) waiting.push_back(std::move(*file));
+  return waiting;
 }
 
 // Within the turn of the shop: nobody is in the middle of a day file.
-Status SettleWaiting(Stores& stores, Files& files) {
-  Status outcome;
-  for (const std::string& name : files.List(kRoot)) {
-    const auto file = ReadWaitingName(name);
-    if (!file) continue;
-    const Status settled = Settle(stores, files, *file);
-    if (outcome.Ok()) outcome = settled;
+PlacedDayFiles SettleWaiting(Stores& stores, Files& files) {
+  PlacedDayFiles outcome;
+  for (const WaitingFile& file : WaitingFiles(files)) {
+    const Status settled = Settle(stores, files, file, outcome);
+    step(file.name, settled);
+    if (settled.Ok() || !outcome.status.Ok()) continue;
+    outcome.waiting = file.name;
+    outcome.status = settled;
   }
   return outcome;
+}
+
+// What was left is settled before any of its lines can be marked for another file: the older of two that wait for one name could take the
+// place of the newer. A file that waits for another name hinders nobody.
+Status SettleBefore(const Shop& shop, Files& files, const std::string& name) {
+  const PlacedDayFiles left = SettleWaiting(shop.stores, files);
+  const auto waits = [&](const WaitingFile& file) { return EqualText(file.name, name); };
+  return std::ranges::any_of(WaitingFiles(files), waits) ? left.status : Status();
 }
 
 // The text of the lines, all of which are marked.
@@ -203,10 +223,10 @@ std::string DelimitedRecord(std::span<const Value> items) {
 Outcome<std::string> LayDayFile(const Shop& shop, Files& files, const DayToSend& day) {
   const auto refuse = [](Status why) { return std::unexpected(Failure<std::string>(std::move(why))); };
   if (!IsPlainName(day.name)) return refuse({ErrorKind::BadText, "no name for a file: " + day.name});
+  if (files.IsFolder(kRoot + day.name)) return refuse({ErrorKind::Other, day.name + ": a folder has the name"});
   Action action(shop.stores, "day file");
   if (!action.Begun().Ok()) return refuse(action.Begun());
-  // What was left is settled before any of its lines can be marked for another file.
-  if (Status settled = SettleWaiting(shop.stores, files); !settled.Ok()) return refuse(settled);
+  if (Status settled = SettleBefore(shop, files, day.name); !settled.Ok()) return refuse(settled);
   const auto lines = MarkLines(shop.stores, day.source);
   if (!lines) return refuse(lines.error());
   const Status nothing(ErrorKind::NoRecord, "nothing to send: " + day.name);
@@ -228,15 +248,14 @@ Outcome<std::string> LayDayFile(const Shop& shop, Files& files, const DayToSend&
   return outcome;
 }
 
-Status PlaceDayFiles(const Shop& shop, Files& files) {
-  bool waits = false;
-  for (const std::string& name : files.List(kRoot)) waits = waits || ReadWaitingName(name).has_value();
-  if (!waits) return {};
+PlacedDayFiles PlaceDayFiles(const Shop& shop, Files& files) {
+  if (WaitingFiles(files).empty()) return {};
   Action action(shop.stores, "left day files");
-  if (!action.Begun().Ok()) return action.Begun();
-  const Status settled = SettleWaiting(shop.stores, files);
+  if (!action.Begun().Ok()) return {.placed = {}, .waiting = {}, .status = action.Begun()};
+  PlacedDayFiles outcome = SettleWaiting(shop.stores, files);
   const Status ended = action.Finish();
-  return settled.Ok() ? ended : settled;
+  if (outcome.status.Ok()) outcome.status = ended;
+  return outcome;
 }
 
 }  // namespace karvel

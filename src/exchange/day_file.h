@@ -15,6 +15,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "books/shop.h"
 #include "platform/files.h"
@@ -35,10 +36,17 @@ struct DayToSend {
 
 // Lays the file of all lines that the source has now, whatever their state, over one of that name, and marks them as sent. Answers its
 // name. One of that name that was not sent yet and is of another document is kept beside ("01-2.csv"). NoRecord, and nothing is written,
-// where there are no lines or the last of them has gone out meanwhile.
+// where there are no lines or the last of them has gone out meanwhile. Where a folder has the name, no line is marked.
 Outcome<std::string> LayDayFile(const Shop& shop, Files& files, const DayToSend& day);
 
-// Puts a file whose marks stand under its name: for an outcome that was unknown at first.
-Status PlaceDayFiles(const Shop& shop, Files& files);
+// What became of the files that waited beside their places.
+struct PlacedDayFiles {
+  std::vector<std::string> placed;  // the names of those that stand in their places now
+  std::string waiting;              // of the first that could not be placed, "" for none
+  Status status;                    // why it could not, or why none could be looked at
+};
+
+// Puts files whose marks stand under their names: what a killed desk left, or what had no place when it was laid.
+PlacedDayFiles PlaceDayFiles(const Shop& shop, Files& files);
 
 }  // namespace karvel

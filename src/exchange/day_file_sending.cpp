@@ -41,17 +41,25 @@ DayFileSending::DayFileSending(const DeskParts& parts, FtpTransfer& transfer, Si
 }
 
 void DayFileSending::SendDayFile(const PrintedDay& day) {
-  if (!screen_.FtpVar.Checked() || !day.lastSent.empty()) return;
+  if (!screen_.FtpVar.Checked()) return;
+  if (!day.lastSent.empty()) return SendLeft();
   const DayToSend file{DayFileName(parts_.settings.Title(), std::exchange(form_.SlipNo, "")), day.customerCode, day.source};
   const Status outcome = ShowBooked<std::string>(form_, LayDayFile(parts_.shop, world_.files, file), [this](const std::string& name) {
     PlaceLeft();
     ShowLaid(name);
   });
-  if (!outcome.Ok() && outcome.Kind() != ErrorKind::NoRecord) TellRefusal(outcome);
+  if (!outcome.Ok() && outcome.Kind() != ErrorKind::NoRecord) TellRefusal(file.name, outcome);
+}
+
+// A file that had no place when its lines were marked: no later print would lay it again.
+void DayFileSending::SendLeft() {
+  const PlacedDayFiles left = PlaceDayFiles(parts_.shop, world_.files);
+  for (const std::string& name : left.placed) ShowLaid(name);
+  if (!left.status.Ok()) TellRefusal(left.waiting, left.status);
 }
 
 void DayFileSending::PlaceLeft() {
-  step("place", PlaceDayFiles(parts_.shop, world_.files));
+  step("place", PlaceDayFiles(parts_.shop, world_.files).status);
 }
 
 void DayFileSending::ShowLaid(const std::string& name) {
@@ -60,9 +68,11 @@ void DayFileSending::ShowLaid(const std::string& name) {
   transfer_.FtpGönder();
 }
 
-void DayFileSending::TellRefusal(const Status& why) {
+void DayFileSending::TellRefusal(const std::string& name, const Status& why) {
   step("lay", why);
-  Tell(screen_, "Gün dosyası yazılamadı: " + Reason(why));
+  const bool isFolder = !name.empty() && world_.files.IsFolder("C:\\" + name);
+  Tell(screen_, "Gün dosyası yazılamadı: " +
+                    (isFolder ? "C: sürücüsünde " + name + " adında bir klasör var, kaldırıp yeniden yazdırın" : Reason(why)));
 }
 
 }  // namespace karvel

@@ -17,9 +17,10 @@ class DayFileSending {
   void SendDayFile(const PrintedDay& day);
 
  private:
+  void SendLeft();
   void PlaceLeft();
   void ShowLaid(const std::string& name);
-  void TellRefusal(const Status& why);
+  void TellRefusal(const std::string& name, const Status& why);
 
   const DeskParts& parts_;
   Screen& screen_;

@@ -224,15 +224,49 @@ TEST_F(DayFileTest, an_outcome_that_was_unknown_finds_its_file_when_the_marks_st
 TEST_F(DayFileTest, a_file_whose_line_is_gone_is_kept) {
   Sql("Karvel.mdb", "DELETE FROM Datam");
   ASSERT_TRUE(files.Write("C:\\01000007.csv.45.bekliyor", "rows").Ok());
-  ASSERT_TRUE(PlaceDayFiles(desk->Parts().shop, files).Ok());
+  ASSERT_TRUE(PlaceDayFiles(desk->Parts().shop, files).status.Ok());
   EXPECT_EQ(Bytes(), "rows");
+}
+
+TEST_F(DayFileTest, where_a_folder_has_the_name_no_line_is_marked) {
+  AddLine("1001", "50,1,50,'Satış'", "2026-03-01 09:00:00");
+  ASSERT_TRUE(files.MakeFolder("C:\\01000007.csv").Ok());
+  EXPECT_FALSE(Lay(files));
+  EXPECT_EQ(Root(), Words{"01000007.csv"});
+  EXPECT_EQ(Marks(), Words{""});
+}
+
+TEST_F(DayFileTest, a_file_that_waits_for_its_place_hinders_no_other_and_takes_it_when_it_is_free) {
+  AddLine("1001", "50,1,50,'Satış'", "2026-03-01 09:00:00");
+  ASSERT_TRUE(files.MakeFolder("C:\\01000006.csv").Ok());
+  ASSERT_TRUE(files.Write("C:\\01000006.csv.4500.bekliyor", "rows").Ok());
+  ASSERT_TRUE(Lay(files));
+  EXPECT_EQ(Root(), (Words{"01000006.csv", "01000006.csv.4500.bekliyor", "01000007.csv"}));
+  PlacedDayFiles left = PlaceDayFiles(desk->Parts().shop, files);
+  EXPECT_EQ(left.waiting, "01000006.csv");
+  EXPECT_FALSE(left.status.Ok());
+  ASSERT_TRUE(files.Delete("C:\\01000006.csv").Ok());
+  left = PlaceDayFiles(desk->Parts().shop, files);
+  EXPECT_EQ(left.placed, Words{"01000006.csv"});
+  EXPECT_TRUE(left.status.Ok());
+  EXPECT_EQ(Bytes("01000006.csv"), "rows");
+}
+
+TEST_F(DayFileTest, one_that_waits_for_the_same_name_is_never_passed) {
+  AddLine("1001", "50,1,50,'Satış'", "2026-03-01 09:00:00");
+  MemoryFiles broken;
+  broken.Put("C:\\01000007.csv.4500.bekliyor", "rows");
+  broken.FailRead("C:\\01000007.csv", {ErrorKind::DiskFailed, "no page"});
+  EXPECT_EQ(Lay(broken).error().Kind(), ErrorKind::DiskFailed);
+  EXPECT_EQ(Marks(), Words{""});
+  EXPECT_EQ(broken.Bytes("C:\\01000007.csv.4500.bekliyor"), "rows");
 }
 
 TEST_F(DayFileTest, other_files_of_the_drive_stay) {
   for (const char* const name : {"notlar.bekliyor", ".45.bekliyor", "01.csv.4x.bekliyor", "01.csv"})
     ASSERT_TRUE(files.Write(std::string("C:\\") + name, "mine").Ok());
   const Words before = Root();
-  ASSERT_TRUE(PlaceDayFiles(desk->Parts().shop, files).Ok());
+  ASSERT_TRUE(PlaceDayFiles(desk->Parts().shop, files).status.Ok());
   EXPECT_EQ(Root(), before);
 }
 

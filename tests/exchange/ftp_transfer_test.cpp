@@ -259,6 +259,34 @@ TEST_F(FtpTransferTest, a_day_file_that_cannot_be_written_is_told_and_nothing_is
   EXPECT_EQ(Marks(), Words{"x"});
 }
 
+TEST_F(FtpTransferTest, a_folder_in_the_place_of_the_day_file_is_named_and_the_next_print_writes_it) {
+  AddLine();
+  ASSERT_TRUE(files.MakeFolder("C:\\01000007.csv").Ok());
+  PrintAfterSearch("01000007.csv");
+  EXPECT_EQ(Message(), "Gün dosyası yazılamadı: C: sürücüsünde 01000007.csv adında bir klasör var, kaldırıp yeniden yazdırın");
+  EXPECT_EQ(Marks(), Words{""});
+  ASSERT_TRUE(files.Delete("C:\\01000007.csv").Ok());
+  PrintAfterSearch("01000007.csv");
+  EXPECT_EQ(Message(), "Merkeze gönderildi: 01000007.csv");
+  EXPECT_EQ(Marks(), Words{"x"});
+}
+
+TEST_F(FtpTransferTest, a_day_file_whose_lines_are_marked_takes_its_place_at_the_next_print) {
+  AddLine();
+  Sql("Karvel.mdb", "UPDATE Datam SET Sube='x'");
+  ASSERT_TRUE(files.Write("C:\\01000007.csv.4500.bekliyor", "rows").Ok());
+  ASSERT_TRUE(files.MakeFolder("C:\\01000007.csv").Ok());
+  PrintAfterSearch("01000007.csv");
+  EXPECT_EQ(Message(), "Gün dosyası yazılamadı: C: sürücüsünde 01000007.csv adında bir klasör var, kaldırıp yeniden yazdırın");
+  EXPECT_EQ(ftp.commands, Words{});
+  ASSERT_TRUE(files.Delete("C:\\01000007.csv").Ok());
+  PrintAfterSearch("01000007.csv");
+  EXPECT_EQ(Message(), "Merkeze gönderildi: 01000007.csv");
+  EXPECT_EQ(ftp.commands.size(), 3U);
+  PrintAfterSearch("01000007.csv");
+  EXPECT_EQ(ftp.commands.size(), 3U) << "nothing is left to go";
+}
+
 TEST_F(FtpTransferTest, the_box_waits_until_an_action_is_over) {
   loop.defers = true;
   AddLine();
