@@ -10,8 +10,8 @@ namespace {
 
 constexpr int kMargin = 8;    // what the widest window leaves of the room: 120 screen units
 constexpr int kDistance = 4;  // between a window and what it stands beside
-constexpr int kNarrowest =
-    560;  // at scale 1 and above: a window that shows keys side by side gives up so much of its width, so as not to cover anything
+// A window that shows keys side by side gives up so much of its width, so as not to cover anything; less where it is drawn smaller.
+constexpr int kNarrowest = 560;
 
 int Scaled(int base, double scale) {
   return static_cast<int>(base * scale + 0.5);
