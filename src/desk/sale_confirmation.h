@@ -12,6 +12,9 @@
 
 namespace karvel {
 
+// What the clerk reads where nothing was sold for want of an item.
+inline constexpr const char* kNoItem = "Satılmadı: ürünü seçin";
+
 class SaleConfirmation {
  public:
   // Serves the main button in a sale.

@@ -208,9 +208,9 @@ bool StartUp::OpenStores() {
 
 void StartUp::TellShut(const Status& opened) {
   step("open", opened);
-  Tell(screen_, OpeningMessage(opened));
-  world_.messages.MessageBox(WithPlace(OpeningMessage(opened), opened.At(form_.DataDir)), "Ana Makine", MessageIcon::Exclamation,
-                             MessageButtons::Ok);
+  Tell(screen_, OpeningMessage(opened.About(Subject::Server)));
+  world_.messages.MessageBox(WithPlace(OpeningMessage(opened.About(Subject::Server)), opened.At(form_.DataDir)), "Ana Makine",
+                             MessageIcon::Exclamation, MessageButtons::Ok);
 }
 
 bool StartUp::Refuse(const std::string& what, const Status& status) {

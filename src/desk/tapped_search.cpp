@@ -11,6 +11,7 @@
 #include "desk/list_in_front.h"
 #include "desk/new_cards.h"
 #include "desk/quiet_line.h"
+#include "desk/sale_confirmation.h"
 #include "desk/screen_keyboard.h"
 #include "platform/clerk_message.h"
 #include "text/turkish.h"
@@ -184,6 +185,8 @@ void TappedSearch::LeaveProduct() {
       prices_.ShowUnsoldItem();
     } else {
       BringItemBack();
+      // He meant to sell what he had emptied the field of; the press that brought it back sells nothing.
+      if (GoesTo(screen_.Command2)) Tell(screen_, kNoItem);
     }
   } else if (inSale && cards.HasCurrent() && NamesCard(text, cards.Text("StokAdi"))) {
     // What the open keyboard held back: the name is completed, and the prices are those of this item and customer.

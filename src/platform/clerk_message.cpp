@@ -20,10 +20,26 @@ std::string SettingsMessage(const Status& status) {
   }
 }
 
+// What stands on the main machine is no file or folder of this one. "" where the words for those do.
+std::string ServerMessage(const Status& status, const std::string& then) {
+  switch (status.Kind()) {
+    case ErrorKind::NoRights:
+      return "Ana makine bu kullanıcıya izin vermiyor" + then + " kullanıcıyı ve yetkisini denetletin.";
+    case ErrorKind::DiskFull:
+      return "Ana makinenin diski dolu" + then + " yer açtırıp yeniden deneyin.";
+    case ErrorKind::Damaged:
+      return "Ana makinede bu firmanın tabloları eksik veya değiştirilmiş" + then + " destek isteyin.";
+    default:
+      return {};
+  }
+}
+
 }  // namespace
 
 std::string ClerkMessage(const Status& status) {
   if (!status.Ok() && status.What() == Subject::Settings) return SettingsMessage(status);
+  if (status.What() == Subject::Server)
+    if (const std::string told = ServerMessage(status, ". Kayıt yapılmadı;"); !told.empty()) return told;
   if (status.Kind() == ErrorKind::Unknown && status.What() == Subject::Server) {
     return "Ana makine yanıt vermiyor: kaydın yapılıp yapılmadığı bilinmiyor. Yeniden denemeyin; bağlantı gelince alttaki satırda yazacak.";
   }
@@ -59,6 +75,8 @@ std::string ClerkMessage(const Status& status) {
 }
 
 std::string OpeningMessage(const Status& status) {
+  if (status.What() == Subject::Server)
+    if (const std::string told = ServerMessage(status, ":"); !told.empty()) return told;
   switch (status.Kind()) {
     case ErrorKind::Busy:
       return "Dosyayı başka bir program kullanıyor. Onu kapatıp programı yeniden açın.";

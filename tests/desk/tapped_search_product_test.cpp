@@ -75,6 +75,17 @@ TEST_F(TappedSearchProductTest, leaving_an_empty_product_field_brings_the_item_f
   EXPECT_FALSE(At("Command2").Enabled());
 }
 
+TEST_F(TappedSearchProductTest, who_goes_from_the_empty_field_to_the_button_is_told_that_nothing_is_sold) {
+  EnterSale("Ahmet Işık");
+  PickItem("1003");
+  At("Text2(1)").SetText("2");
+  Tap("Text1(1)");
+  At("Durum").SetCaption("1 × Şeker 20,00 kaydedildi");
+  At("Command2").SetFocus();
+  EXPECT_EQ(At("Durum").Caption(), "Satılmadı: ürünü seçin");
+  EXPECT_EQ(At("Text2(1)").Text(), "0");
+}
+
 TEST_F(TappedSearchProductTest, leaving_a_written_name_completes_it_with_the_customers_own_prices) {
   Special("1002", "35");
   EnterSale("Ahmet Işık");

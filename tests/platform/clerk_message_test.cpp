@@ -65,5 +65,16 @@ TEST(Status, is_well_until_told_otherwise) {
   EXPECT_EQ(failed.Message(), "gate");
 }
 
+TEST(ClerkMessage, of_the_main_machine_it_speaks_of_no_file_or_folder) {
+  for (const ErrorKind kind : {ErrorKind::NoRights, ErrorKind::DiskFull, ErrorKind::Damaged}) {
+    const Status refused = Status(kind, "").About(Subject::Server);
+    for (const std::string& told : {ClerkMessage(refused), OpeningMessage(refused)}) {
+      EXPECT_TRUE(told.starts_with("Ana makine")) << told;
+      EXPECT_FALSE(ContainsText(told, "klasör") || ContainsText(told, "dosya")) << told;
+    }
+    EXPECT_TRUE(ContainsText(ClerkMessage(refused), "Kayıt yapılmadı"));
+  }
+}
+
 }  // namespace
 }  // namespace karvel

@@ -275,6 +275,8 @@ class ServerEngine final : public PostgresEngine {
       patience_.Renew();
       return LookAfter(committed);
     }
+    // A write that was sent ahead was refused, and the commit behind it never ran.
+    if (!committed.Ok()) UndoOnServer();
     if (committed.Ok() && result.Command() != "COMMIT") committed = {ErrorKind::Other, "the transaction has been undone"};
     return committed;
   }
@@ -288,10 +290,7 @@ class ServerEngine final : public PostgresEngine {
   void Rollback() override {
     if (!open_) return;
     open_ = false;
-    // Nobody waits for it, but whoever stands in line does.
-    if (!session_->IsUp()) return;
-    session_->Defer("ROLLBACK");
-    session_->Flush();
+    UndoOnServer();
   }
 
   [[nodiscard]] bool InTransaction() const override { return open_ && failure_.Ok(); }
@@ -346,11 +345,15 @@ class ServerEngine final : public PostgresEngine {
       process_ = session_->ProcessId();
       return {};
     }
-    if (session_->IsUp()) {
-      session_->Defer("ROLLBACK");
-      session_->Flush();
-    }
+    UndoOnServer();
     return begun;
+  }
+
+  // Nobody waits for it, but whoever stands in line does.
+  void UndoOnServer() {
+    if (!session_->IsUp()) return;
+    session_->Defer("ROLLBACK");
+    session_->Flush();
   }
 
   // A session of ours that was cut off in the middle of a transaction may still hold the firm's lock, until the server finds out.

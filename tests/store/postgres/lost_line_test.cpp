@@ -123,6 +123,23 @@ TEST_F(LostLine, while_the_line_is_down_the_outcome_is_unknown_and_is_found_when
   EXPECT_TRUE(Post("9").Ok());
 }
 
+// A full disk, a right that was taken away: the lists stay, and as soon as it is mended the next press books.
+TEST_F(LostLine, a_write_that_the_server_refuses_leaves_the_session_as_good_as_before) {
+  ASSERT_TRUE(Post("1").Ok());
+  const std::string table = "\"" + kind_.Firm() + "_karvel\".\"Datam\"";
+  Psql(kind_.Server(),
+       "CREATE FUNCTION public.refuse() RETURNS trigger LANGUAGE plpgsql AS $$BEGIN RAISE EXCEPTION 'full' USING ERRCODE='53100'; END$$");
+  Psql(kind_.Server(), "CREATE TRIGGER refuse BEFORE INSERT ON " + table + " FOR EACH ROW EXECUTE FUNCTION public.refuse()");
+  for (int time = 0; time < 2; ++time) {
+    EXPECT_EQ(Post("2").Kind(), ErrorKind::DiskFull);
+    EXPECT_EQ(Opened(stores_, "Karvel.mdb", "Datam")->RecordCount(), 1);
+  }
+  Psql(kind_.Server(), "DROP TRIGGER refuse ON " + table);
+  Psql(kind_.Server(), "DROP FUNCTION public.refuse()");
+  EXPECT_TRUE(Post("2").Ok());
+  EXPECT_EQ(Lines(), (std::vector<std::string>{"1", "2"}));
+}
+
 // The clerk reads last what became of his line, not that the machine is back.
 TEST_F(LostLine, whoever_knows_the_outcome_has_found_the_machine) {
   std::vector<std::string> heard;
