@@ -200,6 +200,11 @@ Element& ProductField::CodeField() const {
   return screen.Text1(1);
 }
 
+// A second look at the label of what is being received finds nothing else, and must not wipe what was typed of a new item.
+bool ProductField::StandsInDelivery(const std::string& code) const {
+  return screen_.StokAl.IsShown() && Trim(screen_.Text6(5).Text()) == Trim(code);
+}
+
 void ProductField::EnterCodes() {
   // Behind an open collection a sold line would change what is collected: the code waits until the panel closes.
   if (reading_ || screen_.TahsilatFrame.IsShown()) return;
@@ -207,7 +212,8 @@ void ProductField::EnterCodes() {
   for (; !codes_.empty() && !screen_.TahsilatFrame.IsShown(); codes_.pop_front()) {
     screen_.Label11.SetCaption("");
     if (!CodeField().IsShown()) continue;  // outside a sale a code means nothing
-    ClosePad(form_, screen_);              // a number that nobody took is not the next item's quantity or price
+    if (StandsInDelivery(codes_.front())) continue;
+    ClosePad(form_, screen_);  // a number that nobody took is not the next item's quantity or price
     CodeField().SetFocus();
     world_.loop.Wait(1000);
     screen_.Label11.SetCaption(codes_.front());

@@ -39,6 +39,7 @@ class ProductField {
   void EnterCodes();
   // The field that a code goes to: the product field, or that of a panel that asks for codes.
   [[nodiscard]] Element& CodeField() const;
+  [[nodiscard]] bool StandsInDelivery(const std::string& code) const;
   void ScannedText();  // Label11 changed
 
   Screen& screen_;

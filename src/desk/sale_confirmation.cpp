@@ -57,8 +57,7 @@ bool SaleConfirmation::LineIsWhole() {
   };
   const Cursor& item = cursors_.StokData;
   const std::string name = Trim(screen_.Text1(1).Text());
-  if (name.empty() || !item.HasCurrent() || !NamesCard(name, item.Text("StokAdi")))
-    return missing(screen_.Text1(1), kNoItem);
+  if (name.empty() || !item.HasCurrent() || !NamesCard(name, item.Text("StokAdi"))) return missing(screen_.Text1(1), kNoItem);
   // A payment that was typed in a sale opens the button too, but there is nothing to sell.
   if (NumberOrZero(screen_.Text2(1).Text()) == 0) {
     missing(screen_.Text2(1), "Satılmadı: miktarı yazın");

@@ -530,6 +530,24 @@ TEST_F(PadTest, a_scan_that_posts_its_line_does_so_beside_a_number_on_the_pad) {
   EXPECT_EQ(Rows("Karvel.mdb", "SELECT StokKod, Miktar FROM Datam"), std::vector<std::string>{"1002|1.0"});
 }
 
+TEST_F(PadTest, a_second_look_at_the_label_of_a_new_item_leaves_what_was_typed_of_it) {
+  At("StokAl").SetVisible(true);
+  At("Text6(0)").SetText("Yeni Helva");
+  At("Text6(5)").SetFocus();
+  scanner.codeRead("99999555");
+  ASSERT_EQ(At("Text6(5)").Text(), "99999555");
+  At("Text6(1)").SetText("7");
+  At("Text6(3)").SetText("3");
+  At("Text6(3)").SetFocus();
+  scanner.codeRead("99999555");
+  EXPECT_EQ(At("Text6(0)").Text(), "Yeni Helva");
+  EXPECT_EQ(At("Text6(5)").Text(), "99999555");
+  EXPECT_EQ(At("Text6(1)").Text(), "7");
+  EXPECT_EQ(At("Text6(3)").Text(), "3");
+  scanner.codeRead("8691002");
+  EXPECT_EQ(At("Text6(0)").Text(), "Şeker");
+}
+
 TEST_F(PadTest, a_scan_into_a_delivery_finds_its_item_beside_a_number_on_the_pad) {
   At("StokAl").SetVisible(true);
   At("Text6(0)").SetFocus();
