@@ -46,7 +46,7 @@ std::string TidyAddress(std::string_view typed) {
 }
 
 bool IsFirmNumber(std::string_view text) {
-  constexpr std::size_t kLongest = 40;  // with a file's name it must fit into a schema's
+  constexpr std::size_t kLongest = 40;  // the server cuts longer names, and two firms could become one
   return !text.empty() && text.size() <= kLongest && std::ranges::all_of(text, [](char letter) {
     return (letter >= '0' && letter <= '9') || (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z');
   });

@@ -6,6 +6,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -36,6 +37,7 @@ class ProgramHome : public ::testing::Test {
   }
   [[nodiscard]] std::string Path(const std::string& name) const { return folder.Path() + "/" + name; }
   std::string Lay(const std::string& name, const std::string& bytes) const {
+    std::filesystem::create_directories(std::filesystem::path(Path(name)).parent_path());
     std::ofstream(Path(name), std::ios::binary) << bytes;
     return Path(name);
   }

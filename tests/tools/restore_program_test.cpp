@@ -1,24 +1,18 @@
 // karvel-restore as a shop's owner runs it: as a program, on a home of its own.
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-
 #include <algorithm>
-#include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
 #include "exchange/zip/zip_archives.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/program_home.h"
 
 namespace karvel::testing {
 namespace {
 
 namespace fs = std::filesystem;
 
-class RestoreProgram : public ::testing::Test {
+class RestoreProgram : public ProgramHome {
  protected:
   RestoreProgram() {
     fs::create_directories(Path("program"));
@@ -31,30 +25,9 @@ class RestoreProgram : public ::testing::Test {
     EXPECT_TRUE(archives.Pack(Path("backup.ZIP"), items, [](int) {}).Ok());
   }
 
-  struct Ended {
-    int code = -1;
-    std::string said;
-  };
   // `words` as a shell reads them, behind the backup.
   [[nodiscard]] Ended Restore(const std::string& words = "") const {
-    const std::string command = "KARVEL_HOME='" + Path("home") + "' KARVEL_PROGRAM='" + Path("program") +
-                                "' '" KARVEL_PROGRAMS "/karvel-restore' '" + Path("backup.ZIP") + "' " + words + " 2>&1";
-    Ended ended;
-    FILE* const pipe = popen(command.c_str(), "r");
-    for (char piece[4096]; fgets(piece, sizeof piece, pipe) != nullptr;) ended.said += piece;
-    const int status = pclose(pipe);
-    if (WIFEXITED(status)) ended.code = WEXITSTATUS(status);
-    return ended;
-  }
-  [[nodiscard]] std::string Path(const std::string& name) const { return folder.Path() + "/" + name; }
-  std::string Lay(const std::string& name, const std::string& bytes) const {
-    fs::create_directories(fs::path(Path(name)).parent_path());
-    std::ofstream(Path(name), std::ios::binary) << bytes;
-    return Path(name);
-  }
-  [[nodiscard]] std::string BytesOf(const std::string& name) const {
-    std::ifstream file(Path(name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return RunLine("KARVEL_PROGRAM='" + Path("program") + "' " + Command("karvel-restore '" + Path("backup.ZIP") + "' " + words));
   }
   // The names in a folder that begin so.
   [[nodiscard]] std::vector<std::string> Named(const std::string& place, const std::string& begin) const {
@@ -65,7 +38,6 @@ class RestoreProgram : public ::testing::Test {
     return names;
   }
 
-  TempFolder folder;
   ZipArchives archives;
 };
 

@@ -8,9 +8,6 @@
 namespace karvel::postgres {
 namespace {
 
-// The server cuts longer names, and two firms could become one.
-constexpr std::size_t kLongestFirm = 40;
-
 std::string_view NextPiece(std::string_view& text) {
   const std::size_t at = text.find('\\');
   const std::string_view piece = text.substr(0, at);
@@ -28,7 +25,7 @@ Status ReadAddress(std::string_view folder, Address& address) {
   NextPiece(rest);
   read.database = NextPiece(rest);
   read.firm = Trim(std::string(NextPiece(rest)));
-  if (read.machines.empty() || read.database.empty() || read.firm.empty() || read.firm.size() > kLongestFirm) return bad;
+  if (read.machines.empty() || read.database.empty() || !IsFirmNumber(read.firm)) return bad;
   address = std::move(read);
   return {};
 }
